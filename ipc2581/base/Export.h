@@ -1,0 +1,7 @@
+#ifndef IPC2581_BASE_EXPORT_H
+#define IPC2581_BASE_EXPORT_H
+
+// Marks what a host may link against; everything else stays inside the shared library.
+#define IPC2581_API __attribute__((visibility("default")))
+
+#endif

@@ -1,0 +1,69 @@
+#ifndef IPC2581_BASE_LINECYCLE_H
+#define IPC2581_BASE_LINECYCLE_H
+
+#include <string_view>
+
+#include "ipc2581/base/LineFile.h"
+#include "ipc2581/base/TokenList.h"
+#include "ipc2581/base/platform/CStdioFile.h"
+
+namespace ipc2581::detail {
+
+// How a line becomes a token list.
+enum class LineForm {
+    // A line with a blank is cut; one without is the one token, with its brackets.
+    Plain,
+    // First all in front of the first "<" goes. A line without a blank then gets its first and last character
+    // overwritten with blanks and becomes the one token; an empty line throws.
+    Content,
+    // First the white space at both ends goes, so that a line of blanks is an empty token and harmless.
+    Trimmed,
+    // As Plain, but the tests look at the whole line, and a line of blanks is harmless.
+    WholeLine,
+};
+
+// The loop of every reader: one turn a line, and tests on its first token.
+//
+//     LineCycle line(file);
+//     while (line.Next()) {
+//         if (line.Opens("Span")) {
+//             ScanAttributes(line.Tokens(), {Text("toLayer=", ToLayer), Text("fromLayer=", FromLayer)});
+//         }
+//         else if (line.Holds("/Hole")) {
+//             return;
+//         }
+//     }
+//
+// A line belongs to the turn that took it: its tokens are gone once anybody reads on in the file.
+class LineCycle {
+public:
+    explicit LineCycle(CStdioFile & file, LineForm form = LineForm::Plain);
+
+    // Takes the next line; false at the end of the file. Throws CInvalidArgException for a line of blanks only.
+    bool Next();
+    // The tag test: the first token holds the word anywhere, so that "Bom" is found in "/BomItem" too.
+    bool Holds(std::string_view word) const { return m_tested.find(word) != std::string_view::npos; }
+    // The opening test: the first token holds the word and no slash.
+    bool Opens(std::string_view word) const { return Holds(word) && m_tested.find('/') == std::string_view::npos; }
+    // The tokens of the line.
+    TokenList & Tokens();
+
+private:
+    bool ReadLine();
+    void BlankBothEnds();
+    std::string_view FirstToken();
+
+    CStdioFile & m_file;
+    LineFile & m_lines;
+    const LineForm m_form;
+    const bool m_isPlainFile;
+    CString m_hostLine;
+    std::string_view m_line;
+    std::string_view m_tested;
+    bool m_isWhole = false;
+    bool m_isTokenised = false;
+};
+
+}  // namespace ipc2581::detail
+
+#endif

@@ -1,0 +1,212 @@
+#include "ipc2581/base/LineFile.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <climits>
+#include <cstring>
+#include <system_error>
+#include <utility>
+
+#include "ipc2581/base/platform/Afx.h"
+
+namespace ipc2581::detail {
+namespace {
+
+constexpr std::size_t BlockSize = std::size_t(1) << 17;
+
+}  // namespace
+
+LineFile::~LineFile()
+{
+    try {
+        Close();
+    }
+    catch (const CFileException &) {
+        // Told in the interface: who needs to know flushes first.
+        m_file = nullptr;
+    }
+}
+
+bool LineFile::Open(const char * path, const char * mode)
+{
+    m_file = std::fopen(path, mode);
+    if (m_file == nullptr) {
+        return false;
+    }
+    // The blocks read and written here are large: a second buffer would only copy them.
+    static_cast<void>(std::setvbuf(m_file, nullptr, _IONBF, 0));
+    m_path = path;
+    m_begin = 0;
+    m_end = 0;
+    m_isWriting = false;
+    return true;
+}
+
+void LineFile::Close()
+{
+    if (!IsOpen()) {
+        return;
+    }
+    struct Closer {
+        LineFile & lines;
+        int Now() { return lines.m_file == nullptr ? 0 : std::fclose(std::exchange(lines.m_file, nullptr)); }
+        ~Closer() { static_cast<void>(Now()); }
+    } closer{*this};
+    Flush();
+    if (closer.Now() != 0) {
+        Fail("close", errno);
+    }
+}
+
+void LineFile::Flush()
+{
+    if (IsOpen() && m_isWriting) {
+        WriteOut();
+    }
+}
+
+bool LineFile::NextLine(std::string_view & line)
+{
+    line = {};
+    if (!IsOpen()) {
+        return false;
+    }
+    BeginReading();
+    std::size_t searched = 0;
+    for (;;) {
+        const char * const start = m_buffer.get() + m_begin;
+        const std::size_t held = m_end - m_begin;
+        const void * const found = held == searched ? nullptr : std::memchr(start + searched, '\n', held - searched);
+        if (found != nullptr) {
+            const std::size_t length = static_cast<std::size_t>(static_cast<const char *>(found) - start);
+            m_begin += length + 1;
+            line = {start, length != 0 && start[length - 1] == '\r' ? length - 1 : length};
+            return true;
+        }
+        searched = held;
+        if (!Fill()) {
+            line = {m_buffer.get() + m_begin, m_end - m_begin};
+            m_begin = m_end;
+            return !line.empty();
+        }
+    }
+}
+
+std::size_t LineFile::Read(char * bytes, std::size_t count)
+{
+    if (!IsOpen()) {
+        return 0;
+    }
+    BeginReading();
+    std::size_t done = 0;
+    while (done < count && (m_begin != m_end || Fill())) {
+        const std::size_t piece = std::min(count - done, m_end - m_begin);
+        std::memcpy(bytes + done, m_buffer.get() + m_begin, piece);
+        m_begin += piece;
+        done += piece;
+    }
+    return done;
+}
+
+char * LineFile::Reserve(std::size_t count)
+{
+    BeginWriting();
+    if (m_size - m_end < count) {
+        WriteOut();
+        if (m_size < count) {
+            GrowBuffer(count);
+        }
+    }
+    return m_buffer.get() + m_end;
+}
+
+void LineFile::Commit(const char * end)
+{
+    m_end = static_cast<std::size_t>(end - m_buffer.get());
+}
+
+void LineFile::Write(const char * bytes, std::size_t count)
+{
+    char * const out = Reserve(count);
+    if (count != 0) {
+        std::memcpy(out, bytes, count);
+    }
+    Commit(out + count);
+}
+
+bool LineFile::Fill()
+{
+    if (m_begin != 0) {
+        std::memmove(m_buffer.get(), m_buffer.get() + m_begin, m_end - m_begin);
+        m_end -= m_begin;
+        m_begin = 0;
+    }
+    if (m_end == m_size) {
+        if (m_size >= INT_MAX) {
+            Fail("read", EFBIG);
+        }
+        GrowBuffer(m_size * 2);
+    }
+    const std::size_t count = std::fread(m_buffer.get() + m_end, 1, m_size - m_end, m_file);
+    if (count == 0 && std::ferror(m_file) != 0) {
+        Fail("read", errno);
+    }
+    m_end += count;
+    return count != 0;
+}
+
+void LineFile::BeginReading()
+{
+    if (m_buffer == nullptr) {
+        GrowBuffer(BlockSize);
+    }
+    if (m_isWriting) {
+        WriteOut();
+        m_isWriting = false;
+        static_cast<void>(std::fseek(m_file, 0, SEEK_CUR));
+    }
+}
+
+void LineFile::BeginWriting()
+{
+    if (!IsOpen()) {
+        throw CFileException("cannot write: the file is not open");
+    }
+    if (m_buffer == nullptr) {
+        GrowBuffer(BlockSize);
+    }
+    if (!m_isWriting) {
+        // What was read ahead has not been read yet as far as the caller knows.
+        static_cast<void>(std::fseek(m_file, -static_cast<long>(m_end - m_begin), SEEK_CUR));
+        m_begin = 0;
+        m_end = 0;
+        m_isWriting = true;
+    }
+}
+
+void LineFile::GrowBuffer(std::size_t size)
+{
+    std::unique_ptr<char[]> larger(new char[size]);
+    if (m_end != 0) {
+        std::memcpy(larger.get(), m_buffer.get(), m_end);
+    }
+    m_buffer = std::move(larger);
+    m_size = size;
+}
+
+void LineFile::WriteOut()
+{
+    // Dropped before the attempt: bytes that could not be written once are not tried again by the destructor.
+    const std::size_t count = std::exchange(m_end, 0);
+    if (count != 0 && std::fwrite(m_buffer.get(), 1, count, m_file) != count) {
+        Fail("write", errno);
+    }
+}
+
+void LineFile::Fail(const char * what, int cause)
+{
+    throw CFileException("cannot " + std::string(what) + " " + m_path + ": " +
+                         std::error_code(cause, std::generic_category()).message());
+}
+
+}  // namespace ipc2581::detail

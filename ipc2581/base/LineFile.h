@@ -1,0 +1,65 @@
+#ifndef IPC2581_BASE_LINEFILE_H
+#define IPC2581_BASE_LINEFILE_H
+
+#include <cstddef>
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "ipc2581/base/TokenList.h"
+
+namespace ipc2581::detail {
+
+// The buffer behind a CStdioFile. Lines are handed out as views into it, and written lines are formed in it.
+class LineFile {
+public:
+    LineFile() = default;
+    ~LineFile();
+    LineFile(const LineFile &) = delete;
+    LineFile & operator=(const LineFile &) = delete;
+
+    bool Open(const char * path, const char * mode);
+    bool IsOpen() const { return m_file != nullptr; }
+    void Close();
+    void Flush();
+
+    // The next line without its line end; false and an empty line at the end of the file. The line stays valid until
+    // the next call on this object.
+    bool NextLine(std::string_view & line);
+    std::size_t Read(char * bytes, std::size_t count);
+
+    // Room for count bytes at the end of what is written; Commit tells how far they were used.
+    char * Reserve(std::size_t count);
+    void Commit(const char * end);
+    void Write(const char * bytes, std::size_t count);
+
+    // What the reader of the current line works with: kept here, so that no line needs fresh storage.
+    TokenList & Tokens() { return m_tokens; }
+    std::string & Scratch() { return m_scratch; }
+
+private:
+    // Reads one more block behind what is held; false at the end of the file.
+    bool Fill();
+    void BeginReading();
+    void BeginWriting();
+    void GrowBuffer(std::size_t size);
+    void WriteOut();
+    [[noreturn]] void Fail(const char * what, int cause);
+
+    std::FILE * m_file = nullptr;
+    std::string m_path;
+    // While reading, begin to end is what has been read and not yet handed out; while writing, 0 to end is what
+    // has not yet been written.
+    std::unique_ptr<char[]> m_buffer;
+    std::size_t m_size = 0;
+    std::size_t m_begin = 0;
+    std::size_t m_end = 0;
+    bool m_isWriting = false;
+    TokenList m_tokens;
+    std::string m_scratch;
+};
+
+}  // namespace ipc2581::detail
+
+#endif

@@ -1,0 +1,49 @@
+#ifndef IPC2581_BASE_LINETEMPLATE_H
+#define IPC2581_BASE_LINETEMPLATE_H
+
+#include <cstdint>
+
+#include "ipc2581/base/ExPtrArray.h"
+#include "ipc2581/base/platform/CStdioFile.h"
+#include "ipc2581/base/platform/FormatString.h"
+
+namespace ipc2581::detail {
+
+// Three blanks, repeated; nothing for a count of 0 or less.
+inline Blanks Indent(std::int64_t repeats)
+{
+    return {repeats * 3};
+}
+
+void WriteFormattedLine(CStdioFile & file, std::string_view format, FormatArguments arguments);
+
+// Writes one line by its template, whose first argument is the indent: WriteLine(file, "%s<Set net=\"%s\">\n",
+// Indent(level + 1), Net). Numbers come out as %f and %d print them, texts as they stand, nothing is escaped.
+template <typename... Arguments>
+void WriteLine(CStdioFile & file, FormatString<Arguments...> format, const Arguments &... arguments)
+{
+    WriteFormattedLine(file, format.Text(), {FormatArgument(arguments)...});
+}
+
+// The words of a flag in a written file.
+inline const char * TrueOrFalse(bool value)
+{
+    return value ? "TRUE" : "FALSE";
+}
+
+// Exports each element of an array at the same level. Stops with 0 at the first element that gives 0; an empty array
+// gives 1.
+template <typename Element>
+int ExportElements(const CExPtrArray<Element *, Element *> & elements, CStdioFile & file, int level)
+{
+    for (std::int64_t i = 0; i < elements.GetSize(); ++i) {
+        if (elements.GetAt(i)->Export(file, level) == 0) {
+            return 0;
+        }
+    }
+    return 1;
+}
+
+}  // namespace ipc2581::detail
+
+#endif

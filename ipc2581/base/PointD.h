@@ -1,0 +1,60 @@
+#ifndef IPC2581_BASE_POINTD_H
+#define IPC2581_BASE_POINTD_H
+
+#include "ipc2581/base/ExPtrArray.h"
+#include "ipc2581/base/Export.h"
+#include "ipc2581/base/platform/CArray.h"
+
+// A point in the plane, in the document's own units.
+class IPC2581_API CPointD {
+public:
+    double X = 0.0;
+    double Y = 0.0;
+
+    // 0, 0, as after Init.
+    CPointD();
+    CPointD(CPointD const & other);
+    CPointD(double const & x, double const & y);
+    ~CPointD();
+    CPointD & operator=(CPointD const & other);
+
+    void Init();
+    void SetData(double const & x, double const & y);
+    void SetX(double const & x) { X = x; }
+    void SetY(double const & y) { Y = y; }
+    double GetX() const { return X; }
+    double GetY() const { return Y; }
+    double & GetX() { return X; }
+    double & GetY() { return Y; }
+
+    // Exact comparisons; 0 for false.
+    virtual int operator==(CPointD const & other) const;
+    virtual int operator!=(CPointD const & other) const;
+
+    // The two coordinates of a serialised list of points.
+    friend IPC2581_API void SerializeElement(CArchive & archive, CPointD & point);
+};
+
+// A list of points, for hosts.
+class IPC2581_API CArrayPointD : public CArray<CPointD, CPointD &> {
+public:
+    CArrayPointD();
+    CArrayPointD(CArrayPointD const & other);
+    ~CArrayPointD() override;
+
+    // A new list with the same points, the caller's to delete.
+    virtual CArrayPointD * clone() const;
+};
+
+// A list of lists of points, for hosts. It owns its lists and copies them deeply.
+class IPC2581_API CArrayArrayPointD : public CExPtrArray<CArrayPointD *, CArrayPointD *> {
+public:
+    CArrayArrayPointD();
+    CArrayArrayPointD(CArrayArrayPointD const & other);
+    ~CArrayArrayPointD() override;
+
+    // A new list with lists of its own, the caller's to delete.
+    virtual CArrayArrayPointD * clone() const;
+};
+
+#endif

@@ -1,0 +1,52 @@
+#ifndef IPC2581_BASE_TOKENLIST_H
+#define IPC2581_BASE_TOKENLIST_H
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ipc2581/base/platform/CArray.h"
+#include "ipc2581/base/platform/CString.h"
+
+namespace ipc2581::detail {
+
+// The tokens of one line, as views into it. The line must stay while the list is used; the storage is used again
+// for the next line.
+class TokenList {
+public:
+    TokenList() = default;
+    // The tokens of a host's list, which must stay as well.
+    explicit TokenList(const CArray<CString, CString> & tokens);
+
+    // Cuts the line on runs of blanks. Every "<" and ">" goes, wherever it stands; a tab is no blank and a "/"
+    // stays. A token may be empty: a bracket that stands alone.
+    void Cut(std::string_view line);
+    // The whole line becomes the one token, with its brackets.
+    void SetWhole(std::string_view line);
+
+    int Size() const { return static_cast<int>(m_tokens.size()); }
+    std::string_view operator[](int index) const { return m_tokens[static_cast<std::size_t>(index)]; }
+
+    // The attribute value that begins at token index, which is left on the last token that the value used. A value
+    // without a closing quote in its token runs on to the next token with a quote; runs of blanks in it come back as
+    // one blank. All quotes and slashes are lost. Throws CInvalidArgException if the line ends first. The value stays
+    // valid until the next call.
+    std::string_view Value(int & index);
+
+    // The tokens as a list of their own.
+    void AppendTo(CArray<CString, CString> & tokens) const;
+
+private:
+    std::string_view RightPart(std::string_view token);
+    std::string_view WithoutBrackets(std::string_view token, std::size_t lineLength);
+
+    std::vector<std::string_view> m_tokens;
+    std::string m_cleaned;
+    std::string m_part;
+    std::string m_value;
+};
+
+}  // namespace ipc2581::detail
+
+#endif

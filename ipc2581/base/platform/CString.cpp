@@ -1,0 +1,321 @@
+#include "ipc2581/base/platform/CString.h"
+
+#include <algorithm>
+#include <bit>
+#include <climits>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <new>
+#include <string>
+
+#include "ipc2581/base/platform/Afx.h"
+
+namespace {
+
+constexpr std::string_view WhiteSpace = " \t\n\v\f\r";
+
+std::string_view View(const char * text)
+{
+    return text == nullptr ? std::string_view() : std::string_view(text);
+}
+
+// Bytes of heap for a text and its zero byte. A function of the length alone, so that no capacity is stored;
+// it grows in steps, so that appending byte by byte stays cheap.
+std::size_t HeapSize(std::size_t length)
+{
+    const std::size_t bytes = length + 1;
+    const std::size_t step = bytes < 256 ? 16 : std::bit_floor(bytes) / 4;
+    return (bytes + step - 1) / step * step;
+}
+
+int Position(std::size_t found)
+{
+    return found == std::string_view::npos ? -1 : static_cast<int>(found);
+}
+
+std::size_t Clamp(int count, int length)
+{
+    return static_cast<std::size_t>(std::clamp(count, 0, length));
+}
+
+}  // namespace
+
+CString::CString(const char * text)
+{
+    Init(View(text));
+}
+
+CString::CString(std::string_view text)
+{
+    Init(text);
+}
+
+CString::CString(const CString & other)
+{
+    if (other.IsOnHeap()) {
+        Init(other);
+    }
+    else {
+        std::memcpy(m_bytes, other.m_bytes, sizeof(m_bytes));
+    }
+}
+
+CString::CString(CString && other) noexcept
+{
+    std::memcpy(m_bytes, other.m_bytes, sizeof(m_bytes));
+    other.SetInlineLength(0);
+}
+
+CString & CString::operator=(const CString & other)
+{
+    return operator=(std::string_view(other));
+}
+
+CString & CString::operator=(CString && other) noexcept
+{
+    if (this != &other) {
+        if (IsOnHeap()) {
+            Free();
+        }
+        std::memcpy(m_bytes, other.m_bytes, sizeof(m_bytes));
+        other.SetInlineLength(0);
+    }
+    return *this;
+}
+
+CString & CString::operator=(const char * text)
+{
+    return operator=(View(text));
+}
+
+CString & CString::operator=(std::string_view text)
+{
+    const std::size_t room = IsOnHeap() ? HeapSize(static_cast<std::size_t>(HeapLength())) : InlineLength + 1;
+    if (text.size() >= room || (IsOnHeap() && text.size() <= InlineLength)) {
+        return operator=(CString(text));
+    }
+    if (!text.empty()) {
+        std::memmove(Data(), text.data(), text.size());
+    }
+    Truncate(text.size());
+    return *this;
+}
+
+CString & CString::operator+=(const CString & other)
+{
+    const std::size_t length = static_cast<std::size_t>(GetLength());
+    const std::size_t added = static_cast<std::size_t>(other.GetLength());
+    const std::size_t room = IsOnHeap() ? HeapSize(length) : InlineLength + 1;
+    if (length + added < room) {
+        std::memmove(Data() + length, other.GetString(), added);
+        Truncate(length + added);
+        return *this;
+    }
+    char * const data = Allocate(length + added);
+    std::memcpy(data, GetString(), length);
+    std::memcpy(data + length, other.GetString(), added);
+    if (IsOnHeap()) {
+        Free();
+    }
+    SetHeap(data, static_cast<int>(length + added));
+    return *this;
+}
+
+CString & CString::operator+=(char ch)
+{
+    return operator+=(CString(std::string_view(&ch, 1)));
+}
+
+CString operator+(const CString & left, const CString & right)
+{
+    CString sum(left);
+    sum += right;
+    return sum;
+}
+
+CString operator+(const CString & left, char right)
+{
+    CString sum(left);
+    sum += right;
+    return sum;
+}
+
+char CString::operator[](int position) const
+{
+    if (position < 0 || position >= GetLength()) {
+        AfxThrowInvalidArgException();
+    }
+    return GetString()[position];
+}
+
+void CString::SetAt(int position, char ch)
+{
+    if (position < 0 || position >= GetLength()) {
+        AfxThrowInvalidArgException();
+    }
+    Data()[position] = ch;
+}
+
+int CString::Find(const char * sub, int start) const
+{
+    if (sub == nullptr || start < 0 || start >= GetLength()) {
+        return -1;
+    }
+    return Position(std::string_view(*this).find(sub, static_cast<std::size_t>(start)));
+}
+
+int CString::Find(char ch, int start) const
+{
+    if (start < 0) {
+        return -1;
+    }
+    return Position(std::string_view(*this).find(ch, static_cast<std::size_t>(start)));
+}
+
+int CString::ReverseFind(char ch) const
+{
+    return Position(std::string_view(*this).rfind(ch));
+}
+
+int CString::Compare(const char * text) const
+{
+    return std::string_view(*this).compare(View(text));
+}
+
+CString CString::Tokenize(const char * delims, int & pos) const
+{
+    const std::string_view text(*this);
+    const std::size_t from = pos < 0 ? text.size() : std::min(static_cast<std::size_t>(pos), text.size());
+    const std::size_t start = text.find_first_not_of(View(delims), from);
+    if (start == std::string_view::npos) {
+        pos = -1;
+        return {};
+    }
+    const std::size_t end = std::min(text.find_first_of(View(delims), start), text.size());
+    pos = static_cast<int>(end + 1);
+    return CString(text.substr(start, end - start));
+}
+
+int CString::Replace(const char * old, const char * replacement)
+{
+    const std::string_view sought = View(old);
+    if (sought.empty()) {
+        return 0;
+    }
+    const std::string_view text(*this);
+    std::string replaced;
+    int count = 0;
+    std::size_t from = 0;
+    for (std::size_t at = text.find(sought); at != std::string_view::npos; at = text.find(sought, from)) {
+        replaced.append(text, from, at - from).append(View(replacement));
+        from = at + sought.size();
+        ++count;
+    }
+    if (count != 0) {
+        replaced.append(text, from);
+        operator=(std::string_view(replaced));
+    }
+    return count;
+}
+
+CString CString::Right(int n) const
+{
+    const std::string_view text(*this);
+    return CString(text.substr(text.size() - Clamp(n, GetLength())));
+}
+
+CString CString::Left(int n) const
+{
+    return CString(std::string_view(*this).substr(0, Clamp(n, GetLength())));
+}
+
+CString CString::Mid(int first, int count) const
+{
+    return CString(std::string_view(*this).substr(Clamp(first, GetLength()), Clamp(count, GetLength())));
+}
+
+CString & CString::Trim()
+{
+    const std::string_view text(*this);
+    const std::size_t first = std::min(text.find_first_not_of(WhiteSpace), text.size());
+    const std::size_t end = text.find_last_not_of(WhiteSpace) + 1;
+    return operator=(text.substr(first, end - std::min(first, end)));
+}
+
+char * CString::HeapData() const
+{
+    char * data = nullptr;
+    std::memcpy(&data, m_bytes, sizeof(data));
+    return data;
+}
+
+int CString::HeapLength() const
+{
+    int length = 0;
+    std::memcpy(&length, m_bytes + sizeof(char *), sizeof(length));
+    return length;
+}
+
+void CString::SetHeap(char * data, int length)
+{
+    std::memcpy(m_bytes, &data, sizeof(data));
+    std::memcpy(m_bytes + sizeof(data), &length, sizeof(length));
+    m_bytes[TagAt] = HeapTag;
+    data[length] = '\0';
+}
+
+void CString::SetInlineLength(std::size_t length)
+{
+    m_bytes[length] = '\0';
+    m_bytes[TagAt] = static_cast<char>(static_cast<std::size_t>(InlineLength) - length);
+}
+
+void CString::Init(std::string_view text)
+{
+    if (text.size() > InlineLength) {
+        char * const data = Allocate(text.size());
+        std::memcpy(data, text.data(), text.size());
+        SetHeap(data, static_cast<int>(text.size()));
+        return;
+    }
+    if (!text.empty()) {
+        std::memcpy(m_bytes, text.data(), text.size());
+    }
+    SetInlineLength(text.size());
+}
+
+void CString::Free() noexcept
+{
+    std::free(HeapData());
+}
+
+// Makes the length smaller, or as large as what has been written fits; the place of the text stays.
+void CString::Truncate(std::size_t length)
+{
+    if (IsOnHeap()) {
+        SetHeap(HeapData(), static_cast<int>(length));
+    }
+    else {
+        SetInlineLength(length);
+    }
+}
+
+char * CString::Allocate(std::size_t length)
+{
+    if (length >= INT_MAX) {
+        throw std::bad_alloc();
+    }
+    char * const data = static_cast<char *>(std::malloc(HeapSize(length)));
+    if (data == nullptr) {
+        throw std::bad_alloc();
+    }
+    return data;
+}
+
+void CString::AssignFormatted(std::string_view format, ipc2581::detail::FormatArguments arguments)
+{
+    const std::unique_ptr<char[]> text(new char[ipc2581::detail::FormattedBound(format, arguments)]);
+    const char * const end = ipc2581::detail::WriteFormatted(text.get(), format, arguments);
+    operator=(std::string_view(text.get(), static_cast<std::size_t>(end - text.get())));
+}

@@ -1,0 +1,119 @@
+#ifndef IPC2581_BASE_PLATFORM_CSTRING_H
+#define IPC2581_BASE_PLATFORM_CSTRING_H
+
+#include <compare>
+#include <cstdint>
+#include <ostream>
+#include <string_view>
+
+#include "ipc2581/base/Export.h"
+#include "ipc2581/base/platform/FormatString.h"
+
+// Text of bytes, copied by value. Positions and lengths count bytes, nothing is decoded, comparisons mind the
+// case. Up to 15 bytes are held inside the object, longer text on the heap. The text always has a zero byte
+// behind it; zero bytes inside it are bytes like any other, except for what takes a plain const char *.
+class IPC2581_API CString {
+public:
+    CString() noexcept : m_bytes{} { m_bytes[TagAt] = InlineLength; }
+    // A null pointer gives the empty text.
+    CString(const char * text);
+    explicit CString(std::string_view text);
+    CString(const CString & other);
+    CString(CString && other) noexcept;
+    CString & operator=(const CString & other);
+    CString & operator=(CString && other) noexcept;
+    CString & operator=(const char * text);
+    // Replaces the text; the new one may be a piece of the old one.
+    CString & operator=(std::string_view text);
+    ~CString()
+    {
+        if (IsOnHeap()) {
+            Free();
+        }
+    }
+
+    CString & operator+=(const CString & other);
+    CString & operator+=(char ch);
+    friend IPC2581_API CString operator+(const CString & left, const CString & right);
+    friend IPC2581_API CString operator+(const CString & left, char right);
+
+    // Length in bytes.
+    int GetLength() const { return IsOnHeap() ? HeapLength() : InlineLength - m_bytes[TagAt]; }
+    bool IsEmpty() const { return GetLength() == 0; }
+    const char * GetString() const { return IsOnHeap() ? HeapData() : m_bytes; }
+    operator const char *() const { return GetString(); }
+    operator std::string_view() const { return {GetString(), static_cast<std::size_t>(GetLength())}; }
+
+    // The byte at a position. Throws CInvalidArgException for one outside the text.
+    char operator[](int position) const;
+    // Overwrites one byte. Throws CInvalidArgException for a position outside the text; the empty text has none.
+    void SetAt(int position, char ch);
+
+    // Position of the first occurrence at or behind start; -1 if there is none, and always in the empty text.
+    int Find(const char * sub, int start = 0) const;
+    int Find(char ch, int start = 0) const;
+    // Position of the last occurrence, or -1.
+    int ReverseFind(char ch) const;
+    // 0 if equal, otherwise below or above 0.
+    int Compare(const char * text) const;
+
+    // The next run of bytes that are not in delims, starting at pos, which is set one past the delimiter behind
+    // the run. Without a further run pos becomes -1 and the result is empty; it stays so for a pos of -1.
+    CString Tokenize(const char * delims, int & pos) const;
+    // Replaces every occurrence, left to right, and returns the count.
+    int Replace(const char * old, const char * replacement);
+    // The last or first n bytes; an n outside the text gives all of it or nothing.
+    CString Right(int n) const;
+    CString Left(int n) const;
+    // At most count bytes from first on; negative arguments count as 0.
+    CString Mid(int first, int count) const;
+    // Takes white space off both ends of this text.
+    CString & Trim();
+
+    // Replaces the text as printf would print it: %s takes a CString or const char *, %d an int, %f a double and
+    // writes six decimals, %% is a percent sign. Anything else does not compile.
+    template <typename... Arguments>
+    void Format(ipc2581::detail::FormatString<Arguments...> format, const Arguments &... arguments)
+    {
+        AssignFormatted(format.Text(), {ipc2581::detail::FormatArgument(arguments)...});
+    }
+
+    friend bool operator==(const CString & left, const CString & right)
+    {
+        return std::string_view(left) == std::string_view(right);
+    }
+    friend bool operator==(const CString & left, std::string_view right) { return std::string_view(left) == right; }
+    friend bool operator==(const CString & left, const char * right)
+    {
+        return std::string_view(left) == std::string_view(right);
+    }
+    friend auto operator<=>(const CString & left, const CString & right)
+    {
+        return std::string_view(left) <=> std::string_view(right);
+    }
+    friend std::ostream & operator<<(std::ostream & out, const CString & text) { return out << std::string_view(text); }
+
+private:
+    // Short text stands in the bytes themselves and the last byte counts the free ones, so that a full object
+    // ends in its zero byte. Text on the heap has its address in the first bytes, behind it its length, and a
+    // last byte that no short text has. Nothing points into the object: an array may move it as raw memory.
+    static constexpr int InlineLength = 15;
+    static constexpr int TagAt = 15;
+    static constexpr char HeapTag = 0x7f;
+
+    bool IsOnHeap() const { return m_bytes[TagAt] == HeapTag; }
+    char * HeapData() const;
+    int HeapLength() const;
+    void SetHeap(char * data, int length);
+    void SetInlineLength(std::size_t length);
+    void Init(std::string_view text);
+    void Free() noexcept;
+    char * Data() { return IsOnHeap() ? HeapData() : m_bytes; }
+    void Truncate(std::size_t length);
+    static char * Allocate(std::size_t length);
+    void AssignFormatted(std::string_view format, ipc2581::detail::FormatArguments arguments);
+
+    alignas(char *) char m_bytes[TagAt + 1];
+};
+
+#endif

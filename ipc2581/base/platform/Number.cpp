@@ -1,0 +1,235 @@
+#include "ipc2581/base/platform/Number.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+
+namespace ipc2581::detail {
+namespace {
+
+constexpr bool IsSpace(char ch)
+{
+    return ch == ' ' || (ch >= '\t' && ch <= '\r');
+}
+
+constexpr bool IsDigit(char ch)
+{
+    return ch >= '0' && ch <= '9';
+}
+
+const char * SkipSpace(const char * at, const char * end)
+{
+    while (at != end && IsSpace(*at)) {
+        ++at;
+    }
+    return at;
+}
+
+constexpr std::array<double, 23> ExactPowersOfTen = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                     1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                                     1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+constexpr std::uint64_t LargestExactInteger = std::uint64_t(1) << 53;
+
+// A plain decimal such as 12.345 whose digits and power of ten are both exact doubles: one division rounds
+// once and so is right. Anything else gives false.
+bool ParsePlainDecimal(const char * at, const char * end, double & value)
+{
+    std::uint64_t digits = 0;
+    const char * const start = at;
+    while (at != end && IsDigit(*at)) {
+        digits = digits * 10 + static_cast<std::uint64_t>(*at++ - '0');
+    }
+    std::ptrdiff_t count = at - start;
+    std::ptrdiff_t decimals = 0;
+    if (at != end && *at == '.') {
+        const char * const point = ++at;
+        while (at != end && IsDigit(*at)) {
+            digits = digits * 10 + static_cast<std::uint64_t>(*at++ - '0');
+        }
+        decimals = at - point;
+        count += decimals;
+    }
+    const bool plainEnd = at == end || (*at != 'e' && *at != 'E' && *at != 'x' && *at != 'X');
+    if (count == 0 || count > 19 || digits > LargestExactInteger || !plainEnd) {
+        return false;
+    }
+    value = static_cast<double>(digits) / ExactPowersOfTen[static_cast<std::size_t>(decimals)];
+    return true;
+}
+
+bool IsHexDigit(char ch)
+{
+    return IsDigit(ch) || (ch >= 'a' && ch <= 'f') || (ch >= 'A' && ch <= 'F');
+}
+
+// from_chars tells overflow and underflow alike: the weight of the leading digit tells them apart. The digits
+// and the exponent stand between at and end as from_chars has accepted them.
+bool IsTooLarge(std::string_view number, std::string_view exponentLetters, int exponentPerDigit)
+{
+    const std::size_t exponentAt = number.find_first_of(exponentLetters);
+    const std::string_view digits = number.substr(0, exponentAt);
+    const std::size_t pointAt = std::min(digits.find('.'), digits.size());
+    const std::size_t leadingAt = digits.find_first_not_of("0.");
+    const std::int64_t weight = static_cast<std::int64_t>(pointAt) - static_cast<std::int64_t>(leadingAt);
+    const int exponent = exponentAt == std::string_view::npos ? 0 : ParseInteger(number.substr(exponentAt + 1));
+    return weight * exponentPerDigit + exponent > 0;
+}
+
+double LimitOf(bool isTooLarge)
+{
+    return isTooLarge ? std::numeric_limits<double>::infinity() : 0.0;
+}
+
+double ParseHex(const char * at, const char * end)
+{
+    const char * const digit = at != end && *at == '.' ? at + 1 : at;
+    if (digit == end || !IsHexDigit(*digit)) {
+        return 0.0;
+    }
+    double value = 0.0;
+    const auto [rest, error] = std::from_chars(at, end, value, std::chars_format::hex);
+    return error == std::errc::result_out_of_range ? LimitOf(IsTooLarge({at, rest}, "pP", 4)) : value;
+}
+
+// What is no plain decimal: exponents, many digits, hexadecimal digits, "inf" and "nan". False if there is no
+// number at all.
+bool ParseGeneral(const char * at, const char * end, double & value)
+{
+    if (end - at > 2 && at[0] == '0' && (at[1] == 'x' || at[1] == 'X')) {
+        value = ParseHex(at + 2, end);
+        return true;
+    }
+    if (at == end || *at == '-') {
+        return false;
+    }
+    const auto [rest, error] = std::from_chars(at, end, value);
+    if (error == std::errc::result_out_of_range) {
+        value = LimitOf(IsTooLarge({at, rest}, "eE", 1));
+    }
+    return error != std::errc::invalid_argument;
+}
+
+// fraction * 10^6 / 2^bits, rounded half to even. The fraction has at most 53 bits, so that the product does not
+// fit one word: it is kept in two, the lower of 27 bits.
+std::uint64_t SixDecimals(std::uint64_t fraction, int bits)
+{
+    constexpr std::uint64_t million = 1'000'000;
+    constexpr int lowBits = 27;
+    constexpr std::uint64_t lowMask = (std::uint64_t(1) << lowBits) - 1;
+    constexpr int bitsOfZero = 74;
+    if (bits >= bitsOfZero) {
+        return 0;
+    }
+    const std::uint64_t lowProduct = (fraction & lowMask) * million;
+    std::uint64_t high = (fraction >> lowBits) * million + (lowProduct >> lowBits);
+    std::uint64_t low = lowProduct & lowMask;
+    if (bits <= lowBits) {
+        high = (high << lowBits) | low;
+        low = 0;
+    }
+    const int highBits = bits <= lowBits ? bits : bits - lowBits;
+    const std::uint64_t decimals = high >> highBits;
+    const std::uint64_t rest = high - (decimals << highBits);
+    const std::uint64_t half = (std::uint64_t(1) << highBits) >> 1;
+    const bool isAbove = rest > half || (rest == half && low != 0);
+    const bool isTie = rest == half && low == 0;
+    return decimals + (isAbove || (isTie && (decimals & 1) != 0) ? 1 : 0);
+}
+
+char * WriteUnsigned(char * out, std::uint64_t value)
+{
+    return std::to_chars(out, out + 20, value).ptr;
+}
+
+char * WriteSixDigits(char * out, std::uint64_t decimals)
+{
+    for (int i = 5; i >= 0; --i) {
+        out[i] = static_cast<char>('0' + decimals % 10);
+        decimals /= 10;
+    }
+    return out + 6;
+}
+
+}  // namespace
+
+double ParseDouble(std::string_view text)
+{
+    const char * const end = text.data() + text.size();
+    const char * at = SkipSpace(text.data(), end);
+    bool isNegative = false;
+    if (at != end && (*at == '-' || *at == '+')) {
+        isNegative = *at++ == '-';
+    }
+    double value = 0.0;
+    if (!ParsePlainDecimal(at, end, value) && !ParseGeneral(at, end, value)) {
+        return 0.0;
+    }
+    return isNegative ? -value : value;
+}
+
+int ParseInteger(std::string_view text)
+{
+    const char * const end = text.data() + text.size();
+    const char * at = SkipSpace(text.data(), end);
+    bool isNegative = false;
+    if (at != end && (*at == '-' || *at == '+')) {
+        isNegative = *at++ == '-';
+    }
+    constexpr std::int64_t limit = std::int64_t(1) << 31;
+    std::int64_t value = 0;
+    for (; at != end && IsDigit(*at); ++at) {
+        value = value * 10 + (*at - '0');
+        if (value > limit) {
+            value = limit;
+        }
+    }
+    if (isNegative) {
+        return static_cast<int>(-value);
+    }
+    return static_cast<int>(value == limit ? limit - 1 : value);
+}
+
+char * WriteFixed(char * out, double value)
+{
+    constexpr int mantissaBits = 52;
+    constexpr std::uint64_t hiddenBit = std::uint64_t(1) << mantissaBits;
+    constexpr std::uint64_t million = 1'000'000;
+    const std::uint64_t bits = std::bit_cast<std::uint64_t>(value);
+    if (!std::isfinite(value) || std::fabs(value) >= static_cast<double>(hiddenBit)) {
+        return std::to_chars(out, out + FixedLength, value, std::chars_format::fixed, 6).ptr;
+    }
+    if ((bits >> 63) != 0) {
+        *out++ = '-';
+    }
+    const int exponent = static_cast<int>((bits >> mantissaBits) & 0x7ff);
+    const std::uint64_t stored = bits & (hiddenBit - 1);
+    const std::uint64_t mantissa = exponent == 0 ? stored : stored | hiddenBit;
+    const int fractionBits = 1075 - std::max(exponent, 1);
+    std::uint64_t whole = fractionBits > mantissaBits ? 0 : mantissa >> fractionBits;
+    const std::uint64_t fraction = fractionBits > mantissaBits ? mantissa : mantissa - (whole << fractionBits);
+    std::uint64_t decimals = SixDecimals(fraction, fractionBits);
+    if (decimals == million) {
+        decimals = 0;
+        ++whole;
+    }
+    out = WriteUnsigned(out, whole);
+    *out++ = '.';
+    return WriteSixDigits(out, decimals);
+}
+
+char * WriteInteger(char * out, int value)
+{
+    return std::to_chars(out, out + IntegerLength, value).ptr;
+}
+
+void AppendFixed(std::string & out, double value)
+{
+    std::array<char, FixedLength> text;
+    out.append(text.data(), WriteFixed(text.data(), value));
+}
+
+}  // namespace ipc2581::detail
