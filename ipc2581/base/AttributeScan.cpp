@@ -16,7 +16,7 @@ bool IsTrue(std::string_view value)
     return value.find("TRUE") != std::string_view::npos;
 }
 
-void TestToken(TokenList & tokens, int & index, Attributes rows)
+void TestToken(const TokenList & tokens, int & index, Attributes rows)
 {
     const std::string_view token = tokens[index];
     for (const Attribute & row : rows) {
@@ -65,12 +65,12 @@ Attribute ControlFlag(std::string_view word, int & field)
     });
 }
 
-void ScanAttributes(TokenList & tokens, Attributes rows)
+void ScanAttributes(const TokenList & tokens, Attributes rows)
 {
     ScanAttributes(tokens, rows, {});
 }
 
-void ScanAttributes(TokenList & tokens, Attributes first, Attributes second)
+void ScanAttributes(const TokenList & tokens, Attributes first, Attributes second)
 {
     for (int index = 0; index < tokens.Size(); ++index) {
         TestToken(tokens, index, first);

@@ -12,7 +12,7 @@ namespace ipc2581::detail {
 // The token that a test has hit, while its value is taken.
 class AttributeHit {
 public:
-    AttributeHit(TokenList & tokens, int & index) : m_tokens(tokens), m_index(index), m_token(tokens[index]) {}
+    AttributeHit(const TokenList & tokens, int & index) : m_tokens(tokens), m_index(index), m_token(tokens[index]) {}
 
     // The token as it stands, without taking a value.
     bool TokenHolds(std::string_view word) const { return m_token.find(word) != std::string_view::npos; }
@@ -21,7 +21,7 @@ public:
     std::string_view Take() { return m_tokens.Value(m_index); }
 
 private:
-    TokenList & m_tokens;
+    const TokenList & m_tokens;
     int & m_index;
     std::string_view m_token;
 };
@@ -49,11 +49,11 @@ Attribute ControlFlag(std::string_view word, int & field);
 
 // Walks the tokens from the first one on. Each is tested against the rows in their order, and the first word that the
 // token holds takes its value. A repeated attribute overwrites, an absent one leaves its field as it was.
-void ScanAttributes(TokenList & tokens, Attributes rows);
+void ScanAttributes(const TokenList & tokens, Attributes rows);
 
 // The double form: after each token has passed the first rows, the token on which the scan then stands is tested
 // against the second rows, whatever the first have done.
-void ScanAttributes(TokenList & tokens, Attributes first, Attributes second);
+void ScanAttributes(const TokenList & tokens, Attributes first, Attributes second);
 
 }  // namespace ipc2581::detail
 

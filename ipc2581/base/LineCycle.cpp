@@ -53,7 +53,7 @@ bool LineCycle::Next()
     return true;
 }
 
-TokenList & LineCycle::Tokens()
+const TokenList & LineCycle::Tokens()
 {
     TokenList & tokens = m_lines.Tokens();
     if (!m_isTokenised) {

@@ -46,7 +46,7 @@ public:
     // The opening test: the first token holds the word and no slash.
     bool Opens(std::string_view word) const { return Holds(word) && m_tested.find('/') == std::string_view::npos; }
     // The tokens of the line.
-    TokenList & Tokens();
+    const TokenList & Tokens();
 
 private:
     bool ReadLine();

@@ -34,13 +34,34 @@ inline const char * TrueOrFalse(bool value)
 // Exports each element of an array at the same level. Stops with 0 at the first element that gives 0; an empty array
 // gives 1.
 template <typename Element>
-int ExportElements(const CExPtrArray<Element *, Element *> & elements, CStdioFile & file, int level)
+int ExportElements(const CExPtrArray<Element *, Element *> & elements, CStdioFile & file, int level,
+                   std::int64_t first = 0)
 {
-    for (std::int64_t i = 0; i < elements.GetSize(); ++i) {
+    for (std::int64_t i = first; i < elements.GetSize(); ++i) {
         if (elements.GetAt(i)->Export(file, level) == 0) {
             return 0;
         }
     }
+    return 1;
+}
+
+// Exports the parts of an object in order, each at the same level, up to the first that gives 0. False if one did.
+template <typename... Parts>
+bool ExportParts(CStdioFile & file, int level, Parts &... parts)
+{
+    return (... && (parts.Export(file, level) != 0));
+}
+
+// Writes an element without attributes: its opening line, its parts one level deeper, its closing line. Gives 1, or 0
+// without the closing line as soon as a part gives 0.
+template <typename... Parts>
+int ExportElement(CStdioFile & file, int level, const char * tag, Parts &... parts)
+{
+    WriteLine(file, "%s<%s>\n", Indent(level + 1), tag);
+    if (!ExportParts(file, level + 1, parts...)) {
+        return 0;
+    }
+    WriteLine(file, "%s</%s>\n", Indent(level + 1), tag);
     return 1;
 }
 

@@ -58,7 +58,7 @@ void TokenList::SetWhole(std::string_view line)
     m_tokens.assign(1, line);
 }
 
-std::string_view TokenList::Value(int & index)
+std::string_view TokenList::Value(int & index) const
 {
     if (index < 0 || index >= Size()) {
         AfxThrowInvalidArgException();
@@ -86,7 +86,7 @@ void TokenList::AppendTo(CArray<CString, CString> & tokens) const
 }
 
 // What stands behind the first "=", or all of a token without one, less its quotes and slashes.
-std::string_view TokenList::RightPart(std::string_view token)
+std::string_view TokenList::RightPart(std::string_view token) const
 {
     const std::string_view part = Stripped(token.substr(token.find('=') + 1), IsQuoteOrSlash);
     if (std::none_of(part.begin(), part.end(), IsQuoteOrSlash)) {

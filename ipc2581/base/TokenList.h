@@ -16,8 +16,8 @@ namespace ipc2581::detail {
 class TokenList {
 public:
     TokenList() = default;
-    // The tokens of a host's list, which must stay as well.
-    explicit TokenList(const CArray<CString, CString> & tokens);
+    // The tokens of a host's list, which must stay as well. Every scan takes such a list as it is.
+    TokenList(const CArray<CString, CString> & tokens);
 
     // Cuts the line on runs of blanks. Every "<" and ">" goes, wherever it stands; a tab is no blank and a "/"
     // stays. A token may be empty: a bracket that stands alone.
@@ -32,19 +32,20 @@ public:
     // without a closing quote in its token runs on to the next token with a quote; runs of blanks in it come back as
     // one blank. All quotes and slashes are lost. Throws CInvalidArgException if the line ends first. The value stays
     // valid until the next call.
-    std::string_view Value(int & index);
+    std::string_view Value(int & index) const;
 
     // The tokens as a list of their own.
     void AppendTo(CArray<CString, CString> & tokens) const;
 
 private:
-    std::string_view RightPart(std::string_view token);
+    std::string_view RightPart(std::string_view token) const;
     std::string_view WithoutBrackets(std::string_view token, std::size_t lineLength);
 
     std::vector<std::string_view> m_tokens;
     std::string m_cleaned;
-    std::string m_part;
-    std::string m_value;
+    // Storage of the value last taken.
+    mutable std::string m_part;
+    mutable std::string m_value;
 };
 
 }  // namespace ipc2581::detail

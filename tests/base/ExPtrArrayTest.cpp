@@ -463,6 +463,9 @@ TEST_F(ExPtrArray, ReverseTurnsTheOrder)
     Array odd{&p, &q, &r};
     odd.Reverse();
     EXPECT_EQ(Names(odd), "RQP");
+    Array two{&p, &q};
+    two.Reverse();
+    EXPECT_EQ(Names(two), "QP");
 }
 
 TEST_F(ExPtrArray, ReverseOfNoneOrOneChangesNothing)
@@ -585,6 +588,9 @@ TEST_F(ExPtrArray, DeleteAtThatRunsOffTheEndRaisesWithTheRestDeleted)
     EXPECT_THROW(array.DeleteAt(1, 5), CInvalidArgException);
     EXPECT_EQ(Names(array), "1");
     EXPECT_EQ(g_deleted, "23");
+    EXPECT_THROW(array.DeleteAt(0, 2), CInvalidArgException);
+    EXPECT_EQ(array.GetSize(), 0);
+    EXPECT_EQ(g_deleted, "231");
 }
 
 TEST_F(ExPtrArray, DeleteAllDeletesInOrderAndReleasesTheStorage)

@@ -3,6 +3,13 @@
 #include <algorithm>
 #include <string>
 
+void ipc2581::detail::CheckLoadedCount(std::int64_t count)
+{
+    if (count < 0) {
+        throw CArchiveException("the archive is damaged");
+    }
+}
+
 void ipc2581::detail::SerializeElement(CArchive & archive, CString & element)
 {
     std::int64_t length = element.GetLength();
@@ -11,6 +18,7 @@ void ipc2581::detail::SerializeElement(CArchive & archive, CString & element)
         archive.Write(element.GetString(), static_cast<std::size_t>(length));
         return;
     }
+    CheckLoadedCount(length);
     // Read in pieces: a damaged length ends in a short read and not in a huge allocation.
     constexpr std::int64_t piece = 65536;
     std::string text;

@@ -18,13 +18,19 @@
 
 namespace ipc2581::detail {
 
+// A count that was loaded; throws CArchiveException if it is negative.
+IPC2581_API void CheckLoadedCount(std::int64_t count);
+
 // One element of a serialised array. Plain elements go as they stand in memory; text goes as its length and its
-// bytes, since its memory holds an address.
+// bytes, since its memory holds an address. A host's class that is neither brings an overload of its own, or throws
+// CInvalidArgException here.
 template <typename Element>
 void SerializeElement(CArchive & archive, Element & element)
 {
-    static_assert(std::is_trivially_copyable_v<Element>, "an element of this type needs an overload of its own");
-    if (archive.IsStoring()) {
+    if constexpr (!std::is_trivially_copyable_v<Element>) {
+        AfxThrowInvalidArgException();
+    }
+    else if (archive.IsStoring()) {
         archive.Write(&element, sizeof(element));
     }
     else {
@@ -75,7 +81,7 @@ public:
             return;
         }
         TYPE copy(element);
-        SetSize(index + 1);
+        SetSize(Sum(index, 1));
         m_pData[index] = std::move(copy);
     }
 
@@ -189,6 +195,7 @@ public:
         std::int64_t count = m_nSize;
         SerializeElement(archive, count);
         if (archive.IsLoading()) {
+            ipc2581::detail::CheckLoadedCount(count);
             SetSize(0);
         }
         for (std::int64_t i = 0; i < count; ++i) {
@@ -214,13 +221,22 @@ private:
         return index;
     }
 
+    // No storage holds more elements than the largest number, so a sum beyond it is out of memory at once.
+    static std::int64_t Sum(std::int64_t left, std::int64_t right)
+    {
+        if (right > INT64_MAX - left) {
+            throw std::bad_alloc();
+        }
+        return left + right;
+    }
+
     std::int64_t CapacityFor(std::int64_t newSize) const
     {
         if (m_pData == nullptr) {
             return std::max(newSize, m_nGrowBy);
         }
         const std::int64_t step = m_nGrowBy != 0 ? m_nGrowBy : std::clamp<std::int64_t>(m_nSize / 8, 4, 1024);
-        return std::max(newSize, m_nMaxSize + step);
+        return std::max(newSize, Sum(m_nMaxSize, step));
     }
 
     // Grows in place where the heap can: a list of a million elements is not copied a thousand times.
@@ -277,11 +293,11 @@ private:
     void MakeGap(std::int64_t index, std::int64_t count)
     {
         if (index >= m_nSize) {
-            SetSize(index + count);
+            SetSize(Sum(index, count));
             return;
         }
         const std::int64_t behind = m_nSize - index;
-        SetSize(m_nSize + count);
+        SetSize(Sum(m_nSize, count));
         Destroy(m_pData + m_nSize - count, count);
         MoveRaw(m_pData + index + count, m_pData + index, behind);
         Construct(m_pData + index, count);

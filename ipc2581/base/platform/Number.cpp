@@ -90,8 +90,11 @@ double ParseHex(const char * at, const char * end)
     if (digit == end || !IsHexDigit(*digit)) {
         return 0.0;
     }
+    // from_chars would take a "p+-5" for an exponent.
+    const std::size_t twoSigns = std::string_view(at, end).find("+-");
+    const char * const numberEnd = twoSigns == std::string_view::npos ? end : at + twoSigns;
     double value = 0.0;
-    const auto [rest, error] = std::from_chars(at, end, value, std::chars_format::hex);
+    const auto [rest, error] = std::from_chars(at, numberEnd, value, std::chars_format::hex);
     return error == std::errc::result_out_of_range ? LimitOf(IsTooLarge({at, rest}, "pP", 4)) : value;
 }
 

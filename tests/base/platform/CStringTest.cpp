@@ -1,7 +1,6 @@
 #include "ipc2581/base/platform/CString.h"
 
 #include <climits>
-#include <cmath>
 #include <cstdio>
 #include <limits>
 #include <string>

@@ -1,0 +1,33 @@
+#ifndef IPC2581_BASE_OWNEDPART_H
+#define IPC2581_BASE_OWNEDPART_H
+
+// What Init does with the parts that an object owns by pointer.
+namespace ipc2581::detail {
+
+// A part that exists is reset in place, so that pointers to it stay good; a missing one is made.
+template <typename Part>
+void ResetOrCreate(Part *& part)
+{
+    if (part == nullptr) {
+        part = new Part();
+    }
+    else {
+        part->Init();
+    }
+}
+
+// A list that exists loses its elements; a missing one is made.
+template <typename List>
+void EmptyOrCreate(List *& list)
+{
+    if (list == nullptr) {
+        list = new List();
+    }
+    else {
+        list->DeleteAll();
+    }
+}
+
+}  // namespace ipc2581::detail
+
+#endif

@@ -1,0 +1,65 @@
+#ifndef IPC2581_DRAW_DRAWOBJ_H
+#define IPC2581_DRAW_DRAWOBJ_H
+
+#include "ipc2581/base/ExPtrArray.h"
+#include "ipc2581/base/Export.h"
+#include "ipc2581/base/platform/CStdioFile.h"
+#include "ipc2581/base/platform/CString.h"
+
+// Base of every shape that a list of shapes can hold. Beside the frame through which a shape is copied, read and
+// written it holds one number that hosts compare: 1 to 16 for the dictionary primitives in the order of their names, 18
+// a line, 19 an outline, 20 a polyline, 22 a polygon, 23 a cutout, 24 a list of cutouts, and 17 for the base itself, an
+// arc and a text. Coordinates are in the document's own units throughout.
+class IPC2581_API CIPC2581_DrawObj {
+public:
+    int DrawType = 17;
+
+    CIPC2581_DrawObj();
+    CIPC2581_DrawObj(const CIPC2581_DrawObj & other);
+    virtual ~CIPC2581_DrawObj();
+    // A new object, the caller's to delete. The base makes a plain object that has the draw type alone, and the
+    // geometry classes keep it so: their true copy is a clone() of their own, which is not const.
+    virtual CIPC2581_DrawObj * clone() const;
+    // Copies the draw type alone, also where the object is of a derived class.
+    virtual CIPC2581_DrawObj & operator=(const CIPC2581_DrawObj & other);
+    // Reads the shape from the token list of its one line; 0 here.
+    virtual int Import(CArray<CString, CString> & tokens);
+    // Reads the shape from the lines behind its opening line, up to its end; 0 here.
+    virtual int Import(CStdioFile & file);
+    // Writes the shape, indented by level + 1 steps. Gives 1, or 0 if something in it could not be written; the
+    // base writes nothing and gives 0.
+    virtual int Export(CStdioFile & file, int level);
+
+    void Init();
+    int GetDrawType() const { return DrawType; }
+    void SetDrawType(int drawType) { DrawType = drawType; }
+
+    // Distance of two points.
+    double Distance(double x1, double y1, double x2, double y2);
+
+    // The outer form of butterflies, donuts and thermals: ROUND 0, SQUARE 1, HEXAGON 2, OCTAGON 3. Any other text gives
+    // -1; any other number gives ROUND.
+    static int GetShapeType(CString text);
+    static CString GetShapeType(int code);
+};
+
+// A list of shapes, which it owns.
+class IPC2581_API CIPC2581_DrawObjArray : public CExPtrArray<CIPC2581_DrawObj *, CIPC2581_DrawObj *> {
+public:
+    CIPC2581_DrawObjArray();
+    CIPC2581_DrawObjArray(const CIPC2581_DrawObjArray & other);
+    // Deletes the own shapes and takes the clone() const of each of the other's. Hosts rely on what that keeps:
+    // primitives and contours are copied, every other shape becomes a plain object with its draw type, at which the
+    // Export of the copied list stops.
+    CIPC2581_DrawObjArray & operator=(const CIPC2581_DrawObjArray & other);
+    ~CIPC2581_DrawObjArray() override;
+
+    // A new list as operator= makes it, the caller's to delete.
+    virtual CIPC2581_DrawObjArray * clone();
+    // Makes no shapes: lets each shape that is there read itself from the file, in order, up to the first that gives 0.
+    virtual int Import(CStdioFile & file);
+    // Writes each shape at the same level, up to the first that gives 0; 1 for an empty list.
+    virtual int Export(CStdioFile & file, int level);
+};
+
+#endif

@@ -1,0 +1,45 @@
+#ifndef IPC2581_DRAW_POLYCONTOUR_H
+#define IPC2581_DRAW_POLYCONTOUR_H
+
+#include "ipc2581/base/ExPtrArray.h"
+#include "ipc2581/base/LineCycle.h"
+#include "ipc2581/base/TokenList.h"
+#include "ipc2581/draw/Point.h"
+#include "ipc2581/draw/PolyStep.h"
+
+// What polygons, polylines and cutouts have in common: the lines of a contour.
+namespace ipc2581::detail {
+
+void ReadPolyBegin(const TokenList & tokens, CIPC2581_Point & begin);
+void ReadPolyStepSegment(const TokenList & tokens, CIPC2581_PolyStepArray & steps);
+// The direction is turned round on the way in: "FALSE" gives 1, which is written as "TRUE", and every other word gives
+// 0. A curve that tells none counts as clockwise.
+void ReadPolyStepCurve(const TokenList & tokens, CIPC2581_PolyStepArray & steps);
+
+// Reads the line if it is a step of a contour; false if it is not.
+bool ReadPolyStep(LineCycle & line, CIPC2581_PolyStepArray & steps);
+
+// Reads the lines of a closed contour up to the one whose first token holds the end word, or the end of the file.
+void ReadClosedContour(CStdioFile & file, std::string_view end, CIPC2581_Point & begin, CIPC2581_PolyStepArray & steps);
+
+void WritePolyStepSegment(CStdioFile & file, int level, const CPointD & end);
+void WritePolyStepCurve(CStdioFile & file, int level, const CPointD & end, const CPointD & center, int clockWise);
+
+// Walks neighbours once and deletes the second of two that compare equal, unless it is a curve.
+template <typename Step>
+void DeleteEqualNeighbours(CExPtrArray<Step *, Step *> & steps)
+{
+    int i = 0;
+    while (i + 1 < steps.GetSize()) {
+        if (*steps.GetAt(i) == *steps.GetAt(i + 1) && steps.GetAt(i + 1)->Type != 1) {
+            steps.DeleteAt(i + 1, 1);
+        }
+        else {
+            ++i;
+        }
+    }
+}
+
+}  // namespace ipc2581::detail
+
+#endif
