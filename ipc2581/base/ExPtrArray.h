@@ -111,9 +111,8 @@ public:
     void DeleteAt(int index, int count)
     {
         for (; count > 0; --count) {
-            Element * const element = Base::GetAt(index);
+            delete Base::GetAt(index);
             this->RemoveAt(index);
-            delete element;
         }
     }
     // Deletes all elements in index order and releases the storage. The grow step stays.
@@ -130,7 +129,7 @@ public:
         if (this->IsEmpty()) {
             return false;
         }
-        delete RemoveLastElement();
+        DeleteAt(static_cast<int>(GetLastIndex()), 1);
         return true;
     }
 
@@ -191,6 +190,18 @@ void AssignClones(CExPtrArray<Element *, Element *> & array, const CExPtrArray<E
         array.DeleteAll();
         AppendClones(array, source);
     }
+}
+
+// The first element whose field equals the value; null if there is none.
+template <typename Element, typename Field>
+Element * FindFirst(const CExPtrArray<Element *, Element *> & array, Field Element::*field, const Field & value)
+{
+    for (std::int64_t i = 0; i < array.GetSize(); ++i) {
+        if (array.GetAt(i)->*field == value) {
+            return array.GetAt(i);
+        }
+    }
+    return nullptr;
 }
 
 }  // namespace ipc2581::detail

@@ -68,6 +68,13 @@ const TokenList & LineCycle::Tokens()
     return tokens;
 }
 
+CArray<CString, CString> & LineCycle::CopyTokens(CArray<CString, CString> & tokens)
+{
+    tokens.RemoveAll();
+    Tokens().AppendTo(tokens);
+    return tokens;
+}
+
 bool LineCycle::ReadLine()
 {
     if (m_isPlainFile) {

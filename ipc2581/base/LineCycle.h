@@ -47,6 +47,9 @@ public:
     bool Opens(std::string_view word) const { return Holds(word) && m_tested.find('/') == std::string_view::npos; }
     // The tokens of the line.
     const TokenList & Tokens();
+    // The tokens as a list of their own, for an operation that reads on in the file and takes one. What the list held
+    // goes; it is returned.
+    CArray<CString, CString> & CopyTokens(CArray<CString, CString> & tokens);
 
 private:
     bool ReadLine();

@@ -65,6 +65,19 @@ int ExportElement(CStdioFile & file, int level, const char * tag, Parts &... par
     return 1;
 }
 
+// The same for an element with one attribute, such as its name or id.
+template <typename... Parts>
+int ExportKeyedElement(CStdioFile & file, int level, const char * tag, const char * key, const CString & value,
+                       Parts &... parts)
+{
+    WriteLine(file, "%s<%s %s=\"%s\">\n", Indent(level + 1), tag, key, value);
+    if (!ExportParts(file, level + 1, parts...)) {
+        return 0;
+    }
+    WriteLine(file, "%s</%s>\n", Indent(level + 1), tag);
+    return 1;
+}
+
 }  // namespace ipc2581::detail
 
 #endif

@@ -4,12 +4,16 @@
 // What Init does with the parts that an object owns by pointer.
 namespace ipc2581::detail {
 
-// A part that exists is reset in place, so that pointers to it stay good; a missing one is made.
+// A part that exists is reset in place, so that pointers to it stay good; a missing one is made. The
+// reset of polygons and outlines is spelled InIt, beside which the shapes inherit an Init.
 template <typename Part>
 void ResetOrCreate(Part *& part)
 {
     if (part == nullptr) {
         part = new Part();
+    }
+    else if constexpr (requires { part->InIt(); }) {
+        part->InIt();
     }
     else {
         part->Init();

@@ -57,12 +57,7 @@ CIPC2581_Outline & CIPC2581_Outline::operator=(const CIPC2581_Outline & other)
 void CIPC2581_Outline::InIt()
 {
     DrawType = 19;
-    if (Polygon == nullptr) {
-        Polygon = new CIPC2581_Polygon();
-    }
-    else {
-        Polygon->InIt();
-    }
+    ResetOrCreate(Polygon);
     ResetOrCreate(LineDesc);
 }
 

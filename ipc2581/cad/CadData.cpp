@@ -1,0 +1,50 @@
+#include "ipc2581/cad/CadData.h"
+
+#include <memory>
+
+#include "ipc2581/base/AttributeScan.h"
+#include "ipc2581/base/LineCycle.h"
+#include "ipc2581/base/LineTemplate.h"
+
+using namespace ipc2581::detail;
+
+CIPC2581_Ecad_CadData::CIPC2581_Ecad_CadData() = default;
+CIPC2581_Ecad_CadData::~CIPC2581_Ecad_CadData() = default;
+
+int CIPC2581_Ecad_CadData::Export(CStdioFile & file, int level)
+{
+    return ExportElement(file, level, "CadData", m_arrLayer, m_Stackup, m_Step);
+}
+
+void CIPC2581_Ecad_CadData::ReadCadData(CStdioFile & file, CProgressCtrl * progress)
+{
+    m_pProgressCtrl = progress;
+    LineCycle line(file);
+    while (line.Next()) {
+        if (line.Opens("Layer")) {
+            auto layer = std::make_unique<CIPC2581_Ecad_CadData_Layer>();
+            ScanAttributes(line.Tokens(), {Text("name=", layer->name), Text("layerFunction=", layer->layerFunction),
+                                           Text("side=", layer->side), Text("polarity=", layer->polarity)});
+            Append(m_arrLayer, std::move(layer));
+            SetProgress(22);
+        }
+        else if (line.Opens("Stackup")) {
+            CArray<CString, CString> tokens;
+            m_Stackup.ReadStackUp(line.CopyTokens(tokens), file);
+            SetProgress(25);
+        }
+        else if (line.Opens("Step")) {
+            SetProgress(30);
+            CArray<CString, CString> tokens;
+            m_Step.ReadStep(line.CopyTokens(tokens), file, progress);
+        }
+        else if (line.Holds("/CadData")) {
+            return;
+        }
+    }
+}
+
+void CIPC2581_Ecad_CadData::SetProgress(int position)
+{
+    SendMessageA(m_pProgressCtrl, PBM_SETPOS, position, 0);
+}

@@ -1,0 +1,36 @@
+#include "ipc2581/cad/LandPattern.h"
+
+#include <memory>
+
+#include "ipc2581/base/AttributeScan.h"
+#include "ipc2581/base/LineCycle.h"
+#include "ipc2581/base/LineTemplate.h"
+
+using namespace ipc2581::detail;
+
+CIPC2581_Ecad_CadData_Step_Package_LandPattern::CIPC2581_Ecad_CadData_Step_Package_LandPattern() = default;
+CIPC2581_Ecad_CadData_Step_Package_LandPattern::~CIPC2581_Ecad_CadData_Step_Package_LandPattern() = default;
+
+int CIPC2581_Ecad_CadData_Step_Package_LandPattern::Export(CStdioFile & file, int level)
+{
+    if (PadArray.IsEmpty() && TargetArray.IsEmpty()) {
+        return 1;
+    }
+    return ExportElement(file, level, "LandPattern", PadArray, TargetArray);
+}
+
+void CIPC2581_Ecad_CadData_Step_Package_LandPattern::LandPatternAdd(CStdioFile & file)
+{
+    LineCycle line(file);
+    while (line.Next()) {
+        if (line.Opens("Pad")) {
+            auto pad = std::make_unique<CIPC2581_Ecad_CadData_Step_Pad>();
+            ScanAttributes(line.Tokens(), {Text("pin=", pad->Pin)});
+            pad->PadAdd(file);
+            Append(PadArray, std::move(pad));
+        }
+        else if (line.Holds("/LandPattern")) {
+            return;
+        }
+    }
+}

@@ -1,0 +1,97 @@
+#include "ipc2581/cad/LayerFeatureSet.h"
+
+#include "ipc2581/base/AttributeScan.h"
+#include "ipc2581/base/LineCycle.h"
+#include "ipc2581/base/LineTemplate.h"
+
+using namespace ipc2581::detail;
+
+using Set = CIPC2581_Ecad_CadData_Step_LayerFeature_Set;
+
+namespace {
+
+enum SetKind { FeaturesKind, PadKind, HoleKind };
+
+}  // namespace
+
+Set::CIPC2581_Ecad_CadData_Step_LayerFeature_Set() = default;
+Set::CIPC2581_Ecad_CadData_Step_LayerFeature_Set(const Set & other) = default;
+Set & Set::operator=(const Set & other) = default;
+Set::~CIPC2581_Ecad_CadData_Step_LayerFeature_Set() = default;
+
+int Set::Export(CStdioFile & file, int level)
+{
+    if (ExportContents(file, level) == 0) {
+        return 0;
+    }
+    WriteLine(file, "%s</Set>\n", Indent(level + 1));
+    return 1;
+}
+
+// The opening line, whose form goes with the kind, and the member that counts.
+int Set::ExportContents(CStdioFile & file, int level)
+{
+    const char * const testPoint = TrueOrFalse(TestPoint);
+    const char * const plate = TrueOrFalse(Plate);
+    switch (Kind) {
+    case FeaturesKind:
+        WriteLine(file, "%s<Set net=\"%s\">\n", Indent(level + 1), Net);
+        return Features.Export(file, level + 1);
+    case PadKind:
+        if (Net.IsEmpty()) {
+            WriteLine(file, "%s<Set testPoint=\"%s\" plate=\"%s\" padUsage=\"%s\">\n", Indent(level + 1), testPoint,
+                      plate, PadUsage);
+        }
+        else {
+            WriteLine(file, "%s<Set net=\"%s\" testPoint=\"%s\" plate=\"%s\" padUsage=\"%s\">\n", Indent(level + 1),
+                      Net, testPoint, plate, PadUsage);
+        }
+        return Pad.Export(file, level + 1);
+    case HoleKind:
+        WriteLine(file, "%s<Set>\n", Indent(level + 1));
+        return Hole.Export(file, level + 1);
+    default:
+        return 1;
+    }
+}
+
+void Set::SetAdd(CStdioFile & file)
+{
+    LineCycle line(file);
+    while (line.Next()) {
+        if (line.Holds("Xform")) {
+            continue;
+        }
+        if (line.Holds("ColorRef")) {
+            ScanAttributes(line.Tokens(), {Text("id=", ColorRef)});
+        }
+        else if (line.Opens("Features")) {
+            Features.FeaturesAdd(file);
+            Kind = FeaturesKind;
+        }
+        else if (line.Opens("Pad")) {
+            ScanAttributes(line.Tokens(), {Text("pin=", Pad.Pin)});
+            Pad.PadAdd(file);
+            Kind = PadKind;
+        }
+        else if (line.Opens("Hole")) {
+            ReadHole(line.Tokens(), Hole);
+            Kind = HoleKind;
+        }
+        else if (line.Holds("/Set")) {
+            return;
+        }
+    }
+}
+
+CIPC2581_Ecad_CadData_Step_LayerFeature_SetArray::CIPC2581_Ecad_CadData_Step_LayerFeature_SetArray() = default;
+
+CIPC2581_Ecad_CadData_Step_LayerFeature_SetArray::~CIPC2581_Ecad_CadData_Step_LayerFeature_SetArray()
+{
+    DeleteAll();
+}
+
+int CIPC2581_Ecad_CadData_Step_LayerFeature_SetArray::Export(CStdioFile & file, int level)
+{
+    return ExportElements(*this, file, level);
+}

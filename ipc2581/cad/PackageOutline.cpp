@@ -1,0 +1,57 @@
+#include "ipc2581/cad/PackageOutline.h"
+
+#include "ipc2581/base/LineTemplate.h"
+#include "ipc2581/base/OwnedPart.h"
+#include "ipc2581/draw/Outline.h"
+
+using namespace ipc2581::detail;
+
+using PackageOutline = CIPC2581_Ecad_CadData_Step_Package_Outline;
+
+PackageOutline::CIPC2581_Ecad_CadData_Step_Package_Outline()
+{
+    Init();
+}
+
+PackageOutline::CIPC2581_Ecad_CadData_Step_Package_Outline(const PackageOutline & other)
+    : CIPC2581_Ecad_CadData_Step_Package_Outline()
+{
+    PackageOutline::operator=(other);
+}
+
+PackageOutline::~CIPC2581_Ecad_CadData_Step_Package_Outline()
+{
+    delete LineDesc;
+    delete Polygon;
+}
+
+PackageOutline * PackageOutline::clone() const
+{
+    return new PackageOutline(*this);
+}
+
+PackageOutline & PackageOutline::operator=(const PackageOutline & other)
+{
+    if (this != &other) {
+        *LineDesc = *other.LineDesc;
+        *Polygon = *other.Polygon;
+    }
+    return *this;
+}
+
+int PackageOutline::Import(CStdioFile & file)
+{
+    ReadOutline(file, *Polygon, *LineDesc);
+    return 1;
+}
+
+int PackageOutline::Export(CStdioFile & file, int level)
+{
+    return ExportElement(file, level, "Outline", *LineDesc, *Polygon);
+}
+
+void PackageOutline::Init()
+{
+    ResetOrCreate(LineDesc);
+    ResetOrCreate(Polygon);
+}

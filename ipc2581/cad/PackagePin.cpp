@@ -1,0 +1,90 @@
+#include "ipc2581/cad/PackagePin.h"
+
+#include "ipc2581/base/AttributeScan.h"
+#include "ipc2581/base/LineCycle.h"
+#include "ipc2581/base/LineTemplate.h"
+#include "ipc2581/cad/Placement.h"
+
+using namespace ipc2581::detail;
+
+using Pin = CIPC2581_Ecad_CadData_Step_Package_Pin;
+using PinArray = CIPC2581_Ecad_CadData_Step_Package_PinArray;
+
+Pin::CIPC2581_Ecad_CadData_Step_Package_Pin()
+{
+    Init();
+}
+
+// The outline is copied, the transform shared: hosts rely on both.
+Pin::CIPC2581_Ecad_CadData_Step_Package_Pin(const Pin & other) = default;
+Pin & Pin::operator=(const Pin & other) = default;
+
+Pin::~CIPC2581_Ecad_CadData_Step_Package_Pin()
+{
+    delete Xform;
+}
+
+int Pin::Export(CStdioFile & file, int level)
+{
+    WriteLine(file, "%s<Pin number=\"%s\" name=\"%s\" type=\"%s\" electricalType=\"%s\">\n", Indent(level + 1), number,
+              name, type, electricalType);
+    WriteLocation(file, level + 1, Location);
+    WriteStandardPrimitiveRef(file, level + 1, StandardPrimitiveRef);
+    WriteLine(file, "%s</Pin>\n", Indent(level + 1));
+    return 1;
+}
+
+void Pin::Init()
+{
+    number = "";
+    name = "";
+    type = "";
+    electricalType = "";
+    SpareText = "";
+    // The old transform is let go, not deleted: hosts may still hold it.
+    Xform = new CIPC2581_Xform();
+    Location.SetData(0.0, 0.0);
+    StandardPrimitiveRef = "";
+}
+
+void Pin::PinAdd(CStdioFile & file)
+{
+    LineCycle line(file);
+    while (line.Next()) {
+        if (line.Opens("Xform")) {
+            // Unlike in a component no word of a file mirrors a pin.
+            ScanAttributes(line.Tokens(),
+                           {Number("rotation=", Xform->Rotation), ControlFlag("mirror=", Xform->Mirror)});
+        }
+        else if (line.Opens("Location")) {
+            ReadLocation(line.Tokens(), Location);
+        }
+        else if (line.Opens("StandardPrimitiveRef")) {
+            ReadStandardPrimitiveRef(line.Tokens(), StandardPrimitiveRef);
+        }
+        else if (line.Opens("Outline")) {
+            Outline.Import(file);
+        }
+        else if (line.Holds("/Pin")) {
+            return;
+        }
+    }
+}
+
+PinArray::CIPC2581_Ecad_CadData_Step_Package_PinArray() = default;
+
+PinArray::~CIPC2581_Ecad_CadData_Step_Package_PinArray()
+{
+    DeleteAll();
+}
+
+int CIPC2581_Ecad_CadData_Step_Package_PinArray::Export(CStdioFile & file, int level)
+{
+    return ExportElements(*this, file, level);
+}
+
+int PinArray::nGetIndexWithPinNumber(CString & /*first*/, CString & number) const
+{
+    const int index = FindIndex(FindFirst(*this, &Pin::number, number));
+    return index == -1 ? -1 : index + 1;
+}

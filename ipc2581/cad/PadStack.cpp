@@ -1,0 +1,52 @@
+#include "ipc2581/cad/PadStack.h"
+
+#include <memory>
+
+#include "ipc2581/base/AttributeScan.h"
+#include "ipc2581/base/LineCycle.h"
+
+using namespace ipc2581::detail;
+
+CIPC2581_Ecad_CadData_Step_PadStack::CIPC2581_Ecad_CadData_Step_PadStack()
+    : LayerPadArray(new CIPC2581_Ecad_CadData_Step_PadArray()), LayerHole(new CIPC2581_Ecad_CadData_Step_Hole())
+{
+}
+
+// Pads and hole are shared, not copied: hosts rely on it.
+CIPC2581_Ecad_CadData_Step_PadStack::CIPC2581_Ecad_CadData_Step_PadStack(
+    const CIPC2581_Ecad_CadData_Step_PadStack & other) = default;
+CIPC2581_Ecad_CadData_Step_PadStack &
+CIPC2581_Ecad_CadData_Step_PadStack::operator=(const CIPC2581_Ecad_CadData_Step_PadStack & other) = default;
+
+CIPC2581_Ecad_CadData_Step_PadStack::~CIPC2581_Ecad_CadData_Step_PadStack()
+{
+    delete LayerHole;
+    delete LayerPadArray;
+}
+
+void CIPC2581_Ecad_CadData_Step_PadStack::PadStackAdd(CStdioFile & file)
+{
+    LineCycle line(file);
+    while (line.Next()) {
+        if (line.Opens("LayerHole")) {
+            ReadHole(line.Tokens(), *LayerHole);
+            LayerHole->LayerHoleAdd(file);
+        }
+        else if (line.Opens("LayerPad")) {
+            auto pad = std::make_unique<CIPC2581_Ecad_CadData_Step_Pad>();
+            ScanAttributes(line.Tokens(), {Text("layerRef=", pad->LayerRef), Text("pin=", pad->Pin)});
+            pad->PadAdd(file);
+            Append(*LayerPadArray, std::move(pad));
+        }
+        else if (line.Holds("/PadStack")) {
+            return;
+        }
+    }
+}
+
+CIPC2581_Ecad_CadData_Step_PadStackArray::CIPC2581_Ecad_CadData_Step_PadStackArray() = default;
+
+CIPC2581_Ecad_CadData_Step_PadStackArray::~CIPC2581_Ecad_CadData_Step_PadStackArray()
+{
+    DeleteAll();
+}

@@ -1,0 +1,42 @@
+#ifndef IPC2581_CAD_PADSTACK_H
+#define IPC2581_CAD_PADSTACK_H
+
+#include "ipc2581/base/ExPtrArray.h"
+#include "ipc2581/base/Export.h"
+#include "ipc2581/base/XmlDataAdd_Function.h"
+#include "ipc2581/base/platform/CStdioFile.h"
+#include "ipc2581/cad/Hole.h"
+#include "ipc2581/cad/Pad.h"
+
+// A PadStack element: the pads of a pin or via on each layer and the hole through them. Read and never written.
+class IPC2581_API CIPC2581_Ecad_CadData_Step_PadStack : public CIPC2581_XmlDataAdd_Function {
+public:
+    CString NetName;
+    CIPC2581_Ecad_CadData_Step_PadArray * LayerPadArray;  // owned
+    CIPC2581_Ecad_CadData_Step_Hole * LayerHole;          // owned
+
+    CIPC2581_Ecad_CadData_Step_PadStack();
+    // A copy shares pads and hole with its source, and each of the two deletes them: hosts that copy a pad stack set
+    // the pointers of one to null.
+    CIPC2581_Ecad_CadData_Step_PadStack(const CIPC2581_Ecad_CadData_Step_PadStack & other);
+    CIPC2581_Ecad_CadData_Step_PadStack & operator=(const CIPC2581_Ecad_CadData_Step_PadStack & other);
+    ~CIPC2581_Ecad_CadData_Step_PadStack() override;
+
+    // Reads the lines behind the opening line up to the one with "/PadStack". A second LayerHole writes over the first.
+    void PadStackAdd(CStdioFile & file);
+    CString GetNetName() const { return NetName; }
+    void SetNetName(CString name) { NetName = name; }
+    CIPC2581_Ecad_CadData_Step_PadArray * GetLayerPadArray() const { return LayerPadArray; }
+    // Takes the list over. The one before is not deleted.
+    void SetLayerPadArray(CIPC2581_Ecad_CadData_Step_PadArray * pads) { LayerPadArray = pads; }
+};
+
+// The pad stacks of the board, in file order; owned. They are never written.
+class IPC2581_API CIPC2581_Ecad_CadData_Step_PadStackArray
+    : public CExPtrArray<CIPC2581_Ecad_CadData_Step_PadStack *, CIPC2581_Ecad_CadData_Step_PadStack *> {
+public:
+    CIPC2581_Ecad_CadData_Step_PadStackArray();
+    ~CIPC2581_Ecad_CadData_Step_PadStackArray() override;
+};
+
+#endif

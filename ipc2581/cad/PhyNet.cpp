@@ -1,0 +1,48 @@
+#include "ipc2581/cad/PhyNet.h"
+
+#include <memory>
+
+#include "ipc2581/base/AttributeScan.h"
+#include "ipc2581/base/LineCycle.h"
+#include "ipc2581/base/LineTemplate.h"
+
+using namespace ipc2581::detail;
+
+CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet::CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet() = default;
+CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet::~CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet() = default;
+
+int CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet::Export(CStdioFile & file, int level)
+{
+    return ExportKeyedElement(file, level, "PhyNet", "name", Name, PhyNetPointArray);
+}
+
+void CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet::PhyNetAdd(CStdioFile & file)
+{
+    LineCycle line(file);
+    while (line.Next()) {
+        if (line.Opens("PhyNetPoint")) {
+            auto point = std::make_unique<CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet_PhyNetPoint>();
+            ScanAttributes(line.Tokens(),
+                           {Number("x=", point->Location.X), Number("y=", point->Location.Y),
+                            Text("layerRef=", point->LayerRef), Text("netNode=", point->NetNode),
+                            Text("exposure=", point->Exposure), Flag("via=", point->Via), Flag("test=", point->Test)});
+            point->PhyNetPointAdd(file);
+            Append(PhyNetPointArray, std::move(point));
+        }
+        else if (line.Holds("/PhyNet")) {
+            return;
+        }
+    }
+}
+
+CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNetArray::CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNetArray() = default;
+
+CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNetArray::~CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNetArray()
+{
+    DeleteAll();
+}
+
+int CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNetArray::Export(CStdioFile & file, int level)
+{
+    return ExportElements(*this, file, level);
+}

@@ -1,0 +1,33 @@
+#include "ipc2581/cad/PhyNetGroup.h"
+
+#include <memory>
+
+#include "ipc2581/base/AttributeScan.h"
+#include "ipc2581/base/LineCycle.h"
+#include "ipc2581/base/LineTemplate.h"
+
+using namespace ipc2581::detail;
+
+CIPC2581_Ecad_CadData_Step_PhyNetGroup::CIPC2581_Ecad_CadData_Step_PhyNetGroup() = default;
+CIPC2581_Ecad_CadData_Step_PhyNetGroup::~CIPC2581_Ecad_CadData_Step_PhyNetGroup() = default;
+
+int CIPC2581_Ecad_CadData_Step_PhyNetGroup::Export(CStdioFile & file, int level)
+{
+    return ExportKeyedElement(file, level, "PhyNetGroup", "name", Name, PhyNetArray);
+}
+
+void CIPC2581_Ecad_CadData_Step_PhyNetGroup::PhyNetGroupAdd(CStdioFile & file)
+{
+    LineCycle line(file);
+    while (line.Next()) {
+        if (line.Opens("PhyNet")) {
+            auto net = std::make_unique<CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet>();
+            ScanAttributes(line.Tokens(), {Text("name=", net->Name)});
+            net->PhyNetAdd(file);
+            Append(PhyNetArray, std::move(net));
+        }
+        else if (line.Holds("/PhyNetGroup")) {
+            return;
+        }
+    }
+}

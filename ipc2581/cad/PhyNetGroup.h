@@ -1,0 +1,23 @@
+#ifndef IPC2581_CAD_PHYNETGROUP_H
+#define IPC2581_CAD_PHYNETGROUP_H
+
+#include "ipc2581/base/Export.h"
+#include "ipc2581/base/XmlDataAdd_Function.h"
+#include "ipc2581/base/platform/CStdioFile.h"
+#include "ipc2581/cad/PhyNet.h"
+
+// The PhyNetGroup element. The step has one: a second element gives it its name and adds its nets.
+class IPC2581_API CIPC2581_Ecad_CadData_Step_PhyNetGroup : public CIPC2581_XmlDataAdd_Function {
+public:
+    CString Name;
+    CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNetArray PhyNetArray;
+
+    CIPC2581_Ecad_CadData_Step_PhyNetGroup();
+    ~CIPC2581_Ecad_CadData_Step_PhyNetGroup() override;
+    virtual int Export(CStdioFile & file, int level);
+
+    // Reads the nets up to the line with "/PhyNetGroup".
+    void PhyNetGroupAdd(CStdioFile & file);
+};
+
+#endif

@@ -1,0 +1,45 @@
+#include "ipc2581/cad/SilkScreen.h"
+
+#include <memory>
+
+#include "ipc2581/base/LineCycle.h"
+#include "ipc2581/base/LineTemplate.h"
+
+using namespace ipc2581::detail;
+
+CIPC2581_Ecad_CadData_Step_Package_SilkScreen::CIPC2581_Ecad_CadData_Step_Package_SilkScreen()
+    : Outline(new CIPC2581_Outline())
+{
+}
+
+CIPC2581_Ecad_CadData_Step_Package_SilkScreen::~CIPC2581_Ecad_CadData_Step_Package_SilkScreen()
+{
+    delete Outline;
+}
+
+int CIPC2581_Ecad_CadData_Step_Package_SilkScreen::Export(CStdioFile & file, int level)
+{
+    return ExportElement(file, level, "SilkScreen", *Outline, Text, TargetArray);
+}
+
+void CIPC2581_Ecad_CadData_Step_Package_SilkScreen::SilkScreenAdd(CStdioFile & file)
+{
+    LineCycle line(file);
+    while (line.Next()) {
+        if (line.Opens("Target")) {
+            auto target = std::make_unique<CIPC2581_Ecad_CadData_Step_Target>();
+            target->TargetAdd(file);
+            Append(TargetArray, std::move(target));
+        }
+        else if (line.Holds("/SilkScreen")) {
+            return;
+        }
+    }
+}
+
+CIPC2581_Ecad_CadData_Step_Package_SilkScreenArray::CIPC2581_Ecad_CadData_Step_Package_SilkScreenArray() = default;
+
+CIPC2581_Ecad_CadData_Step_Package_SilkScreenArray::~CIPC2581_Ecad_CadData_Step_Package_SilkScreenArray()
+{
+    DeleteAll();
+}

@@ -1,0 +1,40 @@
+#ifndef IPC2581_CAD_SILKSCREEN_H
+#define IPC2581_CAD_SILKSCREEN_H
+
+#include "ipc2581/base/ExPtrArray.h"
+#include "ipc2581/base/Export.h"
+#include "ipc2581/base/XmlDataAdd_Function.h"
+#include "ipc2581/base/platform/CStdioFile.h"
+#include "ipc2581/cad/Target.h"
+#include "ipc2581/draw/Outline.h"
+#include "ipc2581/draw/Text.h"
+
+// The SilkScreen element of a package, of which the targets alone are read. It is always written, with an outline only
+// if a host has filled one.
+class IPC2581_API CIPC2581_Ecad_CadData_Step_Package_SilkScreen : public CIPC2581_XmlDataAdd_Function {
+public:
+    CIPC2581_Outline * Outline;  // owned and never null
+    CIPC2581_Text Text;
+    CIPC2581_Ecad_CadData_Step_TargetArray TargetArray;
+
+    CIPC2581_Ecad_CadData_Step_Package_SilkScreen();
+    CIPC2581_Ecad_CadData_Step_Package_SilkScreen(const CIPC2581_Ecad_CadData_Step_Package_SilkScreen &) = delete;
+    CIPC2581_Ecad_CadData_Step_Package_SilkScreen &
+    operator=(const CIPC2581_Ecad_CadData_Step_Package_SilkScreen &) = delete;
+    ~CIPC2581_Ecad_CadData_Step_Package_SilkScreen() override;
+    virtual int Export(CStdioFile & file, int level);
+
+    // Reads the targets up to the line with "/SilkScreen".
+    void SilkScreenAdd(CStdioFile & file);
+};
+
+// A list of silk screens, for hosts; owned.
+class IPC2581_API CIPC2581_Ecad_CadData_Step_Package_SilkScreenArray
+    : public CExPtrArray<CIPC2581_Ecad_CadData_Step_Package_SilkScreen *,
+                         CIPC2581_Ecad_CadData_Step_Package_SilkScreen *> {
+public:
+    CIPC2581_Ecad_CadData_Step_Package_SilkScreenArray();
+    ~CIPC2581_Ecad_CadData_Step_Package_SilkScreenArray() override;
+};
+
+#endif

@@ -1,0 +1,44 @@
+#include "ipc2581/cad/SilkScreenTarget.h"
+
+#include <memory>
+
+#include "ipc2581/base/LineCycle.h"
+#include "ipc2581/cad/Placement.h"
+#include "ipc2581/content/DicDraw_Contour.h"
+
+using namespace ipc2581::detail;
+
+using SilkScreenTarget = CIPC2581_Ecad_CadData_Step_Package_SilkScreen_Target;
+
+SilkScreenTarget::CIPC2581_Ecad_CadData_Step_Package_SilkScreen_Target() = default;
+SilkScreenTarget::CIPC2581_Ecad_CadData_Step_Package_SilkScreen_Target(const SilkScreenTarget & other) = default;
+SilkScreenTarget & SilkScreenTarget::operator=(const SilkScreenTarget & other) = default;
+SilkScreenTarget::~CIPC2581_Ecad_CadData_Step_Package_SilkScreen_Target() = default;
+
+void SilkScreenTarget::TargetAdd(CStdioFile & file)
+{
+    LineCycle line(file);
+    while (line.Next()) {
+        if (line.Opens("Contour")) {
+            auto contour = std::make_unique<CIPC2581_DicDraw_Contour>();
+            // Not the contour's own type: hosts tell the contours of these targets by it.
+            contour->DrawType = 5;
+            contour->Import(file);
+            Append(DrawObjArray, std::move(contour));
+        }
+        else if (line.Opens("Location")) {
+            ReadLocation(line.Tokens(), Location);
+        }
+        else if (line.Holds("/Target")) {
+            return;
+        }
+    }
+}
+
+CIPC2581_Ecad_CadData_Step_Package_SilkScreen_TargetArray::CIPC2581_Ecad_CadData_Step_Package_SilkScreen_TargetArray() =
+    default;
+
+CIPC2581_Ecad_CadData_Step_Package_SilkScreen_TargetArray::~CIPC2581_Ecad_CadData_Step_Package_SilkScreen_TargetArray()
+{
+    DeleteAll();
+}

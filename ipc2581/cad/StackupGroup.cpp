@@ -1,0 +1,46 @@
+#include "ipc2581/cad/StackupGroup.h"
+
+#include <memory>
+
+#include "ipc2581/base/AttributeScan.h"
+#include "ipc2581/base/LineCycle.h"
+#include "ipc2581/base/LineTemplate.h"
+
+using namespace ipc2581::detail;
+
+CIPC2581_Ecad_CadData_Stackup_StackupGroup::CIPC2581_Ecad_CadData_Stackup_StackupGroup() = default;
+CIPC2581_Ecad_CadData_Stackup_StackupGroup::~CIPC2581_Ecad_CadData_Stackup_StackupGroup() = default;
+
+int CIPC2581_Ecad_CadData_Stackup_StackupGroup::Export(CStdioFile & /*file*/, int /*level*/)
+{
+    return 1;
+}
+
+void CIPC2581_Ecad_CadData_Stackup_StackupGroup::StackUpGroupAdd(CStdioFile & file)
+{
+    LineCycle line(file);
+    while (line.Next()) {
+        if (line.Opens("StackupLayer")) {
+            auto layer = std::make_unique<CIPC2581_Ecad_CadData_Stackup_StackupGroup_StackupLayer>();
+            ScanAttributes(line.Tokens(),
+                           {Text("layerOrGroupRef=", layer->layerOrGroupRef),
+                            Text("materialType=", layer->materialType), Number("thickness=", layer->thickness)});
+            Append(StackupLayerArray, std::move(layer));
+        }
+        else if (line.Holds("/StackupGroup")) {
+            return;
+        }
+    }
+}
+
+CIPC2581_StackupGroupArray::CIPC2581_StackupGroupArray() = default;
+
+CIPC2581_StackupGroupArray::~CIPC2581_StackupGroupArray()
+{
+    DeleteAll();
+}
+
+int CIPC2581_StackupGroupArray::Export(CStdioFile & file, int level)
+{
+    return ExportElements(*this, file, level);
+}

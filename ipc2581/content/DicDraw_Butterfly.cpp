@@ -1,0 +1,26 @@
+#include "ipc2581/content/DicDraw_Butterfly.h"
+
+#include "ipc2581/base/AttributeScan.h"
+#include "ipc2581/base/LineTemplate.h"
+#include "ipc2581/content/PrimitiveRows.h"
+
+using namespace ipc2581::detail;
+
+CIPC2581_DicDraw_Butterfly::~CIPC2581_DicDraw_Butterfly() = default;
+
+int CIPC2581_DicDraw_Butterfly::Import(CArray<CString, CString> & tokens)
+{
+    ScanAttributes(tokens, {RoundOrSquareWord("shape", Shape), Number("diameter", Size), Number("side", Size)});
+    return 1;
+}
+
+int CIPC2581_DicDraw_Butterfly::Export(CStdioFile & file, int level)
+{
+    if (Shape == 0) {
+        WriteLine(file, "%s<Butterfly Shape=\"%s\" diameter=\"%f\" />\n", Indent(level + 1), GetShapeType(Shape), Size);
+    }
+    else if (Shape == 1) {
+        WriteLine(file, "%s<Butterfly Shape=\"%s\" side=\"%f\" />\n", Indent(level + 1), GetShapeType(Shape), Size);
+    }
+    return 1;
+}

@@ -1,0 +1,25 @@
+#ifndef IPC2581_CONTENT_DICDRAW_BUTTERFLY_H
+#define IPC2581_CONTENT_DICDRAW_BUTTERFLY_H
+
+#include "ipc2581/base/Export.h"
+#include "ipc2581/content/Primitive.h"
+
+// The dictionary primitive Butterfly. Written with a capital Shape=, which its reader does not look for; a butterfly
+// whose shape was never read is not written at all.
+class IPC2581_API CIPC2581_DicDraw_Butterfly : public ipc2581::detail::Primitive {
+public:
+    int Shape = -1;  // code of the outer form, -1 where none was read
+    double Size = 0.0;
+
+    CIPC2581_DicDraw_Butterfly() : Primitive(1) {}
+    CIPC2581_DicDraw_Butterfly(const CIPC2581_DicDraw_Butterfly & other) = default;
+    ~CIPC2581_DicDraw_Butterfly() override;
+    using CIPC2581_DrawObj::operator=;
+    using Primitive::Import;
+    CIPC2581_DicDraw_Butterfly * clone() const override { return new CIPC2581_DicDraw_Butterfly(*this); }
+    int Import(CArray<CString, CString> & tokens) override;
+    int Export(CStdioFile & file, int level) override;
+    virtual CIPC2581_DicDraw_Butterfly & operator=(const CIPC2581_DicDraw_Butterfly & other) = default;
+};
+
+#endif

@@ -1,0 +1,28 @@
+#include "ipc2581/content/DicDraw_Donut.h"
+
+#include "ipc2581/base/AttributeScan.h"
+#include "ipc2581/base/LineTemplate.h"
+#include "ipc2581/content/PrimitiveRows.h"
+
+using namespace ipc2581::detail;
+
+CIPC2581_DicDraw_Donut::~CIPC2581_DicDraw_Donut() = default;
+
+int CIPC2581_DicDraw_Donut::Import(CArray<CString, CString> & tokens)
+{
+    ScanAttributes(tokens, {ShapeWord("shape", Shape), Number("outerDiameter", OuterDiameter),
+                            Number("innerDiameter", InnerDiameter)});
+    return 1;
+}
+
+int CIPC2581_DicDraw_Donut::Export(CStdioFile & file, int level)
+{
+    WriteLine(file, "%s<Diamond Shape=\"%s\" outerDiameter=\"%f\" innerDiameter=\"%f\" />\n", Indent(level + 1),
+              GetShapeType(Shape), OuterDiameter, InnerDiameter);
+    return 1;
+}
+
+void CIPC2581_DicDraw_Donut::Init()
+{
+    *this = CIPC2581_DicDraw_Donut();
+}

@@ -1,0 +1,26 @@
+#include "ipc2581/content/DicDraw_Moire.h"
+
+#include "ipc2581/base/AttributeScan.h"
+#include "ipc2581/base/LineTemplate.h"
+
+using namespace ipc2581::detail;
+
+CIPC2581_DicDraw_Moire::~CIPC2581_DicDraw_Moire() = default;
+
+int CIPC2581_DicDraw_Moire::Import(CArray<CString, CString> & tokens)
+{
+    ScanAttributes(tokens, {Number("diameter", Diameter), Number("ringWidth", RingWidth), Number("ringGap", RingGap),
+                            Integer("ringNumber", RingNumber), Number("lineWidth", LineWidth),
+                            Number("lineLength", LineLength), Number("lineAngle", LineAngle)});
+    return 1;
+}
+
+int CIPC2581_DicDraw_Moire::Export(CStdioFile & file, int level)
+{
+    // The line length stands in the place of the diameter, and the other six numbers are 0.
+    WriteLine(file,
+              "%s<Moire diameter=\"%f\" ringWidth=\"%f\" ringGap=\"%f\" ringNumber=\"%d\" lineWidth=\"%f\" "
+              "lineLength=\"%f\" lineAngle=\"%f\" />\n",
+              Indent(level + 1), LineLength, 0.0, 0.0, 0, 0.0, 0.0, 0.0);
+    return 1;
+}

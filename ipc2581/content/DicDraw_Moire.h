@@ -1,0 +1,29 @@
+#ifndef IPC2581_CONTENT_DICDRAW_MOIRE_H
+#define IPC2581_CONTENT_DICDRAW_MOIRE_H
+
+#include "ipc2581/base/Export.h"
+#include "ipc2581/content/Primitive.h"
+
+// The dictionary primitive Moire. Written with its line length as the diameter and 0 for everything else.
+class IPC2581_API CIPC2581_DicDraw_Moire : public ipc2581::detail::Primitive {
+public:
+    double Diameter = 0.0;
+    double RingWidth = 0.0;
+    double RingGap = 0.0;
+    int RingNumber = 0;
+    double LineWidth = 0.0;
+    double LineLength = 0.0;
+    double LineAngle = 0.0;
+
+    CIPC2581_DicDraw_Moire() : Primitive(8) {}
+    CIPC2581_DicDraw_Moire(const CIPC2581_DicDraw_Moire & other) = default;
+    ~CIPC2581_DicDraw_Moire() override;
+    using CIPC2581_DrawObj::operator=;
+    using Primitive::Import;
+    CIPC2581_DicDraw_Moire * clone() const override { return new CIPC2581_DicDraw_Moire(*this); }
+    int Import(CArray<CString, CString> & tokens) override;
+    int Export(CStdioFile & file, int level) override;
+    virtual CIPC2581_DicDraw_Moire & operator=(const CIPC2581_DicDraw_Moire & other) = default;
+};
+
+#endif

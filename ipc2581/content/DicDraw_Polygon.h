@@ -1,0 +1,27 @@
+#ifndef IPC2581_CONTENT_DICDRAW_POLYGON_H
+#define IPC2581_CONTENT_DICDRAW_POLYGON_H
+
+#include "ipc2581/base/Export.h"
+#include "ipc2581/content/DictionaryContour.h"
+
+// A Polygon element that hosts fill and the library only writes.
+class IPC2581_API CIPC2581_DicDraw_Polygon : public ipc2581::detail::DictionaryContour {
+public:
+    CIPC2581_DicDraw_Polygon() : DictionaryContour(1) {}
+    CIPC2581_DicDraw_Polygon(const CIPC2581_DicDraw_Polygon & other) : CIPC2581_DicDraw_Polygon()
+    {
+        CopyContour(other);
+    }
+    ~CIPC2581_DicDraw_Polygon() override;
+    using CIPC2581_DictionaryDrawObj::clone;
+    using CIPC2581_DictionaryDrawObj::operator=;
+    int Export(CStdioFile & file, int level) override;
+    // A true copy, the caller's to delete. It does not take the place of the base's clone() const.
+    virtual CIPC2581_DicDraw_Polygon * clone() { return new CIPC2581_DicDraw_Polygon(*this); }
+    virtual CIPC2581_DicDraw_Polygon & operator=(const CIPC2581_DicDraw_Polygon & other);
+
+    // Takes a new empty list. The old one lives on: hosts hold pointers to it.
+    void Init() { Restart(1); }
+};
+
+#endif

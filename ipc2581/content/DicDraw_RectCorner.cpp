@@ -1,0 +1,27 @@
+#include "ipc2581/content/DicDraw_RectCorner.h"
+
+#include "ipc2581/base/AttributeScan.h"
+#include "ipc2581/base/LineTemplate.h"
+
+using namespace ipc2581::detail;
+
+CIPC2581_DicDraw_RectCorner::~CIPC2581_DicDraw_RectCorner() = default;
+
+int CIPC2581_DicDraw_RectCorner::Import(CArray<CString, CString> & tokens)
+{
+    ScanAttributes(tokens, {Number("lowerLeftX", Lower_LeftX), Number("lowerLeftY", Lower_LeftY),
+                            Number("upperRightX", Upper_RightX), Number("upperRightY", Upper_RightY)});
+    return 1;
+}
+
+int CIPC2581_DicDraw_RectCorner::Export(CStdioFile & file, int level)
+{
+    WriteLine(file, "%s<RectCorner lowerLeftX=\"%f\" lowerLeftY=\"%f\" upperRightX=\"%f\" upperRightY=\"%f\" />\n",
+              Indent(level + 1), Lower_LeftX, Lower_LeftY, Upper_RightX, Upper_RightY);
+    return 1;
+}
+
+void CIPC2581_DicDraw_RectCorner::Init()
+{
+    *this = CIPC2581_DicDraw_RectCorner();
+}

@@ -1,0 +1,46 @@
+#ifndef IPC2581_CONTENT_DICDRAW_RECTROUND_H
+#define IPC2581_CONTENT_DICDRAW_RECTROUND_H
+
+#include "ipc2581/base/Export.h"
+#include "ipc2581/content/Primitive.h"
+
+// The dictionary primitive RectRound. A corner flag is set only by "TURE" and written as "TRUE", without a blank
+// between two of them.
+class IPC2581_API CIPC2581_DicDraw_RectRound : public ipc2581::detail::Primitive {
+public:
+    double Width = 0.0;
+    double Height = 0.0;
+    double Radius = 0.0;
+    int UpperRight = 0;
+    int UpperLeft = 0;
+    int LowerLeft = 0;
+    int LowerRight = 0;
+
+    CIPC2581_DicDraw_RectRound() : Primitive(14) {}
+    CIPC2581_DicDraw_RectRound(const CIPC2581_DicDraw_RectRound & other) = default;
+    ~CIPC2581_DicDraw_RectRound() override;
+    using CIPC2581_DrawObj::operator=;
+    using Primitive::Import;
+    CIPC2581_DicDraw_RectRound * clone() const override { return new CIPC2581_DicDraw_RectRound(*this); }
+    int Import(CArray<CString, CString> & tokens) override;
+    int Export(CStdioFile & file, int level) override;
+    virtual CIPC2581_DicDraw_RectRound & operator=(const CIPC2581_DicDraw_RectRound & other) = default;
+
+    void Init();
+    double GetWidth() const { return Width; }
+    void SetWidth(double value) { Width = value; }
+    double GetHeight() const { return Height; }
+    void SetHeight(double value) { Height = value; }
+    double GetRadius() const { return Radius; }
+    void SetRadius(double value) { Radius = value; }
+    int GetUpperRight() const { return UpperRight; }
+    void SetUpperRight(int value) { UpperRight = value; }
+    int GetUpperLeft() const { return UpperLeft; }
+    void SetUpperLeft(int value) { UpperLeft = value; }
+    int GetLowerLeft() const { return LowerLeft; }
+    void SetLowerLeft(int value) { LowerLeft = value; }
+    int GetLowerRight() const { return LowerRight; }
+    void SetLowerRight(int value) { LowerRight = value; }
+};
+
+#endif

@@ -1,0 +1,42 @@
+#ifndef IPC2581_CONTENT_DICDRAW_THERMAL_H
+#define IPC2581_CONTENT_DICDRAW_THERMAL_H
+
+#include "ipc2581/base/Export.h"
+#include "ipc2581/content/Primitive.h"
+
+// The dictionary primitive Thermal. The spoke count is read and kept, but always written as 4.
+class IPC2581_API CIPC2581_DicDraw_Thermal : public ipc2581::detail::Primitive {
+public:
+    int Shape = -1;  // code of the outer form, -1 where none was read
+    double OuterDiameter = 0.0;
+    double InnerDiameter = 0.0;
+    int SpokeCount = 0;
+    double Gap = 0.0;
+    double SpokeStartAngle = 0.0;
+
+    CIPC2581_DicDraw_Thermal() : Primitive(15) {}
+    CIPC2581_DicDraw_Thermal(const CIPC2581_DicDraw_Thermal & other) = default;
+    ~CIPC2581_DicDraw_Thermal() override;
+    using CIPC2581_DrawObj::operator=;
+    using Primitive::Import;
+    CIPC2581_DicDraw_Thermal * clone() const override { return new CIPC2581_DicDraw_Thermal(*this); }
+    int Import(CArray<CString, CString> & tokens) override;
+    int Export(CStdioFile & file, int level) override;
+    virtual CIPC2581_DicDraw_Thermal & operator=(const CIPC2581_DicDraw_Thermal & other) = default;
+
+    void Init();
+    int GetShape() const { return Shape; }
+    void SetShape(int value) { Shape = value; }
+    double GetOuterDiameter() const { return OuterDiameter; }
+    void SetOuterDiameter(double value) { OuterDiameter = value; }
+    double GetInnerDiameter() const { return InnerDiameter; }
+    void SetInnerDiameter(double value) { InnerDiameter = value; }
+    int GetSpokeCount() const { return SpokeCount; }
+    void SetSpokeCount(int value) { SpokeCount = value; }
+    double GetGap() const { return Gap; }
+    void SetGap(double value) { Gap = value; }
+    double GetSpokeStartAngle() const { return SpokeStartAngle; }
+    void SetSpokeStartAngle(double value) { SpokeStartAngle = value; }
+};
+
+#endif

@@ -1,0 +1,20 @@
+#include "ipc2581/content/DicDraw_Triangle.h"
+
+#include "ipc2581/base/AttributeScan.h"
+#include "ipc2581/base/LineTemplate.h"
+
+using namespace ipc2581::detail;
+
+CIPC2581_DicDraw_Triangle::~CIPC2581_DicDraw_Triangle() = default;
+
+int CIPC2581_DicDraw_Triangle::Import(CArray<CString, CString> & tokens)
+{
+    ScanAttributes(tokens, {Number("base", Base), Number("height", Height)});
+    return 1;
+}
+
+int CIPC2581_DicDraw_Triangle::Export(CStdioFile & file, int level)
+{
+    WriteLine(file, "%s<Triangle base=\"%f\" height=\"%f\" />\n", Indent(level + 1), Base, Height);
+    return 1;
+}

@@ -1,0 +1,27 @@
+#include "ipc2581/content/DictionaryContour.h"
+
+namespace ipc2581::detail {
+
+DictionaryContour::DictionaryContour(int drawType) : PtArray(nullptr)
+{
+    Restart(drawType);
+}
+
+DictionaryContour::~DictionaryContour()
+{
+    delete PtArray;
+}
+
+void DictionaryContour::Restart(int drawType)
+{
+    DrawType = drawType;
+    PtArray = new CIPC2581_PtArray();
+}
+
+void DictionaryContour::CopyContour(const DictionaryContour & other)
+{
+    DrawType = other.DrawType;
+    *PtArray = *other.PtArray;
+}
+
+}  // namespace ipc2581::detail

@@ -1,0 +1,39 @@
+#ifndef IPC2581_CONTENT_DICTIONARYDRAWOBJ_H
+#define IPC2581_CONTENT_DICTIONARYDRAWOBJ_H
+
+#include "ipc2581/base/ExPtrArray.h"
+#include "ipc2581/base/Export.h"
+#include "ipc2581/base/platform/CStdioFile.h"
+
+// Base of a second family of dictionary contours, which only writes: hosts fill its objects. It is no CIPC2581_DrawObj
+// and has draw types of its own: 0 the base, 1 a polygon, 2 a cutout.
+class IPC2581_API CIPC2581_DictionaryDrawObj {
+public:
+    int DrawType = 0;
+
+    CIPC2581_DictionaryDrawObj();
+    CIPC2581_DictionaryDrawObj(const CIPC2581_DictionaryDrawObj & other);
+    virtual ~CIPC2581_DictionaryDrawObj();
+    // A plain object with the draw type alone, also for the derived classes; the caller's to delete.
+    virtual CIPC2581_DictionaryDrawObj * clone() const;
+    // Copies the draw type.
+    virtual CIPC2581_DictionaryDrawObj & operator=(const CIPC2581_DictionaryDrawObj & other);
+    // Writes nothing and gives 1.
+    virtual int Export(CStdioFile & file, int level);
+};
+
+// A list of them, which it owns.
+class IPC2581_API CIPC2581_DictionaryDrawObjArray
+    : public CExPtrArray<CIPC2581_DictionaryDrawObj *, CIPC2581_DictionaryDrawObj *> {
+public:
+    CIPC2581_DictionaryDrawObjArray();
+    CIPC2581_DictionaryDrawObjArray(const CIPC2581_DictionaryDrawObjArray & other);
+    // Deletes the own objects and takes the clone() const of each of the other's: plain objects, so that a copied list
+    // writes nothing.
+    CIPC2581_DictionaryDrawObjArray & operator=(const CIPC2581_DictionaryDrawObjArray & other);
+    ~CIPC2581_DictionaryDrawObjArray() override;
+
+    virtual int Export(CStdioFile & file, int level);
+};
+
+#endif

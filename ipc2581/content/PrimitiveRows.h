@@ -1,0 +1,24 @@
+#ifndef IPC2581_CONTENT_PRIMITIVEROWS_H
+#define IPC2581_CONTENT_PRIMITIVEROWS_H
+
+#include "ipc2581/base/AttributeScan.h"
+
+// Attribute rows that only the dictionary primitives have.
+namespace ipc2581::detail {
+
+// The code of the shape word that the token holds; the value is not taken, and an unknown word leaves the field.
+Attribute ShapeWord(std::string_view word, int & shape);
+// The same for the shapes that know "ROUND" and "SQUARE" alone.
+Attribute RoundOrSquareWord(std::string_view word, int & shape);
+// 1 if the value holds "TURE". That is the word as the reader has it: "TRUE" sets nothing, and nothing clears a flag.
+Attribute CornerFlag(std::string_view word, int & flag);
+
+// What the writers put for a corner: the piece if the flag is set, else nothing.
+inline const char * CornerPiece(int flag, const char * piece)
+{
+    return flag != 0 ? piece : "";
+}
+
+}  // namespace ipc2581::detail
+
+#endif

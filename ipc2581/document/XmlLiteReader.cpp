@@ -1,0 +1,193 @@
+#include "ipc2581/document/XmlLiteReader.h"
+
+#include "ipc2581/base/AttributeScan.h"
+#include "ipc2581/base/LineCycle.h"
+#include "ipc2581/base/LineTemplate.h"
+
+using namespace ipc2581::detail;
+
+CIPC2581_XmlLiteReader::CIPC2581_XmlLiteReader() = default;
+CIPC2581_XmlLiteReader::~CIPC2581_XmlLiteReader() = default;
+
+int CIPC2581_XmlLiteReader::OpenPath(CString & path, CIPC2581_Parser & root)
+{
+    if (m_File.Open(path, CStdioFile::modeReadWrite, nullptr) == 0) {
+        // No return: the scan below finds the end of a file that is not open at once.
+        AfxMessageBox("file read error!", 0, 0);
+    }
+    CArray<CString, CString> tokens;
+    LineCycle line(m_File);
+    while (line.Next()) {
+        if (line.Holds("Content")) {
+            Log("[Content]_Start\n");
+            ContentProcess(root);
+            Log("[Content]_End\n");
+        }
+        else if (line.Holds("LogisticHeader")) {
+            Log("[LogisticHeader]_Start\n");
+            LogisticHeaderProcess(root);
+            SetProgress(1);
+            Log("[LogisticHeader]_End\n");
+        }
+        else if (line.Holds("HistoryRecord")) {
+            Log("[HistoryRecord]_Start\n");
+            HistoryRecordProcess(line.CopyTokens(tokens), root);
+            SetProgress(2);
+            Log("[HistoryRecord]_End\n");
+        }
+        else if (line.Holds("Bom")) {
+            Log("[Bom]_Start\n");
+            BomProcess(line.CopyTokens(tokens), root);
+            SetProgress(4);
+            Log("[Bom]_End\n");
+        }
+        else if (line.Holds("Ecad")) {
+            Log("[Ecad]_Start\n");
+            SetProgress(8);
+            EcadProcess(line.CopyTokens(tokens), root);
+            Log("[Ecad]_End\n");
+        }
+        else if (line.Holds("/IPC-2581")) {
+            SetProgress(100);
+        }
+    }
+    return 1;
+}
+
+int CIPC2581_XmlLiteReader::WriteFilePath(CString & path, CIPC2581_Parser & root)
+{
+    if (m_File.Open(path, CStdioFile::modeCreate | CStdioFile::modeWrite, nullptr) == 0) {
+        // The text of the read path, which hosts know.
+        AfxMessageBox("file read error!", 0, 0);
+        return 0;
+    }
+    WriteLine(m_File, "%s<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n", Indent(0));
+    WriteLine(m_File,
+              "%s<IPC-2581 xmlns=\"http://webstds.ipc.org/2581\" "
+              "xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" "
+              "xmlns:xsd=\"http://www.w3.org/2001/XMLSchema\">\n",
+              Indent(0));
+    if (WriteIPC2581(root, 0) == 0) {
+        return 0;
+    }
+    WriteLine(m_File, "%s</IPC-2581>\n", Indent(0));
+    m_File.Close();
+    return 1;
+}
+
+int CIPC2581_XmlLiteReader::WriteIPC2581(CIPC2581_Parser & root, int level)
+{
+    if (root.m_Content.Export(m_File, level) == 0) {
+        return 0;
+    }
+    SetProgress(10);
+    if (root.m_Ecad.Export(m_File, level) == 0) {
+        return 0;
+    }
+    SetProgress(100);
+    return 1;
+}
+
+void CIPC2581_XmlLiteReader::SetProgress(int position)
+{
+    SendMessageA(m_pProgressCtrl, PBM_SETPOS, position, 0);
+}
+
+void CIPC2581_XmlLiteReader::ContentProcess(CIPC2581_Parser & root)
+{
+    CIPC2581_Content & content = root.m_Content;
+    CArray<CString, CString> tokens;
+    LineCycle line(m_File, LineForm::Content);
+    while (line.Next()) {
+        if (line.Holds("FunctionMode")) {
+            content.ReadFunctionMode(line.CopyTokens(tokens));
+        }
+        else if (line.Holds("StepRef")) {
+            content.ReadStepRef(line.CopyTokens(tokens)[0]);
+        }
+        else if (line.Holds("LayerRef")) {
+            content.ReadLayerRef(line.CopyTokens(tokens)[0]);
+        }
+        else if (line.Holds("BomRef")) {
+            content.ReadBomRef(line.CopyTokens(tokens)[0]);
+        }
+        else if (line.Holds("DictionaryStandard")) {
+            content.ReadDictionaryStandard(line.CopyTokens(tokens), m_File);
+        }
+        else if (line.Holds("DictionaryUser")) {
+            content.ReadDictionaryUser(line.CopyTokens(tokens), m_File);
+        }
+        else if (line.Holds("DictionaryColor")) {
+            content.ReadDictionaryColor(line.CopyTokens(tokens), m_File);
+        }
+        else if (line.Holds("/Content")) {
+            return;
+        }
+    }
+}
+
+void CIPC2581_XmlLiteReader::LogisticHeaderProcess(CIPC2581_Parser & root)
+{
+    LineCycle line(m_File);
+    while (line.Next()) {
+        if (line.Holds("Role")) {
+            ScanAttributes(line.Tokens(), {Text("name", root.m_LogisticHeader.m_strRoleName)});
+        }
+        else if (line.Holds("Person")) {
+            ScanAttributes(line.Tokens(), {Text("name", root.m_LogisticHeader.m_strPersonName)});
+        }
+        else if (line.Holds("/LogisticHeader")) {
+            return;
+        }
+    }
+}
+
+void CIPC2581_XmlLiteReader::HistoryRecordProcess(CArray<CString, CString> & tokens, CIPC2581_Parser & root)
+{
+    CIPC2581_HistoryRecord & record = root.m_HistoryRecord;
+    ScanAttributes(tokens, {Integer("number=", record.number), Text("origination=", record.origination),
+                            Text("toolRef=", record.toolRef), Text("lastChange=", record.lastChange)});
+}
+
+void CIPC2581_XmlLiteReader::BomProcess(CArray<CString, CString> & tokens, CIPC2581_Parser & root)
+{
+    ScanAttributes(tokens, {Text("name=", root.m_Bom.name)});
+    CArray<CString, CString> opening;
+    LineCycle line(m_File);
+    while (line.Next()) {
+        if (line.Holds("BomHeader")) {
+            root.m_Bom.ReadBomHeader(line.CopyTokens(opening));
+        }
+        else if (line.Holds("BomItem")) {
+            root.m_Bom.ReadBomItem(line.CopyTokens(opening), m_File);
+        }
+        else if (line.Holds("/Bom")) {
+            return;
+        }
+    }
+}
+
+void CIPC2581_XmlLiteReader::EcadProcess(CArray<CString, CString> & tokens, CIPC2581_Parser & root)
+{
+    ScanAttributes(tokens, {Text("name=", root.m_Ecad.name)});
+    CArray<CString, CString> opening;
+    LineCycle line(m_File);
+    while (line.Next()) {
+        if (line.Opens("CadHeader")) {
+            root.m_Ecad.ReadCadHeader(line.CopyTokens(opening));
+            SetProgress(10);
+        }
+        else if (line.Opens("CadData")) {
+            SetProgress(20);
+            root.m_Ecad.m_CadData.ReadCadData(m_File, m_pProgressCtrl);
+        }
+        else if (line.Holds("/Ecad")) {
+            return;
+        }
+    }
+}
+
+void CIPC2581_XmlLiteReader::Log(const char * entry)
+{
+    m_arrSectionLog.SetAtGrow(m_arrSectionLog.GetSize(), entry);
+}

@@ -1,0 +1,51 @@
+#ifndef IPC2581_DOCUMENT_XMLLITEREADER_H
+#define IPC2581_DOCUMENT_XMLLITEREADER_H
+
+#include "ipc2581/base/Export.h"
+#include "ipc2581/base/XmlDataAdd_Function.h"
+#include "ipc2581/base/platform/CProgressCtrl.h"
+#include "ipc2581/base/platform/CStdioFile.h"
+#include "ipc2581/base/platform/CStringArray.h"
+#include "ipc2581/document/Parser.h"
+
+// Reads a file into a root and writes a root to a file. One reader is meant for one file at a time; a second OpenPath,
+// or WriteFilePath behind OpenPath, closes the file before. Nothing here catches what a damaged file or a failing disk
+// throws: CInvalidArgException for a line of blanks or a value cut off at the end of its line, CFileException for a
+// failed read or write. The root then holds what was finished before.
+class IPC2581_API CIPC2581_XmlLiteReader : public CIPC2581_XmlDataAdd_Function {
+public:
+    CStdioFile m_File;          // stays open behind OpenPath, until the reader is destroyed or opens another
+    CStringArray m_arrMessage;  // nothing fills it
+    CProgressCtrl * m_pProgressCtrl = nullptr;  // the host's, which assigns it; null shows no progress
+    CStringArray m_arrSectionLog;               // the start and end of each section in file order; never cleared
+
+    CIPC2581_XmlLiteReader();
+    CIPC2581_XmlLiteReader(const CIPC2581_XmlLiteReader &) = delete;
+    CIPC2581_XmlLiteReader & operator=(const CIPC2581_XmlLiteReader &) = delete;
+    ~CIPC2581_XmlLiteReader() override;
+
+    // Reads the file, which must exist and be writable too, into the root and returns 1. A file that cannot be opened
+    // shows the message "file read error!", reads nothing, and gives 1 as well.
+    int OpenPath(CString & path, CIPC2581_Parser & root);
+    // Writes the Content and Ecad sections of the root to the file and returns 1. Returns 0 behind the message "file
+    // read error!" if the file cannot be made, and if a part of the model could not be written; the file then stays
+    // open and ends in the middle.
+    int WriteFilePath(CString & path, CIPC2581_Parser & root);
+    // Writes the two sections into the open file.
+    int WriteIPC2581(CIPC2581_Parser & root, int level);
+    // Sends the position to the progress control, if there is one.
+    void SetProgress(int position);
+
+    // Read one section each from the open file, up to its closing line; the history record stands on its line alone.
+    // The token list is that of the line which opened the section.
+    void ContentProcess(CIPC2581_Parser & root);
+    void LogisticHeaderProcess(CIPC2581_Parser & root);
+    void HistoryRecordProcess(CArray<CString, CString> & tokens, CIPC2581_Parser & root);
+    void BomProcess(CArray<CString, CString> & tokens, CIPC2581_Parser & root);
+    void EcadProcess(CArray<CString, CString> & tokens, CIPC2581_Parser & root);
+
+private:
+    void Log(const char * entry);
+};
+
+#endif

@@ -1,0 +1,21 @@
+#ifndef IPC2581_LOGISTICS_HISTORYRECORD_H
+#define IPC2581_LOGISTICS_HISTORYRECORD_H
+
+#include "ipc2581/base/Export.h"
+#include "ipc2581/base/platform/CString.h"
+
+// The HistoryRecord element: when the document was made. Read and never written. Dates stay text.
+class IPC2581_API CIPC2581_HistoryRecord {
+public:
+    int number = 0;
+    CString origination;
+    CString toolRef;
+    CString lastChange;
+
+    CIPC2581_HistoryRecord();
+    CIPC2581_HistoryRecord(const CIPC2581_HistoryRecord & other);
+    CIPC2581_HistoryRecord & operator=(const CIPC2581_HistoryRecord & other);
+    virtual ~CIPC2581_HistoryRecord();
+};
+
+#endif
