@@ -1,26 +1,22 @@
 #include "ipc2581/base/AttributeScan.h"
 
+#include <algorithm>
+
 #include "ipc2581/base/platform/Number.h"
 
 namespace ipc2581::detail {
 namespace {
 
-template <typename Field>
-Attribute Row(std::string_view word, Field & field, void (*store)(AttributeHit &, void *))
-{
-    return {word, store, &field};
-}
-
 bool IsTrue(std::string_view value)
 {
-    return value.find("TRUE") != std::string_view::npos;
+    return HoldsText(value, "TRUE");
 }
 
 void TestToken(const TokenList & tokens, int & index, Attributes rows)
 {
     const std::string_view token = tokens[index];
     for (const Attribute & row : rows) {
-        if (token.find(row.word) != std::string_view::npos) {
+        if (row.word.IsIn(token)) {
             AttributeHit hit(tokens, index);
             row.store(hit, row.field);
             return;
@@ -28,41 +24,129 @@ void TestToken(const TokenList & tokens, int & index, Attributes rows)
     }
 }
 
+// What a key or a plain value is made of: everything but blanks, quotes and what has a meaning of its own.
+constexpr std::array<bool, 256> MakeOrdinary()
+{
+    std::array<bool, 256> ordinary = {};
+    ordinary.fill(true);
+    for (const char ch : std::string_view(" \"=<>/")) {
+        ordinary[static_cast<unsigned char>(ch)] = false;
+    }
+    return ordinary;
+}
+
+constexpr std::array<bool, 256> Ordinary = MakeOrdinary();
+
+const char * SkipOrdinary(const char * at, const char * end)
+{
+    while (at != end && Ordinary[static_cast<unsigned char>(*at)]) {
+        ++at;
+    }
+    return at;
+}
+
+const char * SkipBlanks(const char * at, const char * end)
+{
+    while (at != end && *at == ' ') {
+        ++at;
+    }
+    return at;
+}
+
+// The end of a line: an optional "/" and an optional ">", with nothing but blanks behind them.
+bool IsTail(const char * at, const char * end)
+{
+    if (at != end && *at == '/') {
+        ++at;
+    }
+    if (at != end && *at == '>') {
+        ++at;
+    }
+    return SkipBlanks(at, end) == end;
+}
+
+// A token of the form key="value" has one "=", so a word that ends in one is held exactly if the key and its "=" end in
+// it.
+void TestPlain(std::string_view keyWithEqual, std::string_view value, Attributes rows)
+{
+    for (const Attribute & row : rows) {
+        if (keyWithEqual.ends_with(row.word.Text())) {
+            AttributeHit hit(value);
+            row.store(hit, row.field);
+            return;
+        }
+    }
+}
+
+// Scans what stands behind the first token of a line as long as it has the plain form; false from there on.
+bool ScanPlain(std::string_view rest, Attributes first, Attributes second)
+{
+    const char * at = rest.data();
+    const char * const end = at + rest.size();
+    for (;;) {
+        const char * const key = SkipBlanks(at, end);
+        const char * const equal = SkipOrdinary(key, end);
+        if (equal == key || equal == end) {
+            return IsTail(equal, end);
+        }
+        if (*equal != '=' || end - equal < 2 || equal[1] != '"') {
+            return false;
+        }
+        const char * const value = equal + 2;
+        const char * const quote = SkipOrdinary(value, end);
+        if (quote == end || *quote != '"') {
+            return false;
+        }
+        at = quote + 1;
+        if (at != end && *at != ' ' && !IsTail(at, end)) {
+            return false;
+        }
+        const std::string_view keyWithEqual(key, static_cast<std::size_t>(equal + 1 - key));
+        const std::string_view text(value, static_cast<std::size_t>(quote - value));
+        TestPlain(keyWithEqual, text, first);
+        TestPlain(keyWithEqual, text, second);
+        if (at == end || *at != ' ') {
+            return true;
+        }
+    }
+}
+
+bool AreAttributes(Attributes rows)
+{
+    return std::all_of(rows.begin(), rows.end(), [](const Attribute & row) { return row.word.IsAttribute(); });
+}
+
 }  // namespace
 
-Attribute Text(std::string_view word, CString & field)
+void StoreText(AttributeHit & hit, void * field)
 {
-    return Row(word, field, [](AttributeHit & hit, void * to) { *static_cast<CString *>(to) = hit.Take(); });
+    *static_cast<CString *>(field) = hit.Take();
 }
 
-Attribute Number(std::string_view word, double & field)
+void StoreNumber(AttributeHit & hit, void * field)
 {
-    return Row(word, field,
-               [](AttributeHit & hit, void * to) { *static_cast<double *>(to) = ParseDouble(hit.Take()); });
+    *static_cast<double *>(field) = ParseDouble(hit.Take());
 }
 
-Attribute Integer(std::string_view word, int & field)
+void StoreInteger(AttributeHit & hit, void * field)
 {
-    return Row(word, field, [](AttributeHit & hit, void * to) { *static_cast<int *>(to) = ParseInteger(hit.Take()); });
+    *static_cast<int *>(field) = ParseInteger(hit.Take());
 }
 
-Attribute Flag(std::string_view word, bool & field)
+void StoreBoolFlag(AttributeHit & hit, void * field)
 {
-    return Row(word, field, [](AttributeHit & hit, void * to) { *static_cast<bool *>(to) = IsTrue(hit.Take()); });
+    *static_cast<bool *>(field) = IsTrue(hit.Take());
 }
 
-Attribute Flag(std::string_view word, int & field)
+void StoreIntFlag(AttributeHit & hit, void * field)
 {
-    return Row(word, field,
-               [](AttributeHit & hit, void * to) { *static_cast<int *>(to) = IsTrue(hit.Take()) ? 1 : 0; });
+    *static_cast<int *>(field) = IsTrue(hit.Take()) ? 1 : 0;
 }
 
-Attribute ControlFlag(std::string_view word, int & field)
+void StoreControlFlag(AttributeHit & hit, void * field)
 {
-    return Row(word, field, [](AttributeHit & hit, void * to) {
-        constexpr std::string_view control = "\x01";
-        *static_cast<int *>(to) = hit.Take() == control ? 1 : 0;
-    });
+    constexpr std::string_view control = "\x01";
+    *static_cast<int *>(field) = hit.Take() == control ? 1 : 0;
 }
 
 void ScanAttributes(const TokenList & tokens, Attributes rows)
@@ -71,6 +155,15 @@ void ScanAttributes(const TokenList & tokens, Attributes rows)
 }
 
 void ScanAttributes(const TokenList & tokens, Attributes first, Attributes second)
+{
+    std::string_view rest;
+    const bool mayBePlain = tokens.HasRest(rest) && AreAttributes(first) && AreAttributes(second);
+    if (!mayBePlain || !ScanPlain(rest, first, second)) {
+        ScanTokens(tokens, first, second);
+    }
+}
+
+void ScanTokens(const TokenList & tokens, Attributes first, Attributes second)
 {
     for (int index = 0; index < tokens.Size(); ++index) {
         TestToken(tokens, index, first);

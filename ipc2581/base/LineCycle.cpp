@@ -34,36 +34,40 @@ bool LineCycle::Next()
     if (!ReadLine()) {
         return false;
     }
-    if (m_form == LineForm::Trimmed) {
-        m_line = Trimmed(m_line);
-    }
-    else if (m_form == LineForm::Content) {
+    switch (m_form) {
+    case LineForm::Plain:
+        TestFirstToken();
+        break;
+    case LineForm::Content:
         m_line = FromFirstBracket(m_line);
+        if (m_line.find(' ') == std::string_view::npos) {
+            BlankBothEnds();
+            TestWholeLine();
+        }
+        else {
+            TestFirstToken();
+        }
+        break;
+    case LineForm::Trimmed:
+        m_line = Trimmed(m_line);
+        TestFirstToken();
+        break;
+    case LineForm::WholeLine:
+        TestWholeLine();
+        m_isWhole = m_line.find(' ') == std::string_view::npos;
+        break;
     }
-    m_isTokenised = false;
-    m_isWhole = m_line.find(' ') == std::string_view::npos;
-    if (m_form == LineForm::WholeLine) {
-        m_tested = m_line;
-        return true;
-    }
-    if (m_form == LineForm::Content && m_isWhole) {
-        BlankBothEnds();
-    }
-    m_tested = m_isWhole ? m_line : FirstToken();
     return true;
 }
 
 const TokenList & LineCycle::Tokens()
 {
     TokenList & tokens = m_lines.Tokens();
-    if (!m_isTokenised) {
-        if (m_isWhole) {
-            tokens.SetWhole(m_line);
-        }
-        else {
-            tokens.Cut(m_line);
-        }
-        m_isTokenised = true;
+    if (m_isWhole) {
+        tokens.SetWhole(m_line);
+    }
+    else {
+        tokens.SetLine(m_line, m_restAt);
     }
     return tokens;
 }
@@ -85,6 +89,58 @@ bool LineCycle::ReadLine()
     return isRead;
 }
 
+void LineCycle::TestWholeLine()
+{
+    m_isWhole = true;
+    m_restAt = TokenList::NoPlainRest;
+    m_tested = m_line;
+    m_testedSet = SetOf(m_line);
+}
+
+// Finds the first token without a token list, which a line that no test hits never needs.
+void LineCycle::TestFirstToken()
+{
+    const char * const begin = m_line.data();
+    const char * const end = begin + m_line.size();
+    const char * start = begin;
+    while (start != end && *start == ' ') {
+        ++start;
+    }
+    if (start == end && start != begin) {
+        AfxThrowInvalidArgException();
+    }
+    const char * tokenEnd = start;
+    CharacterSet set = 0;
+    for (; tokenEnd != end && *tokenEnd != ' '; ++tokenEnd) {
+        set |= SetOf(*tokenEnd);
+    }
+    m_isWhole = start == begin && tokenEnd == end;
+    m_tested = {start, static_cast<std::size_t>(tokenEnd - start)};
+    m_testedSet = set;
+    m_restAt = (set & SetOf('=')) == 0 ? static_cast<std::size_t>(tokenEnd - begin) : TokenList::NoPlainRest;
+    if (!m_isWhole && (set & SetOf('<')) != 0) {
+        TakeBracketsOut();
+    }
+}
+
+// In a cut line the brackets go. Nearly always there is one at either end; any others change the text between them.
+void LineCycle::TakeBracketsOut()
+{
+    std::string_view inner = m_tested;
+    if (IsBracket(inner.front())) {
+        inner.remove_prefix(1);
+    }
+    if (!inner.empty() && IsBracket(inner.back())) {
+        inner.remove_suffix(1);
+    }
+    if (std::none_of(inner.begin(), inner.end(), IsBracket)) {
+        m_tested = inner;
+        return;
+    }
+    m_restAt = TokenList::NoPlainRest;
+    m_tested = Tokens()[0];
+}
+
 void LineCycle::BlankBothEnds()
 {
     if (m_line.empty()) {
@@ -95,24 +151,6 @@ void LineCycle::BlankBothEnds()
     text.front() = ' ';
     text.back() = ' ';
     m_line = text;
-}
-
-// The first token without the cost of a token list, which a line that no test hits never needs.
-std::string_view LineCycle::FirstToken()
-{
-    const std::size_t start = m_line.find_first_not_of(' ');
-    if (start == std::string_view::npos) {
-        AfxThrowInvalidArgException();
-    }
-    const std::size_t end = std::min(m_line.find(' ', start), m_line.size());
-    std::string_view token = m_line.substr(start, end - start);
-    if (token.front() == '<') {
-        token.remove_prefix(1);
-    }
-    if (!token.empty() && token.back() == '>') {
-        token.remove_suffix(1);
-    }
-    return token.find_first_of("<>") == std::string_view::npos ? token : Tokens()[0];
 }
 
 }  // namespace ipc2581::detail

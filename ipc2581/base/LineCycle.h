@@ -5,6 +5,7 @@
 
 #include "ipc2581/base/LineFile.h"
 #include "ipc2581/base/TokenList.h"
+#include "ipc2581/base/Word.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 
 namespace ipc2581::detail {
@@ -42,9 +43,9 @@ public:
     // Takes the next line; false at the end of the file. Throws CInvalidArgException for a line of blanks only.
     bool Next();
     // The tag test: the first token holds the word anywhere, so that "Bom" is found in "/BomItem" too.
-    bool Holds(std::string_view word) const { return m_tested.find(word) != std::string_view::npos; }
+    bool Holds(Word word) const { return word.IsIn(m_tested, m_testedSet); }
     // The opening test: the first token holds the word and no slash.
-    bool Opens(std::string_view word) const { return Holds(word) && m_tested.find('/') == std::string_view::npos; }
+    bool Opens(Word word) const { return (m_testedSet & SetOf('/')) == 0 && Holds(word); }
     // The tokens of the line.
     const TokenList & Tokens();
     // The tokens as a list of their own, for an operation that reads on in the file and takes one. What the list held
@@ -53,8 +54,10 @@ public:
 
 private:
     bool ReadLine();
+    void TestWholeLine();
+    void TestFirstToken();
+    void TakeBracketsOut();
     void BlankBothEnds();
-    std::string_view FirstToken();
 
     CStdioFile & m_file;
     LineFile & m_lines;
@@ -62,9 +65,11 @@ private:
     const bool m_isPlainFile;
     CString m_hostLine;
     std::string_view m_line;
+    // What the tests look at, with its set of characters, and where the line goes on behind it.
     std::string_view m_tested;
+    CharacterSet m_testedSet = 0;
+    std::size_t m_restAt = 0;
     bool m_isWhole = false;
-    bool m_isTokenised = false;
 };
 
 }  // namespace ipc2581::detail

@@ -5,11 +5,6 @@
 namespace ipc2581::detail {
 namespace {
 
-constexpr bool IsBracket(char ch)
-{
-    return ch == '<' || ch == '>';
-}
-
 constexpr bool IsQuoteOrSlash(char ch)
 {
     return ch == '"' || ch == '/';
@@ -38,24 +33,43 @@ TokenList::TokenList(const CArray<CString, CString> & tokens)
     }
 }
 
-void TokenList::Cut(std::string_view line)
+void TokenList::SetLine(std::string_view line, std::size_t restAt)
 {
-    m_tokens.clear();
-    m_cleaned.clear();
-    std::size_t end = 0;
-    for (;;) {
-        const std::size_t start = line.find_first_not_of(' ', end);
-        if (start == std::string_view::npos) {
-            return;
-        }
-        end = std::min(line.find(' ', start), line.size());
-        m_tokens.push_back(WithoutBrackets(line.substr(start, end - start), line.size()));
-    }
+    m_line = line;
+    m_restAt = restAt;
+    m_isCut = false;
 }
 
 void TokenList::SetWhole(std::string_view line)
 {
+    m_restAt = NoPlainRest;
+    m_isCut = true;
     m_tokens.assign(1, line);
+}
+
+bool TokenList::HasRest(std::string_view & rest) const
+{
+    if (m_restAt == NoPlainRest) {
+        return false;
+    }
+    rest = m_line.substr(m_restAt);
+    return true;
+}
+
+void TokenList::CutLine() const
+{
+    m_isCut = true;
+    m_tokens.clear();
+    m_cleaned.clear();
+    std::size_t end = 0;
+    for (;;) {
+        const std::size_t start = m_line.find_first_not_of(' ', end);
+        if (start == std::string_view::npos) {
+            return;
+        }
+        end = std::min(m_line.find(' ', start), m_line.size());
+        m_tokens.push_back(WithoutBrackets(m_line.substr(start, end - start)));
+    }
 }
 
 std::string_view TokenList::Value(int & index) const
@@ -80,6 +94,7 @@ std::string_view TokenList::Value(int & index) const
 
 void TokenList::AppendTo(CArray<CString, CString> & tokens) const
 {
+    Cut();
     for (const std::string_view token : m_tokens) {
         tokens.Add(CString(token));
     }
@@ -97,14 +112,14 @@ std::string_view TokenList::RightPart(std::string_view token) const
     return m_part;
 }
 
-std::string_view TokenList::WithoutBrackets(std::string_view token, std::size_t lineLength)
+std::string_view TokenList::WithoutBrackets(std::string_view token) const
 {
     const std::string_view inner = Stripped(token, IsBracket);
     if (std::none_of(inner.begin(), inner.end(), IsBracket)) {
         return inner;
     }
     // Room for the whole line, so that the views of earlier tokens stay where they are.
-    m_cleaned.reserve(lineLength);
+    m_cleaned.reserve(m_line.size());
     const std::size_t start = m_cleaned.size();
     std::remove_copy_if(inner.begin(), inner.end(), std::back_inserter(m_cleaned), IsBracket);
     return std::string_view(m_cleaned).substr(start);

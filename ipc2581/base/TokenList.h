@@ -11,6 +11,11 @@
 
 namespace ipc2581::detail {
 
+constexpr bool IsBracket(char ch)
+{
+    return ch == '<' || ch == '>';
+}
+
 // The tokens of one line, as views into it. The line must stay while the list is used; the storage is used again
 // for the next line.
 class TokenList {
@@ -19,14 +24,27 @@ public:
     // The tokens of a host's list, which must stay as well. Every scan takes such a list as it is.
     TokenList(const CArray<CString, CString> & tokens);
 
-    // Cuts the line on runs of blanks. Every "<" and ">" goes, wherever it stands; a tab is no blank and a "/"
-    // stays. A token may be empty: a bracket that stands alone.
-    void Cut(std::string_view line);
+    // A line that is cut on runs of blanks, once somebody asks for its tokens. Every "<" and ">" goes, wherever it
+    // stands; a tab is no blank and a "/" stays. A token may be empty: a bracket that stands alone. Its first token,
+    // which has no "=", ends at restAt; NoPlainRest if it has one or nobody knows.
+    void SetLine(std::string_view line, std::size_t restAt);
+    static constexpr std::size_t NoPlainRest = std::string_view::npos;
     // The whole line becomes the one token, with its brackets.
     void SetWhole(std::string_view line);
 
-    int Size() const { return static_cast<int>(m_tokens.size()); }
-    std::string_view operator[](int index) const { return m_tokens[static_cast<std::size_t>(index)]; }
+    // The line behind its first token, for a scan that may do without a token list; false if there must be one.
+    bool HasRest(std::string_view & rest) const;
+
+    int Size() const
+    {
+        Cut();
+        return static_cast<int>(m_tokens.size());
+    }
+    std::string_view operator[](int index) const
+    {
+        Cut();
+        return m_tokens[static_cast<std::size_t>(index)];
+    }
 
     // The attribute value that begins at token index, which is left on the last token that the value used. A value
     // without a closing quote in its token runs on to the next token with a quote; runs of blanks in it come back as
@@ -38,12 +56,22 @@ public:
     void AppendTo(CArray<CString, CString> & tokens) const;
 
 private:
+    void Cut() const
+    {
+        if (!m_isCut) {
+            CutLine();
+        }
+    }
+    void CutLine() const;
     std::string_view RightPart(std::string_view token) const;
-    std::string_view WithoutBrackets(std::string_view token, std::size_t lineLength);
+    std::string_view WithoutBrackets(std::string_view token) const;
 
-    std::vector<std::string_view> m_tokens;
-    std::string m_cleaned;
-    // Storage of the value last taken.
+    std::string_view m_line;
+    std::size_t m_restAt = NoPlainRest;
+    mutable bool m_isCut = true;
+    mutable std::vector<std::string_view> m_tokens;
+    // Tokens that brackets were taken out of, and the value last taken.
+    mutable std::string m_cleaned;
     mutable std::string m_part;
     mutable std::string m_value;
 };

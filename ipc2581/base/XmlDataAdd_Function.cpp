@@ -9,7 +9,7 @@ CIPC2581_XmlDataAdd_Function::~CIPC2581_XmlDataAdd_Function() = default;
 void CIPC2581_XmlDataAdd_Function::Tokenize(CString & line, CArray<CString, CString> * tokens)
 {
     TokenList list;
-    list.Cut(line);
+    list.SetLine(line, TokenList::NoPlainRest);
     list.AppendTo(*tokens);
 }
 

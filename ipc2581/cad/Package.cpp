@@ -150,7 +150,7 @@ void Package::PackageAdd(CStdioFile & file)
     }
 }
 
-int Package::GetPackageType(CString text) const
+int Package::GetPackageType(CString text)
 {
     for (std::size_t i = 0; i < PackageTypes.size(); ++i) {
         if (text == std::string_view(PackageTypes[i].Text())) {
@@ -160,7 +160,7 @@ int Package::GetPackageType(CString text) const
     return 0;
 }
 
-CString Package::GetPackageType(int code) const
+CString Package::GetPackageType(int code)
 {
     const bool isKnown = code >= 1 && code <= static_cast<int>(PackageTypes.size());
     const PackageType & row = isKnown ? PackageTypes[static_cast<std::size_t>(code - 1)] : Other;

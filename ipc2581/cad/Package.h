@@ -38,9 +38,9 @@ public:
 
     // The code of a type, 1 to 48, by its full text: the name, for most types a blank, and tabs up to a column that
     // differs type by type. The plain word of a file gives 0, as does every other text.
-    int GetPackageType(CString text) const;
+    int GetPackageType(CString text);
     // The full text of a code; that of OTHER for every code outside the table.
-    CString GetPackageType(int code) const;
+    CString GetPackageType(int code);
 };
 
 // The packages of the board, in file order; owned.

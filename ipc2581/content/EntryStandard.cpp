@@ -16,7 +16,7 @@ using EntryStandardArray = CIPC2581_Content_DictionaryStandard_EntryStandardArra
 namespace {
 
 struct ShapeRow {
-    std::string_view word;
+    Word word;
     std::unique_ptr<CIPC2581_DrawObj> (*make)();
 };
 
@@ -45,12 +45,17 @@ constexpr std::array<ShapeRow, 16> Shapes = {{
     {"Thermal", &Make<CIPC2581_DicDraw_Thermal>},
     {"Triangle", &Make<CIPC2581_DicDraw_Triangle>},
 }};
-constexpr std::string_view Contour = "Contour";
+
+// The one shape whose line is asked for a slash, and that reads further lines.
+bool IsContour(const ShapeRow & row)
+{
+    return row.make == &Make<CIPC2581_DicDraw_Contour>;
+}
 
 const ShapeRow * FindShape(const LineCycle & line)
 {
     for (const ShapeRow & row : Shapes) {
-        if (row.word == Contour ? line.Opens(row.word) : line.Holds(row.word)) {
+        if (IsContour(row) ? line.Opens(row.word) : line.Holds(row.word)) {
             return &row;
         }
     }
@@ -60,7 +65,7 @@ const ShapeRow * FindShape(const LineCycle & line)
 void AddShape(const ShapeRow & row, LineCycle & line, CStdioFile & file, CIPC2581_DrawObjArray & shapes)
 {
     std::unique_ptr<CIPC2581_DrawObj> shape = row.make();
-    if (row.word == Contour) {
+    if (IsContour(row)) {
         shape->Import(file);
     }
     else {

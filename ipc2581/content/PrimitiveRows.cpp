@@ -20,17 +20,17 @@ void StoreShape(const AttributeHit & hit, void * field, std::size_t knownWords)
 
 }  // namespace
 
-Attribute ShapeWord(std::string_view word, int & shape)
+Attribute ShapeWord(Word word, int & shape)
 {
     return {word, [](AttributeHit & hit, void * field) { StoreShape(hit, field, ShapeWords.size()); }, &shape};
 }
 
-Attribute RoundOrSquareWord(std::string_view word, int & shape)
+Attribute RoundOrSquareWord(Word word, int & shape)
 {
     return {word, [](AttributeHit & hit, void * field) { StoreShape(hit, field, 2); }, &shape};
 }
 
-Attribute CornerFlag(std::string_view word, int & flag)
+Attribute CornerFlag(Word word, int & flag)
 {
     return {word,
             [](AttributeHit & hit, void * field) {

@@ -7,11 +7,11 @@
 namespace ipc2581::detail {
 
 // The code of the shape word that the token holds; the value is not taken, and an unknown word leaves the field.
-Attribute ShapeWord(std::string_view word, int & shape);
+Attribute ShapeWord(Word word, int & shape);
 // The same for the shapes that know "ROUND" and "SQUARE" alone.
-Attribute RoundOrSquareWord(std::string_view word, int & shape);
+Attribute RoundOrSquareWord(Word word, int & shape);
 // 1 if the value holds "TURE". That is the word as the reader has it: "TRUE" sets nothing, and nothing clears a flag.
-Attribute CornerFlag(std::string_view word, int & flag);
+Attribute CornerFlag(Word word, int & flag);
 
 // What the writers put for a corner: the piece if the flag is set, else nothing.
 inline const char * CornerPiece(int flag, const char * piece)

@@ -57,7 +57,7 @@ bool ReadPolyStep(LineCycle & line, CIPC2581_PolyStepArray & steps)
     return false;
 }
 
-void ReadClosedContour(CStdioFile & file, std::string_view end, CIPC2581_Point & begin, CIPC2581_PolyStepArray & steps)
+void ReadClosedContour(CStdioFile & file, Word end, CIPC2581_Point & begin, CIPC2581_PolyStepArray & steps)
 {
     LineCycle line(file);
     while (line.Next()) {

@@ -20,7 +20,7 @@ void ReadPolyStepCurve(const TokenList & tokens, CIPC2581_PolyStepArray & steps)
 bool ReadPolyStep(LineCycle & line, CIPC2581_PolyStepArray & steps);
 
 // Reads the lines of a closed contour up to the one whose first token holds the end word, or the end of the file.
-void ReadClosedContour(CStdioFile & file, std::string_view end, CIPC2581_Point & begin, CIPC2581_PolyStepArray & steps);
+void ReadClosedContour(CStdioFile & file, Word end, CIPC2581_Point & begin, CIPC2581_PolyStepArray & steps);
 
 void WritePolyStepSegment(CStdioFile & file, int level, const CPointD & end);
 void WritePolyStepCurve(CStdioFile & file, int level, const CPointD & end, const CPointD & center, int clockWise);
