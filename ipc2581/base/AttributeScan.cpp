@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "ipc2581/base/Scan.h"
 #include "ipc2581/base/platform/Number.h"
 
 namespace ipc2581::detail {
@@ -24,35 +25,6 @@ void TestToken(const TokenList & tokens, int & index, Attributes rows)
     }
 }
 
-// What a key or a plain value is made of: everything but blanks, quotes and what has a meaning of its own.
-constexpr std::array<bool, 256> MakeOrdinary()
-{
-    std::array<bool, 256> ordinary = {};
-    ordinary.fill(true);
-    for (const char ch : std::string_view(" \"=<>/")) {
-        ordinary[static_cast<unsigned char>(ch)] = false;
-    }
-    return ordinary;
-}
-
-constexpr std::array<bool, 256> Ordinary = MakeOrdinary();
-
-const char * SkipOrdinary(const char * at, const char * end)
-{
-    while (at != end && Ordinary[static_cast<unsigned char>(*at)]) {
-        ++at;
-    }
-    return at;
-}
-
-const char * SkipBlanks(const char * at, const char * end)
-{
-    while (at != end && *at == ' ') {
-        ++at;
-    }
-    return at;
-}
-
 // The end of a line: an optional "/" and an optional ">", with nothing but blanks behind them.
 bool IsTail(const char * at, const char * end)
 {
@@ -65,12 +37,27 @@ bool IsTail(const char * at, const char * end)
     return SkipBlanks(at, end) == end;
 }
 
+// As ends_with, but told by its first character where the answer is no, as it mostly is.
+bool EndsWith(std::string_view text, std::string_view end)
+{
+    if (text.size() < end.size()) {
+        return false;
+    }
+    const char * at = text.data() + text.size() - end.size();
+    for (const char ch : end) {
+        if (*at++ != ch) {
+            return false;
+        }
+    }
+    return true;
+}
+
 // A token of the form key="value" has one "=", so a word that ends in one is held exactly if the key and its "=" end in
 // it.
 void TestPlain(std::string_view keyWithEqual, std::string_view value, Attributes rows)
 {
     for (const Attribute & row : rows) {
-        if (keyWithEqual.ends_with(row.word.Text())) {
+        if (EndsWith(keyWithEqual, row.word.Text())) {
             AttributeHit hit(value);
             row.store(hit, row.field);
             return;

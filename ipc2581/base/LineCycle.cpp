@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <typeinfo>
 
+#include "ipc2581/base/FirstToken.h"
+#include "ipc2581/base/Scan.h"
 #include "ipc2581/base/platform/Afx.h"
 
 namespace ipc2581::detail {
@@ -84,8 +86,12 @@ bool LineCycle::ReadLine()
     if (m_isPlainFile) {
         return m_lines.NextLine(m_line);
     }
-    const bool isRead = m_file.ReadString(m_hostLine) != 0;
-    m_line = m_hostLine;
+    CString text;
+    const bool isRead = m_file.ReadString(text) != 0;
+    std::string & copy = m_lines.HostLine();
+    copy = std::string_view(text);
+    copy.append(ReadAhead, '\0');
+    m_line = std::string_view(copy).substr(0, copy.size() - ReadAhead);
     return isRead;
 }
 
@@ -102,43 +108,26 @@ void LineCycle::TestFirstToken()
 {
     const char * const begin = m_line.data();
     const char * const end = begin + m_line.size();
-    const char * start = begin;
-    while (start != end && *start == ' ') {
-        ++start;
-    }
+    const char * const start = SkipBlanks(begin, end);
     if (start == end && start != begin) {
         AfxThrowInvalidArgException();
     }
-    const char * tokenEnd = start;
-    CharacterSet set = 0;
-    for (; tokenEnd != end && *tokenEnd != ' '; ++tokenEnd) {
-        set |= SetOf(*tokenEnd);
-    }
-    m_isWhole = start == begin && tokenEnd == end;
-    m_tested = {start, static_cast<std::size_t>(tokenEnd - start)};
-    m_testedSet = set;
-    m_restAt = (set & SetOf('=')) == 0 ? static_cast<std::size_t>(tokenEnd - begin) : TokenList::NoPlainRest;
-    if (!m_isWhole && (set & SetOf('<')) != 0) {
-        TakeBracketsOut();
-    }
-}
-
-// In a cut line the brackets go. Nearly always there is one at either end; any others change the text between them.
-void LineCycle::TakeBracketsOut()
-{
-    std::string_view inner = m_tested;
-    if (IsBracket(inner.front())) {
-        inner.remove_prefix(1);
-    }
-    if (!inner.empty() && IsBracket(inner.back())) {
-        inner.remove_suffix(1);
-    }
-    if (std::none_of(inner.begin(), inner.end(), IsBracket)) {
-        m_tested = inner;
+    const char * const tokenEnd = FindBlank(start, end);
+    if (start == begin && tokenEnd == end) {
+        TestWholeLine();
         return;
     }
-    m_restAt = TokenList::NoPlainRest;
-    m_tested = Tokens()[0];
+    const std::string_view token(start, static_cast<std::size_t>(tokenEnd - start));
+    const FirstToken & found = m_lines.FirstTokens().Find(token);
+    m_isWhole = false;
+    m_testedSet = found.set;
+    if (found.isDirty) {
+        m_restAt = TokenList::NoPlainRest;
+        m_tested = Tokens()[0];
+        return;
+    }
+    m_restAt = (found.set & SetOf('=')) == 0 ? static_cast<std::size_t>(tokenEnd - begin) : TokenList::NoPlainRest;
+    m_tested = token.substr(found.front, token.size() - found.front - found.back);
 }
 
 void LineCycle::BlankBothEnds()

@@ -56,14 +56,12 @@ private:
     bool ReadLine();
     void TestWholeLine();
     void TestFirstToken();
-    void TakeBracketsOut();
     void BlankBothEnds();
 
     CStdioFile & m_file;
     LineFile & m_lines;
     const LineForm m_form;
     const bool m_isPlainFile;
-    CString m_hostLine;
     std::string_view m_line;
     // What the tests look at, with its set of characters, and where the line goes on behind it.
     std::string_view m_tested;

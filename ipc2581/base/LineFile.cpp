@@ -7,6 +7,7 @@
 #include <system_error>
 #include <utility>
 
+#include "ipc2581/base/Scan.h"
 #include "ipc2581/base/platform/Afx.h"
 
 namespace ipc2581::detail {
@@ -186,7 +187,8 @@ void LineFile::BeginWriting()
 
 void LineFile::GrowBuffer(std::size_t size)
 {
-    std::unique_ptr<char[]> larger(new char[size]);
+    // Filled with zeros once, so that what is read ahead of a line has always been written.
+    std::unique_ptr<char[]> larger(new char[size + ReadAhead]());
     if (m_end != 0) {
         std::memcpy(larger.get(), m_buffer.get(), m_end);
     }

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "ipc2581/base/FirstToken.h"
 #include "ipc2581/base/TokenList.h"
 
 namespace ipc2581::detail {
@@ -25,7 +26,7 @@ public:
     void Flush();
 
     // The next line without its line end; false and an empty line at the end of the file. The line stays valid until
-    // the next call on this object.
+    // the next call on this object, with ReadAhead bytes behind its last one.
     bool NextLine(std::string_view & line);
     std::size_t Read(char * bytes, std::size_t count);
 
@@ -36,7 +37,9 @@ public:
 
     // What the reader of the current line works with: kept here, so that no line needs fresh storage.
     TokenList & Tokens() { return m_tokens; }
+    FirstTokenMemory & FirstTokens() { return m_firstTokens; }
     std::string & Scratch() { return m_scratch; }
+    std::string & HostLine() { return m_hostLine; }
 
 private:
     // Reads one more block behind what is held; false at the end of the file.
@@ -57,7 +60,9 @@ private:
     std::size_t m_end = 0;
     bool m_isWriting = false;
     TokenList m_tokens;
+    FirstTokenMemory m_firstTokens;
     std::string m_scratch;
+    std::string m_hostLine;
 };
 
 }  // namespace ipc2581::detail

@@ -46,11 +46,13 @@ constexpr CharacterSet SetOf(std::string_view text)
 // True if the text holds the word anywhere.
 constexpr bool HoldsText(std::string_view text, std::string_view word)
 {
-    while (text.size() >= word.size()) {
-        if (text.substr(0, word.size()) == word) {
+    if (word.empty()) {
+        return true;
+    }
+    for (; text.size() >= word.size(); text.remove_prefix(1)) {
+        if (text.front() == word.front() && text.substr(0, word.size()) == word) {
             return true;
         }
-        text.remove_prefix(1);
     }
     return false;
 }
