@@ -15,9 +15,27 @@ Pin::CIPC2581_Ecad_CadData_Step_Package_Pin()
     Init();
 }
 
-// The outline is copied, the transform shared: hosts rely on both.
-Pin::CIPC2581_Ecad_CadData_Step_Package_Pin(const Pin & other) = default;
-Pin & Pin::operator=(const Pin & other) = default;
+Pin::CIPC2581_Ecad_CadData_Step_Package_Pin(const Pin & other) : CIPC2581_XmlDataAdd_Function(other)
+{
+    operator=(other);
+}
+
+Pin & Pin::operator=(const Pin & other)
+{
+    number = other.number;
+    name = other.name;
+    type = other.type;
+    electricalType = other.electricalType;
+    SpareText = other.SpareText;
+    // Shared, not copied: hosts rely on it.
+    Xform = other.Xform;
+    Location = other.Location;
+    StandardPrimitiveRef = other.StandardPrimitiveRef;
+    // Emptied first, so that a pin assigned to itself loses its outline.
+    Outline.Init();
+    Outline = other.Outline;
+    return *this;
+}
 
 Pin::~CIPC2581_Ecad_CadData_Step_Package_Pin()
 {

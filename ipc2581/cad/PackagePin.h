@@ -24,7 +24,7 @@ public:
 
     CIPC2581_Ecad_CadData_Step_Package_Pin();
     // A copy has an outline of its own and shares the transform with its source, and each of the two deletes it: hosts
-    // that copy a pin set the pointer of one to null.
+    // that copy a pin set the pointer of one to null. A pin assigned to itself loses its outline.
     CIPC2581_Ecad_CadData_Step_Package_Pin(const CIPC2581_Ecad_CadData_Step_Package_Pin & other);
     CIPC2581_Ecad_CadData_Step_Package_Pin & operator=(const CIPC2581_Ecad_CadData_Step_Package_Pin & other);
     ~CIPC2581_Ecad_CadData_Step_Package_Pin() override;

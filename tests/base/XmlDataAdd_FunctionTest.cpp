@@ -1,7 +1,6 @@
 #include "ipc2581/base/XmlDataAdd_Function.h"
 
 #include <cstdint>
-#include <cstring>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -13,9 +12,11 @@
 #include "ipc2581/base/platform/CArray.h"
 #include "ipc2581/base/platform/CString.h"
 #include "tests/support/Files.h"
+#include "tests/support/Slots.h"
 
 namespace {
 
+using ipc2581::tests::IsVirtual;
 using ipc2581::tests::Str;
 using Function = CIPC2581_XmlDataAdd_Function;
 using List = CArray<CString, CString>;
@@ -75,15 +76,6 @@ bool IsTrue(std::string_view text)
     const bool result = Function().RightValueBoolTypeUse(value);
     EXPECT_EQ(value, text);
     return result;
-}
-
-// On this binary interface a pointer to a virtual member function is odd.
-template <typename Operation>
-bool IsVirtual(Operation operation)
-{
-    std::uintptr_t raw = 0;
-    std::memcpy(&raw, &operation, sizeof(raw));
-    return (raw & 1U) != 0;
 }
 
 TEST(XmlDataAddFunction, HasNoDataAndAVirtualDestructor)

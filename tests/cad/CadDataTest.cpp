@@ -1,0 +1,310 @@
+#include "ipc2581/cad/CadData.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "ipc2581/base/XmlDataAdd_Function.h"
+#include "ipc2581/base/platform/Afx.h"
+#include "ipc2581/base/platform/CProgressCtrl.h"
+#include "ipc2581/cad/Component.h"
+#include "ipc2581/cad/Layer.h"
+#include "tests/support/Files.h"
+#include "tests/support/Slots.h"
+
+namespace {
+
+using ipc2581::tests::Export;
+using ipc2581::tests::Exported;
+using ipc2581::tests::Lines;
+using ipc2581::tests::Slot;
+using ipc2581::tests::Str;
+
+using Texts = std::vector<std::string>;
+
+class Behind : public CIPC2581_Ecad_CadData {
+public:
+    virtual void Next() {}
+};
+
+class Bar : public CProgressCtrl {
+public:
+    int SetPos(int position) override
+    {
+        positions.push_back(position);
+        if (look) {
+            seen.push_back(look());
+        }
+        return CProgressCtrl::SetPos(position);
+    }
+
+    std::vector<int> positions;
+    std::function<std::string()> look;
+    Texts seen;
+};
+
+// What ReadCadData makes of these lines.
+class Read {
+public:
+    explicit Read(std::string_view bytes) : m_lines(bytes) { data.ReadCadData(m_lines.File(), &bar); }
+
+    // The layers, the step and the stackup, each by what it is called.
+    Texts Contents()
+    {
+        Texts contents;
+        for (std::int64_t i = 0; i < data.m_arrLayer.GetSize(); ++i) {
+            contents.push_back("Layer " + Str(data.m_arrLayer.GetAt(i)->name));
+        }
+        if (!data.m_Stackup.overallThickness.IsEmpty()) {
+            contents.push_back("Stackup " + Str(data.m_Stackup.overallThickness));
+        }
+        if (!data.m_Step.Name.IsEmpty()) {
+            contents.push_back("Step " + Str(data.m_Step.Name));
+        }
+        return contents;
+    }
+    Texts Rest() { return m_lines.Rest(); }
+
+    Bar bar;
+    CIPC2581_Ecad_CadData data;
+
+private:
+    Lines m_lines;
+};
+
+TEST(CadData, IsEmptyAtFirst)
+{
+    const CIPC2581_Ecad_CadData data;
+    EXPECT_EQ(data.m_arrLayer.GetSize(), 0);
+    EXPECT_EQ(data.m_Stackup.StackupGroupArray.GetSize(), 0);
+    EXPECT_EQ(data.m_Step.Name, "");
+    EXPECT_EQ(data.m_pProgressCtrl, nullptr);
+}
+
+TEST(CadData, HoldsItsFieldsInOrder)
+{
+    const CIPC2581_Ecad_CadData data;
+    const auto at = [](const auto & member) { return static_cast<const void *>(&member); };
+    EXPECT_LT(at(data.m_arrLayer), at(data.m_Stackup));
+    EXPECT_LT(at(data.m_Stackup), at(data.m_Step));
+    EXPECT_LT(at(data.m_Step), at(data.m_pProgressCtrl));
+}
+
+TEST(CadData, HasItsOperationsInOrder)
+{
+    EXPECT_TRUE((std::is_base_of_v<CIPC2581_XmlDataAdd_Function, CIPC2581_Ecad_CadData>));
+    EXPECT_TRUE(std::has_virtual_destructor_v<CIPC2581_Ecad_CadData>);
+    EXPECT_EQ(Slot(&CIPC2581_Ecad_CadData::Export), 2u);
+    EXPECT_EQ(Slot(&Behind::Next), 3u);
+}
+
+TEST(CadData, ReadsLayersStackupAndStep)
+{
+    Read read("<Layer name=\"L1\"/>\n<Layer name=\"L2\">\n</Layer>\n<Stackup overallThickness=\"1.6\">\n</Stackup>\n"
+              "<Step name=\"board\">\n</Step>\n</CadData>\n<Behind/>\n");
+    EXPECT_EQ(read.Contents(), (Texts{"Layer L1", "Layer L2", "Stackup 1.6", "Step board"}));
+    EXPECT_EQ(read.bar.positions, (std::vector<int>{22, 22, 25, 30}));
+    EXPECT_EQ(read.Rest(), Texts{"<Behind/>"});
+}
+
+TEST(CadData, GoesOnBehindItsChildren)
+{
+    Read read("<Step name=\"s\">\n</Step>\n<Stackup overallThickness=\"1\">\n</Stackup>\n<Layer name=\"L\"/>\n");
+    EXPECT_EQ(read.Contents(), (Texts{"Layer L", "Stackup 1", "Step s"}));
+    EXPECT_EQ(read.bar.positions, (std::vector<int>{30, 25, 22}));
+}
+
+TEST(CadData, KeepsTheBar)
+{
+    Read read("</CadData>\n");
+    EXPECT_EQ(read.data.m_pProgressCtrl, &read.bar);
+    read.data.SetProgress(33);
+    EXPECT_EQ(read.bar.positions, std::vector<int>{33});
+}
+
+TEST(CadData, KeepsTheBarOfTheLastRead)
+{
+    Read read("<Layer>\n");
+    Lines lines({"<Layer>"});
+    read.data.ReadCadData(lines.File(), nullptr);
+    EXPECT_EQ(read.data.m_pProgressCtrl, nullptr);
+    EXPECT_EQ(read.data.m_arrLayer.GetSize(), 2);
+    EXPECT_EQ(read.bar.positions, std::vector<int>{22});
+    read.data.SetProgress(33);
+    EXPECT_EQ(read.bar.positions, std::vector<int>{22});
+}
+
+TEST(CadData, HandsTheBarToTheStep)
+{
+    Read read("<Step>\n<Component refDes=\"R1\">\n</Component>\n</Step>\n");
+    EXPECT_EQ(read.data.m_Step.Progress, &read.bar);
+    EXPECT_EQ(read.bar.positions, (std::vector<int>{30, 50}));
+}
+
+TEST(CadData, SendsPositionsBehindLayerAndStackupAndInFrontOfTheStep)
+{
+    Lines lines({"<Layer name=\"L\"/>", "<Stackup overallThickness=\"1\">", "<StackupGroup name=\"g\">",
+                 "</StackupGroup>", "</Stackup>", "<Step name=\"s\">", "</Step>"});
+    Bar bar;
+    CIPC2581_Ecad_CadData data;
+    bar.look = [&data] {
+        return std::to_string(data.m_arrLayer.GetSize()) + Str(data.m_arrLayer.GetAt(0)->name) +
+               std::to_string(data.m_Stackup.StackupGroupArray.GetSize()) + Str(data.m_Step.Name);
+    };
+    data.ReadCadData(lines.File(), &bar);
+    EXPECT_EQ(bar.positions, (std::vector<int>{22, 25, 30}));
+    EXPECT_EQ(bar.seen, (Texts{"1L0", "1L1", "1L1"}));
+}
+
+TEST(CadData, TwoStepsFillOneObject)
+{
+    Read read("<Step name=\"a\">\n<Component refDes=\"R1\">\n</Component>\n</Step>\n"
+              "<Step name=\"b\">\n<Component refDes=\"R2\">\n</Component>\n</Step>\n</CadData>\n");
+    EXPECT_EQ(read.bar.positions, (std::vector<int>{30, 50, 30, 50}));
+    EXPECT_EQ(read.data.m_Step.Name, "b");
+    EXPECT_EQ(read.data.m_Step.ComponentArray.GetSize(), 2);
+}
+
+TEST(CadData, AFirstTokenWithTwoWordsGoesToTheEarlierRow)
+{
+    EXPECT_EQ(Read("<StackupLayer name=\"a\" overallThickness=\"1\">\n").Contents(), Texts{"Layer a"});
+    EXPECT_EQ(Read("<StepLayer name=\"a\">\n").Contents(), Texts{"Layer a"});
+    EXPECT_EQ(Read("<StepStackup name=\"a\" overallThickness=\"1\">\n").Contents(), Texts{"Stackup 1"});
+}
+
+TEST(CadData, AWordAnywhereInTheFirstTokenCounts)
+{
+    EXPECT_EQ(Read("<LayerFeature name=\"a\">\n<xLayer name=\"b\">\n<StepRef name=\"c\">\n").Contents(),
+              (Texts{"Layer a", "Layer b", "Step c"}));
+    EXPECT_EQ(Read("<x name=\"Layer\">\n<layer name=\"b\">\n<x Step name=\"s\">\n< Layer name=\"c\">\n").Contents(),
+              Texts{});
+}
+
+TEST(CadData, ASlashInTheFirstTokenOpensNothing)
+{
+    Read read("<Layer/>\n</Layer>\n</Layer name=\"a\">\n<Stackup/>\n</Stackup overallThickness=\"1\">\n<Step/>\n"
+              "</Step name=\"s\">\n<Layer name=\"L\"/>\n");
+    EXPECT_EQ(read.Contents(), Texts{"Layer L"});
+    EXPECT_EQ(read.bar.positions, std::vector<int>{22});
+}
+
+TEST(CadData, ASelfClosingLineWithABlankOpens)
+{
+    Read read("<Layer />\n<Stackup overallThickness=\"1\"/>\n<Step name=\"s\"/>\n</Stackup>\n<Step />\n");
+    EXPECT_EQ(read.Contents(), (Texts{"Layer ", "Stackup 1"}));
+    EXPECT_EQ(read.bar.positions, (std::vector<int>{22, 25, 30}));
+}
+
+TEST(CadData, EndsAtItsClosingLineWhateverElseThatHolds)
+{
+    for (const std::string_view line : {"</CadData>", "</CadDataLayer>", "<Step/CadData x>", "</CadDataStackup>"}) {
+        Read read(std::string(line) + "\n<Layer name=\"late\">\n");
+        EXPECT_EQ(read.Contents(), Texts{}) << line;
+        EXPECT_EQ(read.Rest(), Texts{"<Layer name=\"late\">"}) << line;
+    }
+}
+
+TEST(CadData, IgnoresOtherLines)
+{
+    Read read("\n<CadData>\n</Ecad>\n<Component refDes=\"R1\">\ntext\n<Layer name=\"L\"/>\n<Span fromLayer=\"a\"/>\n");
+    EXPECT_EQ(read.Contents(), Texts{"Layer L"});
+    EXPECT_EQ(read.data.m_Step.ComponentArray.GetSize(), 0);
+}
+
+TEST(CadData, ALineOfBlanksThrows)
+{
+    Lines lines({"<Layer name=\"L\"/>", "   ", "<Layer/>"});
+    CIPC2581_Ecad_CadData data;
+    EXPECT_THROW(data.ReadCadData(lines.File(), nullptr), CInvalidArgException);
+    EXPECT_EQ(data.m_arrLayer.GetSize(), 1);
+}
+
+TEST(CadData, ALayerWithACutValueIsNotKept)
+{
+    Lines lines({"<Layer name=\"L\"/>", "<Layer name=\"M\" side=\"open"});
+    CIPC2581_Ecad_CadData data;
+    EXPECT_THROW(data.ReadCadData(lines.File(), nullptr), CInvalidArgException);
+    EXPECT_EQ(data.m_arrLayer.GetSize(), 1);
+}
+
+TEST(CadData, TheEndOfTheFileEndsItAtEveryDepth)
+{
+    EXPECT_EQ(Read("<Layer name=\"L\"/>\n").Contents(), Texts{"Layer L"});
+    EXPECT_EQ(Read("<Stackup overallThickness=\"1\">\n<StackupGroup>\n").Contents(), Texts{"Stackup 1"});
+    EXPECT_EQ(Read("<Step name=\"s\">\n<Component>\n").Contents(), Texts{"Step s"});
+    EXPECT_EQ(Read("").Contents(), Texts{});
+}
+
+TEST(CadData, WritesLayersAndStepButNoStackup)
+{
+    CIPC2581_Ecad_CadData data;
+    data.m_Stackup.overallThickness = "1.6";
+    data.m_Stackup.StackupGroupArray.Add(new CIPC2581_Ecad_CadData_Stackup_StackupGroup);
+    for (const char * name : {"TOP", "BOTTOM"}) {
+        auto * layer = new CIPC2581_Ecad_CadData_Layer;
+        layer->name = name;
+        data.m_arrLayer.Add(layer);
+    }
+    EXPECT_EQ(Exported(data, 0),
+              (Export{1, "   <CadData>\n"
+                         "      <Layer name=\"TOP\" layerFunction=\"\" side=\"\" polarity=\"POSITIVE\">\n"
+                         "      </Layer>\n"
+                         "      <Layer name=\"BOTTOM\" layerFunction=\"\" side=\"\" polarity=\"POSITIVE\">\n"
+                         "      </Layer>\n"
+                         "      <Step name=\"\">\n"
+                         "         <Datum x=\"0.000000\" y=\"0.000000\" />\n"
+                         "         <Profile>\n"
+                         "            <Polygon>\n"
+                         "               <PolyBegin x=\"0.000000\" y=\"0.000000\" />\n"
+                         "            </Polygon>\n"
+                         "         </Profile>\n"
+                         "         <PhyNetGroup name=\"\">\n"
+                         "         </PhyNetGroup>\n"
+                         "      </Step>\n"
+                         "   </CadData>\n"}));
+}
+
+TEST(CadData, WritesAtTheNextLevel)
+{
+    CIPC2581_Ecad_CadData data;
+    const std::string text = Exported(data, 1).text;
+    EXPECT_EQ(text.substr(0, text.find("Datum")), "      <CadData>\n         <Step name=\"\">\n            <");
+    EXPECT_EQ(text.substr(text.find("</Step>")), "</Step>\n      </CadData>\n");
+}
+
+class RefusingLayer : public CIPC2581_Ecad_CadData_Layer {
+public:
+    int Export(CStdioFile & /*file*/, int /*level*/) override { return 0; }
+};
+
+class RefusingComponent : public CIPC2581_Ecad_CadData_Step_Component {
+public:
+    int Export(CStdioFile & /*file*/, int /*level*/) override { return 0; }
+};
+
+TEST(CadData, StopsAtALayerThatRefuses)
+{
+    CIPC2581_Ecad_CadData data;
+    data.m_arrLayer.Add(new CIPC2581_Ecad_CadData_Layer);
+    data.m_arrLayer.Add(new RefusingLayer);
+    data.m_arrLayer.Add(new CIPC2581_Ecad_CadData_Layer);
+    EXPECT_EQ(Exported(data, 0),
+              (Export{0, "   <CadData>\n"
+                         "      <Layer name=\"\" layerFunction=\"\" side=\"\" polarity=\"POSITIVE\">\n"
+                         "      </Layer>\n"}));
+}
+
+TEST(CadData, StopsAtAStepThatRefuses)
+{
+    CIPC2581_Ecad_CadData data;
+    data.m_Step.ComponentArray.Add(new RefusingComponent);
+    const Export exported = Exported(data, 0);
+    EXPECT_EQ(exported.result, 0);
+    EXPECT_EQ(exported.text.find("</CadData>"), std::string::npos);
+}
+
+}  // namespace

@@ -1,0 +1,332 @@
+#include "ipc2581/cad/LayerFeature.h"
+
+#include <cstddef>
+#include <initializer_list>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <type_traits>
+
+#include <gtest/gtest.h>
+
+#include "ipc2581/base/platform/Afx.h"
+#include "ipc2581/base/platform/CString.h"
+#include "ipc2581/cad/LayerFeatureSet.h"
+#include "tests/cad/Models.h"
+#include "tests/support/Files.h"
+#include "tests/support/Slots.h"
+
+namespace {
+
+using namespace ipc2581::tests;
+using LayerFeature = CIPC2581_Ecad_CadData_Step_LayerFeature;
+using LayerFeatureArray = CIPC2581_Ecad_CadData_Step_LayerFeatureArray;
+using Set = CIPC2581_Ecad_CadData_Step_LayerFeature_Set;
+
+// Reads the lines under a LayerFeature line and gives those that are left.
+TextLines Read(LayerFeature & feature, std::initializer_list<std::string_view> lines)
+{
+    Lines file(lines);
+    feature.LayerFeatureAdd(file);
+    return file.Rest();
+}
+
+// Reads what an Export has written, from behind its opening line.
+void ReadBack(LayerFeature & feature, const std::string & text)
+{
+    Lines file(text.substr(text.find('\n') + 1));
+    feature.LayerFeatureAdd(file);
+    EXPECT_TRUE(file.Rest().empty());
+}
+
+const std::string kEmptySet = "      <Set net=\"\">\n"
+                              "         <Features>\n"
+                              "            <Location x=\"0.000000\" y=\"0.000000\"/>\n"
+                              "         </Features>\n"
+                              "      </Set>\n";
+
+std::string ColourSet(const std::string & id)
+{
+    return "      <Set>\n         <ColorRef id=\"" + id + "\" />\n      </Set>\n";
+}
+
+TEST(LayerFeature, StartsEmpty)
+{
+    const LayerFeature feature;
+    EXPECT_EQ(feature.LayerRef, "");
+    EXPECT_EQ(feature.ColorRefId, "");
+    EXPECT_TRUE(feature.SetArray.IsEmpty());
+}
+
+TEST(LayerFeature, HasExportBehindItsDestructor)
+{
+    EXPECT_TRUE(std::has_virtual_destructor_v<LayerFeature>);
+    EXPECT_TRUE(IsVirtual(&LayerFeature::Export));
+    EXPECT_EQ(Slot(&LayerFeature::Export), kFirstSlot);
+    EXPECT_FALSE(IsVirtual(&LayerFeature::LayerFeatureAdd));
+}
+
+TEST(LayerFeature, GivesItsReferencesOutByValue)
+{
+    LayerFeature feature;
+    feature.SetLayerRef("TOP");
+    feature.SetColorRefId("C1");
+    EXPECT_EQ(feature.LayerRef, "TOP");
+    EXPECT_EQ(feature.ColorRefId, "C1");
+    CString layer = feature.GetLayerRef();
+    CString colour = feature.GetColorRefId();
+    EXPECT_EQ(layer, "TOP");
+    EXPECT_EQ(colour, "C1");
+    layer = "BOTTOM";
+    colour = "C2";
+    EXPECT_EQ(feature.GetLayerRef(), "TOP");
+    EXPECT_EQ(feature.GetColorRefId(), "C1");
+}
+
+TEST(LayerFeature, ReadsItsSetsInTheirOrder)
+{
+    LayerFeature feature;
+    EXPECT_EQ(Read(feature, {"<Set net=\"A\">", "<Features>", "<Circle diameter=\"1\"/>", "</Features>", "</Set>",
+                             "<Set net=\"B\" padUsage=\"VIA\" testPoint=\"TRUE\" plate=\"TRUE\">", "<Pad pin=\"1\">",
+                             "</Pad>", "</Set>", "<Set>", "<Hole name=\"H\"/>", "</Set>", "</LayerFeature>", "left"}),
+              TextLines{"left"});
+    ASSERT_EQ(feature.SetArray.GetSize(), 3);
+    EXPECT_EQ(feature.SetArray.GetAt(0)->Net, "A");
+    EXPECT_EQ(feature.SetArray.GetAt(0)->Kind, 0);
+    EXPECT_FALSE(feature.SetArray.GetAt(0)->TestPoint);
+    EXPECT_FALSE(feature.SetArray.GetAt(0)->Plate);
+    EXPECT_EQ(feature.SetArray.GetAt(0)->PadUsage, "");
+    EXPECT_EQ(feature.SetArray.GetAt(1)->Net, "B");
+    EXPECT_EQ(feature.SetArray.GetAt(1)->Kind, 1);
+    EXPECT_TRUE(feature.SetArray.GetAt(1)->TestPoint);
+    EXPECT_TRUE(feature.SetArray.GetAt(1)->Plate);
+    EXPECT_EQ(feature.SetArray.GetAt(1)->PadUsage, "VIA");
+    EXPECT_EQ(feature.SetArray.GetAt(2)->Net, "");
+    EXPECT_EQ(feature.SetArray.GetAt(2)->Kind, 2);
+    EXPECT_EQ(feature.LayerRef, "");
+}
+
+TEST(LayerFeature, ScansTheLineOfASet)
+{
+    const struct {
+        const char * line;
+        const char * net;
+        bool testPoint;
+        bool plate;
+        const char * padUsage;
+    } rows[] = {
+        {"<Set padUsage=\"VIA\" plate=\"TRUE\" net=\"A\">", "A", false, true, "VIA"},
+        {"<Set testPoint=\"TRUE\">", "", true, false, ""},
+        {"<Set testPoint=\"NOTTRUEYET\" plate=\"xTRUE\">", "", true, true, ""},
+        {"<Set testPoint=\"true\" plate=\"True\">", "", false, false, ""},
+        {"<Set testPoint=\"FALSE\" plate=\"1\">", "", false, false, ""},
+        {"<Set testPoint=\"TRUE\" testPoint=\"FALSE\" plate=\"TRUE\" plate=\"\">", "", false, false, ""},
+        {"<Set testPoint=\"FALSE\" testPoint=\"TRUE\" net=\"A\" net=\"B\">", "B", true, false, ""},
+        // Any token that holds the word with its equal sign counts, the first one too.
+        {"<Setnet=\"A\" template=\"TRUE\">", "A", false, true, ""},
+        {"<Set net =\"A\" Net=\"B\" testpoint=\"TRUE\" plates=\"TRUE\" padUsage>", "", false, false, ""},
+        // A value that runs on takes the tokens up to its quote with it.
+        {"<Set net=\"A plate=TRUE b\" padUsage=\"c d\">", "A TRUE b", false, false, "c d"},
+        {"<Set testPoint=\"a TRUE\" plate=\"b c\">", "", true, false, ""},
+        // The order of the tests decides for a token with two words.
+        {"<Set testPoint=\"TRUE\"net=\"A\">", "TRUEnet=A", false, false, ""},
+        {"<Set plate=\"TRUE\"testPoint=\"FALSE\">", "", true, false, ""},
+        {"<Set padUsage=\"TRUE\"plate=\"FALSE\">", "", false, true, ""},
+        {"<Set padUsage=\"TRUE\"testPoint=\"FALSE\">", "", true, false, ""},
+        {"<Set padUsage=\"VIA\"net=\"A\">", "VIAnet=A", false, false, ""},
+        {"<Set plate=\"TRUE\"net=\"A\">", "TRUEnet=A", false, false, ""},
+    };
+    for (const auto & row : rows) {
+        SCOPED_TRACE(row.line);
+        LayerFeature feature;
+        Read(feature, {row.line, "</Set>", "</LayerFeature>"});
+        ASSERT_EQ(feature.SetArray.GetSize(), 1);
+        const Set & set = *feature.SetArray.GetAt(0);
+        EXPECT_EQ(set.Net, row.net);
+        EXPECT_EQ(set.TestPoint, row.testPoint);
+        EXPECT_EQ(set.Plate, row.plate);
+        EXPECT_EQ(set.PadUsage, row.padUsage);
+    }
+}
+
+TEST(LayerFeature, PassesOverAnyTransformFirst)
+{
+    LayerFeature feature;
+    EXPECT_EQ(Read(feature, {"<Xform rotation=\"90\"/>", "<XformSet net=\"A\">", "<Xform/>", "</LayerFeatureXform>",
+                             "</SetXform>", "<Set net=\"B\">", "</Set>", "</LayerFeature>", "left"}),
+              TextLines{"left"});
+    ASSERT_EQ(feature.SetArray.GetSize(), 1);
+    EXPECT_EQ(feature.SetArray.GetAt(0)->Net, "B");
+}
+
+TEST(LayerFeature, ASlashTurnsASetAway)
+{
+    LayerFeature feature;
+    EXPECT_EQ(Read(feature, {"<Set/>", "</Set>", "<Set/ net=\"A\">", "</LayerFeatureSet net=\"A\">", "left"}),
+              TextLines{"left"});
+    EXPECT_TRUE(feature.SetArray.IsEmpty());
+}
+
+TEST(LayerFeature, ASelfClosedSetTakesTheLinesOfTheNextOne)
+{
+    LayerFeature feature;
+    Read(feature, {"<Set net=\"A\" />", "<Set net=\"B\">", "<Hole name=\"H\"/>", "</Set>", "</LayerFeature>"});
+    ASSERT_EQ(feature.SetArray.GetSize(), 1);
+    EXPECT_EQ(feature.SetArray.GetAt(0)->Net, "A");
+    EXPECT_EQ(feature.SetArray.GetAt(0)->Hole.Name, "H");
+}
+
+TEST(LayerFeature, IgnoresEmptyAndUnknownLines)
+{
+    LayerFeature feature;
+    EXPECT_EQ(
+        Read(feature, {"", "<ColorRef id=\"C1\"/>", "<Features>", "<Pad pin=\"1\">", "</Pad>", "</Features>",
+                       "<set net=\"A\">", "< Set net=\"A\">", "</Step>", "</layerfeature>", "</LayerFeature>", "left"}),
+        TextLines{"left"});
+    EXPECT_TRUE(feature.SetArray.IsEmpty());
+    EXPECT_EQ(feature.ColorRefId, "");
+}
+
+TEST(LayerFeature, TakesTheLastColourOfItsSets)
+{
+    LayerFeature feature;
+    feature.ColorRefId = "C0";
+    Read(feature, {"<Set>", "</Set>"});
+    EXPECT_EQ(feature.ColorRefId, "C0");
+    Read(feature, {"<Set>", "<ColorRef id=\"C1\"/>", "</Set>"});
+    EXPECT_EQ(feature.ColorRefId, "C1");
+    Read(feature, {"<Set>", "<ColorRef id=\"C2\"/>", "</Set>", "<Set>", "<ColorRef id=\"\"/>", "</Set>", "<Set>",
+                   "</Set>", "</LayerFeature>"});
+    EXPECT_EQ(feature.ColorRefId, "C2");
+    EXPECT_EQ(feature.SetArray.GetAt(2)->ColorRef, "C2");
+}
+
+const TextLines kFeatureLines = {"<Set net=\"A\">", "<ColorRef id=\"C1\"/>", "<Features>", "</Features>",
+                                 "</Set>",          "<Set net=\"B\">",       "</Set>",     "</LayerFeature>"};
+
+TEST(LayerFeature, EndsQuietlyAtTheEndOfTheFile)
+{
+    ForEachEndOfFile(kFeatureLines, [](CStdioFile & file, std::size_t lines) {
+        LayerFeature feature;
+        feature.LayerFeatureAdd(file);
+        EXPECT_EQ(feature.SetArray.GetSize(), lines > 5 ? 2 : static_cast<int>(lines > 0));
+        EXPECT_EQ(feature.ColorRefId, lines > 1 ? "C1" : "");
+    });
+}
+
+TEST(LayerFeature, ThrowsForALineOfBlanks)
+{
+    ExpectLineOfBlanksThrows(kFeatureLines, [](CStdioFile & file) { LayerFeature().LayerFeatureAdd(file); });
+}
+
+TEST(LayerFeature, LosesTheSetInHandWithAnException)
+{
+    LayerFeature feature;
+    EXPECT_THROW(Read(feature, {"<Set net=\"A\">", "<ColorRef id=\"C1\"/>", "</Set>", "<Set net=\"B\">",
+                                "<ColorRef id=\"C2\"/>", "<Features>", "<Polyline>", " "}),
+                 CInvalidArgException);
+    ASSERT_EQ(feature.SetArray.GetSize(), 1);
+    EXPECT_EQ(feature.SetArray.GetAt(0)->Net, "A");
+    EXPECT_EQ(feature.ColorRefId, "C1");
+}
+
+TEST(LayerFeature, ThrowsForAnAttributeThatItsLineDoesNotClose)
+{
+    for (const char * const line :
+         {"<Set net=\"A>", "<Set testPoint=TRUE>", "<Set plate=\"TRUE>", "<Set padUsage=\"V>"}) {
+        LayerFeature feature;
+        EXPECT_THROW(Read(feature, {line, "</Set>"}), CInvalidArgException) << line;
+        EXPECT_TRUE(feature.SetArray.IsEmpty());
+    }
+}
+
+TEST(LayerFeature, WritesItsColourInASetOfItsOwn)
+{
+    LayerFeature feature;
+    ExpectExport(feature, "   <LayerFeature layerRef=\"\">\n" + ColourSet("") + "   </LayerFeature>\n");
+    feature.LayerRef = "TOP";
+    feature.ColorRefId = "C1";
+    ExpectExport(feature, "   <LayerFeature layerRef=\"TOP\">\n" + ColourSet("C1") + "   </LayerFeature>\n");
+}
+
+TEST(LayerFeature, WritesItsSetsBehindItsColour)
+{
+    LayerFeature feature;
+    feature.SetArray.Add(new Set);
+    feature.SetArray.Add(new Set);
+    feature.SetArray.GetAt(1)->Kind = 2;
+    feature.SetArray.GetAt(1)->ColorRef = "C9";
+    ExpectExport(feature, "   <LayerFeature layerRef=\"\">\n" + ColourSet("") + kEmptySet +
+                              "      <Set>\n"
+                              "         <Hole name=\"\" diameter=\"\" platingStatus=\"\" plusTol=\"\" minusTol=\"\" "
+                              "x=\"0.000000\" y=\"0.000000\" />\n"
+                              "      </Set>\n"
+                              "   </LayerFeature>\n");
+}
+
+TEST(LayerFeature, StopsAtTheFirstSetThatGivesZero)
+{
+    LayerFeature feature;
+    feature.SetArray.Add(new Writing<Set>("first", 0));
+    feature.SetArray.Add(new Writing<Set>("second"));
+    EXPECT_EQ(Exported(feature), (Export{0, "   <LayerFeature layerRef=\"\">\n" + ColourSet("") + "first at 1\n"}));
+}
+
+TEST(LayerFeature, GetsOneMoreSetInEachCycle)
+{
+    LayerFeature first;
+    Read(first, {"<Set>", "<ColorRef id=\"C1\"/>", "</Set>", "</LayerFeature>"});
+    const std::string body = ColourSet("C1") + kEmptySet;
+    EXPECT_EQ(Written(first), "   <LayerFeature layerRef=\"\">\n" + body + "   </LayerFeature>\n");
+    LayerFeature second;
+    ReadBack(second, Written(first));
+    ASSERT_EQ(second.SetArray.GetSize(), 2);
+    EXPECT_EQ(second.ColorRefId, "C1");
+    EXPECT_EQ(second.SetArray.GetAt(0)->ColorRef, "C1");
+    EXPECT_EQ(second.SetArray.GetAt(0)->Kind, 0);
+    EXPECT_EQ(Written(second), "   <LayerFeature layerRef=\"\">\n" + body + kEmptySet + "   </LayerFeature>\n");
+    LayerFeature third;
+    ReadBack(third, Written(second));
+    EXPECT_EQ(third.SetArray.GetSize(), 3);
+    EXPECT_EQ(third.ColorRefId, "C1");
+    EXPECT_EQ(Written(third),
+              "   <LayerFeature layerRef=\"\">\n" + body + kEmptySet + kEmptySet + "   </LayerFeature>\n");
+}
+
+TEST(LayerFeatureArray, OwnsItsElements)
+{
+    ExpectOwnsItsElements<LayerFeatureArray, LayerFeature>();
+}
+
+TEST(LayerFeatureArray, WritesItsElements)
+{
+    ExpectWritesItsElements<LayerFeatureArray, LayerFeature>();
+}
+
+TEST(LayerFeatureArray, FindsTheFirstOfALayerByBothNames)
+{
+    LayerFeatureArray features;
+    for (const char * const layer : {"TOP", "BOTTOM", "BOTTOM", ""}) {
+        auto feature = std::make_unique<LayerFeature>();
+        feature->LayerRef = layer;
+        features.Add(feature.release());
+    }
+    const struct {
+        const char * name;
+        int index;
+    } rows[] = {{"TOP", 0}, {"BOTTOM", 1}, {"", 3}, {"top", -1}, {"TO", -1}, {"TOPS", -1}, {" TOP", -1}};
+    for (const auto & row : rows) {
+        // An index out of range gives null.
+        EXPECT_EQ(features.pGetLayerFeatureWithName(row.name), features.GetAt(row.index)) << row.name;
+        EXPECT_EQ(features.FindLayerFeature(row.name), features.GetAt(row.index)) << row.name;
+    }
+}
+
+TEST(LayerFeatureArray, FindsNothingWhenItIsEmpty)
+{
+    LayerFeatureArray features;
+    EXPECT_EQ(features.pGetLayerFeatureWithName("TOP"), nullptr);
+    EXPECT_EQ(features.FindLayerFeature(""), nullptr);
+}
+
+}  // namespace

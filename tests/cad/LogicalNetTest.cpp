@@ -1,0 +1,420 @@
+#include "ipc2581/cad/LogicalNet.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "ipc2581/base/ExPtrArray.h"
+#include "ipc2581/base/XmlDataAdd_Function.h"
+#include "ipc2581/base/platform/Afx.h"
+#include "ipc2581/cad/LogicalNetPin.h"
+#include "tests/support/Files.h"
+#include "tests/support/Slots.h"
+
+namespace {
+
+using ipc2581::tests::Export;
+using ipc2581::tests::Exported;
+using ipc2581::tests::Lines;
+using ipc2581::tests::Slot;
+using ipc2581::tests::Str;
+
+using Net = CIPC2581_Ecad_CadData_Step_LogicalNet;
+using NetArray = CIPC2581_Ecad_CadData_Step_LogicalNetArray;
+using Pin = CIPC2581_Ecad_CadData_Step_LogicalNet_LogicalNetPin;
+using PinArray = CIPC2581_Ecad_CadData_Step_LogicalNet_LogicalNetPinArray;
+using Texts = std::vector<std::string>;
+
+template <typename Model>
+class Behind : public Model {
+public:
+    virtual void Next() {}
+};
+
+Pin * NewPin(const char * pin, const char * component)
+{
+    auto * made = new Pin;
+    made->Pin = pin;
+    made->ComponentRef = component;
+    return made;
+}
+
+// What LogicalNetAdd makes of these lines.
+class Read {
+public:
+    explicit Read(std::string_view bytes) : m_lines(bytes) { net.LogicalNetAdd(m_lines.File()); }
+
+    // The pins as component.pin.
+    Texts Pins()
+    {
+        Texts pins;
+        for (std::int64_t i = 0; i < net.LogicalNetPinArray->GetSize(); ++i) {
+            const Pin & pin = *net.LogicalNetPinArray->GetAt(i);
+            EXPECT_EQ(pin.Title, "");
+            pins.push_back(Str(pin.ComponentRef) + "." + Str(pin.Pin));
+        }
+        return pins;
+    }
+    Texts Rest() { return m_lines.Rest(); }
+
+    Net net;
+
+private:
+    Lines m_lines;
+};
+
+TEST(LogicalNet, IsEmptyAtFirst)
+{
+    const Net net;
+    EXPECT_EQ(net.Name, "");
+    EXPECT_EQ(net.NetClass, 0);
+    ASSERT_NE(net.LogicalNetPinArray, nullptr);
+    EXPECT_EQ(net.LogicalNetPinArray->GetSize(), 0);
+}
+
+TEST(LogicalNet, HoldsItsFieldsInOrder)
+{
+    const Net net;
+    const auto at = [](const auto & member) { return static_cast<const void *>(&member); };
+    EXPECT_LT(at(net.Name), at(net.NetClass));
+    EXPECT_LT(at(net.NetClass), at(net.LogicalNetPinArray));
+}
+
+TEST(LogicalNet, HasItsOperationsInOrder)
+{
+    EXPECT_TRUE((std::is_base_of_v<CIPC2581_XmlDataAdd_Function, Net>));
+    EXPECT_TRUE(std::has_virtual_destructor_v<Net>);
+    EXPECT_EQ(Slot(&Net::Export), 2u);
+    EXPECT_EQ(Slot(&Behind<Net>::Next), 3u);
+}
+
+TEST(LogicalNet, ItsAccessorsReachItsFields)
+{
+    Net net;
+    net.SetName("n");
+    net.SetNetClass(4);
+    EXPECT_EQ(net.Name, "n");
+    EXPECT_EQ(net.GetName(), "n");
+    EXPECT_EQ(net.NetClass, 4);
+    EXPECT_EQ(net.GetNetClass(), 4);
+    EXPECT_EQ(net.GetLogicalNetPinArray(), net.LogicalNetPinArray);
+}
+
+TEST(LogicalNet, SetLogicalNetPinArrayDropsWhatItReplaces)
+{
+    Net net;
+    const std::unique_ptr<PinArray> former(net.LogicalNetPinArray);
+    former->Add(NewPin("1", "R1"));
+    auto * const pins = new PinArray;
+    net.SetLogicalNetPinArray(pins);
+    EXPECT_EQ(net.LogicalNetPinArray, pins);
+    EXPECT_EQ(former->GetSize(), 1);
+}
+
+TEST(LogicalNet, InitTakesANewListAndLeavesTheRest)
+{
+    Net net;
+    net.Name = "n";
+    net.NetClass = 4;
+    const std::unique_ptr<PinArray> former(net.LogicalNetPinArray);
+    former->Add(NewPin("1", "R1"));
+    net.Init();
+    EXPECT_NE(net.LogicalNetPinArray, former.get());
+    EXPECT_EQ(net.LogicalNetPinArray->GetSize(), 0);
+    EXPECT_EQ(former->GetAt(0)->Pin, "1");
+    EXPECT_EQ(net.Name, "n");
+    EXPECT_EQ(net.NetClass, 4);
+}
+
+TEST(LogicalNet, ACopySharesThePins)
+{
+    Net source;
+    source.Name = "n";
+    source.NetClass = 4;
+    Net copy(source);
+    EXPECT_EQ(copy.Name, "n");
+    EXPECT_EQ(copy.NetClass, 4);
+    EXPECT_EQ(copy.LogicalNetPinArray, source.LogicalNetPinArray);
+    copy.LogicalNetPinArray = nullptr;
+}
+
+TEST(LogicalNet, AnAssignmentSharesThePinsAndDropsItsOwn)
+{
+    Net source;
+    source.Name = "n";
+    source.NetClass = 4;
+    Net target;
+    const std::unique_ptr<PinArray> former(target.LogicalNetPinArray);
+    former->Add(NewPin("1", "R1"));
+    EXPECT_EQ(&(target = source), &target);
+    EXPECT_EQ(target.Name, "n");
+    EXPECT_EQ(target.NetClass, 4);
+    EXPECT_EQ(target.LogicalNetPinArray, source.LogicalNetPinArray);
+    EXPECT_EQ(former->GetSize(), 1);
+    target.LogicalNetPinArray = nullptr;
+}
+
+// Counts the objects that are deleted.
+template <typename Model>
+class Counted : public Model {
+public:
+    explicit Counted(int & deleted) : m_deleted(deleted) {}
+    Counted(const Counted &) = delete;
+    Counted & operator=(const Counted &) = delete;
+    ~Counted() override { ++m_deleted; }
+
+private:
+    int & m_deleted;
+};
+
+TEST(LogicalNet, DeletesItsPins)
+{
+    int arrays = 0;
+    int pins = 0;
+    {
+        Net net;
+        delete net.LogicalNetPinArray;
+        net.LogicalNetPinArray = new Counted<PinArray>(arrays);
+        net.LogicalNetPinArray->Add(new Counted<Pin>(pins));
+        net.LogicalNetPinArray->Add(new Counted<Pin>(pins));
+    }
+    EXPECT_EQ(arrays, 1);
+    EXPECT_EQ(pins, 2);
+    Net without;
+    delete without.LogicalNetPinArray;
+    without.LogicalNetPinArray = nullptr;
+}
+
+TEST(LogicalNet, ReadsItsPins)
+{
+    Read read("<LogicalNetPin componentRef=\"R1\" pin=\"1\"/>\n<LogicalNetPin pin=\"A 2\" componentRef=\"U1\" />\n"
+              "</LogicalNet>\n<Behind/>\n");
+    EXPECT_EQ(read.Pins(), (Texts{"R1.1", "U1.A 2"}));
+    EXPECT_EQ(read.Rest(), Texts{"<Behind/>"});
+}
+
+TEST(LogicalNet, APinIsWhatItsLineSays)
+{
+    const std::vector<std::pair<std::string_view, std::string_view>> rows = {
+        {"<LogicalNetPin pin=\"1\"/>", ".1"},
+        {"<LogicalNetPin componentRef=\"R1\" >", "R1."},
+        {"<LogicalNetPin>", "."},
+        {"<LogicalNetPin />", "."},
+        {"<LogicalNetPin Pin=\"1\" pin =\"2\" title=\"t\" kind=\"pin\" >", "."},
+        {"<LogicalNetPin spin=\"1\" mycomponentRef=\"R\" >", "R.1"},
+        {"<LogicalNetPin componentRef=pin=\"1\" >", ".pin=1"},
+        {"<LogicalNetPin pin=\"1\" pin=\"2\" >", ".2"},
+        {"<xLogicalNetPin_pin=\"1\" >", ".1"},
+        {"<LogicalNetPin pin=\"1/2\" >", ".12"},
+    };
+    for (const auto & [line, pin] : rows) {
+        EXPECT_EQ(Read(std::string(line) + "\n</LogicalNet>\n").Pins(), Texts{std::string(pin)}) << line;
+    }
+}
+
+TEST(LogicalNet, OtherLinesAreIgnored)
+{
+    Read read("\n<LogicalNet name=\"x\">\n<LogicalNetPin/>\n<x LogicalNetPin pin=\"1\">\n</Step>\n<logicalNetPin>\n"
+              "<Pin number=\"1\">\n</LogicalNet>\n<Behind/>\n");
+    EXPECT_EQ(read.Pins(), Texts{});
+    EXPECT_EQ(read.net.Name, "");
+}
+
+TEST(LogicalNet, ALineThatIsNeitherPinNorClosingIsPassedOver)
+{
+    Read read("<LogicalNetPin/>\n<LogicalNetPin/x pin=\"1\">\n</LogicalNet>\n<Behind/>\n");
+    EXPECT_EQ(read.Pins(), Texts{});
+    EXPECT_EQ(read.Rest(), Texts{"<Behind/>"});
+}
+
+TEST(LogicalNet, TheClosingLineOfAPinEndsIt)
+{
+    Read read("<LogicalNetPin pin=\"1\" >\n</LogicalNetPin>\n<LogicalNetPin pin=\"2\" >\n");
+    EXPECT_EQ(read.Pins(), Texts{".1"});
+    EXPECT_EQ(read.Rest(), Texts{"<LogicalNetPin pin=\"2\" >"});
+}
+
+TEST(LogicalNet, EndsAtItsClosingWordAnywhereInTheFirstToken)
+{
+    for (const std::string_view line :
+         {"</LogicalNet>", "</LogicalNetX y>", "<x/LogicalNet>", "</LogicalNetPin pin=\"1\">", "   </LogicalNet>"}) {
+        Read read(std::string(line) + "\n<LogicalNetPin>\n");
+        EXPECT_EQ(read.Pins(), Texts{}) << line;
+        EXPECT_EQ(read.Rest(), Texts{"<LogicalNetPin>"}) << line;
+    }
+}
+
+TEST(LogicalNet, TakesThePinsOfTheNetsItRunsInto)
+{
+    Read read("<LogicalNet name=\"b\">\n<LogicalNetPin pin=\"1\"/>\n</LogicalNet>\n<Behind/>\n");
+    EXPECT_EQ(read.Pins(), Texts{".1"});
+    EXPECT_EQ(read.Rest(), Texts{"<Behind/>"});
+}
+
+TEST(LogicalNet, TheEndOfTheFileEndsIt)
+{
+    EXPECT_EQ(Read("<LogicalNetPin pin=\"1\"/>").Pins(), Texts{".1"});
+    EXPECT_EQ(Read("").Pins(), Texts{});
+}
+
+TEST(LogicalNet, ALineOfBlanksThrows)
+{
+    Lines lines({"<LogicalNetPin>", "  "});
+    Net net;
+    EXPECT_THROW(net.LogicalNetAdd(lines.File()), CInvalidArgException);
+    EXPECT_EQ(net.LogicalNetPinArray->GetSize(), 1);
+}
+
+TEST(LogicalNet, APinWithACutValueIsNotKept)
+{
+    Lines lines({"<LogicalNetPin>", "<LogicalNetPin pin=\"1\" componentRef=\"open"});
+    Net net;
+    EXPECT_THROW(net.LogicalNetAdd(lines.File()), CInvalidArgException);
+    EXPECT_EQ(net.LogicalNetPinArray->GetSize(), 1);
+}
+
+TEST(LogicalNet, WritesItsLines)
+{
+    Net net;
+    net.Name = "GND & co";
+    net.NetClass = 7;
+    net.LogicalNetPinArray->Add(NewPin("1", "R1"));
+    net.LogicalNetPinArray->Add(NewPin("2", ""));
+    net.LogicalNetPinArray->GetAt(0)->Title = "title";
+    EXPECT_EQ(Exported(net, 0), (Export{1, "   <LogicalNet name=\"GND & co\">\n"
+                                           "      <LogicalNetPin pin=\"1\" componentRef=\"R1\" />\n"
+                                           "      <LogicalNetPin pin=\"2\" componentRef=\"\" />\n"
+                                           "   </LogicalNet>\n"}));
+    Net empty;
+    EXPECT_EQ(Exported(empty, 1), (Export{1, "      <LogicalNet name=\"\">\n      </LogicalNet>\n"}));
+}
+
+// Writes its name and its level in place of its lines.
+template <typename Model>
+class Marked : public Model {
+public:
+    explicit Marked(int result) : m_result(result) {}
+    int Export(CStdioFile & file, int level) override
+    {
+        file.WriteString(("mark " + std::to_string(level) + "\n").c_str());
+        return m_result;
+    }
+
+private:
+    int m_result;
+};
+
+TEST(LogicalNet, StopsAtAPinThatRefuses)
+{
+    Net net;
+    net.LogicalNetPinArray->Add(new Marked<Pin>(1));
+    net.LogicalNetPinArray->Add(new Marked<Pin>(0));
+    net.LogicalNetPinArray->Add(new Marked<Pin>(1));
+    EXPECT_EQ(Exported(net, 0), (Export{0, "   <LogicalNet name=\"\">\nmark 1\nmark 1\n"}));
+}
+
+TEST(LogicalNetArray, IsAnOwningArrayWithAnExport)
+{
+    EXPECT_TRUE((std::is_base_of_v<CExPtrArray<Net *, Net *>, NetArray>));
+    EXPECT_EQ(Slot(&NetArray::Export), 8u);
+    EXPECT_EQ(Slot(&Behind<NetArray>::Next), 9u);
+    int deleted = 0;
+    {
+        NetArray nets;
+        nets.Add(new Counted<Net>(deleted));
+    }
+    EXPECT_EQ(deleted, 1);
+}
+
+TEST(LogicalNetArray, WritesAtItsOwnLevelUpToTheFirstThatRefuses)
+{
+    NetArray nets;
+    EXPECT_EQ(Exported(nets, 3), (Export{1, ""}));
+    nets.Add(new Marked<Net>(1));
+    EXPECT_EQ(Exported(nets, 3), (Export{1, "mark 3\n"}));
+    nets.Add(new Marked<Net>(0));
+    nets.Add(new Marked<Net>(1));
+    EXPECT_EQ(Exported(nets, 3), (Export{0, "mark 3\nmark 3\n"}));
+}
+
+TEST(LogicalNetPin, IsEmptyAtFirst)
+{
+    const Pin pin;
+    EXPECT_EQ(pin.ComponentRef, "");
+    EXPECT_EQ(pin.Pin, "");
+    EXPECT_EQ(pin.Title, "");
+    const auto at = [](const auto & member) { return static_cast<const void *>(&member); };
+    EXPECT_LT(at(pin.ComponentRef), at(pin.Pin));
+    EXPECT_LT(at(pin.Pin), at(pin.Title));
+}
+
+TEST(LogicalNetPin, HasItsOperationsInOrderAndNoBase)
+{
+    EXPECT_TRUE(std::has_virtual_destructor_v<Pin>);
+    EXPECT_FALSE((std::is_base_of_v<CIPC2581_XmlDataAdd_Function, Pin>));
+    EXPECT_EQ(Slot(&Pin::Export), 2u);
+    EXPECT_EQ(Slot(&Behind<Pin>::Next), 3u);
+}
+
+TEST(LogicalNetPin, ItsAccessorsReachItsFields)
+{
+    Pin pin;
+    pin.SetComponentRef("c");
+    pin.SetPin("p");
+    pin.SetTitle("t");
+    EXPECT_EQ(pin.ComponentRef, "c");
+    EXPECT_EQ(pin.Pin, "p");
+    EXPECT_EQ(pin.Title, "t");
+    EXPECT_EQ(pin.GetComponentRef(), "c");
+    EXPECT_EQ(pin.GetPin(), "p");
+    EXPECT_EQ(pin.GetTitle(), "t");
+}
+
+TEST(LogicalNetPin, CopiesAndResetsItsTexts)
+{
+    Pin source;
+    source.SetComponentRef("c");
+    source.SetPin("p");
+    source.SetTitle("t");
+    const Pin copy(source);
+    Pin assigned;
+    EXPECT_EQ(&(assigned = source), &assigned);
+    source.Init();
+    for (const Pin * pin : {&copy, static_cast<const Pin *>(&assigned)}) {
+        EXPECT_EQ(pin->ComponentRef, "c");
+        EXPECT_EQ(pin->Pin, "p");
+        EXPECT_EQ(pin->Title, "t");
+    }
+    EXPECT_EQ(source.ComponentRef, "");
+    EXPECT_EQ(source.Pin, "");
+    EXPECT_EQ(source.Title, "");
+}
+
+TEST(LogicalNetPin, WritesOneLine)
+{
+    Pin pin;
+    EXPECT_EQ(Exported(pin, 0), (Export{1, "   <LogicalNetPin pin=\"\" componentRef=\"\" />\n"}));
+    pin.Pin = "1";
+    pin.ComponentRef = "U1";
+    pin.Title = "t";
+    EXPECT_EQ(Exported(pin, 2), (Export{1, "         <LogicalNetPin pin=\"1\" componentRef=\"U1\" />\n"}));
+}
+
+TEST(LogicalNetPinArray, IsAnOwningArrayWithAnExport)
+{
+    EXPECT_TRUE((std::is_base_of_v<CExPtrArray<Pin *, Pin *>, PinArray>));
+    EXPECT_EQ(Slot(&PinArray::Export), 8u);
+    EXPECT_EQ(Slot(&Behind<PinArray>::Next), 9u);
+    PinArray pins;
+    EXPECT_EQ(Exported(pins, 3), (Export{1, ""}));
+    pins.Add(new Marked<Pin>(0));
+    pins.Add(new Marked<Pin>(1));
+    EXPECT_EQ(Exported(pins, 3), (Export{0, "mark 3\n"}));
+}
+
+}  // namespace

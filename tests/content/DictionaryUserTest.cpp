@@ -1,0 +1,392 @@
+#include "ipc2581/content/DictionaryUser.h"
+
+#include <initializer_list>
+#include <memory>
+#include <string>
+#include <type_traits>
+#include <utility>
+
+#include <gtest/gtest.h>
+
+#include "ipc2581/base/XmlDataAdd_Function.h"
+#include "ipc2581/content/DicDraw_Circle.h"
+#include "ipc2581/content/EntryUser.h"
+#include "tests/support/Files.h"
+#include "tests/support/Slots.h"
+
+namespace {
+
+using ipc2581::tests::Export;
+using ipc2581::tests::Exported;
+using ipc2581::tests::Slot;
+using ipc2581::tests::Written;
+
+using Dictionary = CIPC2581_Content_DictionaryUser;
+using Entry = CIPC2581_Content_DictionaryUser_EntryUser;
+using Array = CIPC2581_Content_DictionaryUser_EntryUserArray;
+using Shape = CIPC2581_DrawObj;
+using Circle = CIPC2581_DicDraw_Circle;
+
+std::unique_ptr<Entry> NewEntry(const char * id, std::initializer_list<double> diameters = {})
+{
+    auto entry = std::make_unique<Entry>();
+    entry->ID = id;
+    for (const double diameter : diameters) {
+        auto circle = std::make_unique<Circle>();
+        circle->Diameter = diameter;
+        entry->DrawObjArray->Add(circle.release());
+    }
+    return entry;
+}
+
+// A dictionary with one entry that holds a circle.
+std::unique_ptr<Dictionary> With(const char * unit, const char * id)
+{
+    auto dictionary = std::make_unique<Dictionary>();
+    dictionary->Unit = unit;
+    dictionary->SetEntry(NewEntry(id, {1}).release());
+    return dictionary;
+}
+
+// An entry of which nothing can be written.
+class Unwritable : public Entry {
+public:
+    int Export(CStdioFile & file, int /*level*/) override
+    {
+        file.WriteString("unwritable\n");
+        return 0;
+    }
+};
+
+int g_alive = 0;
+
+class Counted : public Entry {
+public:
+    Counted() { ++g_alive; }
+    Counted(const Counted & other) : Entry(other) { ++g_alive; }
+    Counted & operator=(const Counted &) = delete;
+    ~Counted() override { --g_alive; }
+    Counted * clone() const override { return new Counted(*this); }
+};
+
+TEST(Content_DictionaryUser_EntryUser, StartsEmpty)
+{
+    Entry entry;
+    EXPECT_EQ(entry.ID, "");
+    ASSERT_NE(entry.DrawObjArray, nullptr);
+    EXPECT_TRUE(entry.DrawObjArray->IsEmpty());
+    EXPECT_EQ(entry.GetDrawObjArray(), entry.DrawObjArray);
+    EXPECT_LT(static_cast<void *>(&entry.ID), static_cast<void *>(&entry.DrawObjArray));
+    EXPECT_TRUE((std::is_base_of_v<CIPC2581_XmlDataAdd_Function, Entry>));
+}
+
+TEST(Content_DictionaryUser_EntryUser, HoldsItsOperationsInOrder)
+{
+    EXPECT_EQ(Slot(&Entry::clone), 2U);
+    EXPECT_EQ(Slot(static_cast<Entry & (Entry::*)(const Entry &)>(&Entry::operator=)), 3U);
+    EXPECT_EQ(Slot(&Entry::Export), 4U);
+}
+
+TEST(Content_DictionaryUser_EntryUser, GivesAndTakesItsId)
+{
+    Entry entry;
+    entry.SetID("A");
+    EXPECT_EQ(entry.ID, "A");
+    entry.ID = "B";
+    EXPECT_EQ(entry.GetID(), "B");
+}
+
+TEST(Content_DictionaryUser_EntryUser, TakesAListOverAsItIs)
+{
+    const std::unique_ptr<Entry> entry = NewEntry("A", {1});
+    const std::unique_ptr<CIPC2581_DrawObjArray> before(entry->DrawObjArray);
+    auto * const list = new CIPC2581_DrawObjArray;
+    list->Add(new Circle);
+    entry->SetDrawObjArray(list);
+    EXPECT_EQ(entry->DrawObjArray, list);
+    EXPECT_EQ(list->GetSize(), 1);
+    EXPECT_EQ(before->GetSize(), 1);
+}
+
+TEST(Content_DictionaryUser_EntryUser, WritesItsShapesOneLevelDeeper)
+{
+    const std::unique_ptr<Entry> entry = NewEntry("A", {1});
+    EXPECT_EQ(Exported(*entry), (Export{1, "   <EntryUser id=\"A\">\n"
+                                           "      <Circle diameter=\"1.000000\" />\n"
+                                           "   </EntryUser>\n"}));
+    EXPECT_EQ(Exported(*entry, 2), (Export{1, "         <EntryUser id=\"A\">\n"
+                                              "            <Circle diameter=\"1.000000\" />\n"
+                                              "         </EntryUser>\n"}));
+    EXPECT_EQ(Written(*NewEntry("")), "   <EntryUser id=\"\">\n   </EntryUser>\n");
+}
+
+TEST(Content_DictionaryUser_EntryUser, StopsAtAShapeThatCannotBeWritten)
+{
+    const std::unique_ptr<Entry> entry = NewEntry("A", {1});
+    entry->DrawObjArray->Add(new Shape);
+    EXPECT_EQ(Exported(*entry), (Export{0, "   <EntryUser id=\"A\">\n      <Circle diameter=\"1.000000\" />\n"}));
+}
+
+TEST(Content_DictionaryUser_EntryUser, CopiesHaveShapesOfTheirOwn)
+{
+    const std::unique_ptr<Entry> source = NewEntry("A", {1, 2});
+    Entry constructed(*source);
+    const std::unique_ptr<Entry> assigned = NewEntry("B", {3});
+    *assigned = *source;
+    const std::unique_ptr<Entry> cloned(std::as_const(*source).clone());
+    for (Entry * copy : {&constructed, assigned.get(), cloned.get()}) {
+        EXPECT_EQ(Written(*copy), Written(*source));
+        EXPECT_NE(copy->DrawObjArray, source->DrawObjArray);
+        EXPECT_NE(copy->DrawObjArray->GetAt(0), source->DrawObjArray->GetAt(0));
+    }
+}
+
+TEST(Content_DictionaryUser_EntryUser, AssigningItselfKeepsTheShapes)
+{
+    const std::unique_ptr<Entry> entry = NewEntry("A", {1});
+    const Shape * const shape = entry->DrawObjArray->GetAt(0);
+    const Entry & same = *entry;
+    *entry = same;
+    EXPECT_EQ(entry->ID, "A");
+    ASSERT_EQ(entry->DrawObjArray->GetSize(), 1);
+    EXPECT_EQ(entry->DrawObjArray->GetAt(0), shape);
+}
+
+TEST(Content_DictionaryUser_EntryUser, InitTakesANewListAndLeavesTheOldOneAlive)
+{
+    const std::unique_ptr<Entry> entry = NewEntry("A", {1});
+    const std::unique_ptr<CIPC2581_DrawObjArray> abandoned(entry->DrawObjArray);
+    entry->Init();
+    EXPECT_EQ(entry->ID, "");
+    EXPECT_NE(entry->DrawObjArray, abandoned.get());
+    EXPECT_TRUE(entry->DrawObjArray->IsEmpty());
+    EXPECT_EQ(abandoned->GetSize(), 1);
+}
+
+static_assert(std::is_base_of_v<CExPtrArray<Entry *, Entry *>, Array>);
+
+TEST(Content_DictionaryUser_EntryUserArray, AddsItsOperationsInOrder)
+{
+    EXPECT_EQ(Slot(&Array::clone), 8U);
+    EXPECT_EQ(Slot(static_cast<Array & (Array::*)(const Array &)>(&Array::operator=)), 9U);
+    EXPECT_EQ(Slot(&Array::Export), 10U);
+}
+
+TEST(Content_DictionaryUser_EntryUserArray, OwnsItsEntriesAndClonesThemThroughTheirOwnOperation)
+{
+    {
+        Array source;
+        source.Add(new Counted);
+        source.GetAt(0)->ID = "A";
+        Array assigned;
+        assigned.Add(new Counted);
+        assigned.Add(new Counted);
+        EXPECT_EQ(g_alive, 3);
+        assigned = source;
+        EXPECT_EQ(g_alive, 2);
+        const std::unique_ptr<const Array> cloned(std::as_const(source).clone());
+        const Array constructed(source);
+        EXPECT_EQ(g_alive, 4);
+        for (const Array * copy : {cloned.get(), &constructed, &std::as_const(assigned)}) {
+            ASSERT_EQ(copy->GetSize(), 1);
+            EXPECT_EQ(copy->GetAt(0)->ID, "A");
+        }
+    }
+    EXPECT_EQ(g_alive, 0);
+}
+
+TEST(Content_DictionaryUser_EntryUserArray, AssigningItselfKeepsTheEntries)
+{
+    Array array;
+    array.Add(NewEntry("A").release());
+    const Entry * const entry = array.GetAt(0);
+    const Array & same = array;
+    array = same;
+    ASSERT_EQ(array.GetSize(), 1);
+    EXPECT_EQ(array.GetAt(0), entry);
+}
+
+TEST(Content_DictionaryUser_EntryUserArray, WritesItsEntriesAtItsOwnLevel)
+{
+    Array array;
+    EXPECT_EQ(Exported(array), (Export{1, ""}));
+    array.Add(NewEntry("A").release());
+    array.Add(NewEntry("B").release());
+    EXPECT_EQ(Exported(array, 1), (Export{1, "      <EntryUser id=\"A\">\n      </EntryUser>\n"
+                                             "      <EntryUser id=\"B\">\n      </EntryUser>\n"}));
+}
+
+TEST(Content_DictionaryUser_EntryUserArray, StopsAtTheFirstEntryThatCannotBeWritten)
+{
+    Array array;
+    array.Add(NewEntry("A").release());
+    array.Add(new Unwritable);
+    array.Add(NewEntry("B").release());
+    EXPECT_EQ(Exported(array), (Export{0, "   <EntryUser id=\"A\">\n   </EntryUser>\nunwritable\n"}));
+}
+
+TEST(Content_DictionaryUser_EntryUserArray, FindsTheFirstEntryWithAnId)
+{
+    Array array;
+    EXPECT_EQ(array.pGetEntryUserWithID("A"), nullptr);
+    for (const char * id : {"B", "A", "A", ""}) {
+        array.Add(NewEntry(id).release());
+    }
+    EXPECT_EQ(array.pGetEntryUserWithID("A"), array.GetAt(1));
+    EXPECT_EQ(array.pGetEntryUserWithID("B"), array.GetAt(0));
+    EXPECT_EQ(array.pGetEntryUserWithID(""), array.GetAt(3));
+    for (const char * id : {"a", "A ", "AA", "b"}) {
+        EXPECT_EQ(array.pGetEntryUserWithID(id), nullptr) << id;
+    }
+}
+
+TEST(Content_DictionaryUser, StartsEmpty)
+{
+    Dictionary dictionary;
+    EXPECT_EQ(dictionary.Unit, "");
+    ASSERT_NE(dictionary.EntryArray, nullptr);
+    EXPECT_TRUE(dictionary.EntryArray->IsEmpty());
+    EXPECT_EQ(dictionary.GetEntryArray(), dictionary.EntryArray);
+    EXPECT_LT(static_cast<void *>(&dictionary.Unit), static_cast<void *>(&dictionary.EntryArray));
+    EXPECT_TRUE((std::is_base_of_v<CIPC2581_XmlDataAdd_Function, Dictionary>));
+}
+
+TEST(Content_DictionaryUser, HoldsItsOperationsInOrder)
+{
+    EXPECT_EQ(Slot(&Dictionary::clone), 2U);
+    EXPECT_EQ(Slot(static_cast<Dictionary & (Dictionary::*)(const Dictionary &)>(&Dictionary::operator=)), 3U);
+    EXPECT_EQ(Slot(&Dictionary::Export), 4U);
+}
+
+TEST(Content_DictionaryUser, GivesAndTakesItsUnit)
+{
+    Dictionary dictionary;
+    dictionary.SetUnit("INCH");
+    EXPECT_EQ(dictionary.Unit, "INCH");
+    dictionary.Unit = "any word";
+    EXPECT_EQ(dictionary.GetUnit(), "any word");
+}
+
+TEST(Content_DictionaryUser, SetEntryAddsTheEntryAndOwnsIt)
+{
+    {
+        Dictionary dictionary;
+        auto * const first = new Counted;
+        auto * const second = new Counted;
+        first->ID = "B";
+        second->ID = "A";
+        dictionary.SetEntry(first);
+        dictionary.SetEntry(second);
+        ASSERT_EQ(dictionary.EntryArray->GetSize(), 2);
+        EXPECT_EQ(dictionary.EntryArray->GetAt(0), first);
+        EXPECT_EQ(dictionary.EntryArray->GetAt(1), second);
+        EXPECT_EQ(dictionary.EntryArray->pGetEntryUserWithID("A"), second);
+        EXPECT_EQ(g_alive, 2);
+    }
+    EXPECT_EQ(g_alive, 0);
+}
+
+TEST(Content_DictionaryUser, WritesItsEntriesOneLevelDeeper)
+{
+    const std::unique_ptr<Dictionary> dictionary = With("MM", "A");
+    EXPECT_EQ(Exported(*dictionary), (Export{1, "   <DictionaryUser units=\"MM\">\n"
+                                                "      <EntryUser id=\"A\">\n"
+                                                "         <Circle diameter=\"1.000000\" />\n"
+                                                "      </EntryUser>\n"
+                                                "   </DictionaryUser>\n"}));
+}
+
+TEST(Content_DictionaryUser, WritesTwoLinesWithoutEntries)
+{
+    Dictionary dictionary;
+    EXPECT_EQ(Exported(dictionary), (Export{1, "   <DictionaryUser units=\"\">\n   </DictionaryUser>\n"}));
+    dictionary.Unit = "INCH";
+    EXPECT_EQ(Exported(dictionary, 2),
+              (Export{1, "         <DictionaryUser units=\"INCH\">\n         </DictionaryUser>\n"}));
+}
+
+TEST(Content_DictionaryUser, StopsAtAnEntryThatCannotBeWritten)
+{
+    const std::unique_ptr<Dictionary> dictionary = With("MM", "A");
+    dictionary->EntryArray->GetAt(0)->DrawObjArray->Add(new Shape);
+    dictionary->SetEntry(NewEntry("B").release());
+    EXPECT_EQ(Exported(*dictionary), (Export{0, "   <DictionaryUser units=\"MM\">\n"
+                                                "      <EntryUser id=\"A\">\n"
+                                                "         <Circle diameter=\"1.000000\" />\n"}));
+}
+
+TEST(Content_DictionaryUser, CopiesHaveEntriesOfTheirOwn)
+{
+    const std::unique_ptr<Dictionary> source = With("MM", "A");
+    Dictionary constructed(*source);
+    const std::unique_ptr<Dictionary> assigned = With("INCH", "B");
+    *assigned = *source;
+    const std::unique_ptr<Dictionary> cloned(std::as_const(*source).clone());
+    for (Dictionary * copy : {&constructed, assigned.get(), cloned.get()}) {
+        EXPECT_EQ(Written(*copy), Written(*source));
+        EXPECT_NE(copy->EntryArray, source->EntryArray);
+        EXPECT_NE(copy->EntryArray->GetAt(0), source->EntryArray->GetAt(0));
+    }
+}
+
+TEST(Content_DictionaryUser, AssigningItselfKeepsTheEntries)
+{
+    const std::unique_ptr<Dictionary> dictionary = With("MM", "A");
+    const Entry * const entry = dictionary->EntryArray->GetAt(0);
+    const Dictionary & same = *dictionary;
+    *dictionary = same;
+    EXPECT_EQ(dictionary->Unit, "MM");
+    ASSERT_EQ(dictionary->EntryArray->GetSize(), 1);
+    EXPECT_EQ(dictionary->EntryArray->GetAt(0), entry);
+}
+
+// An array that counts its assignments.
+class ListeningArray : public Array {
+public:
+    using Array::operator=;
+    Array & operator=(const Array & other) override
+    {
+        ++assignments;
+        return Array::operator=(other);
+    }
+    int assignments = 0;
+};
+
+TEST(Content_DictionaryUser, CopiesThroughTheAssignmentOfTheArrayExceptFromItself)
+{
+    Dictionary dictionary;
+    const std::unique_ptr<Array> before(dictionary.EntryArray);
+    auto * const array = new ListeningArray;
+    dictionary.EntryArray = array;
+    const Dictionary & same = dictionary;
+    dictionary = same;
+    EXPECT_EQ(array->assignments, 0);
+    dictionary = *With("MM", "A");
+    EXPECT_EQ(array->assignments, 1);
+    EXPECT_EQ(array->GetSize(), 1);
+}
+
+TEST(Content_DictionaryUser, InitDeletesTheEntriesAndKeepsTheArray)
+{
+    Dictionary dictionary;
+    dictionary.Unit = "MM";
+    dictionary.SetEntry(new Counted);
+    const Array * const array = dictionary.EntryArray;
+    dictionary.Init();
+    EXPECT_EQ(dictionary.Unit, "");
+    EXPECT_EQ(dictionary.EntryArray, array);
+    EXPECT_TRUE(array->IsEmpty());
+    EXPECT_EQ(g_alive, 0);
+}
+
+TEST(Content_DictionaryUser, InitMakesAMissingArray)
+{
+    Dictionary dictionary;
+    const std::unique_ptr<Array> before(dictionary.EntryArray);
+    dictionary.EntryArray = nullptr;
+    dictionary.Init();
+    ASSERT_NE(dictionary.EntryArray, nullptr);
+    EXPECT_TRUE(dictionary.EntryArray->IsEmpty());
+}
+
+}  // namespace

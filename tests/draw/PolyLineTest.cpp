@@ -1,0 +1,315 @@
+#include "ipc2581/draw/PolyLine.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "tests/support/Files.h"
+#include "tests/support/Slots.h"
+
+namespace {
+
+using ipc2581::tests::Exported;
+using ipc2581::tests::Lines;
+using ipc2581::tests::Slot;
+using ipc2581::tests::Str;
+using ipc2581::tests::Written;
+using Texts = std::vector<std::string>;
+
+// All of it in short: "b1,2 s3,4 c5,6 w9" for a begin point, a segment, a curve and a line width.
+std::string Short(const CIPC2581_PolyLine & polyLine)
+{
+    const auto at = [](char what, const CIPC2581_Point & point) {
+        CString text;
+        text.Format("%s%d,%d ", CString(std::string_view(&what, 1)), static_cast<int>(point.GetPoint_X()),
+                    static_cast<int>(point.GetPoint_Y()));
+        return Str(text);
+    };
+    std::string text = at('b', *polyLine.PolyBegin);
+    for (std::int64_t i = 0; i < polyLine.PolyStepArray->GetSize(); ++i) {
+        const CIPC2581_PolyStep & step = *polyLine.PolyStepArray->GetAt(i);
+        text += at(step.GetType() == 0 ? 's' : 'c', *step.GetEndPoint());
+    }
+    CString width;
+    width.Format("w%d", static_cast<int>(polyLine.LineDesc->LineWidth));
+    return text + Str(width);
+}
+
+void Fill(CIPC2581_PolyLine & polyLine)
+{
+    Lines file{"<PolyBegin x=\"1\" y=\"2\" />",
+               "   <PolyStepSegment x=\"3\" y=\"4\" />",
+               "<PolyStepCurve x=\"5\" y=\"6\" centerX=\"7\" centerY=\"8\" clockwise=\"TRUE\" />",
+               "<LineDesc lineEnd=\"SQUARE\" lineWidth=\"9\" />",
+               "</Polyline>",
+               "behind"};
+    EXPECT_EQ(polyLine.Import(file.File()), 1);
+    EXPECT_EQ(file.Rest(), Texts{"behind"});
+}
+
+TEST(PolyLine, StartsWithARoundEnd)
+{
+    const CIPC2581_PolyLine polyLine;
+    EXPECT_EQ(Short(polyLine), "b0,0 w0");
+    EXPECT_EQ(polyLine.LineDesc->LineEnd, "ROUND");
+    EXPECT_LT(static_cast<const void *>(&polyLine.PolyStepArray), static_cast<const void *>(&polyLine.LineDesc));
+}
+
+TEST(PolyLine, ReadsBeginPointStepsAndLineDescription)
+{
+    CIPC2581_PolyLine polyLine;
+    Fill(polyLine);
+    EXPECT_EQ(Short(polyLine), "b1,2 s3,4 c5,6 w9");
+    EXPECT_EQ(polyLine.LineDesc->LineEnd, "SQUARE");
+    EXPECT_EQ(polyLine.PolyStepArray->GetAt(1)->GetCenterPoint()->GetPoint_X(), 7.0);
+    EXPECT_EQ(polyLine.PolyStepArray->GetAt(1)->GetCenterPoint()->GetPoint_Y(), 8.0);
+    EXPECT_EQ(polyLine.PolyStepArray->GetAt(1)->GetClockWise(), 0);
+}
+
+TEST(PolyLine, AddsToTheStepsThatItHas)
+{
+    CIPC2581_PolyLine polyLine;
+    Fill(polyLine);
+    Fill(polyLine);
+    EXPECT_EQ(Short(polyLine), "b1,2 s3,4 c5,6 s3,4 c5,6 w9");
+}
+
+// A begin point's line goes through the other tests too; any other word excludes those behind it.
+TEST(PolyLine, TestsHaveTheirOrder)
+{
+    const struct {
+        const char * line;
+        const char * result;
+        bool ends;
+    } cases[] = {
+        {"<PolyBegin x=\"1\" y=\"2\">", "b1,2 w0", false},
+        {"<PolyBeginPolyStepSegment x=\"1\" y=\"2\">", "b1,2 s1,2 w0", false},
+        {"<PolyStepCurvePolyBegin x=\"1\" y=\"2\">", "b1,2 c1,2 w0", false},
+        {"<PolyBeginLineDesc x=\"1\" lineWidth=\"3\">", "b1,0 w3", false},
+        {"<PolyBegin/Polyline x=\"1\" y=\"2\">", "b1,2 w0", true},
+        {"<PolyBegin/></Polyline>", "b0,0 w0", true},
+        {"<PolyBeginPolyStepSegmentPolyStepCurve x=\"1\">", "b1,0 s1,0 w0", false},
+        {"<PolyBeginPolyStepSegment/Polyline x=\"1\">", "b1,0 s1,0 w0", false},
+        {"<PolyStepCurvePolyStepSegment x=\"1\" y=\"2\">", "b0,0 s1,2 w0", false},
+        {"<LineDescPolyStepSegment x=\"1\" lineWidth=\"3\">", "b0,0 s1,0 w0", false},
+        {"</PolylinePolyStepSegment x=\"1\">", "b0,0 s1,0 w0", false},
+        {"<LineDescPolyStepCurve x=\"1\" lineWidth=\"3\">", "b0,0 c1,0 w0", false},
+        {"</PolylinePolyStepCurve x=\"1\">", "b0,0 c1,0 w0", false},
+        {"</PolylineLineDesc x=\"1\" lineWidth=\"3\">", "b0,0 w3", false},
+        {"</Polyline x=\"1\" lineWidth=\"3\">", "b0,0 w0", true},
+        {"<Any/PolylineAny>", "b0,0 w0", true},
+    };
+    for (const auto & row : cases) {
+        CIPC2581_PolyLine polyLine;
+        Lines file{row.line, "behind"};
+        EXPECT_EQ(polyLine.Import(file.File()), 1);
+        EXPECT_EQ(Short(polyLine), row.result) << row.line;
+        EXPECT_EQ(file.Rest().size(), row.ends ? 1U : 0U) << row.line;
+    }
+}
+
+TEST(PolyLine, ClosingLinesOfStepsAppendStepsAndThatOfADescriptionEndsNothing)
+{
+    CIPC2581_PolyLine polyLine;
+    Lines file{"</PolyBegin>", "</PolyStepSegment>", "</PolyStepCurve>", "</LineDesc>", "</Polyline>", "behind"};
+    EXPECT_EQ(polyLine.Import(file.File()), 1);
+    EXPECT_EQ(file.Rest(), Texts{"behind"});
+    EXPECT_EQ(Short(polyLine), "b0,0 s0,0 c0,0 w0");
+}
+
+TEST(PolyLine, OtherLinesArePassedOver)
+{
+    CIPC2581_PolyLine polyLine;
+    Lines file{"<Polyline>",
+               "</PolyLine>",
+               "</Polygon>",
+               "</Line>",
+               "<PolyStep x=\"1\">",
+               "<Any PolyBegin x=\"1\">",
+               "<Line>",
+               "</polyline>",
+               "< x>",
+               "</Polyline>",
+               "behind"};
+    EXPECT_EQ(polyLine.Import(file.File()), 1);
+    EXPECT_EQ(file.Rest(), Texts{"behind"});
+    EXPECT_EQ(Short(polyLine), "b0,0 w0");
+}
+
+TEST(PolyLine, KeepsWhatWasReadAtTheEndOfFile)
+{
+    const Texts lines{"<PolyBegin x=\"1\" y=\"2\" />\n", "<PolyStepSegment x=\"3\" y=\"4\" />\n",
+                      "<PolyStepCurve x=\"5\" y=\"6\" />\n", "<LineDesc lineWidth=\"9\" />\n"};
+    const char * const results[] = {"b0,0 w0", "b1,2 w0", "b1,2 s3,4 w0", "b1,2 s3,4 c5,6 w0", "b1,2 s3,4 c5,6 w9"};
+    std::string bytes;
+    for (std::size_t count = 0; count <= lines.size(); ++count) {
+        CIPC2581_PolyLine polyLine;
+        Lines file(bytes);
+        EXPECT_EQ(polyLine.Import(file.File()), 1);
+        EXPECT_EQ(Short(polyLine), results[count]);
+        bytes += count < lines.size() ? lines[count] : "";
+    }
+}
+
+TEST(PolyLine, KeepsWhatWasReadBeforeALineThatRaises)
+{
+    for (const char * line : {" ", "<PolyStepSegment x=\"open", "<PolyStepCurve clockwise=TRUE", "<PolyBegin y=\"open",
+                              "<LineDesc lineEnd=\"open"}) {
+        CIPC2581_PolyLine polyLine;
+        Fill(polyLine);
+        Lines file{line, "behind"};
+        EXPECT_THROW(polyLine.Import(file.File()), CInvalidArgException) << line;
+        EXPECT_EQ(Short(polyLine), "b1,2 s3,4 c5,6 w9") << line;
+        EXPECT_EQ(file.Rest(), Texts{"behind"}) << line;
+    }
+}
+
+TEST(PolyLine, IsWrittenWithItsChildrenOneIndentDeeper)
+{
+    CIPC2581_PolyLine polyLine;
+    Fill(polyLine);
+    EXPECT_EQ(Exported(polyLine).result, 1);
+    EXPECT_EQ(Written(polyLine, 0),
+              "   <Polyline>\n"
+              "      <PolyBegin x=\"1.000000\" y=\"2.000000\" />\n"
+              "      <PolyStepSegment x=\"3.000000\" y=\"4.000000\" />\n"
+              "      <PolyStepCurve x=\"5.000000\" y=\"6.000000\" centerX=\"7.000000\" centerY=\"8.000000\" "
+              "clockwise=\"FALSE\" />\n"
+              "      <LineDesc lineEnd=\"SQUARE\" lineWidth=\"9.000000\" />\n"
+              "   </Polyline>\n");
+    EXPECT_EQ(Written(polyLine, 2),
+              "         <Polyline>\n"
+              "            <PolyBegin x=\"1.000000\" y=\"2.000000\" />\n"
+              "            <PolyStepSegment x=\"3.000000\" y=\"4.000000\" />\n"
+              "            <PolyStepCurve x=\"5.000000\" y=\"6.000000\" centerX=\"7.000000\" centerY=\"8.000000\" "
+              "clockwise=\"FALSE\" />\n"
+              "            <LineDesc lineEnd=\"SQUARE\" lineWidth=\"9.000000\" />\n"
+              "         </Polyline>\n");
+}
+
+TEST(PolyLine, IsWrittenWithoutSteps)
+{
+    CIPC2581_PolyLine polyLine;
+    const auto written = Exported(polyLine, -1);
+    EXPECT_EQ(written.result, 1);
+    EXPECT_EQ(written.text, "<Polyline>\n"
+                            "   <PolyBegin x=\"0.000000\" y=\"0.000000\" />\n"
+                            "   <LineDesc lineEnd=\"ROUND\" lineWidth=\"0.000000\" />\n"
+                            "</Polyline>\n");
+}
+
+template <typename Part>
+class Refusing : public Part {
+public:
+    int Export(CStdioFile & /*file*/, int /*level*/) override { return 0; }
+};
+
+template <typename Part>
+void Refuse(Part *& part)
+{
+    delete part;
+    part = new Refusing<Part>;
+}
+
+TEST(PolyLine, WritingStopsWhereAChildFails)
+{
+    CIPC2581_PolyLine polyLine;
+    const std::string opening = "   <Polyline>\n";
+    const std::string begin = "      <PolyBegin x=\"0.000000\" y=\"0.000000\" />\n";
+    const std::string step = "      <PolyStepSegment x=\"0.000000\" y=\"0.000000\" />\n";
+    polyLine.PolyStepArray->Add(new CIPC2581_PolyStep);
+    Refuse(polyLine.LineDesc);
+    EXPECT_EQ(Exported(polyLine).result, 0);
+    EXPECT_EQ(Written(polyLine), opening + begin + step);
+    polyLine.PolyStepArray->Add(new Refusing<CIPC2581_PolyStep>);
+    EXPECT_EQ(Exported(polyLine).result, 0);
+    EXPECT_EQ(Written(polyLine), opening + begin + step);
+    Refuse(polyLine.PolyStepArray);
+    EXPECT_EQ(Exported(polyLine).result, 0);
+    EXPECT_EQ(Written(polyLine), opening + begin);
+    Refuse(polyLine.PolyBegin);
+    EXPECT_EQ(Exported(polyLine).result, 0);
+    EXPECT_EQ(Written(polyLine), opening);
+}
+
+TEST(PolyLine, WritesNoDescriptionWhereAStepFails)
+{
+    CIPC2581_PolyLine polyLine;
+    polyLine.PolyStepArray->Add(new Refusing<CIPC2581_PolyStep>);
+    const auto written = Exported(polyLine);
+    EXPECT_EQ(written.result, 0);
+    EXPECT_EQ(written.text, "   <Polyline>\n      <PolyBegin x=\"0.000000\" y=\"0.000000\" />\n");
+}
+
+TEST(PolyLine, InitKeepsItsParts)
+{
+    CIPC2581_PolyLine polyLine;
+    Fill(polyLine);
+    const std::vector<const void *> parts{polyLine.PolyBegin, polyLine.PolyStepArray, polyLine.LineDesc};
+    polyLine.Init();
+    EXPECT_EQ(parts, (std::vector<const void *>{polyLine.PolyBegin, polyLine.PolyStepArray, polyLine.LineDesc}));
+    EXPECT_EQ(Short(polyLine), "b0,0 w0");
+    EXPECT_EQ(polyLine.LineDesc->LineEnd, "ROUND");
+    EXPECT_EQ(polyLine.GetDrawType(), 20);
+}
+
+TEST(PolyLine, InitMakesAMissingLineDescription)
+{
+    CIPC2581_PolyLine polyLine;
+    delete polyLine.LineDesc;
+    polyLine.LineDesc = nullptr;
+    polyLine.Init();
+    ASSERT_NE(polyLine.LineDesc, nullptr);
+    EXPECT_EQ(polyLine.LineDesc->LineEnd, "ROUND");
+}
+
+TEST(PolyLine, DestructorToleratesAMissingLineDescription)
+{
+    auto polyLine = std::make_unique<CIPC2581_PolyLine>();
+    delete polyLine->LineDesc;
+    polyLine->LineDesc = nullptr;
+    EXPECT_NO_FATAL_FAILURE(polyLine.reset());
+}
+
+TEST(PolyLine, CopiesHaveALineDescriptionOfTheirOwn)
+{
+    CIPC2581_PolyLine source;
+    Fill(source);
+    source.LineDesc->SetShape(4);
+    const CIPC2581_PolyLine copy(source);
+    const std::unique_ptr<CIPC2581_PolyLine> clone(source.clone());
+    CIPC2581_PolyLine target;
+    const CIPC2581_LineDesc * owned = target.LineDesc;
+    target = source;
+    EXPECT_EQ(target.LineDesc, owned);
+    source.Init();
+    for (const CIPC2581_PolyLine * made : {&copy, static_cast<const CIPC2581_PolyLine *>(clone.get()),
+                                           static_cast<const CIPC2581_PolyLine *>(&target)}) {
+        EXPECT_EQ(Short(*made), "b1,2 s3,4 c5,6 w9");
+        EXPECT_EQ(made->LineDesc->LineEnd, "SQUARE");
+        EXPECT_EQ(made->LineDesc->GetShape(), 4);
+    }
+}
+
+// Unlike the other geometry shapes.
+TEST(PolyLine, CopyingTakesTheTypeAlong)
+{
+    CIPC2581_PolyLine source;
+    source.SetDrawType(5);
+    EXPECT_EQ(CIPC2581_PolyLine(source).GetDrawType(), 5);
+    const std::unique_ptr<CIPC2581_PolyLine> clone(source.clone());
+    EXPECT_EQ(clone->GetDrawType(), 5);
+    CIPC2581_PolyLine target;
+    target = source;
+    EXPECT_EQ(target.GetDrawType(), 5);
+}
+
+TEST(PolyLine, OrderOfReplacedOperations)
+{
+    EXPECT_EQ(Slot(static_cast<int (CIPC2581_PolyLine::*)(CStdioFile &)>(&CIPC2581_PolyLine::Import)), 5U);
+    EXPECT_EQ(Slot(&CIPC2581_PolyLine::Export), 6U);
+}
+
+}  // namespace

@@ -1,0 +1,105 @@
+#include <filesystem>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include <ipc2581/ipc2581.h>
+
+#include "tests/hosts/Program.h"
+
+namespace ipc2581::tests {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string WrittenByTheLibrary(const std::string & board)
+{
+    const TempFolder folder;
+    CString path(board.c_str());
+    CString written(folder.Path("written.cvg").c_str());
+    CIPC2581_Parser root;
+    CIPC2581_XmlLiteReader reader;
+    reader.OpenPath(path, root);
+    EXPECT_EQ(reader.WriteFilePath(written, root), 1);
+    return Bytes(written.GetString());
+}
+
+TEST(Convert, WritesWhatTheLibraryWrites)
+{
+    const TempFolder folder;
+    const std::string board = Bytes(ExampleBoard());
+    const std::string out = folder.Path("out.cvg");
+    EXPECT_EQ(Run({"convert", ExampleBoard(), out}), (Result{0, "", ""}));
+    EXPECT_EQ(Bytes(out), WrittenByTheLibrary(ExampleBoard()));
+    EXPECT_EQ(Bytes(ExampleBoard()), board);
+    EXPECT_EQ(Names(folder.Path("")), std::set<std::string>{"out.cvg"});
+}
+
+TEST(Convert, WritesToADeviceToo)
+{
+    EXPECT_EQ(Run({"convert", ExampleBoard(), "/dev/stdout"}), (Result{0, WrittenByTheLibrary(ExampleBoard()), ""}));
+}
+
+TEST(Convert, TakesThePlaceOfAFileAndKeepsItsPermissions)
+{
+    const TempFolder folder;
+    const std::string out = folder.Save("out.cvg", "old");
+    fs::permissions(out, fs::perms(0640));
+    fs::create_symlink("out.cvg", folder.Path("link.cvg"));
+    EXPECT_EQ(Run({"convert", ExampleBoard(), "link.cvg"}, {.folder = folder.Path("")}), (Result{0, "", ""}));
+    EXPECT_EQ(Bytes(out), WrittenByTheLibrary(ExampleBoard()));
+    EXPECT_EQ(fs::status(out).permissions(), fs::perms(0640));
+    EXPECT_EQ(Names(folder.Path("")), (std::set<std::string>{"link.cvg", "out.cvg"}));
+}
+
+TEST(Convert, LeavesAGoodFileWhereTheDiskIsFull)
+{
+    const TempFolder folder;
+    const std::string out = folder.Save("out.cvg", "good");
+    EXPECT_EQ(Run({"convert", ExampleBoard(), out}, {.fileLimit = 10000}),
+              Failure(out + ": cannot be written: File too large"));
+    EXPECT_EQ(Bytes(out), "good");
+    EXPECT_EQ(Names(folder.Path("")), std::set<std::string>{"out.cvg"});
+    EXPECT_EQ(Run({"convert", ExampleBoard(), "/dev/full"}),
+              Failure("/dev/full: cannot be written: No space left on device"));
+}
+
+TEST(Convert, LeavesAGoodFileWhereTheBoardStopsTheRead)
+{
+    const TempFolder folder;
+    const std::string board = folder.Save("board.cvg", SmallBoard(" \n"));
+    const std::string out = folder.Save("out.cvg", "good");
+    EXPECT_EQ(Run({"convert", board, out}), Failure(board + ":9: a line of blanks stops the read"));
+    EXPECT_EQ(Bytes(out), "good");
+}
+
+TEST(Convert, IsNeverWrittenOverTheBoard)
+{
+    const TempFolder folder;
+    const std::string board = folder.Save("board.cvg", SmallBoard());
+    fs::create_symlink(board, folder.Path("link.cvg"));
+    for (const std::string & out : {board, folder.Path("./board.cvg"), folder.Path("link.cvg")}) {
+        EXPECT_EQ(Run({"convert", board, out}), Failure(out + ": is the board itself, which is never written over"));
+    }
+    EXPECT_EQ(Bytes(board), SmallBoard());
+}
+
+TEST(Convert, TellsWhereItCannotWrite)
+{
+    const TempFolder folder;
+    const std::string lost = folder.Path("none/out.cvg");
+    EXPECT_EQ(Run({"convert", ExampleBoard(), lost}), Failure(lost + ": cannot be made: No such file or directory"));
+    EXPECT_EQ(Run({"convert", ExampleBoard(), folder.Path("")}), Failure(folder.Path("") + ": Is a directory"));
+}
+
+TEST(Convert, ShowsABarBothWays)
+{
+    const TempFolder folder;
+    const std::string out = folder.Path("out.cvg");
+    const std::string shown = Run({"convert", ExampleBoard(), out}, {.isOnTerminal = true}).err;
+    EXPECT_NE(shown.find("Reading " + ExampleBoard() + " ["), std::string::npos);
+    EXPECT_NE(shown.find("Writing " + out + " ["), std::string::npos);
+}
+
+}  // namespace
+}  // namespace ipc2581::tests

@@ -1,0 +1,43 @@
+# Both kinds of the library are installed and used from outside: the kind of this build from this build, the other one
+# from a build of its own.
+set(install_scripts ${CMAKE_CURRENT_LIST_DIR})
+
+file(GLOB programs RELATIVE ${PROJECT_SOURCE_DIR}/hosts CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/hosts/*/CMakeLists.txt)
+list(TRANSFORM programs REPLACE "/CMakeLists.txt$" "")
+if(NOT IPC2581_BUILD_HOSTS)
+    set(programs)
+endif()
+list(JOIN programs "," programs)
+
+if(BUILD_SHARED_LIBS)
+    set(own_kind shared)
+else()
+    set(own_kind static)
+endif()
+
+foreach(kind IN ITEMS static shared)
+    set(folder ${CMAKE_CURRENT_BINARY_DIR}/install/${kind})
+    set(arguments
+        -D SOURCE=${PROJECT_SOURCE_DIR}
+        -D KIND=${kind}
+        -D FOLDER=${folder}
+        -D PREFIX=${folder}/prefix
+        -D LIBDIR=${CMAKE_INSTALL_LIBDIR}
+        -D VERSION=${PROJECT_VERSION}
+        -D CONFIG=$<CONFIG>
+        -D PROGRAMS=${programs}
+        -D GENERATOR=${CMAKE_GENERATOR}
+        -D COMPILER=${CMAKE_CXX_COMPILER}
+        -D LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER})
+    if(kind STREQUAL own_kind)
+        list(APPEND arguments -D BUILT=${PROJECT_BINARY_DIR})
+    endif()
+
+    add_test(NAME install.${kind}.package COMMAND ${CMAKE_COMMAND} ${arguments} -P ${install_scripts}/Package.cmake)
+    set_tests_properties(install.${kind}.package PROPERTIES FIXTURES_SETUP install.${kind} PROCESSORS 2)
+    foreach(step IN ITEMS Manifest CMake PkgConfig)
+        string(TOLOWER ${step} name)
+        add_test(NAME install.${kind}.${name} COMMAND ${CMAKE_COMMAND} ${arguments} -P ${install_scripts}/${step}.cmake)
+        set_tests_properties(install.${kind}.${name} PROPERTIES FIXTURES_REQUIRED install.${kind})
+    endforeach()
+endforeach()

@@ -1,0 +1,508 @@
+#include "ipc2581/logistics/Bom.h"
+
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "ipc2581/base/ExPtrArray.h"
+#include "ipc2581/base/XmlDataAdd_Function.h"
+#include "ipc2581/base/platform/Afx.h"
+#include "ipc2581/document/Parser.h"
+#include "ipc2581/document/XmlLiteReader.h"
+#include "ipc2581/logistics/BomItem.h"
+#include "ipc2581/logistics/RefDes.h"
+#include "tests/support/Files.h"
+#include "tests/support/Slots.h"
+
+namespace {
+
+using ipc2581::tests::Lines;
+using ipc2581::tests::Slot;
+using ipc2581::tests::Str;
+using ipc2581::tests::TempFolder;
+using ipc2581::tests::Tokens;
+
+using Texts = std::vector<std::string>;
+
+// Its own operation stands behind all those of the class.
+template <typename Model>
+class Behind : public Model {
+public:
+    virtual void Next() {}
+};
+
+class Document {
+public:
+    int Open(std::string_view bytes)
+    {
+        CString path(folder.Save("board.xml", bytes));
+        return reader.OpenPath(path, root);
+    }
+
+    TempFolder folder;
+    CIPC2581_Parser root;
+    CIPC2581_XmlLiteReader reader;
+    CIPC2581_Bom & bom = root.m_Bom;
+};
+
+// The six texts of an item, in their order.
+Texts FieldsOf(const CIPC2581_Bom_BomItem & item)
+{
+    return {Str(item.quantity),           Str(item.numberIO),    Str(item.category),
+            Str(item.internalPartNumber), Str(item.description), Str(item.packageRef)};
+}
+
+// The item that ReadBomItem makes of its opening line and the lines behind it.
+class ReadItem {
+public:
+    explicit ReadItem(std::string_view opening, std::string_view behind = "</BomItem>\n") : m_lines(behind)
+    {
+        Tokens tokens(opening);
+        bom.ReadBomItem(tokens, m_lines.File());
+    }
+    const CIPC2581_Bom_BomItem & Item() { return *bom.m_arrBomItem.GetAt(0); }
+    Texts Rest() { return m_lines.Rest(); }
+    // The names of the reference designators, in brackets where they are not populated.
+    Texts RefDes()
+    {
+        Texts names;
+        for (std::int64_t i = 0; i < Item().m_arrRefDes.GetSize(); ++i) {
+            const CIPC2581_Bom_BomItem_RefDes & refDes = *Item().m_arrRefDes.GetAt(i);
+            names.push_back(refDes.populate ? Str(refDes.name) : "(" + Str(refDes.name) + ")");
+        }
+        return names;
+    }
+
+    CIPC2581_Bom bom;
+
+private:
+    Lines m_lines;
+};
+
+constexpr std::string_view Words[] = {"quantity",           "numberIO",    "category",
+                                      "internalPartNumber", "description", "packageRef"};
+
+TEST(Bom, IsEmptyAtFirst)
+{
+    const CIPC2581_Bom bom;
+    EXPECT_EQ(bom.name, "");
+    EXPECT_EQ(bom.assembly, "");
+    EXPECT_EQ(bom.m_strHeaderText2, "");
+    EXPECT_EQ(bom.m_strHeaderText3, "");
+    EXPECT_EQ(bom.m_arrBomItem.GetSize(), 0);
+}
+
+TEST(Bom, HoldsItsFieldsInOrder)
+{
+    const CIPC2581_Bom bom;
+    const auto at = [](const auto & member) { return static_cast<const void *>(&member); };
+    EXPECT_LT(at(bom.name), at(bom.assembly));
+    EXPECT_LT(at(bom.assembly), at(bom.m_strHeaderText2));
+    EXPECT_LT(at(bom.m_strHeaderText2), at(bom.m_strHeaderText3));
+    EXPECT_LT(at(bom.m_strHeaderText3), at(bom.m_arrBomItem));
+}
+
+TEST(Bom, HasAVirtualDestructorOnly)
+{
+    EXPECT_FALSE(std::is_copy_constructible_v<CIPC2581_Bom>);
+    EXPECT_FALSE(std::is_copy_assignable_v<CIPC2581_Bom>);
+    EXPECT_TRUE((std::is_base_of_v<CIPC2581_XmlDataAdd_Function, CIPC2581_Bom>));
+    EXPECT_TRUE(std::has_virtual_destructor_v<CIPC2581_Bom>);
+    EXPECT_EQ(Slot(&Behind<CIPC2581_Bom>::Next), 2u);
+}
+
+TEST(Bom, TakesItsNameFromItsLine)
+{
+    const std::vector<std::pair<std::string_view, std::string_view>> rows = {
+        {"<Bom name=\"Rev A\">", "Rev A"},
+        {"<Bom name=\"a\" name=\"b\">", "b"},
+        {"<Bom filename=\"f\" >", "f"},
+        {"<Bom name =\"a\">", ""},
+        {"<Bom>", ""},
+        {"<Bom Name=\"a\">", ""},
+        {"<Bom name=\"a/b\" x=\"1\">", "ab"},
+        {"<Bom_name=\"t\" >", "t"},
+    };
+    for (const auto & [line, name] : rows) {
+        Document document;
+        EXPECT_EQ(document.Open(std::string(line) + "\n</Bom>\n"), 1);
+        EXPECT_EQ(document.bom.name, name) << line;
+    }
+}
+
+TEST(Bom, EndsAtItsClosingLine)
+{
+    Document document;
+    document.Open("<Bom name=\"b\">\n</xBom>\n<HistoryRecord number=\"4\"/>\n");
+    EXPECT_EQ(document.root.m_HistoryRecord.number, 0);
+    Document other;
+    other.Open("<Bom name=\"b\">\n</Bomx>\n<HistoryRecord number=\"4\"/>\n");
+    EXPECT_EQ(other.root.m_HistoryRecord.number, 4);
+}
+
+TEST(Bom, ReadsItsHeader)
+{
+    Document document;
+    document.Open("<Bom>\n<BomHeader assembly=\"A1\" revision=\"r\">\n<StepRef name=\"s\"/>\n</BomHeader>\n</Bom>\n");
+    EXPECT_EQ(document.bom.assembly, "A1");
+    EXPECT_EQ(document.bom.m_arrBomItem.GetSize(), 0);
+}
+
+TEST(Bom, TheHeaderFillsTheAssemblyAlone)
+{
+    const std::vector<std::pair<std::string_view, std::string_view>> rows = {
+        {"<BomHeader assembly=\"A1\"/>", "A1"},
+        {"<BomHeader assembly=\"a\" assembly=\"b\" assembly=\"c\"/>", "c"},
+        {"<BomHeader revision=\"1\" affecting=\"FALSE\"/>", "before"},
+        {"<BomHeader revision=\"assembly\"/>", "assembly"},
+        {"<BomHeader subassembly=\"s\"/>", "s"},
+        {"<BomHeader Assembly=\"s\"/>", "before"},
+        {"<BomHeader assembly=\"two words\" x=\"1\">", "two words"},
+        {"</BomHeader>", "before"},
+        {"<assembly=\"t\" >", "t"},
+    };
+    for (const auto & [line, assembly] : rows) {
+        CIPC2581_Bom bom;
+        bom.assembly = "before";
+        Tokens tokens(line);
+        bom.ReadBomHeader(tokens);
+        EXPECT_EQ(bom.assembly, assembly) << line;
+        EXPECT_EQ(bom.m_strHeaderText2, "") << line;
+        EXPECT_EQ(bom.m_strHeaderText3, "") << line;
+        EXPECT_EQ(bom.name, "") << line;
+    }
+}
+
+TEST(Bom, ACutHeaderThrows)
+{
+    CIPC2581_Bom bom;
+    Tokens tokens("<BomHeader assembly=\"open");
+    EXPECT_THROW(bom.ReadBomHeader(tokens), CInvalidArgException);
+    Tokens other("<BomHeader revision=\"open");
+    bom.ReadBomHeader(other);
+    EXPECT_EQ(bom.assembly, "");
+}
+
+TEST(Bom, AFirstTokenWithTwoWordsGoesToTheEarlierRow)
+{
+    Document document;
+    document.Open("<Bom>\n<BomItemBomHeader assembly=\"a\" quantity=\"1\">\n</BomItem>\n<X/>\n</BomItem>\n</Bom>\n");
+    EXPECT_EQ(document.bom.assembly, "a");
+    ASSERT_EQ(document.bom.m_arrBomItem.GetSize(), 1);
+    EXPECT_EQ(document.bom.m_arrBomItem.GetAt(0)->quantity, "");
+}
+
+TEST(Bom, AClosingHeaderLineIsAHeaderLine)
+{
+    Document document;
+    document.Open("<Bom>\n</BomHeader assembly=\"late\">\n</Bom>\n");
+    EXPECT_EQ(document.bom.assembly, "late");
+}
+
+TEST(Bom, AStrayClosingItemLineOpensAnItem)
+{
+    Document document;
+    document.Open("<Bom>\n</BomItem quantity=\"5\">\n<RefDes name=\"R1\"/>\n</Bom>\n</BomItem>\n</Bom>\n");
+    ASSERT_EQ(document.bom.m_arrBomItem.GetSize(), 1);
+    EXPECT_EQ(document.bom.m_arrBomItem.GetAt(0)->quantity, "5");
+    EXPECT_EQ(document.bom.m_arrBomItem.GetAt(0)->m_arrRefDes.GetSize(), 1);
+}
+
+TEST(Bom, IgnoresOtherLines)
+{
+    Document document;
+    document.Open("<Bom>\n\n<RefDes name=\"R1\"/>\n<Ecad name=\"e\">\n</Ecad>\n<Bom name=\"x\">\n</Bom>\n");
+    EXPECT_EQ(document.bom.name, "");
+    EXPECT_EQ(document.bom.m_arrBomItem.GetSize(), 0);
+    EXPECT_EQ(document.root.m_Ecad.name, "");
+}
+
+TEST(Bom, KeepsItemsOfOnePartNumberApart)
+{
+    Document document;
+    document.Open("<Bom>\n<BomItem internalPartNumber=\"P\" quantity=\"1\">\n</BomItem>\n"
+                  "<BomItem internalPartNumber=\"P\" quantity=\"2\">\n</BomItem>\n</Bom>\n");
+    ASSERT_EQ(document.bom.m_arrBomItem.GetSize(), 2);
+    EXPECT_EQ(document.bom.m_arrBomItem.GetAt(0)->quantity, "1");
+    EXPECT_EQ(document.bom.m_arrBomItem.GetAt(1)->quantity, "2");
+}
+
+TEST(Bom, ASecondSectionAppendsAndOverwritesTheName)
+{
+    Document document;
+    document.Open("<Bom name=\"a\">\n<BomHeader assembly=\"h\"/>\n<BomItem>\n</BomItem>\n</Bom>\n"
+                  "<Bom name=\"b\">\n<BomItem>\n</BomItem>\n</Bom>\n<Bom>\n</Bom>\n");
+    EXPECT_EQ(document.bom.name, "b");
+    EXPECT_EQ(document.bom.assembly, "h");
+    EXPECT_EQ(document.bom.m_arrBomItem.GetSize(), 2);
+}
+
+TEST(Bom, TheEndOfTheFileEndsIt)
+{
+    Document document;
+    EXPECT_EQ(document.Open("<Bom name=\"a\">\n<BomHeader assembly=\"h\"/>\n<BomItem>\n</BomItem>\n"), 1);
+    EXPECT_EQ(document.bom.name, "a");
+    EXPECT_EQ(document.bom.assembly, "h");
+    EXPECT_EQ(document.bom.m_arrBomItem.GetSize(), 1);
+}
+
+TEST(Bom, AnItemIsLostAtTheEndOfTheFile)
+{
+    Document document;
+    EXPECT_EQ(document.Open("<Bom>\n<BomItem>\n</BomItem>\n<BomItem>\n<RefDes name=\"R1\"/>\n"), 1);
+    EXPECT_EQ(document.bom.m_arrBomItem.GetSize(), 1);
+}
+
+TEST(Bom, ALineOfBlanksThrowsAtEveryDepth)
+{
+    Document document;
+    EXPECT_THROW(document.Open("<Bom name=\"b\">\n<BomItem>\n</BomItem>\n  \n</Bom>\n"), CInvalidArgException);
+    EXPECT_EQ(document.bom.name, "b");
+    EXPECT_EQ(document.bom.m_arrBomItem.GetSize(), 1);
+    Document inside;
+    EXPECT_THROW(inside.Open("<Bom>\n<BomItem>\n<RefDes name=\"R1\"/>\n  \n</BomItem>\n"), CInvalidArgException);
+    EXPECT_EQ(inside.bom.m_arrBomItem.GetSize(), 0);
+}
+
+TEST(BomItem, IsEmptyAtFirst)
+{
+    const CIPC2581_Bom_BomItem item;
+    EXPECT_EQ(FieldsOf(item), (Texts{"", "", "", "", "", ""}));
+    EXPECT_EQ(item.m_arrRefDes.GetSize(), 0);
+}
+
+TEST(BomItem, HoldsItsFieldsInOrder)
+{
+    const CIPC2581_Bom_BomItem item;
+    const auto at = [](const auto & member) { return static_cast<const void *>(&member); };
+    EXPECT_LT(at(item.quantity), at(item.numberIO));
+    EXPECT_LT(at(item.numberIO), at(item.category));
+    EXPECT_LT(at(item.category), at(item.internalPartNumber));
+    EXPECT_LT(at(item.internalPartNumber), at(item.description));
+    EXPECT_LT(at(item.description), at(item.packageRef));
+    EXPECT_LT(at(item.packageRef), at(item.m_arrRefDes));
+}
+
+TEST(BomItem, HasAVirtualDestructorOnlyAndNoBase)
+{
+    EXPECT_TRUE(std::has_virtual_destructor_v<CIPC2581_Bom_BomItem>);
+    EXPECT_FALSE((std::is_base_of_v<CIPC2581_XmlDataAdd_Function, CIPC2581_Bom_BomItem>));
+    EXPECT_EQ(Slot(&Behind<CIPC2581_Bom_BomItem>::Next), 2u);
+}
+
+TEST(BomItem, ItsArraysAddNothingToTheOwningArray)
+{
+    EXPECT_TRUE(
+        (std::is_base_of_v<CExPtrArray<CIPC2581_Bom_BomItem *, CIPC2581_Bom_BomItem *>, CIPC2581_BomItemArray>));
+    EXPECT_TRUE((std::is_base_of_v<CExPtrArray<CIPC2581_Bom_BomItem_RefDes *, CIPC2581_Bom_BomItem_RefDes *>,
+                                   CIPC2581_BOMRefDesArray>));
+    EXPECT_EQ(Slot(&Behind<CIPC2581_BomItemArray>::Next), 8u);
+    EXPECT_EQ(Slot(&Behind<CIPC2581_BOMRefDesArray>::Next), 8u);
+}
+
+TEST(BomItem, ReadsItsSixAttributes)
+{
+    ReadItem read("<BomItem quantity=\"2\" numberIO=\"3\" category=\"ELECTRICAL\" internalPartNumber=\"P\""
+                  " description=\"two words\" packageRef=\"K\">");
+    EXPECT_EQ(FieldsOf(read.Item()), (Texts{"2", "3", "ELECTRICAL", "P", "two words", "K"}));
+    ReadItem backwards("<BomItem packageRef=\"K\" description=\"d\" internalPartNumber=\"P\" category=\"c\""
+                       " numberIO=\"3\" quantity=\"many\">");
+    EXPECT_EQ(FieldsOf(backwards.Item()), (Texts{"many", "3", "c", "P", "d", "K"}));
+}
+
+TEST(BomItem, TestsForTheWordsWithoutTheEqualSign)
+{
+    for (std::size_t i = 0; i < std::size(Words); ++i) {
+        ReadItem read("<BomItem other=\"" + std::string(Words[i]) + "\" >");
+        Texts expected(6);
+        expected[i] = Words[i];
+        EXPECT_EQ(FieldsOf(read.Item()), expected) << Words[i];
+    }
+}
+
+TEST(BomItem, ATokenWithTwoWordsGoesToTheEarlierRow)
+{
+    for (std::size_t earlier = 0; earlier < std::size(Words); ++earlier) {
+        for (std::size_t later = earlier + 1; later < std::size(Words); ++later) {
+            ReadItem read("<BomItem " + std::string(Words[later]) + "=\"" + std::string(Words[earlier]) + "\" >");
+            Texts expected(6);
+            expected[earlier] = Words[earlier];
+            EXPECT_EQ(FieldsOf(read.Item()), expected) << Words[later];
+        }
+    }
+}
+
+TEST(BomItem, ADescriptionThatSaysQuantityLandsThere)
+{
+    ReadItem read("<BomItem description=\"quantity of one\" packageRef=\"K\">");
+    EXPECT_EQ(FieldsOf(read.Item()), (Texts{"quantity of one", "", "", "", "", "K"}));
+}
+
+TEST(BomItem, OtherAttributesAreNotKept)
+{
+    ReadItem read("<BomItem OEMDesignNumberRef=\"o\" Quantity=\"1\" pinCount=\"2\" quantity=\"7\"/>");
+    EXPECT_EQ(FieldsOf(read.Item()), (Texts{"7", "", "", "", "", ""}));
+}
+
+TEST(BomItem, TheScanBeginsAtTheFirstToken)
+{
+    ReadItem read("<BomItem_quantity=\"1\" >");
+    EXPECT_EQ(read.Item().quantity, "1");
+}
+
+TEST(BomItem, ACutValueThrowsAndAddsNothing)
+{
+    Lines lines({"</BomItem>"});
+    CIPC2581_Bom bom;
+    Tokens tokens("<BomItem quantity=\"1\" description=\"open");
+    EXPECT_THROW(bom.ReadBomItem(tokens, lines.File()), CInvalidArgException);
+    EXPECT_EQ(bom.m_arrBomItem.GetSize(), 0);
+    EXPECT_EQ(lines.Rest(), Texts{"</BomItem>"});
+}
+
+TEST(BomItem, AnItemWithoutRefDesIsAdded)
+{
+    ReadItem read("<BomItem>", "</BomItem>\n<Behind/>\n");
+    ASSERT_EQ(read.bom.m_arrBomItem.GetSize(), 1);
+    EXPECT_EQ(read.Item().m_arrRefDes.GetSize(), 0);
+    EXPECT_EQ(read.Rest(), Texts{"<Behind/>"});
+}
+
+TEST(BomItem, ReadsItsRefDesLines)
+{
+    ReadItem read("<BomItem>", "<RefDes name=\"R1\" packageRef=\"K\" populate=\"TRUE\" layerRef=\"TOP\"/>\n"
+                               "<RefDes name=\"R 2\" populate=\"FALSE\">\n"
+                               "</RefDes>\n"
+                               "<RefDes populate=\"true\" name=\"R3\"/>\n"
+                               "<RefDes name=\"R4\"/>\n"
+                               "<RefDes>\n"
+                               "<RefDesX populate=\"xTRUEx\" filename=\"R5\" >\n"
+                               "</BomItem>\n");
+    EXPECT_EQ(read.RefDes(), (Texts{"R1", "(R 2)", "(R3)", "R4", "", "R5"}));
+}
+
+TEST(BomItem, RefDesTestsCarryTheEqualSign)
+{
+    ReadItem read("<BomItem>", "<RefDes name =\"R1\" populate =\"FALSE\" kind=\"name\" >\n"
+                               "<RefDes populate=name=\"FALSE\"/>\n"
+                               "<RefDes_name=\"t\" populate=\"FALSE\" populate=\"TRUE\" >\n</BomItem>\n");
+    EXPECT_EQ(read.RefDes(), (Texts{"", "name=FALSE", "t"}));
+}
+
+TEST(BomItem, ASlashInTheFirstTokenIsNoRefDes)
+{
+    ReadItem read("<BomItem>", "<RefDes/>\n</RefDes>\n</RefDes name=\"R1\">\n<RefDes/x name=\"R2\">\n</BomItem>\n");
+    EXPECT_EQ(read.RefDes(), Texts{});
+}
+
+TEST(BomItem, AFirstTokenWithRefDesAndTheClosingWordEndsIt)
+{
+    ReadItem read("<BomItem>", "</BomItemRefDes>\n<Behind/>\n");
+    EXPECT_EQ(read.RefDes(), Texts{});
+    EXPECT_EQ(read.Rest(), Texts{"<Behind/>"});
+}
+
+TEST(BomItem, IgnoresOtherLines)
+{
+    ReadItem read("<BomItem>", "\n<Characteristics category=\"x\" quantity=\"9\">\n</Bom>\n<BomItem quantity=\"8\">\n"
+                               "<x name=\"RefDes\"/>\n<refdes name=\"a\"/>\n</BomItem>\n");
+    EXPECT_EQ(FieldsOf(read.Item()), (Texts{"", "", "", "", "", ""}));
+    EXPECT_EQ(read.RefDes(), Texts{});
+}
+
+TEST(BomItem, ASelfClosingItemTakesTheLinesOfTheNext)
+{
+    Document document;
+    document.Open("<Bom>\n<BomItem quantity=\"1\"/>\n<BomItem quantity=\"2\">\n<RefDes name=\"R2\"/>\n</BomItem>\n"
+                  "<BomItem quantity=\"3\">\n</BomItem>\n</Bom>\n");
+    ASSERT_EQ(document.bom.m_arrBomItem.GetSize(), 2);
+    EXPECT_EQ(document.bom.m_arrBomItem.GetAt(0)->quantity, "1");
+    EXPECT_EQ(document.bom.m_arrBomItem.GetAt(0)->m_arrRefDes.GetSize(), 1);
+    EXPECT_EQ(document.bom.m_arrBomItem.GetAt(1)->quantity, "3");
+}
+
+TEST(BomItem, ACutRefDesThrows)
+{
+    Lines lines({"<RefDes name=\"R1\"/>", "<RefDes name=\"open", "</BomItem>"});
+    CIPC2581_Bom bom;
+    Tokens tokens("<BomItem>");
+    EXPECT_THROW(bom.ReadBomItem(tokens, lines.File()), CInvalidArgException);
+    EXPECT_EQ(bom.m_arrBomItem.GetSize(), 0);
+}
+
+TEST(BomItem, TheEndOfTheFileAddsNoItem)
+{
+    ReadItem read("<BomItem quantity=\"1\">", "<RefDes name=\"R1\"/>\n");
+    EXPECT_EQ(read.bom.m_arrBomItem.GetSize(), 0);
+}
+
+TEST(BomRefDes, HasItsDefaults)
+{
+    const CIPC2581_Bom_BomItem_RefDes refDes;
+    EXPECT_EQ(refDes.name, "");
+    EXPECT_TRUE(refDes.populate);
+    EXPECT_LT(static_cast<const void *>(&refDes.name), static_cast<const void *>(&refDes.populate));
+}
+
+TEST(BomRefDes, HasAVirtualDestructorOnlyAndNoBase)
+{
+    EXPECT_TRUE(std::has_virtual_destructor_v<CIPC2581_Bom_BomItem_RefDes>);
+    EXPECT_FALSE((std::is_base_of_v<CIPC2581_XmlDataAdd_Function, CIPC2581_Bom_BomItem_RefDes>));
+    EXPECT_EQ(Slot(&Behind<CIPC2581_Bom_BomItem_RefDes>::Next), 2u);
+}
+
+TEST(BomRefDes, CopiesByValue)
+{
+    CIPC2581_Bom_BomItem_RefDes source;
+    source.name = "R1";
+    source.populate = false;
+    const CIPC2581_Bom_BomItem_RefDes copy(source);
+    CIPC2581_Bom_BomItem_RefDes assigned;
+    EXPECT_EQ(&(assigned = source), &assigned);
+    source.name = "R2";
+    EXPECT_EQ(copy.name, "R1");
+    EXPECT_FALSE(copy.populate);
+    EXPECT_EQ(assigned.name, "R1");
+    EXPECT_FALSE(assigned.populate);
+}
+
+// Counts the objects that an array deletes.
+template <typename Element>
+class Counted : public Element {
+public:
+    explicit Counted(int & deleted) : m_deleted(deleted) {}
+    Counted(const Counted &) = delete;
+    Counted & operator=(const Counted &) = delete;
+    ~Counted() override { ++m_deleted; }
+
+private:
+    int & m_deleted;
+};
+
+TEST(BomItemArray, DeletesItsItems)
+{
+    int deleted = 0;
+    {
+        CIPC2581_BomItemArray items;
+        items.Add(new Counted<CIPC2581_Bom_BomItem>(deleted));
+        items.Add(nullptr);
+        items.Add(new Counted<CIPC2581_Bom_BomItem>(deleted));
+    }
+    EXPECT_EQ(deleted, 2);
+}
+
+TEST(BomRefDesArray, GoesWithItsItem)
+{
+    int deleted = 0;
+    {
+        CIPC2581_Bom_BomItem item;
+        item.m_arrRefDes.Add(new Counted<CIPC2581_Bom_BomItem_RefDes>(deleted));
+    }
+    EXPECT_EQ(deleted, 1);
+}
+
+}  // namespace
