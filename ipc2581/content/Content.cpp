@@ -49,11 +49,13 @@ int CIPC2581_Content::Export_Dictionary(CStdioFile & file, int level)
 
 CIPC2581_Content & CIPC2581_Content::operator=(const CIPC2581_Content & other)
 {
-    FunctionMode = other.FunctionMode;
-    FunctionModeLevel = other.FunctionModeLevel;
-    FunctionModeComment = other.FunctionModeComment;
-    *DictionaryStandard = *other.DictionaryStandard;
-    *DictionaryUser = *other.DictionaryUser;
+    if (this != &other) {
+        FunctionMode = other.FunctionMode;
+        FunctionModeLevel = other.FunctionModeLevel;
+        FunctionModeComment = other.FunctionModeComment;
+        *DictionaryStandard = *other.DictionaryStandard;
+        *DictionaryUser = *other.DictionaryUser;
+    }
     return *this;
 }
 

@@ -27,7 +27,9 @@ int CIPC2581_Content_DictionaryColor::Export(CStdioFile & file, int level)
 CIPC2581_Content_DictionaryColor &
 CIPC2581_Content_DictionaryColor::operator=(const CIPC2581_Content_DictionaryColor & other)
 {
-    *Entry = *other.Entry;
+    if (this != &other) {
+        *Entry = *other.Entry;
+    }
     return *this;
 }
 

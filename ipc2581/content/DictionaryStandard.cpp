@@ -31,8 +31,10 @@ int CIPC2581_Content_DictionaryStandard::Export(CStdioFile & file, int level)
 CIPC2581_Content_DictionaryStandard &
 CIPC2581_Content_DictionaryStandard::operator=(const CIPC2581_Content_DictionaryStandard & other)
 {
-    Unit = other.Unit;
-    *EntryArray = *other.EntryArray;
+    if (this != &other) {
+        Unit = other.Unit;
+        *EntryArray = *other.EntryArray;
+    }
     return *this;
 }
 

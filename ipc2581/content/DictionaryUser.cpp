@@ -29,8 +29,10 @@ CIPC2581_Content_DictionaryUser * CIPC2581_Content_DictionaryUser::clone() const
 CIPC2581_Content_DictionaryUser &
 CIPC2581_Content_DictionaryUser::operator=(const CIPC2581_Content_DictionaryUser & other)
 {
-    Unit = other.Unit;
-    *EntryArray = *other.EntryArray;
+    if (this != &other) {
+        Unit = other.Unit;
+        *EntryArray = *other.EntryArray;
+    }
     return *this;
 }
 

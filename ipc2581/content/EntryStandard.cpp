@@ -116,8 +116,10 @@ int EntryStandard::Export(CStdioFile & file, int level)
 
 EntryStandard & EntryStandard::operator=(const EntryStandard & other)
 {
-    EntryStandardId = other.EntryStandardId;
-    *DrawArray = *other.DrawArray;
+    if (this != &other) {
+        EntryStandardId = other.EntryStandardId;
+        *DrawArray = *other.DrawArray;
+    }
     return *this;
 }
 

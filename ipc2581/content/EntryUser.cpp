@@ -27,8 +27,10 @@ EntryUser * EntryUser::clone() const
 
 EntryUser & EntryUser::operator=(const EntryUser & other)
 {
-    ID = other.ID;
-    *DrawObjArray = *other.DrawObjArray;
+    if (this != &other) {
+        ID = other.ID;
+        *DrawObjArray = *other.DrawObjArray;
+    }
     return *this;
 }
 

@@ -517,7 +517,7 @@ TEST(Content, PassesOverOtherLines)
 {
     Section section({"<Content>", "<functionMode mode=\"x\"/>", "<stepref>x</stepref>", "<STEPREF>x</STEPREF>",
                      "<x StepRef/>", "<Layer name=\"LayerRef\"/>", "< StepRef>x</StepRef>", "<dictionaryColor>",
-                     "<Dictionary StepRef>", "<Spec>StepREF</Spec>", "x", "<", "   <", "no bracket", "\t", "</content>",
+                     "<Dictionary StepRef>", "<Net>StepREF</Net>", "x", "<", "   <", "no bracket", "\t", "</content>",
                      "<StepRef>A</StepRef>", "</Content>"});
     EXPECT_EQ(All(section->StepRef), Texts({"A"}));
     EXPECT_EQ(Written(*section), Empty);
