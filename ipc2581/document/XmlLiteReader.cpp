@@ -68,6 +68,8 @@ int CIPC2581_XmlLiteReader::WriteFilePath(CString & path, CIPC2581_Parser & root
               "xmlns:xsd=\"http://www.w3.org/2001/XMLSchema\">\n",
               Indent(0));
     if (WriteIPC2581(root, 0) == 0) {
+        // The file stays open, and the destructor that closes it could not tell a full disk.
+        m_File.Flush();
         return 0;
     }
     WriteLine(m_File, "%s</IPC-2581>\n", Indent(0));

@@ -341,6 +341,7 @@ struct Result {
 std::vector<std::string> TextsOf(const TokenList & tokens)
 {
     std::vector<std::string> texts;
+    texts.reserve(static_cast<std::size_t>(tokens.Size()));
     for (int i = 0; i < tokens.Size(); ++i) {
         texts.emplace_back(tokens[i]);
     }

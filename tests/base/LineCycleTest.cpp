@@ -26,6 +26,7 @@ using Texts = std::vector<std::string>;
 Texts TokensOf(const TokenList & list)
 {
     Texts tokens;
+    tokens.reserve(static_cast<std::size_t>(list.Size()));
     for (int i = 0; i < list.Size(); ++i) {
         tokens.emplace_back(list[i]);
     }

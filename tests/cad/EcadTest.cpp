@@ -27,7 +27,6 @@ using ipc2581::tests::Slot;
 using ipc2581::tests::Str;
 using ipc2581::tests::TempFolder;
 using ipc2581::tests::Tokens;
-using ipc2581::tests::Written;
 
 using Texts = std::vector<std::string>;
 
@@ -178,8 +177,8 @@ TEST(Ecad, ASecondHeaderOverwritesTheUnits)
 TEST(Ecad, WhatAHeaderHoldsIsDropped)
 {
     Document document;
-    document.Open("<Ecad name=\"e\">\n<CadHeader units=\"INCH\">\n<Spec name=\"s\" units=\"x\">\n<Layer name=\"l\"/>\n"
-                  "</Spec>\n</CadHeader>\n</Ecad>\n");
+    document.Open("<Ecad name=\"e\">\n<CadHeader units=\"INCH\">\n<Note name=\"s\" units=\"x\">\n<Layer name=\"l\"/>\n"
+                  "</Note>\n</CadHeader>\n</Ecad>\n");
     EXPECT_EQ(document.ecad.name, "e");
     EXPECT_EQ(document.ecad.m_CadHeader.units, "INCH");
     EXPECT_EQ(document.ecad.m_CadData.m_arrLayer.GetSize(), 0);

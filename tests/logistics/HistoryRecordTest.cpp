@@ -89,8 +89,10 @@ TEST(HistoryRecord, HasAVirtualDestructorOnlyAndNoBase)
 
 TEST(HistoryRecord, ACopyHasAllFourFields)
 {
-    const CIPC2581_HistoryRecord source = Filled();
+    CIPC2581_HistoryRecord source = Filled();
     const CIPC2581_HistoryRecord copy(source);
+    source.number = 9;
+    source.lastChange = "other";
     EXPECT_EQ(Of(copy), (Record{3, "o", "t", "l"}));
 }
 
