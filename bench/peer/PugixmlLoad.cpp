@@ -19,6 +19,6 @@ int main(int count, char ** arguments)
         std::fprintf(stderr, "%s: %s\n", arguments[1], result.description());
         return 1;
     }
-    std::printf("load %.1f ms %.1f MB\n", used, PeakMegabytes());
+    std::printf("load %.3f ms %.3f MB\n", used, PeakMegabytes());
     return 0;
 }

@@ -20,7 +20,7 @@ std::string Gzip(const std::string & text)
 {
     const TempFolder folder;
     const std::string path = folder.Path("packed");
-    const gzFile file = gzopen(path.c_str(), "wb");
+    gzFile_s * const file = gzopen(path.c_str(), "wb");
     EXPECT_EQ(gzwrite(file, text.data(), static_cast<unsigned>(text.size())), static_cast<int>(text.size()));
     EXPECT_EQ(gzclose(file), Z_OK);
     return Bytes(path);
@@ -63,7 +63,7 @@ struct Told {
         path = folder.Save(name, bytes);
         Setting setting;
         setting.temporaryFolder = temporary.Path("");
-        result = Run({"info", path}, setting);
+        result = RunProgram({"info", path}, setting);
         EXPECT_EQ(Bytes(path), bytes);
         EXPECT_TRUE(Names(temporary.Path("")).empty());
     }
@@ -83,7 +83,7 @@ std::string WithBadByteAt(std::string bytes, std::size_t at)
 TEST(Board, MayBePacked)
 {
     const std::string board = Bytes(ExampleBoard());
-    const Result plain = Run({"info", ExampleBoard()});
+    const Result plain = RunProgram({"info", ExampleBoard()});
     EXPECT_EQ(Told("board.cvg.gz", Gzip(board)).result, plain);
     EXPECT_EQ(Told("board.cvg.zst", Zstandard(board)).result, plain);
     EXPECT_EQ(Told("board.zip", Zip({{"boards/board.cvg", board}})).result, plain);
@@ -99,7 +99,7 @@ TEST(Board, MayBePackedInSeveralPieces)
     const std::string board = Bytes(ExampleBoard());
     const std::string first = board.substr(0, 1000);
     const std::string second = board.substr(1000);
-    const Result plain = Run({"info", ExampleBoard()});
+    const Result plain = RunProgram({"info", ExampleBoard()});
     EXPECT_EQ(Told("board.gz", Gzip(first) + Gzip(second)).result, plain);
     EXPECT_EQ(Told("board.zst", Zstandard(first) + Zstandard(second)).result, plain);
 }
@@ -141,7 +141,7 @@ TEST(Board, FullTemporaryFolderIsAnError)
     Setting setting;
     setting.temporaryFolder = temporary.Path("");
     setting.fileLimit = 1000;
-    EXPECT_EQ(Run({"info", folder.Save("board.gz", Gzip(Bytes(ExampleBoard())))}, setting),
+    EXPECT_EQ(RunProgram({"info", folder.Save("board.gz", Gzip(Bytes(ExampleBoard())))}, setting),
               Failure(temporary.Path("") + ": a temporary file cannot be written: File too large"));
     EXPECT_TRUE(Names(temporary.Path("")).empty());
 }
@@ -154,13 +154,13 @@ TEST(Board, MayBeWriteProtected)
     fs::permissions(board, fs::perms(0444));
     Setting unprivileged;
     unprivileged.isUnprivileged = true;
-    const Result result = Run({"info", board}, unprivileged);
+    const Result result = RunProgram({"info", board}, unprivileged);
     if (result.status > 2) {
         GTEST_SKIP() << "the program cannot be run by another user";
     }
-    EXPECT_EQ(result, Run({"info", ExampleBoard()}));
+    EXPECT_EQ(result, RunProgram({"info", ExampleBoard()}));
     fs::permissions(board, fs::perms(0));
-    EXPECT_EQ(Run({"info", board}, unprivileged), Failure(board + ": Permission denied"));
+    EXPECT_EQ(RunProgram({"info", board}, unprivileged), Failure(board + ": Permission denied"));
 }
 
 TEST(Board, IsARegularFile)
@@ -168,15 +168,16 @@ TEST(Board, IsARegularFile)
     const TempFolder folder;
     const std::string pipe = folder.Path("pipe");
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    EXPECT_EQ(Run({"info", pipe}), Failure(pipe + ": is not a regular file"));
-    EXPECT_EQ(Run({"info", folder.Path("none.cvg")}), Failure(folder.Path("none.cvg") + ": No such file or directory"));
-    EXPECT_EQ(Run({"info", folder.Path("")}), Failure(folder.Path("") + ": Is a directory"));
-    EXPECT_EQ(Run({"info", ""}), Failure(": No such file or directory"));
+    EXPECT_EQ(RunProgram({"info", pipe}), Failure(pipe + ": is not a regular file"));
+    EXPECT_EQ(RunProgram({"info", folder.Path("none.cvg")}),
+              Failure(folder.Path("none.cvg") + ": No such file or directory"));
+    EXPECT_EQ(RunProgram({"info", folder.Path("")}), Failure(folder.Path("") + ": Is a directory"));
+    EXPECT_EQ(RunProgram({"info", ""}), Failure(": No such file or directory"));
 }
 
 TEST(Board, NameWithALineFeedIsToldInOneLine)
 {
-    EXPECT_EQ(Run({"info", "two\nlines"}), Failure("two?lines: No such file or directory"));
+    EXPECT_EQ(RunProgram({"info", "two\nlines"}), Failure("two?lines: No such file or directory"));
 }
 
 TEST(Board, HoldsSomething)

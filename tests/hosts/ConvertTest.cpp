@@ -29,7 +29,7 @@ TEST(Convert, WritesWhatTheLibraryWrites)
     const TempFolder folder;
     const std::string board = Bytes(ExampleBoard());
     const std::string out = folder.Path("out.cvg");
-    EXPECT_EQ(Run({"convert", ExampleBoard(), out}), (Result{0, "", ""}));
+    EXPECT_EQ(RunProgram({"convert", ExampleBoard(), out}), (Result{0, "", ""}));
     EXPECT_EQ(Bytes(out), WrittenByTheLibrary(ExampleBoard()));
     EXPECT_EQ(Bytes(ExampleBoard()), board);
     EXPECT_EQ(Names(folder.Path("")), std::set<std::string>{"out.cvg"});
@@ -37,7 +37,8 @@ TEST(Convert, WritesWhatTheLibraryWrites)
 
 TEST(Convert, WritesToADeviceToo)
 {
-    EXPECT_EQ(Run({"convert", ExampleBoard(), "/dev/stdout"}), (Result{0, WrittenByTheLibrary(ExampleBoard()), ""}));
+    EXPECT_EQ(RunProgram({"convert", ExampleBoard(), "/dev/stdout"}),
+              (Result{0, WrittenByTheLibrary(ExampleBoard()), ""}));
 }
 
 TEST(Convert, TakesThePlaceOfAFileAndKeepsItsPermissions)
@@ -46,7 +47,7 @@ TEST(Convert, TakesThePlaceOfAFileAndKeepsItsPermissions)
     const std::string out = folder.Save("out.cvg", "old");
     fs::permissions(out, fs::perms(0640));
     fs::create_symlink("out.cvg", folder.Path("link.cvg"));
-    EXPECT_EQ(Run({"convert", ExampleBoard(), "link.cvg"}, {.folder = folder.Path("")}), (Result{0, "", ""}));
+    EXPECT_EQ(RunProgram({"convert", ExampleBoard(), "link.cvg"}, {.folder = folder.Path("")}), (Result{0, "", ""}));
     EXPECT_EQ(Bytes(out), WrittenByTheLibrary(ExampleBoard()));
     EXPECT_EQ(fs::status(out).permissions(), fs::perms(0640));
     EXPECT_EQ(Names(folder.Path("")), (std::set<std::string>{"link.cvg", "out.cvg"}));
@@ -56,11 +57,11 @@ TEST(Convert, LeavesAGoodFileWhereTheDiskIsFull)
 {
     const TempFolder folder;
     const std::string out = folder.Save("out.cvg", "good");
-    EXPECT_EQ(Run({"convert", ExampleBoard(), out}, {.fileLimit = 10000}),
+    EXPECT_EQ(RunProgram({"convert", ExampleBoard(), out}, {.fileLimit = 10000}),
               Failure(out + ": cannot be written: File too large"));
     EXPECT_EQ(Bytes(out), "good");
     EXPECT_EQ(Names(folder.Path("")), std::set<std::string>{"out.cvg"});
-    EXPECT_EQ(Run({"convert", ExampleBoard(), "/dev/full"}),
+    EXPECT_EQ(RunProgram({"convert", ExampleBoard(), "/dev/full"}),
               Failure("/dev/full: cannot be written: No space left on device"));
 }
 
@@ -69,7 +70,7 @@ TEST(Convert, LeavesAGoodFileWhereTheBoardStopsTheRead)
     const TempFolder folder;
     const std::string board = folder.Save("board.cvg", SmallBoard(" \n"));
     const std::string out = folder.Save("out.cvg", "good");
-    EXPECT_EQ(Run({"convert", board, out}), Failure(board + ":9: a line of blanks stops the read"));
+    EXPECT_EQ(RunProgram({"convert", board, out}), Failure(board + ":9: a line of blanks stops the read"));
     EXPECT_EQ(Bytes(out), "good");
 }
 
@@ -79,7 +80,8 @@ TEST(Convert, IsNeverWrittenOverTheBoard)
     const std::string board = folder.Save("board.cvg", SmallBoard());
     fs::create_symlink(board, folder.Path("link.cvg"));
     for (const std::string & out : {board, folder.Path("./board.cvg"), folder.Path("link.cvg")}) {
-        EXPECT_EQ(Run({"convert", board, out}), Failure(out + ": is the board itself, which is never written over"));
+        EXPECT_EQ(RunProgram({"convert", board, out}),
+                  Failure(out + ": is the board itself, which is never written over"));
     }
     EXPECT_EQ(Bytes(board), SmallBoard());
 }
@@ -88,15 +90,16 @@ TEST(Convert, TellsWhereItCannotWrite)
 {
     const TempFolder folder;
     const std::string lost = folder.Path("none/out.cvg");
-    EXPECT_EQ(Run({"convert", ExampleBoard(), lost}), Failure(lost + ": cannot be made: No such file or directory"));
-    EXPECT_EQ(Run({"convert", ExampleBoard(), folder.Path("")}), Failure(folder.Path("") + ": Is a directory"));
+    EXPECT_EQ(RunProgram({"convert", ExampleBoard(), lost}),
+              Failure(lost + ": cannot be made: No such file or directory"));
+    EXPECT_EQ(RunProgram({"convert", ExampleBoard(), folder.Path("")}), Failure(folder.Path("") + ": Is a directory"));
 }
 
 TEST(Convert, ShowsABarBothWays)
 {
     const TempFolder folder;
     const std::string out = folder.Path("out.cvg");
-    const std::string shown = Run({"convert", ExampleBoard(), out}, {.isOnTerminal = true}).err;
+    const std::string shown = RunProgram({"convert", ExampleBoard(), out}, {.isOnTerminal = true}).err;
     EXPECT_NE(shown.find("Reading " + ExampleBoard() + " ["), std::string::npos);
     EXPECT_NE(shown.find("Writing " + out + " ["), std::string::npos);
 }

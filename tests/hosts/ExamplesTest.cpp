@@ -12,9 +12,9 @@ namespace {
 
 TEST(Examples, ListComponentsListsTheComponents)
 {
-    const Result list = Run({ExampleBoard()}, {.program = IPC2581_LIST_COMPONENTS_PROGRAM});
+    const Result list = RunProgram({ExampleBoard()}, {.program = IPC2581_LIST_COMPONENTS_PROGRAM});
     EXPECT_EQ(list, (Result{0, Golden("list_components.txt", list.out), ""}));
-    EXPECT_EQ(Run({}, {.program = IPC2581_LIST_COMPONENTS_PROGRAM}).status, 2);
+    EXPECT_EQ(RunProgram({}, {.program = IPC2581_LIST_COMPONENTS_PROGRAM}).status, 2);
 }
 
 TEST(Examples, BoardHasEveryShapeOfTheDictionary)

@@ -9,27 +9,27 @@ namespace {
 
 TEST(Info, TellsWhatIsInTheExampleBoard)
 {
-    const Result info = Run({"info", ExampleBoard()});
+    const Result info = RunProgram({"info", ExampleBoard()});
     EXPECT_EQ(info, (Result{0, Golden("info.txt", info.out), ""}));
-    EXPECT_EQ(Run({"info", "--format", "table", ExampleBoard()}), info);
+    EXPECT_EQ(RunProgram({"info", "--format", "table", ExampleBoard()}), info);
 }
 
 TEST(Info, GivesTheSameAsCsv)
 {
-    const Result info = Run({"info", "--format", "csv", ExampleBoard()});
+    const Result info = RunProgram({"info", "--format", "csv", ExampleBoard()});
     EXPECT_EQ(info, (Result{0, Golden("info.csv", info.out), ""}));
 }
 
 TEST(Info, GivesTheSameAsJson)
 {
-    const Result info = Run({"info", "--format", "json", ExampleBoard()});
+    const Result info = RunProgram({"info", "--format", "json", ExampleBoard()});
     EXPECT_EQ(info, (Result{0, Golden("info.json", info.out), ""}));
 }
 
 TEST(Info, TellsOfABoardWithNothingInIt)
 {
     const TempFolder folder;
-    const Result info = Run({"info", folder.Save("small.cvg", SmallBoard())});
+    const Result info = RunProgram({"info", folder.Save("small.cvg", SmallBoard())});
     EXPECT_EQ(info, (Result{0, Golden("info-small.txt", info.out), ""}));
 }
 
@@ -44,7 +44,7 @@ TEST(Info, ExtentsHoldTheArcsOfTheProfile)
                                                                   "<PolyStepSegment x=\"10\" y=\"0\"/>\n"
                                                                   "</Polygon>\n"
                                                                   "</Profile>\n"));
-    EXPECT_NE(Run({"info", board})
+    EXPECT_NE(RunProgram({"info", board})
                   .out.find("\nprofile\n"
                             "  left     -10\n"
                             "  bottom     0\n"
@@ -60,8 +60,8 @@ TEST(Info, GoesIntoAFileAllAtOnce)
 {
     const TempFolder folder;
     const std::string file = folder.Path("info.txt");
-    EXPECT_EQ(Run({"info", ExampleBoard(), "-o", file}), (Result{0, "", ""}));
-    EXPECT_EQ(Bytes(file), Run({"info", ExampleBoard()}).out);
+    EXPECT_EQ(RunProgram({"info", ExampleBoard(), "-o", file}), (Result{0, "", ""}));
+    EXPECT_EQ(Bytes(file), RunProgram({"info", ExampleBoard()}).out);
     EXPECT_EQ(Names(folder.Path("")), std::set<std::string>{"info.txt"});
 }
 
@@ -71,7 +71,8 @@ TEST(Info, LeavesAGoodFileWhereTheDiskIsFull)
     const std::string file = folder.Save("info.txt", "good");
     Setting small;
     small.fileLimit = 100;
-    EXPECT_EQ(Run({"info", ExampleBoard(), "-o", file}, small), Failure(file + ": cannot be written: File too large"));
+    EXPECT_EQ(RunProgram({"info", ExampleBoard(), "-o", file}, small),
+              Failure(file + ": cannot be written: File too large"));
     EXPECT_EQ(Bytes(file), "good");
     EXPECT_EQ(Names(folder.Path("")), std::set<std::string>{"info.txt"});
 }
@@ -80,9 +81,9 @@ TEST(Info, FullOutputIsAnError)
 {
     Setting full;
     full.output = "/dev/full";
-    EXPECT_EQ(Run({"info", ExampleBoard()}, full),
+    EXPECT_EQ(RunProgram({"info", ExampleBoard()}, full),
               Failure("standard output: cannot be written: No space left on device"));
-    EXPECT_EQ(Run({"info", ExampleBoard(), "-o", "/dev/full"}),
+    EXPECT_EQ(RunProgram({"info", ExampleBoard(), "-o", "/dev/full"}),
               Failure("/dev/full: cannot be written: No space left on device"));
 }
 
@@ -90,7 +91,8 @@ TEST(Info, IsNeverWrittenOverTheBoard)
 {
     const TempFolder folder;
     const std::string board = folder.Save("board.cvg", SmallBoard());
-    EXPECT_EQ(Run({"info", board, "-o", board}), Failure(board + ": is the board itself, which is never written over"));
+    EXPECT_EQ(RunProgram({"info", board, "-o", board}),
+              Failure(board + ": is the board itself, which is never written over"));
     EXPECT_EQ(Bytes(board), SmallBoard());
 }
 
@@ -98,7 +100,7 @@ TEST(Info, ShowsABarOnATerminalAndWipesItOut)
 {
     Setting terminal;
     terminal.isOnTerminal = true;
-    const std::string shown = Run({"info", ExampleBoard()}, terminal).err;
+    const std::string shown = RunProgram({"info", ExampleBoard()}, terminal).err;
     const std::string wipe = "\r\x1b[K";
     const std::string bar = wipe + "Reading " + ExampleBoard() + " [";
     EXPECT_TRUE(shown.starts_with(bar + std::string(25, ' ') + "]   0%")) << shown;

@@ -41,9 +41,9 @@ inline std::ostream & operator<<(std::ostream & stream, const Result & result)
 // How a program is run.
 struct Setting {
     std::string program = IPC2581_HOST_PROGRAM;
-    std::string folder;                // to run in; empty is that of the tests
-    std::string temporaryFolder;       // empty is the system's
-    std::string output;                // opened as the standard output; empty keeps what is written
+    std::string folder = {};           // to run in; empty is that of the tests
+    std::string temporaryFolder = {};  // empty is the system's
+    std::string output = {};           // opened as the standard output; empty keeps what is written
     rlim_t fileLimit = RLIM_INFINITY;  // no file may grow beyond
     bool isUnprivileged = false;       // as a user to whom permissions apply
     bool isOnTerminal = false;         // the error stream is one
@@ -84,7 +84,7 @@ inline std::string ReadAll(int descriptor)
 }  // namespace detail
 
 // Runs a program to its end. The status of one that a signal has ended is 128 and the signal's number.
-inline Result Run(const std::vector<std::string> & arguments, const Setting & setting = {})
+inline Result RunProgram(const std::vector<std::string> & arguments, const Setting & setting = {})
 {
     const TempFolder folder;
     const std::string out = setting.output.empty() ? folder.Save("out", "") : setting.output;
@@ -138,6 +138,12 @@ inline Result Failure(const std::string & line)
 inline Result WrongUsage(const std::string & line)
 {
     return {2, "", "ipc2581: " + line + " (see ipc2581 --help)\n"};
+}
+
+// The line on the error stream that tells what a listing of the board is known to lack.
+inline std::string Warning(const std::string & board, const std::string & causes)
+{
+    return "ipc2581: " + board + ": warning: " + causes + "; see ipc2581 check " + board + "\n";
 }
 
 inline std::string ExampleBoard()

@@ -1,0 +1,26 @@
+include(CMakePackageConfigHelpers)
+
+set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/ipc2581)
+set(pkgconfig_folder ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+install(TARGETS ipc2581 EXPORT ipc2581Targets FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(EXPORT ipc2581Targets NAMESPACE ipc2581:: DESTINATION ${package_folder})
+
+configure_package_config_file(
+    ${CMAKE_CURRENT_LIST_DIR}/ipc2581Config.cmake.in ${PROJECT_BINARY_DIR}/ipc2581Config.cmake
+    INSTALL_DESTINATION ${package_folder}
+    NO_SET_AND_CHECK_MACRO)
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/ipc2581ConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/ipc2581Config.cmake ${PROJECT_BINARY_DIR}/ipc2581ConfigVersion.cmake
+    DESTINATION ${package_folder})
+
+# The file finds its folders from where it lies, so that "cmake --install --prefix" and a moved tree keep working.
+file(RELATIVE_PATH PKGCONFIG_TO_PREFIX
+    ${CMAKE_INSTALL_PREFIX}/${pkgconfig_folder} ${CMAKE_INSTALL_PREFIX})
+string(REGEX REPLACE "/$" "" PKGCONFIG_TO_PREFIX "${PKGCONFIG_TO_PREFIX}")
+configure_file(${CMAKE_CURRENT_LIST_DIR}/ipc2581.pc.in ${PROJECT_BINARY_DIR}/ipc2581.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/ipc2581.pc DESTINATION ${pkgconfig_folder})
+
+if(TARGET ipc2581_host)
+    install(TARGETS ipc2581_host)
+endif()

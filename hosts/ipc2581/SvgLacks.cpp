@@ -1,0 +1,120 @@
+#include "hosts/ipc2581/SvgLacks.h"
+
+#include <cstddef>
+#include <iostream>
+#include <string>
+#include <string_view>
+
+#include "hosts/ipc2581/FileTags.h"
+#include "hosts/ipc2581/Library.h"
+
+namespace ipc2581::host {
+namespace {
+
+// The same things, counted in the file or in the model.
+struct Drawn {
+    std::size_t pads = 0;
+    std::size_t holes = 0;
+    std::size_t arcs = 0;
+    std::size_t components = 0;
+    // Tracks that cannot be drawn as wide as they are.
+    std::size_t thinTracks = 0;
+    std::size_t mirroredPads = 0;
+};
+
+Drawn CountInFile(const std::string & path)
+{
+    Drawn count;
+    bool isInFeatures = false;
+    bool isInPad = false;
+    FileTags tags(path);
+    while (tags.Next()) {
+        const std::string_view name = tags.Name();
+        if (name == "Features" || name == "/Features") {
+            isInFeatures = name == "Features";
+        }
+        if (name == "Pad" || name == "LayerPad" || name == "/Pad" || name == "/LayerPad") {
+            isInPad = !name.starts_with('/');
+        }
+        const std::string_view mirror = isInPad && name == "Xform" ? tags.Value("mirror") : "";
+        count.mirroredPads += mirror == "true" || mirror == "TRUE" || mirror == "1" ? 1 : 0;
+        count.pads += name == "Pad" || name == "LayerPad" ? 1 : 0;
+        count.holes += name == "Hole" || name == "LayerHole" ? 1 : 0;
+        count.arcs += isInFeatures && name == "Arc" ? 1 : 0;
+        count.components += name == "Component" ? 1 : 0;
+    }
+    return count;
+}
+
+bool HasNoWidth(const CIPC2581_DrawObj & shape)
+{
+    const auto * const polyLine = dynamic_cast<const CIPC2581_PolyLine *>(&shape);
+    return polyLine != nullptr && polyLine->LineDesc->LineWidth <= 0;
+}
+
+void CountSet(const CIPC2581_Ecad_CadData_Step_LayerFeature_Set & set, const SvgBoard & pictures, Drawn & count)
+{
+    count.pads += pictures.ShapeOf(set.Pad.StandardPrimitiveRefId) != nullptr ? 1 : 0;
+    count.holes += set.Hole.Diameter.IsEmpty() ? 0 : 1;
+    for (const CIPC2581_DrawObj * const shape : Each(set.Features.DrawObjArray)) {
+        count.thinTracks += HasNoWidth(*shape) ? 1 : 0;
+    }
+}
+
+Drawn CountInModel(const SvgBoard & pictures)
+{
+    Drawn count;
+    const CIPC2581_Ecad_CadData_Step & step = pictures.Step();
+    for (const BoardLayer & layer : pictures.Layers()) {
+        for (const CIPC2581_Ecad_CadData_Step_LayerFeature * const feature : layer.features) {
+            for (const CIPC2581_Ecad_CadData_Step_LayerFeature_Set * const set : Each(feature->SetArray)) {
+                CountSet(*set, pictures, count);
+            }
+        }
+        for (const CIPC2581_Ecad_CadData_Step_Pad * const pad : layer.pads) {
+            count.pads += pictures.ShapeOf(pad->StandardPrimitiveRefId) != nullptr ? 1 : 0;
+        }
+    }
+    for (const CIPC2581_Ecad_CadData_Step_PadStack * const stack : Each(step.PadStackArray)) {
+        count.holes += stack->LayerHole->Diameter.IsEmpty() ? 0 : 1;
+    }
+    for (const CIPC2581_Ecad_CadData_Step_Package * const package : Each(step.PackageArray)) {
+        count.pads += Count(package->LandPattern.PadArray);
+    }
+    for (const CIPC2581_Ecad_CadData_Step_Component * const part : Each(step.ComponentArray)) {
+        count.components += pictures.PackageOf(part->PackageRef) != nullptr ? 1 : 0;
+    }
+    return count;
+}
+
+}  // namespace
+
+void WarnOfSvgLacks(Board & board, const SvgBoard & pictures)
+{
+    const Drawn file = CountInFile(board.File().PlainPath());
+    const Drawn model = CountInModel(pictures);
+    std::string causes;
+    const auto add = [&](const std::string & cause) { causes.append(causes.empty() ? "" : "; ").append(cause); };
+    const auto addMissing = [&](const std::string & what, std::size_t inFile, std::size_t inModel) {
+        if (inModel < inFile) {
+            add(std::to_string(inFile - inModel) + " of " + std::to_string(inFile) + " " + what +
+                " of the file are missing");
+        }
+    };
+    addMissing("pads", file.pads, model.pads);
+    addMissing("holes", file.holes, model.holes);
+    addMissing("arcs", file.arcs, model.arcs);
+    addMissing("components", file.components, model.components);
+    if (model.thinTracks != 0) {
+        add(std::to_string(model.thinTracks) + " tracks are drawn as hairlines, because no width stands in them");
+    }
+    if (file.mirroredPads != 0) {
+        add(std::to_string(file.mirroredPads) + " pads are not mirrored, because their mirror is not read");
+    }
+    if (!causes.empty()) {
+        const std::string & name = board.File().Name();
+        std::cerr << "ipc2581: " << name << ": warning: " << causes << " (see ipc2581 check " << name << ")\n";
+    }
+}
+
+}  // namespace ipc2581::host

@@ -1,0 +1,93 @@
+#include <exception>
+#include <iostream>
+#include <new>
+#include <sstream>
+#include <string>
+
+#include <CLI/CLI.hpp>
+#include <ipc2581/ipc2581.h>
+
+#include "hosts/ipc2581/Commands.h"
+#include "hosts/ipc2581/Error.h"
+#include "hosts/ipc2581/Output.h"
+#include "hosts/ipc2581/Temporary.h"
+
+using namespace ipc2581::host;
+
+namespace {
+
+enum ExitStatus { Done = 0, NotDone = 1, WrongUsage = 2 };
+
+void AddCommands(CLI::App & program)
+{
+    AddInfoCommand(program);
+    AddBomCommand(program);
+    AddComponentsCommand(program);
+    AddNetsCommand(program);
+    AddSvgCommand(program);
+    AddCheckCommand(program);
+    AddConvertCommand(program);
+    AddReportCommand(program);
+    AddDiffCommand(program);
+}
+
+std::string Examples(const CLI::App & program)
+{
+    std::string examples = "Examples:";
+    for (const CLI::App * const command : program.get_subcommands(nullptr)) {
+        const std::string footer = command->get_footer();
+        examples += "\n  " + footer.substr(footer.find(": ") + 2);
+    }
+    return examples;
+}
+
+void PrintHelp(const CLI::App & program, const CLI::ParseError & asked)
+{
+    Output output;
+    program.exit(asked, output.Stream(), output.Stream());
+    output.Finish();
+}
+
+int Run(int count, const char * const * arguments)
+{
+    CLI::App program("Shows what is in an IPC-2581 board file.", "ipc2581");
+    program.set_version_flag("--version", std::string("ipc2581 ") + ipc2581::Version, "Tell the version and end");
+    program.set_help_flag("-h,--help", "Tell this and end");
+    program.require_subcommand(1);
+    AddCommands(program);
+    program.footer(Examples(program));
+    try {
+        program.parse(count, arguments);
+    }
+    catch (const CLI::ParseError & error) {
+        if (error.get_exit_code() == 0) {
+            PrintHelp(program, error);
+            return Done;
+        }
+        std::string what = error.what();
+        what = what.substr(0, what.find('\n'));
+        std::cerr << "ipc2581: " << what << " (see ipc2581 --help)\n";
+        return WrongUsage;
+    }
+    return Done;
+}
+
+}  // namespace
+
+int main(int count, char ** arguments)
+{
+    RemoveTemporariesOnSignals();
+    try {
+        return Run(count, arguments);
+    }
+    catch (const End & end) {
+        return end.status;
+    }
+    catch (const std::bad_alloc &) {
+        std::cerr << "ipc2581: out of memory\n";
+    }
+    catch (const std::exception & error) {
+        std::cerr << "ipc2581: " << error.what() << "\n";
+    }
+    return NotDone;
+}

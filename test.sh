@@ -1,0 +1,10 @@
+#!/bin/bash
+# Builds everything with warnings as errors and runs all tests: ./test.sh
+set -euo pipefail
+cd "$(dirname "$0")"
+
+tools/install-packages programs tests
+
+cmake --preset dev
+cmake --build --preset dev -j "$(nproc)"
+ctest --preset dev -j "$(nproc)"

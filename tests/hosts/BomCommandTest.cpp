@@ -1,0 +1,116 @@
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "tests/hosts/Program.h"
+
+namespace ipc2581::tests {
+namespace {
+
+constexpr const char * Heading = "quantity,part number,part,pins,category,description,package,fitted,not fitted\n";
+
+// A small board with these lines in its bill of materials.
+std::string BoardWithItems(const std::string & items, const std::string & stepLines = "")
+{
+    std::string board = SmallBoard(stepLines);
+    return board.insert(board.find("<Ecad"), "<Bom name=\"bom\">\n" + items + "</Bom>\n");
+}
+
+Result Csv(const std::string & board)
+{
+    return RunProgram({"bom", board, "--format", "csv"});
+}
+
+TEST(BomCommand, ListsTheExampleBoard)
+{
+    const Result bom = RunProgram({"bom", ExampleBoard()});
+    EXPECT_EQ(bom, (Result{0, Golden("bom.txt", bom.out), ""}));
+}
+
+TEST(BomCommand, GivesTheSameAsCsvAndJson)
+{
+    const Result csv = Csv(ExampleBoard());
+    EXPECT_EQ(csv, (Result{0, Golden("bom.csv", csv.out), ""}));
+    const Result json = RunProgram({"bom", ExampleBoard(), "--format", "json"});
+    EXPECT_EQ(json, (Result{0, Golden("bom.json", json.out), ""}));
+}
+
+TEST(BomCommand, GoesIntoAFile)
+{
+    const TempFolder folder;
+    const std::string file = folder.Path("bom.csv");
+    EXPECT_EQ(RunProgram({"bom", ExampleBoard(), "-f", "csv", "-o", file}), (Result{0, "", ""}));
+    EXPECT_EQ(Bytes(file), Csv(ExampleBoard()).out);
+}
+
+TEST(BomCommand, SortsByDesignators)
+{
+    const TempFolder folder;
+    const std::string board = folder.Save("b.cvg", BoardWithItems("<BomItem internalPartNumber=\"X\">\n"
+                                                                  "<RefDes name=\"R20\" populate=\"FALSE\"/>\n"
+                                                                  "<RefDes name=\"R10\" populate=\"TRUE\"/>\n"
+                                                                  "<RefDes name=\"R9\" populate=\"TRUE\"/>\n"
+                                                                  "<RefDes name=\"R8\" populate=\"FALSE\"/>\n"
+                                                                  "</BomItem>\n"
+                                                                  "<BomItem internalPartNumber=\"Y\">\n"
+                                                                  "<RefDes name=\"R2\"/>\n"
+                                                                  "</BomItem>\n"));
+    EXPECT_EQ(RunProgram({"bom", board, "--format", "csv", "--sort"}),
+              (Result{0, std::string(Heading) + ",Y,,,,,,R2,\n,X,,,,,,R9 R10,R8 R20\n", ""}));
+    EXPECT_EQ(Csv(board), (Result{0, std::string(Heading) + ",X,,,,,,R10 R9,R20 R8\n,Y,,,,,,R2,\n", ""}));
+}
+
+TEST(BomCommand, TakesPartAndPackageFromTheComponents)
+{
+    const TempFolder folder;
+    const std::string component = "<Component refDes=\"R1\" packageRef=\"P1\" part=\"A\">\n</Component>\n"
+                                  "<Component refDes=\"R2\" packageRef=\"P2\" part=\"A\">\n</Component>\n"
+                                  "<Component refDes=\"R3\" packageRef=\"\" part=\"\">\n</Component>\n";
+    const std::string designators = "<RefDes name=\"R1\"/>\n<RefDes name=\"R2\"/>\n<RefDes name=\"R3\"/>\n"
+                                    "<RefDes name=\"R4\"/>\n</BomItem>\n";
+    const std::string board =
+        folder.Save("b.cvg", BoardWithItems("<BomItem quantity=\"4\">\n" + designators +
+                                                "<BomItem quantity=\"04\" packageRef=\"P\">\n" + designators,
+                                            component));
+    EXPECT_EQ(Csv(board),
+              (Result{0, std::string(Heading) + "4,,A,,,,P1 P2,R1 R2 R3 R4,\n04,,A,,,,P,R1 R2 R3 R4,\n", ""}));
+}
+
+TEST(BomCommand, WarnsOfWordsThatAreReadOtherwise)
+{
+    const TempFolder folder;
+    const std::string board = folder.Save("b.cvg", BoardWithItems("<BomItem OEMDesignNumberRef=\"X\" pinCount=\"2\">\n"
+                                                                  "<RefDes name=\"R1\" populate=\"true\"/>\n"
+                                                                  "<RefDes name=\"R2\" populate=\"1\"/>\n"
+                                                                  "<RefDes name=\"R3\" populate=\"false\"/>\n"
+                                                                  "</BomItem>\n"));
+    EXPECT_EQ(Csv(board),
+              (Result{0, std::string(Heading) + ",,,,,,,,R1 R2 R3\n",
+                      Warning(board, "2 designators listed as not fitted (populate is not \"TRUE\" in upper case); 1 "
+                                     "BOM item listed without a part number (OEMDesignNumberRef in the file); 1 BOM "
+                                     "item listed without pins (pinCount in the file)")}));
+}
+
+TEST(BomCommand, WarnsOfWhatIsMissing)
+{
+    const TempFolder folder;
+    const std::string empty = folder.Save("empty.cvg", SmallBoard());
+    EXPECT_EQ(Csv(empty), (Result{0, Heading, Warning(empty, "no BOM items in the file")}));
+    const std::string closed = folder.Save("closed.cvg", BoardWithItems("<BomItem internalPartNumber=\"X\"/>\n"
+                                                                        "<BomItem internalPartNumber=\"Y\">\n"
+                                                                        "<RefDes name=\"R1\"/><RefDes name=\"R2\"/>\n"
+                                                                        "</BomItem>\n"));
+    EXPECT_EQ(Csv(closed), (Result{0, std::string(Heading) + ",X,,,,,,R2,\n",
+                                   Warning(closed, "1 of 2 BOM items missing; 1 of 2 designators missing")}));
+}
+
+TEST(BomCommand, SaysWhatCannotBeRead)
+{
+    const TempFolder folder;
+    const std::string stopped = folder.Save("stopped.cvg", BoardWithItems("   \n"));
+    EXPECT_EQ(Csv(stopped), Failure(stopped + ":7: a line of blanks stops the read"));
+    EXPECT_EQ(Csv("missing.cvg"), Failure("missing.cvg: No such file or directory"));
+}
+
+}  // namespace
+}  // namespace ipc2581::tests

@@ -1,0 +1,90 @@
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "tests/hosts/Program.h"
+
+namespace ipc2581::tests {
+namespace {
+
+constexpr const char * Heading = "designator,package,part,layer,side,mount,x,y,rotation,mirror\n";
+
+// A small board with a layer TOP and these lines in its step.
+std::string BoardWithStep(const std::string & stepLines)
+{
+    std::string board = SmallBoard(stepLines);
+    return board.insert(board.find("<Step"), "<Layer name=\"TOP\" layerFunction=\"SIGNAL\" side=\"TOP\">\n</Layer>\n");
+}
+
+std::string Component(const std::string & name, const std::string & layer, const std::string & transform)
+{
+    return "<Component refDes=\"" + name + "\" layerRef=\"" + layer + "\">\n" + transform +
+           "\n<Location x=\"1\" y=\"-2.5\"/>\n</Component>\n";
+}
+
+Result Csv(const std::string & board)
+{
+    return RunProgram({"components", board, "--format", "csv"});
+}
+
+TEST(ComponentsCommand, ListsTheExampleBoard)
+{
+    const Result components = RunProgram({"components", ExampleBoard()});
+    EXPECT_EQ(components, (Result{0, Golden("components.txt", components.out), ""}));
+}
+
+TEST(ComponentsCommand, GivesTheSameAsCsvAndJson)
+{
+    const Result csv = Csv(ExampleBoard());
+    EXPECT_EQ(csv, (Result{0, Golden("components.csv", csv.out), ""}));
+    const Result json = RunProgram({"components", ExampleBoard(), "--format", "json"});
+    EXPECT_EQ(json, (Result{0, Golden("components.json", json.out), ""}));
+}
+
+TEST(ComponentsCommand, SortsByDesignator)
+{
+    const TempFolder folder;
+    const std::string turn = "<Xform rotation=\"90\" mirror=\"TRUE\"/>";
+    const std::string board =
+        folder.Save("b.cvg", BoardWithStep(Component("R10", "TOP", turn) + Component("R9", "TOP", turn)));
+    const std::string nine = "R9,,,TOP,TOP,OTHER,1,-2.5,90,yes\n";
+    const std::string ten = "R10,,,TOP,TOP,OTHER,1,-2.5,90,yes\n";
+    EXPECT_EQ(Csv(board), (Result{0, Heading + ten + nine, ""}));
+    EXPECT_EQ(RunProgram({"components", board, "--sort", "--format", "csv"}), (Result{0, Heading + nine + ten, ""}));
+}
+
+TEST(ComponentsCommand, WarnsOfWordsThatAreReadOtherwise)
+{
+    const TempFolder folder;
+    const std::string board = folder.Save(
+        "b.cvg", BoardWithStep("<Package name=\"P\">\n<Pin number=\"1\">\n<Xform mirror=\"true\"/>\n</Pin>\n"
+                               "</Package>\n" +
+                               Component("R1", "TOP", "<Xform mirror=\"true\"/>") +
+                               Component("R2", "BOTTOM", "<Xform mirror=\"false\"/>")));
+    EXPECT_EQ(
+        Csv(board),
+        (Result{0, std::string(Heading) + "R1,,,TOP,TOP,OTHER,1,-2.5,0,no\nR2,,,BOTTOM,,OTHER,1,-2.5,0,no\n",
+                Warning(board, "1 component listed without a side (on a layer that was not read); 1 component listed "
+                               "as not mirrored (mirror is not \"TRUE\" in upper case)")}));
+}
+
+TEST(ComponentsCommand, WarnsOfWhatIsMissing)
+{
+    const TempFolder folder;
+    const std::string empty = folder.Save("empty.cvg", SmallBoard());
+    EXPECT_EQ(Csv(empty), (Result{0, Heading, Warning(empty, "no components in the file")}));
+    const std::string closed = folder.Save(
+        "closed.cvg", BoardWithStep("<Component refDes=\"R1\" layerRef=\"TOP\"/>\n" + Component("R2", "TOP", "")));
+    EXPECT_EQ(Csv(closed), (Result{0, std::string(Heading) + "R1,,,TOP,TOP,OTHER,1,-2.5,0,no\n",
+                                   Warning(closed, "1 of 2 components missing")}));
+}
+
+TEST(ComponentsCommand, SaysWhatCannotBeRead)
+{
+    const TempFolder folder;
+    const std::string cut = folder.Save("cut.cvg", BoardWithStep("<Component refDes=\"R1\" part=\n"));
+    EXPECT_EQ(Csv(cut), Failure(cut + ":11: a value that is cut off at the end of its line stops the read"));
+}
+
+}  // namespace
+}  // namespace ipc2581::tests

@@ -1,0 +1,94 @@
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "tests/hosts/Program.h"
+
+namespace ipc2581::tests {
+namespace {
+
+constexpr const char * PhysicalHeading = "net,x,y,layer,exposure,node,via,primitive\n";
+
+Result Csv(const std::string & board, const std::string & option)
+{
+    return RunProgram({"nets", board, "--format", "csv", option});
+}
+
+Result Csv(const std::string & board)
+{
+    return RunProgram({"nets", board, "--format", "csv"});
+}
+
+TEST(NetsCommand, ListsThePinsOfTheExampleBoard)
+{
+    const Result nets = RunProgram({"nets", ExampleBoard()});
+    EXPECT_EQ(nets, (Result{0, Golden("nets.txt", nets.out), ""}));
+    const Result csv = Csv(ExampleBoard());
+    EXPECT_EQ(csv, (Result{0, Golden("nets.csv", csv.out), ""}));
+    const Result json = RunProgram({"nets", ExampleBoard(), "--format", "json"});
+    EXPECT_EQ(json, (Result{0, Golden("nets.json", json.out), ""}));
+}
+
+TEST(NetsCommand, ListsThePointsOfTheExampleBoard)
+{
+    const Result nets = RunProgram({"nets", "--physical", ExampleBoard()});
+    EXPECT_EQ(nets, (Result{0, Golden("nets-physical.txt", nets.out), ""}));
+}
+
+TEST(NetsCommand, SortsNetsAndPins)
+{
+    const TempFolder folder;
+    const std::string board = folder.Save("b.cvg", SmallBoard("<LogicalNet name=\"N10\">\n"
+                                                              "<LogicalNetPin componentRef=\"U1\" pin=\"10\"/>\n"
+                                                              "<LogicalNetPin componentRef=\"U1\" pin=\"9\"/>\n"
+                                                              "</LogicalNet>\n"
+                                                              "<LogicalNet name=\"N9\">\n"
+                                                              "</LogicalNet>\n"));
+    EXPECT_EQ(Csv(board), (Result{0, "net,count,pins\nN10,2,U1.10 U1.9\nN9,0,\n", ""}));
+    EXPECT_EQ(Csv(board, "--sort"), (Result{0, "net,count,pins\nN9,0,\nN10,2,U1.9 U1.10\n", ""}));
+}
+
+TEST(NetsCommand, WarnsOfPinsThatTheReaderPassesOver)
+{
+    const TempFolder folder;
+    const std::string other = folder.Save("other.cvg", SmallBoard("<LogicalNet name=\"N\">\n"
+                                                                  "<PinRef componentRef=\"U1\" pin=\"1\"/>\n"
+                                                                  "</LogicalNet>\n"));
+    EXPECT_EQ(Csv(other), (Result{0, "net,count,pins\nN,0,\n", Warning(other, "1 of 1 pins of nets missing")}));
+    // The second pin, behind the end of its net, is a net without a name.
+    const std::string split = folder.Save("split.cvg", SmallBoard("<LogicalNet name=\"N\">\n"
+                                                                  "<LogicalNetPin componentRef=\"U1\" pin=\"1\">\n"
+                                                                  "</LogicalNetPin>\n"
+                                                                  "<LogicalNetPin componentRef=\"U2\" pin=\"2\">\n"
+                                                                  "</LogicalNetPin>\n"
+                                                                  "</LogicalNet>\n"));
+    EXPECT_EQ(Csv(split),
+              (Result{0, "net,count,pins\nN,1,U1.1\n,0,\n", Warning(split, "1 of 2 pins of nets missing")}));
+}
+
+TEST(NetsCommand, WarnsOfPointsThatAreReadOtherwise)
+{
+    const TempFolder folder;
+    const std::string point = "<PhyNetPoint x=\"1\" y=\"2\" layerRef=\"TOP\" netNode=\"END\" exposure=\"EXPOSED\" ";
+    const std::string board =
+        folder.Save("b.cvg", SmallBoard("<PhyNetGroup name=\"g\">\n<PhyNet name=\"N\">\n" + point +
+                                        "via=\"true\">\n</PhyNetPoint>\n" + point + "via=\"TRUE\"/>\n" + point +
+                                        ">\n</PhyNetPoint>\n" + "</PhyNet>\n</PhyNetGroup>\n"));
+    EXPECT_EQ(
+        Csv(board, "--physical"),
+        (Result{
+            0, std::string(PhysicalHeading) + "N,1,2,TOP,EXPOSED,END,no,\nN,1,2,TOP,EXPOSED,END,yes,\n",
+            Warning(board,
+                    "1 of 3 points of nets missing; 1 point listed as no via (via is not \"TRUE\" in upper case)")}));
+}
+
+TEST(NetsCommand, WarnsOfABoardWithoutNets)
+{
+    const TempFolder folder;
+    const std::string board = folder.Save("b.cvg", SmallBoard());
+    EXPECT_EQ(Csv(board), (Result{0, "net,count,pins\n", Warning(board, "no logical nets in the file")}));
+    EXPECT_EQ(Csv(board, "--physical"), (Result{0, PhysicalHeading, Warning(board, "no physical nets in the file")}));
+}
+
+}  // namespace
+}  // namespace ipc2581::tests

@@ -1,0 +1,197 @@
+#include <filesystem>
+#include <set>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "tests/hosts/Program.h"
+
+namespace ipc2581::tests {
+namespace {
+
+namespace fs = std::filesystem;
+
+// The picture of a board of which nothing but one layer, its contents and its unit is known.
+std::string Picture(const std::string & layerLines, const std::string & unit = "MILLIMETER",
+                    const std::string & name = "L")
+{
+    const TempFolder folder;
+    const std::string board = folder.Save("board.xml", "<IPC-2581>\n"
+                                                       "<Content>\n"
+                                                       "<DictionaryStandard units=\"INCH\">\n"
+                                                       "<EntryStandard id=\"BIG\">\n"
+                                                       "<RectCenter width=\"2\" height=\"1\"/>\n"
+                                                       "</EntryStandard>\n"
+                                                       "</DictionaryStandard>\n"
+                                                       "</Content>\n"
+                                                       "<Ecad name=\"e\">\n"
+                                                       "<CadHeader units=\"" +
+                                                           unit +
+                                                           "\">\n"
+                                                           "</CadHeader>\n"
+                                                           "<CadData>\n"
+                                                           "<Step name=\"s\">\n"
+                                                           "<LayerFeature layerRef=\"" +
+                                                           name + "\">\n" + layerLines +
+                                                           "</LayerFeature>\n"
+                                                           "</Step>\n"
+                                                           "</CadData>\n"
+                                                           "</Ecad>\n"
+                                                           "</IPC-2581>\n");
+    EXPECT_EQ(RunProgram({"svg", board, "-o", folder.Path("out")}).status, 0);
+    return Bytes(folder.Path("out/layer-" + name + ".svg"));
+}
+
+std::string Features(const std::string & lines)
+{
+    return "<Set>\n<Features>\n" + lines + "</Features>\n</Set>\n";
+}
+
+std::string Line(const std::string & startX, const std::string & endX, const std::string & lineDesc)
+{
+    return "<Line startX=\"" + startX + "\" startY=\"0\" endX=\"" + endX + "\" endY=\"0\">\n" + lineDesc +
+           "\n</Line>\n";
+}
+
+void ExpectHolds(const std::string & text, const std::string & part)
+{
+    EXPECT_NE(text.find(part), std::string::npos) << part << "\nis not in\n" << text;
+}
+
+TEST(Svg, DrawsTheExampleBoard)
+{
+    const TempFolder folder;
+    EXPECT_EQ(RunProgram({"svg", ExampleBoard(), "-o", folder.Path("new/pictures")}), (Result{0, "", ""}));
+    const std::set<std::string> names = {"board-top.svg",         "board-bottom.svg",   "layer-BOTTOM.svg",
+                                         "layer-CORE.svg",        "layer-DRILL.svg",    "layer-MASK_TOP.svg",
+                                         "layer-SILK_BOTTOM.svg", "layer-SILK_TOP.svg", "layer-TOP.svg"};
+    EXPECT_EQ(Names(folder.Path("new/pictures")), names);
+    for (const std::string & name : names) {
+        const std::string picture = Bytes(folder.Path("new/pictures/" + name));
+        EXPECT_EQ(picture, Golden("svg-" + name, picture)) << name;
+    }
+}
+
+TEST(Svg, TracksKeepWidthAndEnds)
+{
+    const std::string picture = Picture(Features(Line("1", "2", "<LineDesc lineEnd=\"ROUND\" lineWidth=\"0.2\"/>") +
+                                                 Line("3", "4", "<LineDesc lineEnd=\"ROUND\" lineWidth=\"0.2\"/>") +
+                                                 Line("5", "6", "<LineDesc lineEnd=\"SQUARE\" lineWidth=\"0.2\"/>") +
+                                                 Line("7", "8", "<LineDesc lineEnd=\"NONE\" lineWidth=\"0.3\"/>")));
+    ExpectHolds(picture, "<path class=\"t\" stroke-width=\".2\" d=\"M1 0H2M3 0H4\"/>\n"
+                         "<path class=\"q\" stroke-width=\".2\" d=\"M5 0H6\"/>\n"
+                         "<path class=\"n\" stroke-width=\".3\" d=\"M7 0H8\"/>\n");
+}
+
+TEST(Svg, FeaturesStandWhereTheirLocationIs)
+{
+    const std::string picture = Picture(Features("<Location x=\"10\" y=\"20\"/>\n<Circle diameter=\"2\"/>\n" +
+                                                 Line("1", "2", "<LineDesc lineEnd=\"ROUND\" lineWidth=\"1\"/>")));
+    ExpectHolds(picture, "<path d=\"M11 20A1 1 0 0 1 9 20A1 1 0 0 1 11 20Z\"/>\n");
+    ExpectHolds(picture, "d=\"M11 20H12\"");
+}
+
+TEST(Svg, LineThatNobodyDrewIsLeftOut)
+{
+    const std::string picture = Picture(Features("<Arc startX=\"5\" startY=\"5\" endX=\"6\" endY=\"6\" "
+                                                 "centerX=\"5\" centerY=\"6\" clockwise=\"true\">\n"
+                                                 "<LineDesc lineEnd=\"ROUND\" lineWidth=\"1\"/>\n</Arc>\n</Line>\n"));
+    ExpectHolds(picture, "viewBox=\"-.02 -1.02 1.04 1.04\"");
+    EXPECT_EQ(picture.find("<path class"), std::string::npos);
+}
+
+TEST(Svg, PadsUseTheShapesOfTheDictionaryInTheUnitOfTheBoard)
+{
+    const std::string pad = "<Set>\n<Pad pin=\"1\">\n<Xform rotation=\"90\"/>\n<Location x=\"100\" y=\"50\"/>\n"
+                            "<StandardPrimitiveRef id=\"BIG\"/>\n</Pad>\n</Set>\n";
+    const std::string unknown = "<Set>\n<Pad pin=\"2\">\n<StandardPrimitiveRef id=\"NONE\"/>\n</Pad>\n</Set>\n";
+    const std::string picture = Picture(pad + unknown + pad);
+    ExpectHolds(picture, "<defs><g id=\"s0\">\n<path d=\"M-25.4-12.7H25.4V12.7H-25.4Z\"/>\n</g></defs>\n"
+                         "<use href=\"#s0\" transform=\"translate(100 50)rotate(90)\"/>\n"
+                         "<use href=\"#s0\" transform=\"translate(100 50)rotate(90)\"/>\n</g>");
+    ExpectHolds(picture, "width=\"27.432mm\" height=\"52.832mm\" viewBox=\"86.284 -76.416 27.432 52.832\"");
+}
+
+TEST(Svg, LengthsHaveTheUnitOfTheFile)
+{
+    const std::string circle = Features("<Location x=\"500\" y=\"500\"/>\n<Circle diameter=\"1000\"/>\n");
+    ExpectHolds(Picture(circle, "MICRON"), "width=\"1.04mm\" height=\"1.04mm\" viewBox=\"-20 -1020 1040 1040\"");
+    ExpectHolds(Picture(circle, "MIL"), "width=\"1.04in\" height=\"1.04in\" viewBox=\"-20 -1020 1040 1040\"");
+    ExpectHolds(Picture(circle, "INCH"), "width=\"1040in\"");
+    ExpectHolds(Picture(circle, "FURLONG"), "width=\"1040\"");
+}
+
+TEST(Svg, NamesOfFilesAreSafeAndDiffer)
+{
+    const TempFolder folder;
+    const std::string board =
+        folder.Save("board.xml", SmallBoard("<LayerFeature layerRef=\"../../a\">\n</LayerFeature>\n"
+                                            "<LayerFeature layerRef=\"Top\">\n</LayerFeature>\n"
+                                            "<LayerFeature layerRef=\"TOP\">\n</LayerFeature>\n"
+                                            "<LayerFeature layerRef=\"\xff|*\">\n</LayerFeature>\n"));
+    EXPECT_EQ(RunProgram({"svg", board, "-o", folder.Path("out")}), (Result{0, "", ""}));
+    EXPECT_EQ(Names(folder.Path("out")),
+              (std::set<std::string>{"board-top.svg", "board-bottom.svg", "layer-.._.._a.svg", "layer-Top.svg",
+                                     "layer-TOP-2.svg", "layer-___.svg"}));
+}
+
+TEST(Svg, DesignatorsAreEscaped)
+{
+    const TempFolder folder;
+    const std::string board =
+        folder.Save("board.xml", SmallBoard("<Component refDes=\"R<1\" packageRef=\"P\" layerRef=\"TOP\">\n"
+                                            "<Location x=\"1\" y=\"2\"/>\n</Component>\n"));
+    EXPECT_EQ(RunProgram({"svg", board, "-o", folder.Path("out")}).status, 0);
+    ExpectHolds(Bytes(folder.Path("out/board-top.svg")), ">R&lt;1</text>\n");
+    EXPECT_EQ(Bytes(folder.Path("out/board-bottom.svg")).find("<text"), std::string::npos);
+}
+
+TEST(Svg, TellsWhatIsLacking)
+{
+    const TempFolder folder;
+    const std::string board = folder.Save(
+        "board.xml", SmallBoard("<LayerFeature layerRef=\"TOP\">\n<Set>\n<Features>\n<Polyline>\n"
+                                "<PolyBegin x=\"0\" y=\"0\"/>\n<PolyStepSegment x=\"1\" y=\"0\"/>\n"
+                                "<LineDescRef id=\"W\"/>\n</Polyline>\n</Features>\n"
+                                "<Pad>\n<Xform mirror=\"true\"/>\n<UserPrimitiveRef id=\"U\"/>\n</Pad>\n</Set>\n"
+                                "</LayerFeature>\n"));
+    EXPECT_EQ(
+        RunProgram({"svg", board, "-o", folder.Path("out")}),
+        (Result{0, "",
+                "ipc2581: " + board +
+                    ": warning: 1 of 1 pads of the file are missing; 1 tracks are drawn as hairlines, because no "
+                    "width stands in them; 1 pads are not mirrored, because their mirror is not read (see ipc2581 "
+                    "check " +
+                    board + ")\n"}));
+    ExpectHolds(Bytes(folder.Path("out/layer-TOP.svg")), "<path class=\"t\" stroke-width=\".001\" d=\"M0 0H1\"/>");
+}
+
+TEST(Svg, CannotMakeAFolderOfAFile)
+{
+    const TempFolder folder;
+    const std::string board = folder.Save("board.xml", SmallBoard());
+    EXPECT_EQ(RunProgram({"svg", board, "-o", folder.Path("board.xml/out")}),
+              Failure(folder.Path("board.xml/out") + ": cannot be made: Not a directory"));
+    EXPECT_EQ(RunProgram({"svg", board, "-o", board}).status, 1);
+}
+
+TEST(Svg, LeavesAGoodPictureWhereTheDiskIsFull)
+{
+    const TempFolder folder;
+    fs::create_directory(folder.Path("out"));
+    const std::string good = folder.Save("out/board-top.svg", "good");
+    EXPECT_EQ(RunProgram({"svg", ExampleBoard(), "-o", folder.Path("out")}, {.fileLimit = 5000}),
+              Failure(good + ": cannot be written: File too large"));
+    EXPECT_EQ(Bytes(good), "good");
+    EXPECT_EQ(Names(folder.Path("out")), std::set<std::string>{"board-top.svg"});
+}
+
+TEST(Svg, NeedsBoardAndFolder)
+{
+    EXPECT_EQ(RunProgram({"svg", "board.cvg"}), WrongUsage("--output is required"));
+    EXPECT_EQ(RunProgram({"svg", "-o", "x"}), WrongUsage("BOARD is required"));
+    EXPECT_EQ(RunProgram({"svg", "no-such-board", "-o", "x"}).status, 1);
+}
+
+}  // namespace
+}  // namespace ipc2581::tests
