@@ -54,6 +54,8 @@ void LineFile::Close()
         ~Closer() { static_cast<void>(Now()); }
     } closer{*this};
     Flush();
+    m_begin = 0;
+    m_end = 0;
     if (closer.Now() != 0) {
         Fail("close", errno);
     }

@@ -28,15 +28,6 @@ constexpr std::size_t kFirstSlot = 2;
 // The first one that a named array adds behind those of CObject and CExPtrArray.
 constexpr std::size_t kFirstArraySlot = 8;
 
-// On this binary interface a pointer to a virtual member function is odd.
-template <typename Operation>
-bool IsVirtual(Operation operation)
-{
-    std::uintptr_t raw = 0;
-    std::memcpy(&raw, &operation, sizeof(raw));
-    return (raw & 1U) != 0;
-}
-
 template <typename Model>
 concept HasExport = requires(Model model, CStdioFile file)
 {
