@@ -37,27 +37,13 @@ bool IsTail(const char * at, const char * end)
     return SkipBlanks(at, end) == end;
 }
 
-// As ends_with, but told by its first character where the answer is no, as it mostly is.
-bool EndsWith(std::string_view text, std::string_view end)
-{
-    if (text.size() < end.size()) {
-        return false;
-    }
-    const char * at = text.data() + text.size() - end.size();
-    for (const char ch : end) {
-        if (*at++ != ch) {
-            return false;
-        }
-    }
-    return true;
-}
-
 // A token of the form key="value" has one "=", so a word that ends in one is held exactly if the key and its "=" end in
 // it.
-void TestPlain(std::string_view keyWithEqual, std::string_view value, Attributes rows)
+inline void TestPlain(std::string_view keyWithEqual, std::string_view value, Attributes rows)
 {
+    const std::uint64_t tail = Word::Tail(keyWithEqual.data() + keyWithEqual.size());
     for (const Attribute & row : rows) {
-        if (EndsWith(keyWithEqual, row.word.Text())) {
+        if (row.word.IsTailOf(keyWithEqual, tail)) {
             AttributeHit hit(value);
             row.store(hit, row.field);
             return;
@@ -91,7 +77,9 @@ bool ScanPlain(std::string_view rest, Attributes first, Attributes second)
         const std::string_view keyWithEqual(key, static_cast<std::size_t>(equal + 1 - key));
         const std::string_view text(value, static_cast<std::size_t>(quote - value));
         TestPlain(keyWithEqual, text, first);
-        TestPlain(keyWithEqual, text, second);
+        if (second.size() != 0) {
+            TestPlain(keyWithEqual, text, second);
+        }
         if (at == end || *at != ' ') {
             return true;
         }

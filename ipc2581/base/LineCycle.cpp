@@ -81,17 +81,14 @@ CArray<CString, CString> & LineCycle::CopyTokens(CArray<CString, CString> & toke
     return tokens;
 }
 
-bool LineCycle::ReadLine()
+bool LineCycle::ReadHostLine()
 {
-    if (m_isPlainFile) {
-        return m_lines.NextLine(m_line);
-    }
     CString text;
     const bool isRead = m_file.ReadString(text) != 0;
     std::string & copy = m_lines.HostLine();
-    copy = std::string_view(text);
-    copy.append(ReadAhead, '\0');
-    m_line = std::string_view(copy).substr(0, copy.size() - ReadAhead);
+    copy.assign(ReadAhead, '\0');
+    copy.append(text, static_cast<std::size_t>(text.GetLength())).append(ReadAhead, '\0');
+    m_line = std::string_view(copy).substr(ReadAhead, copy.size() - 2 * ReadAhead);
     return isRead;
 }
 

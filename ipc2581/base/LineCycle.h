@@ -52,8 +52,12 @@ public:
     // goes; it is returned.
     CArray<CString, CString> & CopyTokens(CArray<CString, CString> & tokens);
 
+    // Where the reader of the file takes small objects from.
+    ObjectBlocks & Blocks() { return m_lines.Blocks(); }
+
 private:
-    bool ReadLine();
+    bool ReadLine() { return m_isPlainFile ? m_lines.NextLine(m_line) : ReadHostLine(); }
+    bool ReadHostLine();
     void TestWholeLine();
     void TestFirstToken();
     void BlankBothEnds();

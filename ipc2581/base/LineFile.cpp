@@ -54,6 +54,8 @@ void LineFile::Close()
         ~Closer() { static_cast<void>(Now()); }
     } closer{*this};
     Flush();
+    m_begin = 0;
+    m_end = 0;
     if (closer.Now() != 0) {
         Fail("close", errno);
     }
@@ -66,27 +68,23 @@ void LineFile::Flush()
     }
 }
 
-bool LineFile::NextLine(std::string_view & line)
+bool LineFile::NextLineFromFile(std::string_view & line)
 {
     line = {};
     if (!IsOpen()) {
         return false;
     }
     BeginReading();
-    std::size_t searched = 0;
-    for (;;) {
-        const char * const start = m_buffer.get() + m_begin;
-        const std::size_t held = m_end - m_begin;
-        const void * const found = held == searched ? nullptr : std::memchr(start + searched, '\n', held - searched);
-        if (found != nullptr) {
-            const std::size_t length = static_cast<std::size_t>(static_cast<const char *>(found) - start);
-            m_begin += length + 1;
-            line = {start, length != 0 && start[length - 1] == '\r' ? length - 1 : length};
+    for (std::size_t searched = 0;;) {
+        const char * const end = m_buffer + m_end;
+        const char * const found = FindLineFeed(m_buffer + m_begin + searched, end);
+        if (found != end) {
+            TakeLine(found, line);
             return true;
         }
-        searched = held;
+        searched = m_end - m_begin;
         if (!Fill()) {
-            line = {m_buffer.get() + m_begin, m_end - m_begin};
+            line = {m_buffer + m_begin, m_end - m_begin};
             m_begin = m_end;
             return !line.empty();
         }
@@ -102,7 +100,7 @@ std::size_t LineFile::Read(char * bytes, std::size_t count)
     std::size_t done = 0;
     while (done < count && (m_begin != m_end || Fill())) {
         const std::size_t piece = std::min(count - done, m_end - m_begin);
-        std::memcpy(bytes + done, m_buffer.get() + m_begin, piece);
+        std::memcpy(bytes + done, m_buffer + m_begin, piece);
         m_begin += piece;
         done += piece;
     }
@@ -118,12 +116,12 @@ char * LineFile::Reserve(std::size_t count)
             GrowBuffer(count);
         }
     }
-    return m_buffer.get() + m_end;
+    return m_buffer + m_end;
 }
 
 void LineFile::Commit(const char * end)
 {
-    m_end = static_cast<std::size_t>(end - m_buffer.get());
+    m_end = static_cast<std::size_t>(end - m_buffer);
 }
 
 void LineFile::Write(const char * bytes, std::size_t count)
@@ -138,7 +136,7 @@ void LineFile::Write(const char * bytes, std::size_t count)
 bool LineFile::Fill()
 {
     if (m_begin != 0) {
-        std::memmove(m_buffer.get(), m_buffer.get() + m_begin, m_end - m_begin);
+        std::memmove(m_buffer, m_buffer + m_begin, m_end - m_begin);
         m_end -= m_begin;
         m_begin = 0;
     }
@@ -148,7 +146,7 @@ bool LineFile::Fill()
         }
         GrowBuffer(m_size * 2);
     }
-    const std::size_t count = std::fread(m_buffer.get() + m_end, 1, m_size - m_end, m_file);
+    const std::size_t count = std::fread(m_buffer + m_end, 1, m_size - m_end, m_file);
     if (count == 0 && std::ferror(m_file) != 0) {
         Fail("read", errno);
     }
@@ -188,11 +186,12 @@ void LineFile::BeginWriting()
 void LineFile::GrowBuffer(std::size_t size)
 {
     // Filled with zeros once, so that what is read ahead of a line has always been written.
-    std::unique_ptr<char[]> larger(new char[size + ReadAhead]());
+    std::unique_ptr<char[]> larger(new char[ReadAhead + size + ReadAhead]());
     if (m_end != 0) {
-        std::memcpy(larger.get(), m_buffer.get(), m_end);
+        std::memcpy(larger.get() + ReadAhead, m_buffer, m_end);
     }
-    m_buffer = std::move(larger);
+    m_storage = std::move(larger);
+    m_buffer = m_storage.get() + ReadAhead;
     m_size = size;
 }
 
@@ -200,7 +199,7 @@ void LineFile::WriteOut()
 {
     // Dropped before the attempt: bytes that could not be written once are not tried again by the destructor.
     const std::size_t count = std::exchange(m_end, 0);
-    if (count != 0 && std::fwrite(m_buffer.get(), 1, count, m_file) != count) {
+    if (count != 0 && std::fwrite(m_buffer, 1, count, m_file) != count) {
         Fail("write", errno);
     }
 }

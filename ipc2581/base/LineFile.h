@@ -8,6 +8,8 @@
 #include <string_view>
 
 #include "ipc2581/base/FirstToken.h"
+#include "ipc2581/base/ObjectBlocks.h"
+#include "ipc2581/base/Scan.h"
 #include "ipc2581/base/TokenList.h"
 
 namespace ipc2581::detail {
@@ -26,8 +28,19 @@ public:
     void Flush();
 
     // The next line without its line end; false and an empty line at the end of the file. The line stays valid until
-    // the next call on this object, with ReadAhead bytes behind its last one.
-    bool NextLine(std::string_view & line);
+    // the next call on this object, with ReadAhead bytes in
+    // front of its first and behind its last one.
+    bool NextLine(std::string_view & line)
+    {
+        const char * const start = m_buffer + m_begin;
+        const char * const end = m_buffer + m_end;
+        const char * const found = m_isWriting ? end : FindLineFeed(start, end);
+        if (found == end) {
+            return NextLineFromFile(line);
+        }
+        TakeLine(found, line);
+        return true;
+    }
     std::size_t Read(char * bytes, std::size_t count);
 
     // Room for count bytes at the end of what is written; Commit tells how far they were used.
@@ -37,11 +50,22 @@ public:
 
     // What the reader of the current line works with: kept here, so that no line needs fresh storage.
     TokenList & Tokens() { return m_tokens; }
+    ObjectBlocks & Blocks() { return m_blocks; }
     FirstTokenMemory & FirstTokens() { return m_firstTokens; }
     std::string & Scratch() { return m_scratch; }
     std::string & HostLine() { return m_hostLine; }
 
 private:
+    bool NextLineFromFile(std::string_view & line);
+    // Takes the line that ends in the line feed at the place.
+    void TakeLine(const char * lineFeed, std::string_view & line)
+    {
+        const char * const start = m_buffer + m_begin;
+        m_begin = static_cast<std::size_t>(lineFeed + 1 - m_buffer);
+        const bool hasReturn = lineFeed != start && lineFeed[-1] == '\r';
+        line = {start, static_cast<std::size_t>(lineFeed - start) - (hasReturn ? 1 : 0)};
+    }
+
     // Reads one more block behind what is held; false at the end of the file.
     bool Fill();
     void BeginReading();
@@ -54,12 +78,14 @@ private:
     std::string m_path;
     // While reading, begin to end is what has been read and not yet handed out; while writing, 0 to end is what
     // has not yet been written.
-    std::unique_ptr<char[]> m_buffer;
+    std::unique_ptr<char[]> m_storage;
+    char * m_buffer = nullptr;
     std::size_t m_size = 0;
     std::size_t m_begin = 0;
     std::size_t m_end = 0;
     bool m_isWriting = false;
     TokenList m_tokens;
+    ObjectBlocks m_blocks;
     FirstTokenMemory m_firstTokens;
     std::string m_scratch;
     std::string m_hostLine;

@@ -3,10 +3,11 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/ObjectBlocks.h"
 #include "ipc2581/base/platform/CArray.h"
 
 // A point in the plane, in the document's own units.
-class IPC2581_API CPointD {
+class IPC2581_API CPointD : public ipc2581::detail::FromBlocks {
 public:
     double X = 0.0;
     double Y = 0.0;

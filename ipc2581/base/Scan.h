@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 
 #if defined(__SSE2__)
@@ -11,7 +12,7 @@
 #endif
 
 // Finding the ends of tokens, keys and values. Where the processor can, many bytes are looked at in one step; the texts
-// must then stand in a buffer with ReadAhead bytes behind its last one.
+// must then stand in a buffer with ReadAhead bytes in front of its first and behind its last one.
 namespace ipc2581::detail {
 
 inline constexpr std::size_t ReadAhead = 32;
@@ -90,6 +91,11 @@ inline const char * SkipOrdinary(const char * at, const char * end)
     return FindBit(at, end, &SpecialBits);
 }
 
+inline const char * FindLineFeed(const char * at, const char * end)
+{
+    return FindBit(at, end, [](const char * step) { return EqualBits(LoadStep(step), '\n'); });
+}
+
 #else
 
 inline const char * SkipBlanks(const char * at, const char * end)
@@ -114,6 +120,12 @@ inline const char * SkipOrdinary(const char * at, const char * end)
         ++at;
     }
     return at;
+}
+
+inline const char * FindLineFeed(const char * at, const char * end)
+{
+    const void * const found = at == end ? nullptr : std::memchr(at, '\n', static_cast<std::size_t>(end - at));
+    return found == nullptr ? end : static_cast<const char *>(found);
 }
 
 #endif

@@ -2,8 +2,10 @@
 #define IPC2581_BASE_WORD_H
 
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 
 namespace ipc2581::detail {
@@ -64,6 +66,12 @@ public:
     consteval Word(const char (&text)[Size])
         : m_text(text, Size - 1), m_set(SetOf(m_text)), m_isAttribute(m_text.find('=') == m_text.size() - 1)
     {
+        for (std::size_t i = 0; i < sizeof(m_tail) && i < m_text.size(); ++i) {
+            const std::size_t place = std::endian::native == std::endian::little ? 7 - i : i;
+            m_tail |= static_cast<std::uint64_t>(static_cast<unsigned char>(m_text[m_text.size() - 1 - i]))
+                      << (8 * place);
+            m_tailMask |= std::uint64_t(0xff) << (8 * place);
+        }
     }
 
     constexpr std::string_view Text() const { return m_text; }
@@ -77,9 +85,27 @@ public:
         return (m_set & ~setOfText) == 0 && HoldsText(text, m_text);
     }
 
+    // The last eight bytes of a text, for IsTailOf.
+    static std::uint64_t Tail(const char * end)
+    {
+        std::uint64_t tail = 0;
+        std::memcpy(&tail, end - sizeof(tail), sizeof(tail));
+        return tail;
+    }
+    // True if the text ends in the word. There must be eight readable bytes in front of its end.
+    bool IsTailOf(std::string_view text, std::uint64_t tailOfText) const
+    {
+        if (((tailOfText ^ m_tail) & m_tailMask) != 0 || text.size() < m_text.size()) {
+            return false;
+        }
+        return m_text.size() <= sizeof(m_tail) || text.ends_with(m_text);
+    }
+
 private:
     std::string_view m_text;
     CharacterSet m_set;
+    std::uint64_t m_tail = 0;
+    std::uint64_t m_tailMask = 0;
     bool m_isAttribute;
 };
 

@@ -6,12 +6,14 @@
 #include "ipc2581/base/platform/CStdioFile.h"
 
 // A coordinate pair on the heap: every start, end, centre and begin point of a shape is one. Copies are deep.
-class IPC2581_API CIPC2581_Point {
+class IPC2581_API CIPC2581_Point : public ipc2581::detail::FromBlocks {
 public:
     // Owned and never null. It stays the same object through Init, so that pointers got from GetPoint stay good.
     CPointD * Point;
 
     CIPC2581_Point();
+    // For a reader: with its coordinates in the same blocks.
+    explicit CIPC2581_Point(ipc2581::detail::ObjectBlocks & blocks);
     CIPC2581_Point(const CIPC2581_Point & other);
     virtual ~CIPC2581_Point();
     virtual CIPC2581_Point * clone();

@@ -16,6 +16,12 @@ void StoreDirection(AttributeHit & hit, void * field)
     *static_cast<int *>(field) = isFalse ? 1 : 0;
 }
 
+std::unique_ptr<CIPC2581_PolyStep> MakeStep(ObjectBlocks * blocks)
+{
+    return std::unique_ptr<CIPC2581_PolyStep>(blocks == nullptr ? new CIPC2581_PolyStep()
+                                                                : new (*blocks) CIPC2581_PolyStep(*blocks));
+}
+
 }  // namespace
 
 void ReadPolyBegin(const TokenList & tokens, CIPC2581_Point & begin)
@@ -23,16 +29,16 @@ void ReadPolyBegin(const TokenList & tokens, CIPC2581_Point & begin)
     ScanAttributes(tokens, {Number("x=", begin.Point->X), Number("y=", begin.Point->Y)});
 }
 
-void ReadPolyStepSegment(const TokenList & tokens, CIPC2581_PolyStepArray & steps)
+void ReadPolyStepSegment(const TokenList & tokens, CIPC2581_PolyStepArray & steps, ObjectBlocks * blocks)
 {
-    auto step = std::make_unique<CIPC2581_PolyStep>();
+    auto step = MakeStep(blocks);
     ScanAttributes(tokens, {Number("x=", step->EndPoint->Point->X), Number("y=", step->EndPoint->Point->Y)});
     Append(steps, std::move(step));
 }
 
-void ReadPolyStepCurve(const TokenList & tokens, CIPC2581_PolyStepArray & steps)
+void ReadPolyStepCurve(const TokenList & tokens, CIPC2581_PolyStepArray & steps, ObjectBlocks * blocks)
 {
-    auto step = std::make_unique<CIPC2581_PolyStep>();
+    auto step = MakeStep(blocks);
     step->Type = 1;
     CPointD & end = *step->EndPoint->Point;
     CPointD & center = *step->CenterPoint->Point;
@@ -47,11 +53,11 @@ void ReadPolyStepCurve(const TokenList & tokens, CIPC2581_PolyStepArray & steps)
 bool ReadPolyStep(LineCycle & line, CIPC2581_PolyStepArray & steps)
 {
     if (line.Holds("PolyStepSegment")) {
-        ReadPolyStepSegment(line.Tokens(), steps);
+        ReadPolyStepSegment(line.Tokens(), steps, &line.Blocks());
         return true;
     }
     if (line.Holds("PolyStepCurve")) {
-        ReadPolyStepCurve(line.Tokens(), steps);
+        ReadPolyStepCurve(line.Tokens(), steps, &line.Blocks());
         return true;
     }
     return false;

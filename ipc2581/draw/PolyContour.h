@@ -11,10 +11,11 @@
 namespace ipc2581::detail {
 
 void ReadPolyBegin(const TokenList & tokens, CIPC2581_Point & begin);
-void ReadPolyStepSegment(const TokenList & tokens, CIPC2581_PolyStepArray & steps);
+// The step is taken from blocks if there are any.
+void ReadPolyStepSegment(const TokenList & tokens, CIPC2581_PolyStepArray & steps, ObjectBlocks * blocks = nullptr);
 // The direction is turned round on the way in: "FALSE" gives 1, which is written as "TRUE", and every other word gives
 // 0. A curve that tells none counts as clockwise.
-void ReadPolyStepCurve(const TokenList & tokens, CIPC2581_PolyStepArray & steps);
+void ReadPolyStepCurve(const TokenList & tokens, CIPC2581_PolyStepArray & steps, ObjectBlocks * blocks = nullptr);
 
 // Reads the line if it is a step of a contour; false if it is not.
 bool ReadPolyStep(LineCycle & line, CIPC2581_PolyStepArray & steps);

@@ -11,6 +11,11 @@ CIPC2581_PolyStep::CIPC2581_PolyStep()
     Init();
 }
 
+CIPC2581_PolyStep::CIPC2581_PolyStep(ObjectBlocks & blocks)
+    : EndPoint(new (blocks) CIPC2581_Point(blocks)), CenterPoint(new (blocks) CIPC2581_Point(blocks))
+{
+}
+
 CIPC2581_PolyStep::CIPC2581_PolyStep(const CIPC2581_PolyStep & other) : CIPC2581_PolyStep()
 {
     operator=(other);

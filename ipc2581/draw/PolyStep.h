@@ -7,7 +7,7 @@
 #include "ipc2581/draw/Point.h"
 
 // One step of a contour: a PolyStepSegment or a PolyStepCurve.
-class IPC2581_API CIPC2581_PolyStep {
+class IPC2581_API CIPC2581_PolyStep : public ipc2581::detail::FromBlocks {
 public:
     int Type = 0;  // 0 a segment; anything else is written as a curve
     // Owned and never null. A segment has a centre too, which is not written.
@@ -16,6 +16,8 @@ public:
     int ClockWise = 1;  // 1 is written as TRUE, anything else as FALSE
 
     CIPC2581_PolyStep();
+    // For a reader: with its points in the same blocks.
+    explicit CIPC2581_PolyStep(ipc2581::detail::ObjectBlocks & blocks);
     CIPC2581_PolyStep(const CIPC2581_PolyStep & other);
     virtual ~CIPC2581_PolyStep();
     // Compares the type and the addresses of the points, so that two steps made apart are never equal.

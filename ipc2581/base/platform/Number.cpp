@@ -34,27 +34,36 @@ constexpr std::array<double, 23> ExactPowersOfTen = {1e0,  1e1,  1e2,  1e3,  1e4
                                                      1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 constexpr std::uint64_t LargestExactInteger = std::uint64_t(1) << 53;
 
+// Takes the digits at the place into the number and returns where they end.
+const char * TakeDigits(const char * at, const char * end, std::uint64_t & digits)
+{
+    for (; at != end; ++at) {
+        const unsigned digit = static_cast<unsigned>(static_cast<unsigned char>(*at)) - '0';
+        if (digit > 9) {
+            break;
+        }
+        digits = digits * 10 + digit;
+    }
+    return at;
+}
+
 // A plain decimal such as 12.345 whose digits and power of ten are both exact doubles: one division rounds
 // once and so is right. Anything else gives false.
 bool ParsePlainDecimal(const char * at, const char * end, double & value)
 {
     std::uint64_t digits = 0;
-    const char * const start = at;
-    while (at != end && IsDigit(*at)) {
-        digits = digits * 10 + static_cast<std::uint64_t>(*at++ - '0');
-    }
-    std::ptrdiff_t count = at - start;
+    const char * const wholeEnd = TakeDigits(at, end, digits);
+    std::ptrdiff_t count = wholeEnd - at;
     std::ptrdiff_t decimals = 0;
+    at = wholeEnd;
     if (at != end && *at == '.') {
-        const char * const point = ++at;
-        while (at != end && IsDigit(*at)) {
-            digits = digits * 10 + static_cast<std::uint64_t>(*at++ - '0');
-        }
-        decimals = at - point;
+        at = TakeDigits(wholeEnd + 1, end, digits);
+        decimals = at - (wholeEnd + 1);
         count += decimals;
     }
-    const bool plainEnd = at == end || (*at != 'e' && *at != 'E' && *at != 'x' && *at != 'X');
-    if (count == 0 || count > 19 || digits > LargestExactInteger || !plainEnd) {
+    // Lower case or upper case: the bit that tells them apart is set before the comparison.
+    const char behind = at == end ? '\0' : static_cast<char>(*at | 0x20);
+    if (count == 0 || count > 19 || digits > LargestExactInteger || behind == 'e' || behind == 'x') {
         return false;
     }
     value = static_cast<double>(digits) / ExactPowersOfTen[static_cast<std::size_t>(decimals)];
