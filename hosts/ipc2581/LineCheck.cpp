@@ -159,12 +159,10 @@ public:
 
     LineFindings Finish()
     {
-        while (m_levels.size() > 1) {
-            if (!m_levels.back().isTold) {
-                m_found.swallows.Add({m_levels.back().name + " does not end before the end of the file"},
-                                     m_found.lines);
-            }
-            m_levels.pop_back();
+        // Those around it go on for the same reason.
+        const Level & innermost = m_levels.back();
+        if (!innermost.isTold) {
+            m_found.swallows.Add({innermost.name + " does not end before the end of the file"}, m_found.lines);
         }
         return std::move(m_found);
     }

@@ -17,6 +17,7 @@ struct Drawn {
     std::size_t holes = 0;
     std::size_t arcs = 0;
     std::size_t components = 0;
+    std::size_t layers = 0;
     // Tracks that cannot be drawn as wide as they are.
     std::size_t thinTracks = 0;
     std::size_t mirroredPads = 0;
@@ -42,6 +43,7 @@ Drawn CountInFile(const std::string & path)
         count.holes += name == "Hole" || name == "LayerHole" ? 1 : 0;
         count.arcs += isInFeatures && name == "Arc" ? 1 : 0;
         count.components += name == "Component" ? 1 : 0;
+        count.layers += name == "Layer" ? 1 : 0;
     }
     return count;
 }
@@ -101,6 +103,7 @@ void WarnOfSvgLacks(Board & board, const SvgBoard & pictures)
                 " of the file are missing");
         }
     };
+    addMissing("layers", file.layers, Count(board.Data().m_arrLayer));
     addMissing("pads", file.pads, model.pads);
     addMissing("holes", file.holes, model.holes);
     addMissing("arcs", file.arcs, model.arcs);

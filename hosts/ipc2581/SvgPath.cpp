@@ -79,8 +79,9 @@ void SvgPath::MoveTo(const CPointD & point)
 void SvgPath::LineTo(const CPointD & point)
 {
     const CPointD end = Placed(point);
-    const bool isUpright = end.X == m_at.X;
-    if (isUpright == (end.Y == m_at.Y)) {
+    constexpr double rounding = 1e-9;
+    const bool isUpright = std::abs(end.X - m_at.X) < rounding;
+    if (isUpright == (std::abs(end.Y - m_at.Y) < rounding)) {
         AppendPoint('L', end);
         return;
     }

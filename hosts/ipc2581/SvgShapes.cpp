@@ -11,11 +11,18 @@
 namespace ipc2581::host {
 namespace {
 
-using Corners = std::vector<CPointD>;
+// Unlike the library's point it has no virtual operations, which lists of them would warn of.
+struct Vertex {
+    double X;
+    double Y;
+    operator CPointD() const { return {X, Y}; }
+};
+
+using Corners = std::vector<Vertex>;
 
 constexpr double Pi = std::numbers::pi;
 
-CPointD Polar(double radius, double angle)
+Vertex Polar(double radius, double angle)
 {
     return {radius * std::cos(angle), radius * std::sin(angle)};
 }
@@ -269,20 +276,22 @@ void AddRoundSegment(const Spoke & first, const Spoke & second, double outer, do
 // What of a convex area lies beyond a line through the origin, moved aside by a distance.
 Corners CutOff(const Corners & corners, double normalAngle, double distance)
 {
-    const CPointD normal = Polar(1, normalAngle);
-    const auto beyond = [&](const CPointD & point) { return point.X * normal.X + point.Y * normal.Y - distance; };
+    const Vertex normal = Polar(1, normalAngle);
+    const auto beyond = [&](const Vertex & point) { return point.X * normal.X + point.Y * normal.Y - distance; };
+    // What lies on the line but for rounding is kept.
+    constexpr double rounding = 1e-9;
     Corners kept;
     for (std::size_t i = 0; i < corners.size(); ++i) {
-        const CPointD & from = corners[i];
-        const CPointD & to = corners[(i + 1) % corners.size()];
+        const Vertex & from = corners[i];
+        const Vertex & to = corners[(i + 1) % corners.size()];
         const double a = beyond(from);
         const double b = beyond(to);
-        if (a >= 0) {
+        if (a >= -rounding) {
             kept.push_back(from);
         }
-        if ((a < 0) != (b < 0)) {
+        if ((a < -rounding) != (b < -rounding)) {
             const double part = a / (a - b);
-            kept.emplace_back(from.X + part * (to.X - from.X), from.Y + part * (to.Y - from.Y));
+            kept.push_back({from.X + part * (to.X - from.X), from.Y + part * (to.Y - from.Y)});
         }
     }
     return kept;
@@ -333,8 +342,8 @@ void FillRings(const CIPC2581_DicDraw_Moire & shape, SvgPath & path)
 
 void FillBar(double length, double width, double angle, SvgPath & path)
 {
-    const CPointD along = Polar(length / 2, angle);
-    const CPointD across = Polar(width / 2, angle + Pi / 2);
+    const Vertex along = Polar(length / 2, angle);
+    const Vertex across = Polar(width / 2, angle + Pi / 2);
     AddCorners({{along.X - across.X, along.Y - across.Y},
                 {along.X + across.X, along.Y + across.Y},
                 {across.X - along.X, across.Y - along.Y},

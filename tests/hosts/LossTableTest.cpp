@@ -425,7 +425,7 @@ private:
                 lines += " " + std::string(attribute.name) + "=\"" + ValueIn(element, attribute) + "\"";
             }
         }
-        lines += m_hasStrangers ? " stranger=\"1\"" : "";
+        lines += m_hasStrangers ? " zz=\"1\"" : "";
         if (name.ends_with("Ref") && element.attributes.empty()) {
             const std::string text = m_hasStrangers ? "<" + name : lines;
             return text + ">t</" + name + ">\n";
@@ -479,7 +479,6 @@ private:
 struct Outcome {
     std::string model;
     std::string written;
-    bool operator==(const Outcome &) const = default;
 };
 
 class LossTable : public testing::Test {
@@ -648,7 +647,9 @@ TEST_F(LossTable, TellsWhichAttributesAreReadAndWritten)
 TEST_F(LossTable, LeavesOutNothingThatIsRead)
 {
     const Outcome plain = Read(Sample({}).Text());
-    EXPECT_EQ(Read(Sample({}).WithStrangers().Text()), plain);
+    const Outcome withStrangers = Read(Sample({}).WithStrangers().Text());
+    EXPECT_EQ(withStrangers.model, plain.model);
+    EXPECT_EQ(withStrangers.written, plain.written);
 }
 
 TEST_F(LossTable, TellsWhichWordsSetAFlag)

@@ -1,5 +1,5 @@
-# Both kinds of the library are installed and used from outside: the kind of this build from this build, the other one
-# from a build of its own.
+# Both kinds of the library are installed and used from outside: the kind of this build from this build, with the
+# programs, the other one from a build of its own, without them.
 set(install_scripts ${CMAKE_CURRENT_LIST_DIR})
 
 file(GLOB programs RELATIVE ${PROJECT_SOURCE_DIR}/hosts CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/hosts/*/CMakeLists.txt)
@@ -25,12 +25,11 @@ foreach(kind IN ITEMS static shared)
         -D LIBDIR=${CMAKE_INSTALL_LIBDIR}
         -D VERSION=${PROJECT_VERSION}
         -D CONFIG=$<CONFIG>
-        -D PROGRAMS=${programs}
         -D GENERATOR=${CMAKE_GENERATOR}
         -D COMPILER=${CMAKE_CXX_COMPILER}
         -D LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER})
     if(kind STREQUAL own_kind)
-        list(APPEND arguments -D BUILT=${PROJECT_BINARY_DIR})
+        list(APPEND arguments -D BUILT=${PROJECT_BINARY_DIR} -D PROGRAMS=${programs})
     endif()
 
     add_test(NAME install.${kind}.package COMMAND ${CMAKE_COMMAND} ${arguments} -P ${install_scripts}/Package.cmake)
