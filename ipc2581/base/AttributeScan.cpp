@@ -124,11 +124,6 @@ void StoreControlFlag(AttributeHit & hit, void * field)
     *static_cast<int *>(field) = hit.Take() == control ? 1 : 0;
 }
 
-void ScanAttributes(const TokenList & tokens, Attributes rows)
-{
-    ScanAttributes(tokens, rows, {});
-}
-
 void ScanAttributes(const TokenList & tokens, Attributes first, Attributes second)
 {
     std::string_view rest;

@@ -81,11 +81,10 @@ inline Attribute ControlFlag(Word word, int & field)
 //
 // A store must only assign: a line that turns out not to be of the plain form key="value" is scanned again from its
 // first token, by the token list.
-void ScanAttributes(const TokenList & tokens, Attributes rows);
-
+//
 // The double form: after each token has passed the first rows, the token on which the scan then stands is tested
 // against the second rows, whatever the first have done.
-void ScanAttributes(const TokenList & tokens, Attributes first, Attributes second);
+void ScanAttributes(const TokenList & tokens, Attributes first, Attributes second = {});
 
 // The scan by the token list alone, which the scan of plain lines must agree with on every input.
 void ScanTokens(const TokenList & tokens, Attributes first, Attributes second);

@@ -62,18 +62,6 @@ bool LineCycle::Next()
     return true;
 }
 
-const TokenList & LineCycle::Tokens()
-{
-    TokenList & tokens = m_lines.Tokens();
-    if (m_isWhole) {
-        tokens.SetWhole(m_line);
-    }
-    else {
-        tokens.SetLine(m_line, m_restAt);
-    }
-    return tokens;
-}
-
 CArray<CString, CString> & LineCycle::CopyTokens(CArray<CString, CString> & tokens)
 {
     tokens.RemoveAll();

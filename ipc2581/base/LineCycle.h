@@ -47,7 +47,17 @@ public:
     // The opening test: the first token holds the word and no slash.
     bool Opens(Word word) const { return (m_testedSet & SetOf('/')) == 0 && Holds(word); }
     // The tokens of the line.
-    const TokenList & Tokens();
+    const TokenList & Tokens()
+    {
+        TokenList & tokens = m_lines.Tokens();
+        if (m_isWhole) {
+            tokens.SetWhole(m_line);
+        }
+        else {
+            tokens.SetLine(m_line, m_restAt);
+        }
+        return tokens;
+    }
     // The tokens as a list of their own, for an operation that reads on in the file and takes one. What the list held
     // goes; it is returned.
     CArray<CString, CString> & CopyTokens(CArray<CString, CString> & tokens);

@@ -8,7 +8,7 @@
 namespace ipc2581::detail {
 
 // A line to a plain file is formed in its buffer; a file class of the host's own gets it through its operation.
-void WriteFormattedLine(CStdioFile & file, std::string_view format, FormatArguments arguments)
+void WriteFormattedLine(CStdioFile & file, const FormatText & format, FormatArguments arguments)
 {
     const std::size_t bound = FormattedBound(format, arguments);
     if (typeid(file) == typeid(CStdioFile)) {

@@ -15,7 +15,7 @@ inline Blanks Indent(std::int64_t repeats)
     return {repeats * 3};
 }
 
-void WriteFormattedLine(CStdioFile & file, std::string_view format, FormatArguments arguments);
+void WriteFormattedLine(CStdioFile & file, const FormatText & format, FormatArguments arguments);
 
 // Writes one line by its template, whose first argument is the indent: WriteLine(file, "%s<Set net=\"%s\">\n",
 // Indent(level + 1), Net). Numbers come out as %f and %d print them, texts as they stand, nothing is escaped.

@@ -33,27 +33,11 @@ TokenList::TokenList(const CArray<CString, CString> & tokens)
     }
 }
 
-void TokenList::SetLine(std::string_view line, std::size_t restAt)
-{
-    m_line = line;
-    m_restAt = restAt;
-    m_isCut = false;
-}
-
 void TokenList::SetWhole(std::string_view line)
 {
     m_restAt = NoPlainRest;
     m_isCut = true;
     m_tokens.assign(1, line);
-}
-
-bool TokenList::HasRest(std::string_view & rest) const
-{
-    if (m_restAt == NoPlainRest) {
-        return false;
-    }
-    rest = m_line.substr(m_restAt);
-    return true;
 }
 
 void TokenList::CutLine() const

@@ -27,13 +27,25 @@ public:
     // A line that is cut on runs of blanks, once somebody asks for its tokens. Every "<" and ">" goes, wherever it
     // stands; a tab is no blank and a "/" stays. A token may be empty: a bracket that stands alone. Its first token,
     // which has no "=", ends at restAt; NoPlainRest if it has one or nobody knows.
-    void SetLine(std::string_view line, std::size_t restAt);
+    void SetLine(std::string_view line, std::size_t restAt)
+    {
+        m_line = line;
+        m_restAt = restAt;
+        m_isCut = false;
+    }
     static constexpr std::size_t NoPlainRest = std::string_view::npos;
     // The whole line becomes the one token, with its brackets.
     void SetWhole(std::string_view line);
 
     // The line behind its first token, for a scan that may do without a token list; false if there must be one.
-    bool HasRest(std::string_view & rest) const;
+    bool HasRest(std::string_view & rest) const
+    {
+        if (m_restAt == NoPlainRest) {
+            return false;
+        }
+        rest = {m_line.data() + m_restAt, m_line.size() - m_restAt};
+        return true;
+    }
 
     int Size() const
     {

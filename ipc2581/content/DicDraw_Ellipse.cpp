@@ -1,20 +1,3 @@
 #include "ipc2581/content/DicDraw_Ellipse.h"
 
-#include "ipc2581/base/AttributeScan.h"
-#include "ipc2581/base/LineTemplate.h"
-
-using namespace ipc2581::detail;
-
 CIPC2581_DicDraw_Ellipse::~CIPC2581_DicDraw_Ellipse() = default;
-
-int CIPC2581_DicDraw_Ellipse::Import(CArray<CString, CString> & tokens)
-{
-    ScanAttributes(tokens, {Number("width", Width), Number("height", Height)});
-    return 1;
-}
-
-int CIPC2581_DicDraw_Ellipse::Export(CStdioFile & file, int level)
-{
-    WriteLine(file, "%s<Ellipse width=\"%f\" height=\"%f\" />\n", Indent(level + 1), Width, Height);
-    return 1;
-}

@@ -2,21 +2,17 @@
 #define IPC2581_CONTENT_DICDRAW_HEXAGON_H
 
 #include "ipc2581/base/Export.h"
-#include "ipc2581/content/Primitive.h"
+#include "ipc2581/content/PrimitiveFamilies.h"
 
 // The dictionary primitive Hexagon.
-class IPC2581_API CIPC2581_DicDraw_Hexagon : public ipc2581::detail::Primitive {
+class IPC2581_API CIPC2581_DicDraw_Hexagon : public ipc2581::detail::LengthPrimitive {
 public:
-    double Length = 0.0;
-
-    CIPC2581_DicDraw_Hexagon() : Primitive(7) {}
+    CIPC2581_DicDraw_Hexagon() : LengthPrimitive(7) {}
     CIPC2581_DicDraw_Hexagon(const CIPC2581_DicDraw_Hexagon & other) = default;
     ~CIPC2581_DicDraw_Hexagon() override;
     using CIPC2581_DrawObj::operator=;
-    using Primitive::Import;
     CIPC2581_DicDraw_Hexagon * clone() const override { return new CIPC2581_DicDraw_Hexagon(*this); }
-    int Import(CArray<CString, CString> & tokens) override;
-    int Export(CStdioFile & file, int level) override;
+    int Export(CStdioFile & file, int level) override { return ExportAs("Hexagon", file, level); }
     virtual CIPC2581_DicDraw_Hexagon & operator=(const CIPC2581_DicDraw_Hexagon & other) = default;
 };
 

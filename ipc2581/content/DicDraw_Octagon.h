@@ -2,21 +2,17 @@
 #define IPC2581_CONTENT_DICDRAW_OCTAGON_H
 
 #include "ipc2581/base/Export.h"
-#include "ipc2581/content/Primitive.h"
+#include "ipc2581/content/PrimitiveFamilies.h"
 
 // The dictionary primitive Octagon.
-class IPC2581_API CIPC2581_DicDraw_Octagon : public ipc2581::detail::Primitive {
+class IPC2581_API CIPC2581_DicDraw_Octagon : public ipc2581::detail::LengthPrimitive {
 public:
-    double Length = 0.0;
-
-    CIPC2581_DicDraw_Octagon() : Primitive(9) {}
+    CIPC2581_DicDraw_Octagon() : LengthPrimitive(9) {}
     CIPC2581_DicDraw_Octagon(const CIPC2581_DicDraw_Octagon & other) = default;
     ~CIPC2581_DicDraw_Octagon() override;
     using CIPC2581_DrawObj::operator=;
-    using Primitive::Import;
     CIPC2581_DicDraw_Octagon * clone() const override { return new CIPC2581_DicDraw_Octagon(*this); }
-    int Import(CArray<CString, CString> & tokens) override;
-    int Export(CStdioFile & file, int level) override;
+    int Export(CStdioFile & file, int level) override { return ExportAs("Octagon", file, level); }
     virtual CIPC2581_DicDraw_Octagon & operator=(const CIPC2581_DicDraw_Octagon & other) = default;
 };
 

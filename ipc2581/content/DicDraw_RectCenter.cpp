@@ -1,23 +1,6 @@
 #include "ipc2581/content/DicDraw_RectCenter.h"
 
-#include "ipc2581/base/AttributeScan.h"
-#include "ipc2581/base/LineTemplate.h"
-
-using namespace ipc2581::detail;
-
 CIPC2581_DicDraw_RectCenter::~CIPC2581_DicDraw_RectCenter() = default;
-
-int CIPC2581_DicDraw_RectCenter::Import(CArray<CString, CString> & tokens)
-{
-    ScanAttributes(tokens, {Number("width", Width), Number("height", Height)});
-    return 1;
-}
-
-int CIPC2581_DicDraw_RectCenter::Export(CStdioFile & file, int level)
-{
-    WriteLine(file, "%s<RectCenter width=\"%f\" height=\"%f\" />\n", Indent(level + 1), Width, Height);
-    return 1;
-}
 
 void CIPC2581_DicDraw_RectCenter::Init()
 {

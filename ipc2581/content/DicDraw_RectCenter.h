@@ -2,22 +2,17 @@
 #define IPC2581_CONTENT_DICDRAW_RECTCENTER_H
 
 #include "ipc2581/base/Export.h"
-#include "ipc2581/content/Primitive.h"
+#include "ipc2581/content/PrimitiveFamilies.h"
 
 // The dictionary primitive RectCenter.
-class IPC2581_API CIPC2581_DicDraw_RectCenter : public ipc2581::detail::Primitive {
+class IPC2581_API CIPC2581_DicDraw_RectCenter : public ipc2581::detail::WidthHeightPrimitive {
 public:
-    double Width = 0.0;
-    double Height = 0.0;
-
-    CIPC2581_DicDraw_RectCenter() : Primitive(11) {}
+    CIPC2581_DicDraw_RectCenter() : WidthHeightPrimitive(11) {}
     CIPC2581_DicDraw_RectCenter(const CIPC2581_DicDraw_RectCenter & other) = default;
     ~CIPC2581_DicDraw_RectCenter() override;
     using CIPC2581_DrawObj::operator=;
-    using Primitive::Import;
     CIPC2581_DicDraw_RectCenter * clone() const override { return new CIPC2581_DicDraw_RectCenter(*this); }
-    int Import(CArray<CString, CString> & tokens) override;
-    int Export(CStdioFile & file, int level) override;
+    int Export(CStdioFile & file, int level) override { return ExportAs("RectCenter", file, level); }
     virtual CIPC2581_DicDraw_RectCenter & operator=(const CIPC2581_DicDraw_RectCenter & other) = default;
 
     void Init();

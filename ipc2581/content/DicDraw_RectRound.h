@@ -2,7 +2,7 @@
 #define IPC2581_CONTENT_DICDRAW_RECTROUND_H
 
 #include "ipc2581/base/Export.h"
-#include "ipc2581/content/Primitive.h"
+#include "ipc2581/content/PrimitiveFamilies.h"
 
 // The dictionary primitive RectRound. A corner flag is set only by "TURE" and written as "TRUE", without a blank
 // between two of them.
@@ -41,6 +41,12 @@ public:
     void SetLowerLeft(int value) { LowerLeft = value; }
     int GetLowerRight() const { return LowerRight; }
     void SetLowerRight(int value) { LowerRight = value; }
+
+private:
+    ipc2581::detail::CorneredRect Fields()
+    {
+        return {Width, Height, Radius, UpperRight, UpperLeft, LowerLeft, LowerRight};
+    }
 };
 
 #endif

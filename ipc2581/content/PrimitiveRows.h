@@ -13,12 +13,6 @@ Attribute RoundOrSquareWord(Word word, int & shape);
 // 1 if the value holds "TURE". That is the word as the reader has it: "TRUE" sets nothing, and nothing clears a flag.
 Attribute CornerFlag(Word word, int & flag);
 
-// What the writers put for a corner: the piece if the flag is set, else nothing.
-inline const char * CornerPiece(int flag, const char * piece)
-{
-    return flag != 0 ? piece : "";
-}
-
 }  // namespace ipc2581::detail
 
 #endif

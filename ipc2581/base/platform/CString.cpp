@@ -313,7 +313,7 @@ char * CString::Allocate(std::size_t length)
     return data;
 }
 
-void CString::AssignFormatted(std::string_view format, ipc2581::detail::FormatArguments arguments)
+void CString::AssignFormatted(const ipc2581::detail::FormatText & format, ipc2581::detail::FormatArguments arguments)
 {
     const std::unique_ptr<char[]> text(new char[ipc2581::detail::FormattedBound(format, arguments)]);
     const char * const end = ipc2581::detail::WriteFormatted(text.get(), format, arguments);

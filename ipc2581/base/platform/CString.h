@@ -111,7 +111,7 @@ private:
     char * Data() { return IsOnHeap() ? HeapData() : m_bytes; }
     void Truncate(std::size_t length);
     static char * Allocate(std::size_t length);
-    void AssignFormatted(std::string_view format, ipc2581::detail::FormatArguments arguments);
+    void AssignFormatted(const ipc2581::detail::FormatText & format, ipc2581::detail::FormatArguments arguments);
 
     alignas(char *) char m_bytes[TagAt + 1];
 };

@@ -15,6 +15,19 @@ char * Append(char * out, const char * text, std::size_t length)
     return out + length;
 }
 
+// What stands between two conversions, where "%%" prints as "%".
+char * WriteLiteral(char * out, std::string_view text, bool isPlain)
+{
+    if (isPlain) {
+        return Append(out, text.data(), text.size());
+    }
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        *out++ = text[i];
+        i += text[i] == '%' ? 1 : 0;
+    }
+    return out;
+}
+
 }  // namespace
 
 std::size_t FormatArgument::Bound() const
@@ -48,32 +61,25 @@ char * FormatArgument::Write(char * out) const
     return Append(out, m_text.data(), m_text.size());
 }
 
-std::size_t FormattedBound(std::string_view format, FormatArguments arguments)
+std::size_t FormattedBound(const FormatText & format, FormatArguments arguments)
 {
-    std::size_t bound = format.size();
+    std::size_t bound = format.text.size();
     for (const FormatArgument & argument : arguments) {
         bound += argument.Bound();
     }
     return bound;
 }
 
-char * WriteFormatted(char * out, std::string_view format, FormatArguments arguments)
+char * WriteFormatted(char * out, const FormatText & format, FormatArguments arguments)
 {
-    const FormatArgument * argument = arguments.begin();
-    for (;;) {
-        const std::size_t percent = format.find('%');
-        if (percent == std::string_view::npos) {
-            return Append(out, format.data(), format.size());
-        }
-        out = Append(out, format.data(), percent);
-        if (format[percent + 1] == '%') {
-            *out++ = '%';
-        }
-        else {
-            out = argument++->Write(out);
-        }
-        format.remove_prefix(percent + 2);
+    const std::string_view text = format.text;
+    const std::uint16_t * place = format.places;
+    std::size_t from = 0;
+    for (const FormatArgument & argument : arguments) {
+        out = argument.Write(WriteLiteral(out, text.substr(from, *place - from), format.isPlain));
+        from = *place++ + std::size_t(2);
     }
+    return WriteLiteral(out, text.substr(from), format.isPlain);
 }
 
 }  // namespace ipc2581::detail

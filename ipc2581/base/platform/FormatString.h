@@ -38,12 +38,21 @@ constexpr char ConversionOf()
 // Left without a body on purpose: a call of it ends the compilation with its name in the message.
 void FormatDoesNotFitItsArguments();
 
+// A format string with the places of its conversions, so that nobody looks for them when it is printed.
+struct FormatText {
+    std::string_view text;
+    const std::uint16_t * places;
+    // It has no "%%", so that what stands between its conversions is printed as it is.
+    bool isPlain;
+};
+
 template <typename... Arguments>
 class CheckedFormat {
 public:
     template <std::size_t Size>
     consteval CheckedFormat(const char (&text)[Size]) : m_text(text, Size - 1)
     {
+        static_assert(Size <= UINT16_MAX);
         constexpr char conversions[] = {ConversionOf<Arguments>()..., '\0'};
         std::size_t used = 0;
         for (std::size_t i = 0; i < m_text.size(); ++i) {
@@ -54,22 +63,25 @@ public:
                 FormatDoesNotFitItsArguments();
             }
             if (m_text[i] == '%') {
+                m_isPlain = false;
                 continue;
             }
             if (used == sizeof...(Arguments) || conversions[used] != m_text[i]) {
                 FormatDoesNotFitItsArguments();
             }
-            ++used;
+            m_places[used++] = static_cast<std::uint16_t>(i - 1);
         }
         if (used != sizeof...(Arguments)) {
             FormatDoesNotFitItsArguments();
         }
     }
 
-    constexpr std::string_view Text() const { return m_text; }
+    constexpr FormatText Text() const { return {m_text, m_places, m_isPlain}; }
 
 private:
     std::string_view m_text;
+    std::uint16_t m_places[sizeof...(Arguments) + 1] = {};
+    bool m_isPlain = true;
 };
 
 // Takes the argument types from the arguments alone, so that the text is checked against them.
@@ -104,10 +116,10 @@ private:
 using FormatArguments = std::initializer_list<FormatArgument>;
 
 // The most bytes that a checked format may take with these arguments.
-std::size_t FormattedBound(std::string_view format, FormatArguments arguments);
+std::size_t FormattedBound(const FormatText & format, FormatArguments arguments);
 
 // Writes the text and returns its end; there must be room for FormattedBound bytes.
-char * WriteFormatted(char * out, std::string_view format, FormatArguments arguments);
+char * WriteFormatted(char * out, const FormatText & format, FormatArguments arguments);
 
 }  // namespace ipc2581::detail
 

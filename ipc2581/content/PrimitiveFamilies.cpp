@@ -1,0 +1,61 @@
+#include "ipc2581/content/PrimitiveFamilies.h"
+
+#include "ipc2581/base/AttributeScan.h"
+#include "ipc2581/base/LineTemplate.h"
+#include "ipc2581/content/PrimitiveRows.h"
+
+namespace ipc2581::detail {
+namespace {
+
+const char * PieceIf(int flag, const char * piece)
+{
+    return flag != 0 ? piece : "";
+}
+
+}  // namespace
+
+WidthHeightPrimitive::~WidthHeightPrimitive() = default;
+
+int WidthHeightPrimitive::Import(CArray<CString, CString> & tokens)
+{
+    ScanAttributes(tokens, {Number("width", Width), Number("height", Height)});
+    return 1;
+}
+
+int WidthHeightPrimitive::ExportAs(const char * tag, CStdioFile & file, int level) const
+{
+    WriteLine(file, "%s<%s width=\"%f\" height=\"%f\" />\n", Indent(level + 1), tag, Width, Height);
+    return 1;
+}
+
+LengthPrimitive::~LengthPrimitive() = default;
+
+int LengthPrimitive::Import(CArray<CString, CString> & tokens)
+{
+    ScanAttributes(tokens, {Number("length", Length)});
+    return 1;
+}
+
+int LengthPrimitive::ExportAs(const char * tag, CStdioFile & file, int level) const
+{
+    WriteLine(file, "%s<%s length=\"%f\" />\n", Indent(level + 1), tag, Length);
+    return 1;
+}
+
+void ReadCorneredRect(CArray<CString, CString> & tokens, Word cornerWord, const CorneredRect & rect)
+{
+    ScanAttributes(tokens, {Number("width", rect.width), Number("height", rect.height), Number(cornerWord, rect.corner),
+                            CornerFlag("upperRight", rect.upperRight), CornerFlag("upperLeft", rect.upperLeft),
+                            CornerFlag("lowerLeft", rect.lowerLeft), CornerFlag("lowerRight", rect.lowerRight)});
+}
+
+void WriteCorneredRect(CStdioFile & file, int level, const char * tag, const char * cornerKey,
+                       const CorneredRect & rect)
+{
+    WriteLine(file, "%s<%s width=\"%f\" height=\"%f\" %s=\"%f\" %s%s%s%s />\n", Indent(level + 1), tag, rect.width,
+              rect.height, cornerKey, rect.corner, PieceIf(rect.upperRight, "upperRight=\"TRUE\""),
+              PieceIf(rect.upperLeft, "upperLeft=\"TRUE\""), PieceIf(rect.lowerLeft, "lowerLeft=\"TRUE\""),
+              PieceIf(rect.lowerRight, "lowerRight=\"TRUE\""));
+}
+
+}  // namespace ipc2581::detail

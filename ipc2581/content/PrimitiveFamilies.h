@@ -1,0 +1,63 @@
+#ifndef IPC2581_CONTENT_PRIMITIVEFAMILIES_H
+#define IPC2581_CONTENT_PRIMITIVEFAMILIES_H
+
+#include "ipc2581/base/Export.h"
+#include "ipc2581/content/Primitive.h"
+
+// Primitives that differ in nothing but their name.
+namespace ipc2581::detail {
+
+class Word;
+
+// A diamond, an ellipse, an oval or a centred rectangle.
+class IPC2581_API WidthHeightPrimitive : public Primitive {
+public:
+    double Width = 0.0;
+    double Height = 0.0;
+
+    ~WidthHeightPrimitive() override;
+    using Primitive::Import;
+    int Import(CArray<CString, CString> & tokens) override;
+
+protected:
+    explicit WidthHeightPrimitive(int drawType) : Primitive(drawType) {}
+    WidthHeightPrimitive(const WidthHeightPrimitive &) = default;
+    WidthHeightPrimitive & operator=(const WidthHeightPrimitive &) = default;
+    int ExportAs(const char * tag, CStdioFile & file, int level) const;
+};
+
+// A hexagon or an octagon.
+class IPC2581_API LengthPrimitive : public Primitive {
+public:
+    double Length = 0.0;
+
+    ~LengthPrimitive() override;
+    using Primitive::Import;
+    int Import(CArray<CString, CString> & tokens) override;
+
+protected:
+    explicit LengthPrimitive(int drawType) : Primitive(drawType) {}
+    LengthPrimitive(const LengthPrimitive &) = default;
+    LengthPrimitive & operator=(const LengthPrimitive &) = default;
+    int ExportAs(const char * tag, CStdioFile & file, int level) const;
+};
+
+// The fields of a rectangle with chamfered or rounded corners, whose third one has a name of its own in each.
+struct CorneredRect {
+    double & width;
+    double & height;
+    double & corner;
+    int & upperRight;
+    int & upperLeft;
+    int & lowerLeft;
+    int & lowerRight;
+};
+
+// A corner flag is set only by "TURE" and written as "TRUE", without a blank between two of them.
+void ReadCorneredRect(CArray<CString, CString> & tokens, Word cornerWord, const CorneredRect & rect);
+void WriteCorneredRect(CStdioFile & file, int level, const char * tag, const char * cornerKey,
+                       const CorneredRect & rect);
+
+}  // namespace ipc2581::detail
+
+#endif
