@@ -171,9 +171,10 @@ private:
     // A loop of the reader that is running.
     struct Level {
         const Reader * reader;
-        const ElementLoss * element;  // that it reads; null for the file
-        std::string name;             // of the tag that was taken for the element
-        bool isTold;                  // that it takes lines which are not its own
+        const ElementLoss * element;                  // that it reads; null for the file
+        std::string name;                             // of the tag that was taken for the element
+        bool isTold;                                  // that it takes lines which are not its own
+        std::vector<const ElementLoss *> parts = {};  // that there is one place for, and that were taken
     };
 
     const Reader & Current() const { return *m_levels.back().reader; }
@@ -265,6 +266,7 @@ private:
         else if (!isClosing && tag->name != element.name) {
             m_found.readOtherwise.Add({Opening(tag->name) + " is taken for " + Opening(element.name)}, m_found.lines);
         }
+        CheckPlace(element, isClosing);
         m_tokens.Cut(m_line);
         ScanTokens(element);
         if (tag != nullptr && !isClosing) {
@@ -277,6 +279,29 @@ private:
         if (element.inner != nullptr && !IsEmptyDictionary(element)) {
             Enter(element, tag);
         }
+    }
+
+    // Tells of an element whose place another one has taken already.
+    void CheckPlace(const ElementLoss & element, bool isClosing)
+    {
+        Level & level = m_levels.back();
+        const bool isInSet = level.element != nullptr && level.element->name == "Set";
+        const bool hasOnePlace = isInSet ? element.name != "ColorRef" : element.inner != nullptr && !element.isObject;
+        if (!hasOnePlace || isClosing) {
+            return;
+        }
+        const bool isThere = std::find(level.parts.begin(), level.parts.end(), &element) != level.parts.end();
+        const std::string in = level.element == nullptr ? "the file" : Str(level.element->name);
+        if (isInSet && !level.parts.empty() && (!isThere || element.name != "Features")) {
+            m_found.swallows.Add({Opening(element.name) + " takes the place of " + Opening(level.parts.back()->name) +
+                                  " in the same Set"},
+                                 m_found.lines);
+        }
+        else if (isThere) {
+            m_found.swallows.Add({"a second " + Opening(element.name) + " in " + in + " goes into the first"},
+                                 m_found.lines);
+        }
+        level.parts.push_back(&element);
     }
 
     void Enter(const ElementLoss & element, const Tag * tag)

@@ -1,494 +1,25 @@
-#include <cstdint>
-#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include <gtest/gtest.h>
 
-#include "ipc2581/base/platform/Afx.h"
-#include "ipc2581/document/Parser.h"
-#include "ipc2581/document/XmlLiteReader.h"
-#include "ipc2581/ipc2581.h"
+#include "tests/document/WholeBoard.h"
 #include "tests/support/Files.h"
 
 namespace {
 
+using ipc2581::tests::BoardLine;
 using ipc2581::tests::MessageBoxes;
-using ipc2581::tests::TempFolder;
-
-// How many there are of each thing in a model.
-using Sizes = std::map<std::string_view, std::int64_t>;
-
-// A line of the board, with the words that its reader tests for without an equal sign.
-struct Line {
-    std::string_view text;
-    std::vector<std::string_view> words = {};
-    bool isScanned = true;
-};
-
-// Every element that the library reads.
-const std::vector<Line> Board = {
-    {"<?xml version=\"1.0\" encoding=\"UTF-8\"?>", {}, false},
-    {"<IPC-2581 revision=\"B\">", {}, false},
-    {"<Content roleRef=\"Owner\">", {}, false},
-    {"<FunctionMode mode=\"ASSEMBLY\" level=\"1\"/>", {"mode", "level"}},
-    {"<StepRef>board</StepRef>"},
-    {"<LayerRef>TOP</LayerRef>"},
-    {"<BomRef>parts</BomRef>"},
-    {"<DictionaryStandard units=\"MM\">", {"units"}},
-    {"<EntryStandard id=\"S 1\">", {"id"}},
-    {"<Butterfly shape=\"ROUND\" diameter=\"1\"/>", {"diameter"}},
-    {"<Circle diameter=\"1\"/>", {"diameter"}},
-    {"<Contour>"},
-    {"<Polygon>"},
-    {"<PolyBegin x=\"1\" y=\"2\"/>"},
-    {"<PolyStepSegment x=\"3\" y=\"4\"/>"},
-    {"<PolyStepCurve x=\"5\" y=\"6\" centerX=\"7\" centerY=\"8\" clockwise=\"TRUE\"/>"},
-    {"</Polygon>"},
-    {"<Cutout>"},
-    {"<PolyBegin x=\"1\" y=\"2\"/>"},
-    {"<PolyStepSegment x=\"3\" y=\"4\"/>"},
-    {"</Cutout>"},
-    {"</Contour>"},
-    {"<Diamond width=\"1\" height=\"2\"/>", {"width", "height"}},
-    {"<Donut shape=\"SQUARE\" outerDiameter=\"2\" innerDiameter=\"1\"/>", {"outerDiameter", "innerDiameter"}},
-    {"<Ellipse width=\"1\" height=\"2\"/>", {"width", "height"}},
-    {"<Hexagon length=\"1\"/>", {"length"}},
-    {"<Moire diameter=\"1\" ringWidth=\"2\" ringGap=\"3\" ringNumber=\"4\" lineWidth=\"5\" lineLength=\"6\""
-     " lineAngle=\"7\"/>",
-     {"diameter", "ringWidth", "ringGap", "ringNumber", "lineWidth", "lineLength", "lineAngle"}},
-    {"<Octagon length=\"1\"/>", {"length"}},
-    {"<Oval width=\"1\" height=\"2\"/>", {"width", "height"}},
-    {"<RectCenter width=\"1\" height=\"2\"/>", {"width", "height"}},
-    {"<RectCham width=\"1\" height=\"2\" chamfer=\"3\" upperRight=\"TRUE\" lowerLeft=\"TRUE\"/>",
-     {"width", "height", "chamfer", "upperRight", "lowerLeft"}},
-    {"<RectCorner lowerLeftX=\"1\" lowerLeftY=\"2\" upperRightX=\"3\" upperRightY=\"4\"/>",
-     {"lowerLeftX", "lowerLeftY", "upperRightX", "upperRightY"}},
-    {"<RectRound width=\"1\" height=\"2\" radius=\"3\" upperLeft=\"TRUE\" lowerRight=\"TRUE\"/>",
-     {"width", "height", "radius", "upperLeft", "lowerRight"}},
-    {"<Thermal shape=\"OCTAGON\" outerDiameter=\"2\" innerDiameter=\"1\" spokeCount=\"4\" gap=\"3\""
-     " spokeStartAngle=\"5\"/>",
-     {"outerDiameter", "innerDiameter", "spokeCount", "gap", "spokeStartAngle"}},
-    {"<Triangle base=\"1\" height=\"2\"/>", {"base", "height"}},
-    {"</EntryStandard>"},
-    {"</DictionaryStandard>"},
-    {"<DictionaryUser units=\"MM\">", {"units"}},
-    {"<EntryUser id=\"U1\">", {}, false},
-    {"</EntryUser>"},
-    {"</DictionaryUser>"},
-    {"<DictionaryColor units=\"INCH\">", {"units"}},
-    {"<EntryColor id=\"red\">", {"id"}},
-    {"<Color r=\"255\" g=\"1\" b=\"2\" id=\"c\"/>"},
-    {"</EntryColor>"},
-    {"</DictionaryColor>"},
-    {"</Content>"},
-    {"<LogisticHeader>"},
-    {"<Role name=\"Owner\"/>", {"name"}},
-    {"<Person name=\"Ann Lee\"/>", {"name"}},
-    {"</LogisticHeader>"},
-    {"<HistoryRecord number=\"1\" origination=\"o\" toolRef=\"t\" lastChange=\"two words\">"},
-    {"</HistoryRecord>"},
-    {"<Bom name=\"Rev A\">"},
-    {"<BomHeader assembly=\"a\">", {"assembly"}},
-    {"</BomHeader>"},
-    {"<BomItem quantity=\"1\" numberIO=\"2\" category=\"c\" internalPartNumber=\"p\" description=\"d\""
-     " packageRef=\"k\">",
-     {"quantity", "numberIO", "category", "internalPartNumber", "description", "packageRef"}},
-    {"<RefDes name=\"R1\" populate=\"TRUE\"/>"},
-    {"</BomItem>"},
-    {"</Bom>"},
-    {"<Ecad name=\"e\">"},
-    {"<CadHeader units=\"MM\">"},
-    {"</CadHeader>"},
-    {"<CadData>"},
-    {"<Layer name=\"TOP\" layerFunction=\"SIGNAL\" side=\"TOP\" polarity=\"POSITIVE\"/>"},
-    {"<Stackup overallThickness=\"1.6\" tolPlus=\"0.1\" tolMinus=\"0.1\" whereMeasured=\"METAL\">"},
-    {"<StackupGroup name=\"g\" thickness=\"1\" tolPlus=\"2\" tolMinus=\"3\">"},
-    {"<StackupLayer layerOrGroupRef=\"TOP\" materialType=\"COPPER\" thickness=\"4\"/>"},
-    {"</StackupGroup>"},
-    {"</Stackup>"},
-    {"<Step name=\"board\">"},
-    {"<PadStack net=\"GND\">"},
-    {"<LayerHole name=\"h\" diameter=\"1\" platingStatus=\"VIA\" plusTol=\"0\" minusTol=\"0\" x=\"1\" y=\"2\">"},
-    {"<Span fromLayer=\"TOP\" toLayer=\"BOTTOM\"/>"},
-    {"</LayerHole>"},
-    {"<LayerPad layerRef=\"TOP\" pin=\"1\">"},
-    {"<Xform rotation=\"90\"/>"},
-    {"<Location x=\"1\" y=\"2\"/>"},
-    {"<StandardPrimitiveRef id=\"S1\"/>"},
-    {"</LayerPad>"},
-    {"</PadStack>"},
-    {"<Datum x=\"1\" y=\"2\"/>"},
-    {"<Profile>"},
-    {"<Polygon>"},
-    {"<PolyBegin x=\"1\" y=\"2\"/>"},
-    {"<PolyStepSegment x=\"3\" y=\"4\"/>"},
-    {"</Polygon>"},
-    {"<Cutout>"},
-    {"<PolyBegin x=\"1\" y=\"2\"/>"},
-    {"<PolyStepCurve x=\"5\" y=\"6\" centerX=\"7\" centerY=\"8\" clockwise=\"FALSE\"/>"},
-    {"</Cutout>"},
-    {"</Profile>"},
-    {"<Package name=\"P1\" type=\"CHIP\">"},
-    {"<Outline>"},
-    {"<Polygon>"},
-    {"<PolyBegin x=\"1\" y=\"2\"/>"},
-    {"<PolyStepSegment x=\"3\" y=\"4\"/>"},
-    {"</Polygon>"},
-    {"<LineDesc lineEnd=\"ROUND\" lineWidth=\"1\"/>"},
-    {"</Outline>"},
-    {"<AssemblyDrawing>"},
-    {"<Outline>"},
-    {"<Polygon>"},
-    {"<PolyStepSegment x=\"3\" y=\"4\"/>"},
-    {"</Polygon>"},
-    {"</Outline>"},
-    {"</AssemblyDrawing>"},
-    {"<LandPattern>"},
-    {"<Pad pin=\"1\">"},
-    {"<Location x=\"1\" y=\"2\"/>"},
-    {"</Pad>"},
-    {"</LandPattern>"},
-    {"<SilkScreen>"},
-    {"<Target>"},
-    {"<Contour>"},
-    {"<Polygon>"},
-    {"<PolyStepSegment x=\"3\" y=\"4\"/>"},
-    {"</Polygon>"},
-    {"</Contour>"},
-    {"<Location x=\"1\" y=\"2\"/>"},
-    {"<Polyline>"},
-    {"<PolyBegin x=\"1\" y=\"2\"/>"},
-    {"<PolyStepSegment x=\"3\" y=\"4\"/>"},
-    {"<LineDesc lineEnd=\"ROUND\" lineWidth=\"1\"/>"},
-    {"</Polyline>"},
-    {"</Target>"},
-    {"</SilkScreen>"},
-    {"<Pin number=\"1\" name=\"A\" type=\"THRU\" electricalType=\"ELECTRICAL\">"},
-    {"<Xform rotation=\"90\" mirror=\"TRUE\"/>"},
-    {"<Location x=\"1\" y=\"2\"/>"},
-    {"<StandardPrimitiveRef id=\"S1\"/>"},
-    {"<Outline>"},
-    {"<LineDesc lineEnd=\"SQUARE\" lineWidth=\"1\"/>"},
-    {"<Polygon>"},
-    {"<PolyStepSegment x=\"3\" y=\"4\"/>"},
-    {"</Polygon>"},
-    {"</Outline>"},
-    {"</Pin>"},
-    {"</Package>"},
-    {"<Component refDes=\"R1\" packageRef=\"P1\" layerRef=\"TOP\" part=\"two words\" mountType=\"SMT\""
-     " standoff=\"0.1\" height=\"1.5\">"},
-    {"<Xform rotation=\"90\" mirror=\"TRUE\"/>"},
-    {"<Location x=\"1\" y=\"2\"/>"},
-    {"</Component>"},
-    {"<LogicalNet name=\"GND\">"},
-    {"<LogicalNetPin componentRef=\"R1\" pin=\"1\"/>"},
-    {"</LogicalNet>"},
-    {"<PhyNetGroup name=\"group\">"},
-    {"<PhyNet name=\"GND\">"},
-    {"<PhyNetPoint x=\"1\" y=\"2\" layerRef=\"TOP\" netNode=\"END\" exposure=\"EXPOSED\" via=\"TRUE\" test=\"TRUE\">"},
-    {"<StandardPrimitiveRef id=\"S1\"/>"},
-    {"</PhyNetPoint>"},
-    {"</PhyNet>"},
-    {"</PhyNetGroup>"},
-    {"<LayerFeature layerRef=\"TOP\">"},
-    {"<Set net=\"GND\" testPoint=\"TRUE\" plate=\"TRUE\" padUsage=\"VIA\">"},
-    {"<ColorRef id=\"red\"/>"},
-    {"<Features>"},
-    {"<Location x=\"1\" y=\"2\"/>"},
-    {"<Polyline>"},
-    {"<PolyBegin x=\"1\" y=\"2\"/>"},
-    {"<PolyStepSegment x=\"3\" y=\"4\"/>"},
-    {"<LineDesc lineEnd=\"ROUND\" lineWidth=\"1\"/>"},
-    {"</Polyline>"},
-    {"<Line startX=\"1\" startY=\"2\" endX=\"3\" endY=\"4\">"},
-    {"<LineDesc lineEnd=\"ROUND\" lineWidth=\"1\"/>"},
-    {"</Line>"},
-    {"<Contour>"},
-    {"<Polygon>"},
-    {"<PolyStepSegment x=\"3\" y=\"4\"/>"},
-    {"</Polygon>"},
-    {"</Contour>"},
-    {"<Circle diameter=\"1\"/>", {"diameter"}},
-    {"</Features>"},
-    {"</Set>"},
-    {"<Set>"},
-    {"<Pad pin=\"1\">"},
-    {"<Xform rotation=\"90\"/>"},
-    {"<StandardPrimitiveRef id=\"S1\"/>"},
-    {"</Pad>"},
-    {"</Set>"},
-    {"<Set>"},
-    {"<Hole name=\"h\" diameter=\"1\" platingStatus=\"VIA\" plusTol=\"0\" minusTol=\"0\" x=\"1\" y=\"2\"/>"},
-    {"</Set>"},
-    {"</LayerFeature>"},
-    {"</Step>"},
-    {"</CadData>"},
-    {"</Ecad>"},
-    {"</IPC-2581>"},
-};
-
-// Counts what a model holds.
-class Counter {
-public:
-    explicit Counter(const CIPC2581_Parser & root)
-    {
-        CountContent(root.m_Content);
-        Texts({&root.m_LogisticHeader.m_strRoleName, &root.m_LogisticHeader.m_strPersonName});
-        const CIPC2581_HistoryRecord & history = root.m_HistoryRecord;
-        Texts({&history.origination, &history.toolRef, &history.lastChange});
-        Number(history.number);
-        CountBom(root.m_Bom);
-        CountCad(root.m_Ecad);
-        sizes["texts"] = m_texts;
-        sizes["numbers"] = m_numbers;
-    }
-
-    Sizes sizes;
-
-private:
-    void Texts(std::initializer_list<const CString *> texts)
-    {
-        for (const CString * text : texts) {
-            m_texts += text->IsEmpty() ? 0 : 1;
-        }
-    }
-    void Number(double number) { m_numbers += number != 0 ? 1 : 0; }
-    void Place(const CPointD & place)
-    {
-        Number(place.GetX());
-        Number(place.GetY());
-    }
-    template <typename Element, typename Visit>
-    void Each(const char * name, const CExPtrArray<Element *, Element *> & elements, Visit visit)
-    {
-        sizes[name] += elements.GetSize();
-        for (std::int64_t i = 0; i < elements.GetSize(); ++i) {
-            visit(*elements.GetAt(i));
-        }
-    }
-    template <typename Contour>
-    void Steps(const Contour & contour)
-    {
-        Place(*contour.GetPolyBegin()->GetPoint());
-        Each("steps", *contour.GetPolyStepArray(), [this](const CIPC2581_PolyStep & step) {
-            Place(*step.GetEndPoint()->GetPoint());
-            Place(*step.GetCenterPoint()->GetPoint());
-        });
-    }
-    void Shapes(const CIPC2581_DrawObjArray & shapes)
-    {
-        Each("shapes", shapes, [this](const CIPC2581_DrawObj & shape) {
-            if (const auto * contour = dynamic_cast<const CIPC2581_DicDraw_Contour *>(&shape)) {
-                Shapes(*contour->GetDicDrawObjArray());
-            }
-            else if (const auto * polygon = dynamic_cast<const CIPC2581_Polygon *>(&shape)) {
-                Steps(*polygon);
-            }
-            else if (const auto * cutout = dynamic_cast<const CIPC2581_Cutout *>(&shape)) {
-                Steps(*cutout);
-            }
-            else if (const auto * polyline = dynamic_cast<const CIPC2581_PolyLine *>(&shape)) {
-                Steps(*polyline);
-            }
-            else if (const auto * line = dynamic_cast<const CIPC2581_Line *>(&shape)) {
-                Place(*line->GetStartPoint()->GetPoint());
-                Place(*line->GetEndPoint()->GetPoint());
-                Number(line->GetLineDesc()->GetLineWidth());
-            }
-            else if (const auto * circle = dynamic_cast<const CIPC2581_DicDraw_Circle *>(&shape)) {
-                Number(circle->GetDiameter());
-            }
-        });
-    }
-    void CountContent(const CIPC2581_Content & content)
-    {
-        Texts({&content.FunctionMode, &content.FunctionModeLevel});
-        for (const CStringArray * list : {&content.StepRef, &content.LayerRef, &content.BomRef}) {
-            sizes["references"] += list->GetSize();
-            for (std::int64_t i = 0; i < list->GetSize(); ++i) {
-                Texts({&list->GetAt(i)});
-            }
-        }
-        Each("entries", *content.GetDictionaryStandard()->GetEntryArray(),
-             [this](const CIPC2581_Content_DictionaryStandard_EntryStandard & entry) {
-                 Texts({&entry.EntryStandardId});
-                 Shapes(*entry.GetDrawArray());
-             });
-        Each("colours", *content.DictionaryColor()->GetEntry(),
-             [this](const CIPC2581_Content_DictionaryColor_EntryColor & colour) {
-                 Texts({&colour.EntryColorId, &colour.ColorRefID});
-                 Number(colour.GetRed());
-                 Number(colour.GetGreen());
-                 Number(colour.GetBlue());
-             });
-    }
-    void CountBom(const CIPC2581_Bom & bom)
-    {
-        Texts({&bom.name, &bom.assembly});
-        Each("items", bom.m_arrBomItem, [this](const CIPC2581_Bom_BomItem & item) {
-            Texts({&item.quantity, &item.numberIO, &item.category, &item.internalPartNumber, &item.description,
-                   &item.packageRef});
-            Each("designators", item.m_arrRefDes,
-                 [this](const CIPC2581_Bom_BomItem_RefDes & refDes) { Texts({&refDes.name}); });
-        });
-    }
-    void CountCad(const CIPC2581_Ecad & ecad)
-    {
-        Texts({&ecad.name, &ecad.m_CadHeader.units});
-        Each("layers", ecad.m_CadData.m_arrLayer, [this](const CIPC2581_Ecad_CadData_Layer & layer) {
-            Texts({&layer.name, &layer.layerFunction, &layer.side, &layer.polarity});
-        });
-        const CIPC2581_Ecad_CadData_Stackup & stackup = ecad.m_CadData.m_Stackup;
-        Texts({&stackup.overallThickness, &stackup.tolPlus, &stackup.tolMinus, &stackup.whereMeasured});
-        Each("groups", stackup.StackupGroupArray, [this](const CIPC2581_Ecad_CadData_Stackup_StackupGroup & group) {
-            Texts({&group.name});
-            Number(group.thickness);
-            Number(group.tolPlus);
-            Number(group.tolMinus);
-            Each("stackup layers", group.StackupLayerArray,
-                 [this](const CIPC2581_Ecad_CadData_Stackup_StackupGroup_StackupLayer & layer) {
-                     Texts({&layer.layerOrGroupRef, &layer.materialType});
-                     Number(layer.thickness);
-                 });
-        });
-        CountStep(ecad.m_CadData.m_Step);
-    }
-    void CountHole(const CIPC2581_Ecad_CadData_Step_Hole & hole)
-    {
-        Texts({&hole.Name, &hole.Diameter, &hole.PlatingStatus, &hole.PlusTol, &hole.MinusTol, &hole.ToLayer,
-               &hole.FromLayer});
-        Place(hole.Location);
-    }
-    void CountPad(const CIPC2581_Ecad_CadData_Step_Pad & pad)
-    {
-        Texts({&pad.LayerRef, &pad.Pin, &pad.StandardPrimitiveRefId});
-        Number(pad.Rotation);
-        Place(pad.Location);
-    }
-    void CountStep(const CIPC2581_Ecad_CadData_Step & step)
-    {
-        Texts({&step.Name, &step.PhyNetGroup.Name});
-        Place(step.Datum);
-        Steps(*step.Profile.Polygon);
-        Shapes(*step.Profile.Cutouts);
-        Each("pad stacks", step.PadStackArray, [this](const CIPC2581_Ecad_CadData_Step_PadStack & stack) {
-            Texts({&stack.NetName});
-            CountHole(*stack.LayerHole);
-            Each("layer pads", *stack.LayerPadArray,
-                 [this](const CIPC2581_Ecad_CadData_Step_Pad & pad) { CountPad(pad); });
-        });
-        Each("packages", step.PackageArray,
-             [this](const CIPC2581_Ecad_CadData_Step_Package & package) { CountPackage(package); });
-        Each("components", step.ComponentArray, [this](const CIPC2581_Ecad_CadData_Step_Component & part) {
-            Texts({&part.RefDes, &part.PackageRef, &part.Part, &part.LayerRef, &part.MountType, &part.Standoff});
-            Number(part.Height);
-            Number(part.Xform->Rotation);
-            Number(part.Xform->Mirror);
-            Place(part.Location);
-        });
-        Each("logical nets", step.LogicalNetArray, [this](const CIPC2581_Ecad_CadData_Step_LogicalNet & net) {
-            Texts({&net.Name});
-            Each("net pins", *net.LogicalNetPinArray,
-                 [this](const CIPC2581_Ecad_CadData_Step_LogicalNet_LogicalNetPin & pin) {
-                     Texts({&pin.ComponentRef, &pin.Pin});
-                 });
-        });
-        Each("physical nets", step.PhyNetGroup.PhyNetArray,
-             [this](const CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet & net) {
-                 Texts({&net.Name});
-                 Each("points", net.PhyNetPointArray,
-                      [this](const CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet_PhyNetPoint & point) {
-                          Texts({&point.LayerRef, &point.Exposure, &point.NetNode, &point.StandardPrimitiveRefId});
-                          Number(point.Via);
-                          Number(point.Test);
-                          Place(point.Location);
-                      });
-             });
-        Each("layer features", step.LayerFeatureArray, [this](const CIPC2581_Ecad_CadData_Step_LayerFeature & feature) {
-            Texts({&feature.LayerRef, &feature.ColorRefId});
-            Each("sets", feature.SetArray, [this](const CIPC2581_Ecad_CadData_Step_LayerFeature_Set & set) {
-                Texts({&set.Net, &set.ColorRef, &set.PadUsage});
-                Number(set.TestPoint ? 1 : 0);
-                Number(set.Plate ? 1 : 0);
-                Place(set.Features.Location);
-                Shapes(set.Features.DrawObjArray);
-                CountPad(set.Pad);
-                CountHole(set.Hole);
-            });
-        });
-    }
-    void CountPackage(const CIPC2581_Ecad_CadData_Step_Package & package)
-    {
-        Texts({&package.name, &package.type});
-        for (const CIPC2581_Outline * outline : {package.Outline, package.AssemblyDrawing.Outline}) {
-            Steps(*outline->GetPolygon());
-            Number(outline->GetLineDesc()->GetLineWidth());
-        }
-        Each("lands", package.LandPattern.PadArray,
-             [this](const CIPC2581_Ecad_CadData_Step_Pad & pad) { CountPad(pad); });
-        Each("targets", package.SilkScreen.TargetArray, [this](const CIPC2581_Ecad_CadData_Step_Target & target) {
-            Place(target.Location);
-            Shapes(*target.DrawObjArray);
-        });
-        Each("pins", package.PinArray, [this](const CIPC2581_Ecad_CadData_Step_Package_Pin & pin) {
-            Texts({&pin.number, &pin.name, &pin.type, &pin.electricalType, &pin.StandardPrimitiveRef});
-            Number(pin.Xform->Rotation);
-            Place(pin.Location);
-            Steps(*pin.Outline.GetPolygon());
-            Number(pin.Outline.GetLineDesc()->GetLineWidth());
-        });
-    }
-
-    std::int64_t m_texts = 0;
-    std::int64_t m_numbers = 0;
-};
-
-// What a file leaves in the model.
-struct Outcome {
-    bool isCut = false;  // CInvalidArgException came out
-    Sizes sizes = {};
-};
-
-class Files {
-public:
-    Outcome Read(std::string_view bytes)
-    {
-        CIPC2581_Parser root;
-        CIPC2581_XmlLiteReader reader;
-        CString path(m_folder.Save("board.xml", bytes));
-        Outcome outcome;
-        try {
-            EXPECT_EQ(reader.OpenPath(path, root), 1);
-        }
-        catch (const CInvalidArgException &) {
-            outcome.isCut = true;
-        }
-        outcome.sizes = Counter(root).sizes;
-        return outcome;
-    }
-
-private:
-    TempFolder m_folder;
-};
-
-// Says what shrank from one model to the next.
-std::string Shrunk(const Sizes & before, const Sizes & after)
-{
-    std::string shrunk;
-    for (const auto & [name, size] : before) {
-        const auto found = after.find(name);
-        if (found == after.end() || found->second < size) {
-            shrunk.append(name).append(" ");
-        }
-    }
-    return shrunk;
-}
+using ipc2581::tests::ModelFiles;
+using ipc2581::tests::ModelSizes;
+using ipc2581::tests::Outcome;
+using ipc2581::tests::Shrunk;
+using ipc2581::tests::WholeBoard;
 
 // True if a value is taken that the beginning of a line leaves open: behind its last closed value stands a word that
 // is tested for, and no value that is closed.
-bool CutsAValue(const Line & line, std::string_view beginning)
+bool CutsAValue(const BoardLine & line, std::string_view beginning)
 {
     if (!line.isScanned) {
         return false;
@@ -517,27 +48,28 @@ bool CutsAValue(const Line & line, std::string_view beginning)
 TEST(EndOfFile, TheWholeBoardFillsTheModel)
 {
     std::string bytes;
-    for (const Line & line : Board) {
+    for (const BoardLine & line : WholeBoard) {
         bytes.append(line.text).append("\n");
     }
-    const Outcome outcome = Files().Read(bytes);
+    const Outcome outcome = ModelFiles().Read(bytes);
     EXPECT_FALSE(outcome.isCut);
-    EXPECT_EQ(
-        outcome.sizes,
-        (Sizes{{"colours", 1},       {"components", 1},     {"designators", 1},    {"entries", 1},    {"groups", 1},
-               {"items", 1},         {"lands", 1},          {"layer features", 1}, {"layer pads", 1}, {"layers", 1},
-               {"logical nets", 1},  {"net pins", 1},       {"numbers", 89},       {"packages", 1},   {"pad stacks", 1},
-               {"physical nets", 1}, {"pins", 1},           {"points", 1},         {"references", 3}, {"sets", 3},
-               {"shapes", 27},       {"stackup layers", 1}, {"steps", 12},         {"targets", 1},    {"texts", 82}}));
+    EXPECT_EQ(outcome.sizes,
+              (ModelSizes{{"colours", 1},    {"components", 1},     {"designators", 1},  {"entries", 1},
+                          {"groups", 1},     {"items", 1},          {"lands", 1},        {"layer features", 1},
+                          {"layer pads", 1}, {"layers", 1},         {"logical nets", 1}, {"net pins", 1},
+                          {"numbers", 89},   {"packages", 1},       {"pad stacks", 1},   {"physical nets", 1},
+                          {"pins", 1},       {"points", 1},         {"references", 3},   {"sets", 3},
+                          {"shapes", 27},    {"stackup layers", 1}, {"steps", 12},       {"targets", 1},
+                          {"texts", 82}}));
 }
 
 TEST(EndOfFile, BehindEveryLineKeepsWhatWasRead)
 {
     const MessageBoxes boxes;
-    Files files;
+    ModelFiles files;
     std::string bytes;
-    Sizes before;
-    for (const Line & line : Board) {
+    ModelSizes before;
+    for (const BoardLine & line : WholeBoard) {
         bytes.append(line.text).append("\n");
         const Outcome outcome = files.Read(bytes);
         EXPECT_FALSE(outcome.isCut) << line.text;
@@ -549,10 +81,10 @@ TEST(EndOfFile, BehindEveryLineKeepsWhatWasRead)
 
 TEST(EndOfFile, AMissingLastLineEndChangesNothing)
 {
-    Files files;
+    ModelFiles files;
     std::string bytes;
-    for (const Line & line : Board) {
-        const Sizes without = files.Read(bytes.append(line.text)).sizes;
+    for (const BoardLine & line : WholeBoard) {
+        const ModelSizes without = files.Read(bytes.append(line.text)).sizes;
         EXPECT_EQ(without, files.Read(bytes.append("\n")).sizes) << line.text;
     }
 }
@@ -560,10 +92,10 @@ TEST(EndOfFile, AMissingLastLineEndChangesNothing)
 TEST(EndOfFile, WithinALineThrowsWhereItCutsAValueAndNowhereElse)
 {
     const MessageBoxes boxes;
-    Files files;
+    ModelFiles files;
     std::string bytes;
-    Sizes before;
-    for (const Line & line : Board) {
+    ModelSizes before;
+    for (const BoardLine & line : WholeBoard) {
         for (std::size_t length = 1; length <= line.text.size(); ++length) {
             const std::string_view beginning = line.text.substr(0, length);
             const Outcome outcome = files.Read(bytes + std::string(beginning));
@@ -580,7 +112,7 @@ TEST(EndOfFile, WithinALineThrowsWhereItCutsAValueAndNowhereElse)
 
 TEST(EndOfFile, WithinTheIndentThrowsWhereALineOfBlanksDoes)
 {
-    Files files;
+    ModelFiles files;
     EXPECT_TRUE(files.Read("   ").isCut);
     EXPECT_TRUE(files.Read("<Content>\n   ").isCut);
     EXPECT_TRUE(files.Read("<Content>\n<DictionaryColor>\n   ").isCut);

@@ -252,6 +252,35 @@ TEST_F(Check, TellsOfElementsThatEndElsewhere)
               "Package does not end before </Step> | 1 | 14\n");
 }
 
+TEST_F(Check, TellsOfElementsThatShareOnePlace)
+{
+    EXPECT_EQ(Structure("<LayerFeature layerRef=\"L\">\n"
+                        "<Set>\n"
+                        "<Pad pin=\"1\">\n"
+                        "</Pad>\n"
+                        "<Pad pin=\"2\">\n"
+                        "</Pad>\n"
+                        "<Hole name=\"H\" diameter=\"1\"/>\n"
+                        "</Set>\n"
+                        "<Set>\n"
+                        "<Features>\n"
+                        "</Features>\n"
+                        "<Features>\n"
+                        "</Features>\n"
+                        "</Set>\n"
+                        "</LayerFeature>\n"
+                        "<Profile>\n"
+                        "<Polygon>\n"
+                        "</Polygon>\n"
+                        "<Polygon>\n"
+                        "</Polygon>\n"
+                        "</Profile>\n"),
+              "<Pad> takes the place of <Pad> in the same Set | 1 | 13\n"
+              "<Hole> takes the place of <Pad> in the same Set | 1 | 15\n"
+              "a second <Features> in Set goes into the first | 1 | 20\n"
+              "a second <Polygon> in Profile goes into the first | 1 | 27\n");
+}
+
 TEST_F(Check, TellsOfWordsThatAreReadOtherwise)
 {
     EXPECT_EQ(Rows(Run(Bom("<BomItem quantity=\"1\" description=\"quantity of one\">\n"

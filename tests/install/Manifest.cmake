@@ -1,5 +1,6 @@
 # What lies under PREFIX is what the tree says: every header that a host reaches from the umbrella, the library of this
-# kind, the package files and one program for each folder of hosts/. No more and no less.
+# kind, the package files and one program for each folder of hosts/, with its man page and its completion for bash. No
+# more and no less.
 cmake_minimum_required(VERSION 3.25)
 
 set(headers ipc2581/ipc2581.h ipc2581/version.h)
@@ -34,8 +35,10 @@ endforeach()
 list(APPEND expected ${LIBDIR}/pkgconfig/ipc2581.pc)
 
 string(REPLACE "," ";" programs "${PROGRAMS}")
-list(TRANSFORM programs PREPEND bin/)
-list(APPEND expected ${programs})
+foreach(program IN LISTS programs)
+    list(APPEND expected
+        bin/${program} share/man/man1/${program}.1 share/bash-completion/completions/${program})
+endforeach()
 
 file(GLOB_RECURSE installed LIST_DIRECTORIES false RELATIVE ${PREFIX} ${PREFIX}/*)
 set(missing ${expected})

@@ -1,0 +1,105 @@
+# bash completion for ipc2581, on its own: it needs nothing of the bash-completion package.
+
+# Completes folders, and the files that have one of the endings. Without endings, all files.
+_ipc2581_files()
+{
+    local word=$1 path ending
+    shift
+    compopt -o filenames 2>/dev/null
+    while IFS= read -r path; do
+        if [[ $# -eq 0 || -d $path ]]; then
+            COMPREPLY+=("$path")
+            continue
+        fi
+        for ending; do
+            if [[ $path == *"$ending" ]]; then
+                COMPREPLY+=("$path")
+                break
+            fi
+        done
+    done < <(compgen -f -- "$word")
+}
+
+_ipc2581_words()
+{
+    mapfile -t COMPREPLY < <(compgen -W "$2" -- "$1")
+}
+
+_ipc2581()
+{
+    local commands="info bom components nets svg check convert report diff"
+    local boards=(.cvg .xml .gz .zst .zip)
+    local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]}
+    local command="" i place=0
+    COMPREPLY=()
+
+    # "--format=csv" comes as three words.
+    if [[ $word == "=" ]]; then
+        word=""
+    elif [[ $before == "=" ]]; then
+        before=${COMP_WORDS[COMP_CWORD - 2]}
+    fi
+
+    # The place that the word has among those behind the command that are no options.
+    for ((i = 1; i < COMP_CWORD; ++i)); do
+        case ${COMP_WORDS[i]} in
+            -f | --format | -o | --output)
+                [[ ${COMP_WORDS[i + 1]} == "=" ]] && ((++i))
+                ((++i))
+                ;;
+            -*) ;;
+            *)
+                if [[ -z $command ]]; then
+                    command=${COMP_WORDS[i]}
+                else
+                    ((++place))
+                fi
+                ;;
+        esac
+    done
+
+    if [[ -z $command ]]; then
+        if [[ $word == -* ]]; then
+            _ipc2581_words "$word" "-h --help --version"
+        else
+            _ipc2581_words "$word" "$commands"
+        fi
+        return
+    fi
+
+    case $before in
+        -f | --format)
+            _ipc2581_words "$word" "table csv json"
+            return
+            ;;
+        -o | --output)
+            if [[ $command == svg ]]; then
+                compopt -o filenames 2>/dev/null
+                mapfile -t COMPREPLY < <(compgen -d -- "$word")
+            else
+                _ipc2581_files "$word"
+            fi
+            return
+            ;;
+    esac
+
+    if [[ $word == -* ]]; then
+        local listing="-f --format -o --output" options="-h --help"
+        case $command in
+            info | diff) options+=" $listing" ;;
+            bom | components) options+=" $listing --sort" ;;
+            nets) options+=" $listing --physical --sort" ;;
+            svg) options+=" -o --output" ;;
+            check) options+=" $listing --all" ;;
+        esac
+        _ipc2581_words "$word" "$options"
+        return
+    fi
+
+    case $command,$place in
+        convert,1) _ipc2581_files "$word" ;;
+        diff,1 | *,0) _ipc2581_files "$word" "${boards[@]}" ;;
+    esac
+}
+
+complete -F _ipc2581 ipc2581
