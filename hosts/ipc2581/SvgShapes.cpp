@@ -50,6 +50,7 @@ Corners Rectangle(double left, double bottom, double right, double top)
 Corners Regular(int count, double radius, double firstAngle)
 {
     Corners corners;
+    corners.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) {
         corners.push_back(Polar(radius, firstAngle + 2 * Pi * i / count));
     }
@@ -236,6 +237,7 @@ std::vector<Spoke> SpokesOf(const CIPC2581_DicDraw_Thermal & shape)
 {
     const int count = std::clamp(shape.SpokeCount, 0, 64);
     std::vector<Spoke> spokes;
+    spokes.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) {
         spokes.push_back({Radians(shape.SpokeStartAngle) + 2 * Pi * i / count, std::max(0.0, shape.Gap / 2)});
     }

@@ -71,8 +71,8 @@ void ObjectBlocks::Release(void * object) noexcept
 
 void ObjectBlocks::Open()
 {
-    void * const memory = std::aligned_alloc(BlockAlignment, BlockSize);
-    if (memory == nullptr) {
+    void * memory = nullptr;
+    if (posix_memalign(&memory, BlockAlignment, BlockSize) != 0) {
         throw std::bad_alloc();
     }
     m_block = new (memory) Block();

@@ -14,7 +14,6 @@ namespace {
 
 using ipc2581::tests::Bytes;
 using ipc2581::tests::MessageBoxes;
-using ipc2581::tests::ModelCounter;
 using ipc2581::tests::ModelFiles;
 using ipc2581::tests::ModelSizes;
 using ipc2581::tests::Outcome;
@@ -744,7 +743,7 @@ std::string Rewritten(std::string line)
 // Which element, with all its lines, a cycle drops at that line; empty if none.
 std::string DroppedAt(std::string_view line, bool isInPin)
 {
-    for (const std::string tag : {"LogisticHeader", "Bom", "DictionaryUser", "Stackup", "PadStack"}) {
+    for (std::string tag : {"LogisticHeader", "Bom", "DictionaryUser", "Stackup", "PadStack"}) {
         if (IsTag(line, "<" + tag + " ") || IsTag(line, "<" + tag + ">")) {
             return tag;
         }

@@ -21,7 +21,6 @@ namespace {
 
 using ipc2581::tests::Bytes;
 using ipc2581::tests::Lines;
-using ipc2581::tests::Str;
 using ipc2581::tests::TempFolder;
 using Texts = std::vector<std::string>;
 
