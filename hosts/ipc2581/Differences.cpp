@@ -23,6 +23,7 @@ std::vector<Key> Keys(const std::vector<Record> & records)
 {
     std::map<std::string, std::size_t> counts;
     std::vector<Key> keys;
+    keys.reserve(records.size());
     for (const Record & record : records) {
         keys.emplace_back(record.Name(), counts[record.Name()]++);
     }

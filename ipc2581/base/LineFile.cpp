@@ -187,7 +187,7 @@ void LineFile::GrowBuffer(std::size_t size)
 {
     // Filled with zeros once, so that what is read ahead of a line has always been written.
     std::unique_ptr<char[]> larger(new char[ReadAhead + size + ReadAhead]());
-    if (m_end != 0) {
+    if (m_buffer != nullptr && m_end != 0) {
         std::memcpy(larger.get() + ReadAhead, m_buffer, m_end);
     }
     m_storage = std::move(larger);

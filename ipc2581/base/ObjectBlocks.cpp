@@ -45,10 +45,10 @@ struct ObjectBlocks::Block {
 
 void * ObjectBlocks::Take(std::size_t size)
 {
-    const std::size_t room = (size + Step - 1) / Step * Step;
-    if (!UsesBlocks || room > BlockSize / 4) {
+    if (!UsesBlocks || size > BlockSize / 4) {
         return ::operator new(size);
     }
+    const std::size_t room = (size + Step - 1) / Step * Step;
     if (m_block == nullptr || m_used + room > BlockSize) {
         Close();
         Open();
@@ -66,7 +66,7 @@ void ObjectBlocks::Release(void * object) noexcept
         ::operator delete(object);
         return;
     }
-    reinterpret_cast<Block *>(address / BlockAlignment * BlockAlignment)->Lose(1);
+    reinterpret_cast<Block *>(static_cast<char *>(object) - address % BlockAlignment)->Lose(1);
 }
 
 void ObjectBlocks::Open()
