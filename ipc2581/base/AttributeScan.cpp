@@ -39,12 +39,12 @@ bool IsTail(const char * at, const char * end)
 
 // A token of the form key="value" has one "=", so a word that ends in one is held exactly if the key and its "=" end in
 // it.
-inline void TestPlain(std::string_view keyWithEqual, std::string_view value, Attributes rows)
+inline void TestPlain(const TokenList & tokens, std::string_view keyWithEqual, std::string_view value, Attributes rows)
 {
     const std::uint64_t tail = Word::Tail(keyWithEqual.data() + keyWithEqual.size());
     for (const Attribute & row : rows) {
         if (row.word.IsTailOf(keyWithEqual, tail)) {
-            AttributeHit hit(value);
+            AttributeHit hit(tokens, value);
             row.store(hit, row.field);
             return;
         }
@@ -52,7 +52,7 @@ inline void TestPlain(std::string_view keyWithEqual, std::string_view value, Att
 }
 
 // Scans what stands behind the first token of a line as long as it has the plain form; false from there on.
-bool ScanPlain(std::string_view rest, Attributes first, Attributes second)
+bool ScanPlain(const TokenList & tokens, std::string_view rest, Attributes first, Attributes second)
 {
     const char * at = rest.data();
     const char * const end = at + rest.size();
@@ -76,9 +76,9 @@ bool ScanPlain(std::string_view rest, Attributes first, Attributes second)
         }
         const std::string_view keyWithEqual(key, static_cast<std::size_t>(equal + 1 - key));
         const std::string_view text(value, static_cast<std::size_t>(quote - value));
-        TestPlain(keyWithEqual, text, first);
+        TestPlain(tokens, keyWithEqual, text, first);
         if (second.size() != 0) {
-            TestPlain(keyWithEqual, text, second);
+            TestPlain(tokens, keyWithEqual, text, second);
         }
         if (at == end || *at != ' ') {
             return true;
@@ -95,7 +95,7 @@ bool AreAttributes(Attributes rows)
 
 void StoreText(AttributeHit & hit, void * field)
 {
-    *static_cast<CString *>(field) = hit.Take();
+    hit.TakeInto(*static_cast<CString *>(field));
 }
 
 void StoreNumber(AttributeHit & hit, void * field)
@@ -128,7 +128,7 @@ void ScanAttributes(const TokenList & tokens, Attributes first, Attributes secon
 {
     std::string_view rest;
     const bool mayBePlain = tokens.HasRest(rest) && AreAttributes(first) && AreAttributes(second);
-    if (!mayBePlain || !ScanPlain(rest, first, second)) {
+    if (!mayBePlain || !ScanPlain(tokens, rest, first, second)) {
         ScanTokens(tokens, first, second);
     }
 }

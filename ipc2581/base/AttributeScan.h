@@ -14,18 +14,20 @@ namespace ipc2581::detail {
 class AttributeHit {
 public:
     // A token of a list.
-    AttributeHit(const TokenList & tokens, int & index) : m_tokens(&tokens), m_index(&index), m_text(tokens[index]) {}
+    AttributeHit(const TokenList & tokens, int & index) : m_tokens(tokens), m_index(&index), m_text(tokens[index]) {}
     // A token that is known to hold nothing beside its key and this value.
-    explicit AttributeHit(std::string_view value) : m_text(value) {}
+    AttributeHit(const TokenList & tokens, std::string_view value) : m_tokens(tokens), m_text(value) {}
 
     // The token as it stands, without taking a value. Asked only of rows whose word has no "=".
     bool TokenHolds(std::string_view word) const { return HoldsText(m_text, word); }
     // Takes the value, which may move the scan on to a later token; a second call starts at the token that the first
     // one ended on.
-    std::string_view Take() { return m_tokens == nullptr ? m_text : m_tokens->Value(*m_index); }
+    std::string_view Take() { return m_index == nullptr ? m_text : m_tokens.Value(*m_index); }
+    // Takes the value into a text.
+    void TakeInto(CString & text) { text.Assign(Take(), m_tokens.Blocks()); }
 
 private:
-    const TokenList * m_tokens = nullptr;
+    const TokenList & m_tokens;
     int * m_index = nullptr;
     std::string_view m_text;
 };

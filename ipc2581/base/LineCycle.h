@@ -1,14 +1,23 @@
 #ifndef IPC2581_BASE_LINECYCLE_H
 #define IPC2581_BASE_LINECYCLE_H
 
+#include <memory>
 #include <string_view>
 
 #include "ipc2581/base/LineFile.h"
 #include "ipc2581/base/TokenList.h"
 #include "ipc2581/base/Word.h"
 #include "ipc2581/base/platform/CStdioFile.h"
+#include "ipc2581/base/platform/ObjectBlocks.h"
 
 namespace ipc2581::detail {
+
+// Makes an object for what is read from the file, beside those that the file has already given.
+template <typename Object>
+std::unique_ptr<Object> New(CStdioFile & file)
+{
+    return std::unique_ptr<Object>(MakeFrom<Object>(file.Lines().Blocks()));
+}
 
 // How a line becomes a token list.
 enum class LineForm {
@@ -61,9 +70,6 @@ public:
     // The tokens as a list of their own, for an operation that reads on in the file and takes one. What the list held
     // goes; it is returned.
     CArray<CString, CString> & CopyTokens(CArray<CString, CString> & tokens);
-
-    // Where the reader of the file takes small objects from.
-    ObjectBlocks & Blocks() { return m_lines.Blocks(); }
 
 private:
     bool ReadLine() { return m_isPlainFile ? m_lines.NextLine(m_line) : ReadHostLine(); }

@@ -8,9 +8,9 @@
 #include <string_view>
 
 #include "ipc2581/base/FirstToken.h"
-#include "ipc2581/base/ObjectBlocks.h"
 #include "ipc2581/base/Scan.h"
 #include "ipc2581/base/TokenList.h"
+#include "ipc2581/base/platform/ObjectBlocks.h"
 
 namespace ipc2581::detail {
 
@@ -84,8 +84,8 @@ private:
     std::size_t m_begin = 0;
     std::size_t m_end = 0;
     bool m_isWriting = false;
-    TokenList m_tokens;
     ObjectBlocks m_blocks;
+    TokenList m_tokens{m_blocks};
     FirstTokenMemory m_firstTokens;
     std::string m_scratch;
     std::string m_hostLine;

@@ -3,8 +3,8 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
-#include "ipc2581/base/ObjectBlocks.h"
 #include "ipc2581/base/platform/CArray.h"
+#include "ipc2581/base/platform/ObjectBlocks.h"
 
 // A point in the plane, in the document's own units.
 class IPC2581_API CPointD : public ipc2581::detail::FromBlocks {

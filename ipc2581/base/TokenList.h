@@ -8,6 +8,7 @@
 
 #include "ipc2581/base/platform/CArray.h"
 #include "ipc2581/base/platform/CString.h"
+#include "ipc2581/base/platform/ObjectBlocks.h"
 
 namespace ipc2581::detail {
 
@@ -21,6 +22,8 @@ constexpr bool IsBracket(char ch)
 class TokenList {
 public:
     TokenList() = default;
+    // The tokens of a file, whose reader takes room for long texts from these blocks.
+    explicit TokenList(ObjectBlocks & blocks) : m_blocks(&blocks) {}
     // The tokens of a host's list, which must stay as well. Every scan takes such a list as it is.
     TokenList(const CArray<CString, CString> & tokens);
 
@@ -64,6 +67,9 @@ public:
     // valid until the next call.
     std::string_view Value(int & index) const;
 
+    // Where the texts of the tokens' owner go; null if it has no blocks.
+    ObjectBlocks * Blocks() const { return m_blocks; }
+
     // The tokens as a list of their own.
     void AppendTo(CArray<CString, CString> & tokens) const;
 
@@ -78,6 +84,7 @@ private:
     std::string_view RightPart(std::string_view token) const;
     std::string_view WithoutBrackets(std::string_view token) const;
 
+    ObjectBlocks * m_blocks = nullptr;
     std::string_view m_line;
     std::size_t m_restAt = NoPlainRest;
     mutable bool m_isCut = true;

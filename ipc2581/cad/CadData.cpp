@@ -1,6 +1,6 @@
 #include "ipc2581/cad/CadData.h"
 
-#include <memory>
+#include <utility>
 
 #include "ipc2581/base/AttributeScan.h"
 #include "ipc2581/base/LineCycle.h"
@@ -22,7 +22,7 @@ void CIPC2581_Ecad_CadData::ReadCadData(CStdioFile & file, CProgressCtrl * progr
     LineCycle line(file);
     while (line.Next()) {
         if (line.Opens("Layer")) {
-            auto layer = std::make_unique<CIPC2581_Ecad_CadData_Layer>();
+            auto layer = New<CIPC2581_Ecad_CadData_Layer>(file);
             ScanAttributes(line.Tokens(), {Text("name=", layer->name), Text("layerFunction=", layer->layerFunction),
                                            Text("side=", layer->side), Text("polarity=", layer->polarity)});
             Append(m_arrLayer, std::move(layer));

@@ -1,6 +1,6 @@
 #include "ipc2581/cad/Features.h"
 
-#include <memory>
+#include <utility>
 
 #include "ipc2581/base/AttributeScan.h"
 #include "ipc2581/base/LineCycle.h"
@@ -20,7 +20,7 @@ namespace {
 
 void ReadLine(LineCycle & line, CStdioFile & file, CIPC2581_DrawObjArray & shapes)
 {
-    auto stroke = std::make_unique<CIPC2581_Line>();
+    auto stroke = New<CIPC2581_Line>(file);
     CPointD & start = *stroke->StartPoint->Point;
     CPointD & end = *stroke->EndPoint->Point;
     ScanAttributes(line.Tokens(), {Number("startX=", start.X), Number("startY=", start.Y), Number("endX=", end.X),
@@ -29,9 +29,9 @@ void ReadLine(LineCycle & line, CStdioFile & file, CIPC2581_DrawObjArray & shape
     Append(shapes, std::move(stroke));
 }
 
-void ReadCircle(LineCycle & line, CIPC2581_DrawObjArray & shapes)
+void ReadCircle(LineCycle & line, CStdioFile & file, CIPC2581_DrawObjArray & shapes)
 {
-    auto circle = std::make_unique<CIPC2581_DicDraw_Circle>();
+    auto circle = New<CIPC2581_DicDraw_Circle>(file);
     CArray<CString, CString> tokens;
     circle->Import(line.CopyTokens(tokens));
     Append(shapes, std::move(circle));
@@ -75,7 +75,7 @@ void Features::FeaturesAdd(CStdioFile & file)
             ImportShape<CIPC2581_DicDraw_Contour>(DrawObjArray, file);
         }
         else if (line.Opens("Circle")) {
-            ReadCircle(line, DrawObjArray);
+            ReadCircle(line, file, DrawObjArray);
         }
         else if (line.Holds("/Features")) {
             return;

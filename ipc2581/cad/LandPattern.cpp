@@ -1,6 +1,6 @@
 #include "ipc2581/cad/LandPattern.h"
 
-#include <memory>
+#include <utility>
 
 #include "ipc2581/base/AttributeScan.h"
 #include "ipc2581/base/LineCycle.h"
@@ -24,7 +24,7 @@ void CIPC2581_Ecad_CadData_Step_Package_LandPattern::LandPatternAdd(CStdioFile &
     LineCycle line(file);
     while (line.Next()) {
         if (line.Opens("Pad")) {
-            auto pad = std::make_unique<CIPC2581_Ecad_CadData_Step_Pad>();
+            auto pad = New<CIPC2581_Ecad_CadData_Step_Pad>(file);
             ScanAttributes(line.Tokens(), {Text("pin=", pad->Pin)});
             pad->PadAdd(file);
             Append(PadArray, std::move(pad));

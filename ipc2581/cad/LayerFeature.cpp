@@ -1,6 +1,6 @@
 #include "ipc2581/cad/LayerFeature.h"
 
-#include <memory>
+#include <utility>
 
 #include "ipc2581/base/AttributeScan.h"
 #include "ipc2581/base/LineCycle.h"
@@ -35,7 +35,7 @@ void LayerFeature::LayerFeatureAdd(CStdioFile & file)
             continue;
         }
         if (line.Opens("Set")) {
-            auto set = std::make_unique<CIPC2581_Ecad_CadData_Step_LayerFeature_Set>();
+            auto set = New<CIPC2581_Ecad_CadData_Step_LayerFeature_Set>(file);
             ScanAttributes(line.Tokens(), {Text("net=", set->Net), Flag("testPoint=", set->TestPoint),
                                            Flag("plate=", set->Plate), Text("padUsage=", set->PadUsage)});
             set->SetAdd(file);

@@ -1,6 +1,6 @@
 #include "ipc2581/cad/LogicalNet.h"
 
-#include <memory>
+#include <utility>
 
 #include "ipc2581/base/AttributeScan.h"
 #include "ipc2581/base/LineCycle.h"
@@ -11,6 +11,11 @@ using namespace ipc2581::detail;
 using PinArray = CIPC2581_Ecad_CadData_Step_LogicalNet_LogicalNetPinArray;
 
 CIPC2581_Ecad_CadData_Step_LogicalNet::CIPC2581_Ecad_CadData_Step_LogicalNet() : LogicalNetPinArray(new PinArray()) {}
+
+CIPC2581_Ecad_CadData_Step_LogicalNet::CIPC2581_Ecad_CadData_Step_LogicalNet(ObjectBlocks & blocks)
+    : LogicalNetPinArray(MakeFrom<PinArray>(blocks))
+{
+}
 
 // The list of pins is shared, not copied: hosts rely on it.
 CIPC2581_Ecad_CadData_Step_LogicalNet::CIPC2581_Ecad_CadData_Step_LogicalNet(
@@ -39,7 +44,7 @@ void CIPC2581_Ecad_CadData_Step_LogicalNet::LogicalNetAdd(CStdioFile & file)
     LineCycle line(file);
     while (line.Next()) {
         if (line.Opens("LogicalNetPin")) {
-            auto pin = std::make_unique<CIPC2581_Ecad_CadData_Step_LogicalNet_LogicalNetPin>();
+            auto pin = New<CIPC2581_Ecad_CadData_Step_LogicalNet_LogicalNetPin>(file);
             ScanAttributes(line.Tokens(), {Text("pin=", pin->Pin), Text("componentRef=", pin->ComponentRef)});
             Append(*LogicalNetPinArray, std::move(pin));
         }

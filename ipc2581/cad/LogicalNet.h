@@ -15,6 +15,8 @@ public:
     CIPC2581_Ecad_CadData_Step_LogicalNet_LogicalNetPinArray * LogicalNetPinArray;  // owned
 
     CIPC2581_Ecad_CadData_Step_LogicalNet();
+    // For a reader: with its list in the same blocks.
+    explicit CIPC2581_Ecad_CadData_Step_LogicalNet(ipc2581::detail::ObjectBlocks & blocks);
     // A copy shares the pins with its source, and each of the two deletes them: hosts that copy a net set the pointer
     // of one to null.
     CIPC2581_Ecad_CadData_Step_LogicalNet(const CIPC2581_Ecad_CadData_Step_LogicalNet & other);

@@ -81,7 +81,7 @@ constexpr std::array<PackageType, 48> PackageTypes = {{
 
 std::unique_ptr<CIPC2581_Ecad_CadData_Step_Package_Pin> ReadPin(LineCycle & line, CStdioFile & file)
 {
-    auto pin = std::make_unique<CIPC2581_Ecad_CadData_Step_Package_Pin>();
+    auto pin = New<CIPC2581_Ecad_CadData_Step_Package_Pin>(file);
     ScanAttributes(line.Tokens(), {Text("number=", pin->number), Text("name=", pin->name), Text("type=", pin->type),
                                    Text("electricalType=", pin->electricalType)});
     pin->PinAdd(file);

@@ -1,6 +1,6 @@
 #include "ipc2581/cad/PadStack.h"
 
-#include <memory>
+#include <utility>
 
 #include "ipc2581/base/AttributeScan.h"
 #include "ipc2581/base/LineCycle.h"
@@ -9,6 +9,12 @@ using namespace ipc2581::detail;
 
 CIPC2581_Ecad_CadData_Step_PadStack::CIPC2581_Ecad_CadData_Step_PadStack()
     : LayerPadArray(new CIPC2581_Ecad_CadData_Step_PadArray()), LayerHole(new CIPC2581_Ecad_CadData_Step_Hole())
+{
+}
+
+CIPC2581_Ecad_CadData_Step_PadStack::CIPC2581_Ecad_CadData_Step_PadStack(ObjectBlocks & blocks)
+    : LayerPadArray(MakeFrom<CIPC2581_Ecad_CadData_Step_PadArray>(blocks)),
+      LayerHole(MakeFrom<CIPC2581_Ecad_CadData_Step_Hole>(blocks))
 {
 }
 
@@ -33,7 +39,7 @@ void CIPC2581_Ecad_CadData_Step_PadStack::PadStackAdd(CStdioFile & file)
             LayerHole->LayerHoleAdd(file);
         }
         else if (line.Opens("LayerPad")) {
-            auto pad = std::make_unique<CIPC2581_Ecad_CadData_Step_Pad>();
+            auto pad = New<CIPC2581_Ecad_CadData_Step_Pad>(file);
             ScanAttributes(line.Tokens(), {Text("layerRef=", pad->LayerRef), Text("pin=", pad->Pin)});
             pad->PadAdd(file);
             Append(*LayerPadArray, std::move(pad));

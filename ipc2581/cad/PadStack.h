@@ -16,6 +16,8 @@ public:
     CIPC2581_Ecad_CadData_Step_Hole * LayerHole;          // owned
 
     CIPC2581_Ecad_CadData_Step_PadStack();
+    // For a reader: with its parts in the same blocks.
+    explicit CIPC2581_Ecad_CadData_Step_PadStack(ipc2581::detail::ObjectBlocks & blocks);
     // A copy shares pads and hole with its source, and each of the two deletes them: hosts that copy a pad stack set
     // the pointers of one to null.
     CIPC2581_Ecad_CadData_Step_PadStack(const CIPC2581_Ecad_CadData_Step_PadStack & other);

@@ -1,6 +1,6 @@
 #include "ipc2581/cad/PhyNet.h"
 
-#include <memory>
+#include <utility>
 
 #include "ipc2581/base/AttributeScan.h"
 #include "ipc2581/base/LineCycle.h"
@@ -21,7 +21,7 @@ void CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet::PhyNetAdd(CStdioFile & file)
     LineCycle line(file);
     while (line.Next()) {
         if (line.Opens("PhyNetPoint")) {
-            auto point = std::make_unique<CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet_PhyNetPoint>();
+            auto point = New<CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet_PhyNetPoint>(file);
             ScanAttributes(line.Tokens(),
                            {Number("x=", point->Location.X), Number("y=", point->Location.Y),
                             Text("layerRef=", point->LayerRef), Text("netNode=", point->NetNode),

@@ -1,6 +1,6 @@
 #include "ipc2581/cad/PhyNetGroup.h"
 
-#include <memory>
+#include <utility>
 
 #include "ipc2581/base/AttributeScan.h"
 #include "ipc2581/base/LineCycle.h"
@@ -21,7 +21,7 @@ void CIPC2581_Ecad_CadData_Step_PhyNetGroup::PhyNetGroupAdd(CStdioFile & file)
     LineCycle line(file);
     while (line.Next()) {
         if (line.Opens("PhyNet")) {
-            auto net = std::make_unique<CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet>();
+            auto net = New<CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet>(file);
             ScanAttributes(line.Tokens(), {Text("name=", net->Name)});
             net->PhyNetAdd(file);
             Append(PhyNetArray, std::move(net));

@@ -1,6 +1,6 @@
 #include "ipc2581/cad/SilkScreen.h"
 
-#include <memory>
+#include <utility>
 
 #include "ipc2581/base/LineCycle.h"
 #include "ipc2581/base/LineTemplate.h"
@@ -27,7 +27,7 @@ void CIPC2581_Ecad_CadData_Step_Package_SilkScreen::SilkScreenAdd(CStdioFile & f
     LineCycle line(file);
     while (line.Next()) {
         if (line.Opens("Target")) {
-            auto target = std::make_unique<CIPC2581_Ecad_CadData_Step_Target>();
+            auto target = New<CIPC2581_Ecad_CadData_Step_Target>(file);
             target->TargetAdd(file);
             Append(TargetArray, std::move(target));
         }

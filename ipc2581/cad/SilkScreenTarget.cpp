@@ -1,6 +1,6 @@
 #include "ipc2581/cad/SilkScreenTarget.h"
 
-#include <memory>
+#include <utility>
 
 #include "ipc2581/base/LineCycle.h"
 #include "ipc2581/cad/Placement.h"
@@ -20,7 +20,7 @@ void SilkScreenTarget::TargetAdd(CStdioFile & file)
     LineCycle line(file);
     while (line.Next()) {
         if (line.Opens("Contour")) {
-            auto contour = std::make_unique<CIPC2581_DicDraw_Contour>();
+            auto contour = New<CIPC2581_DicDraw_Contour>(file);
             // Not the contour's own type: hosts tell the contours of these targets by it.
             contour->DrawType = 5;
             contour->Import(file);

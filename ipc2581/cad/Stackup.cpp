@@ -1,6 +1,6 @@
 #include "ipc2581/cad/Stackup.h"
 
-#include <memory>
+#include <utility>
 
 #include "ipc2581/base/AttributeScan.h"
 #include "ipc2581/base/LineCycle.h"
@@ -22,7 +22,7 @@ void CIPC2581_Ecad_CadData_Stackup::ReadStackUp(CArray<CString, CString> & token
     LineCycle line(file);
     while (line.Next()) {
         if (line.Opens("StackupGroup")) {
-            auto group = std::make_unique<CIPC2581_Ecad_CadData_Stackup_StackupGroup>();
+            auto group = New<CIPC2581_Ecad_CadData_Stackup_StackupGroup>(file);
             ScanAttributes(line.Tokens(), {Text("name=", group->name), Number("thickness=", group->thickness),
                                            Number("tolPlus=", group->tolPlus), Number("tolMinus=", group->tolMinus)});
             // Appended before its lines are read, so that a group is kept however its lines end.

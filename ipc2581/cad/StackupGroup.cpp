@@ -1,6 +1,6 @@
 #include "ipc2581/cad/StackupGroup.h"
 
-#include <memory>
+#include <utility>
 
 #include "ipc2581/base/AttributeScan.h"
 #include "ipc2581/base/LineCycle.h"
@@ -21,7 +21,7 @@ void CIPC2581_Ecad_CadData_Stackup_StackupGroup::StackUpGroupAdd(CStdioFile & fi
     LineCycle line(file);
     while (line.Next()) {
         if (line.Opens("StackupLayer")) {
-            auto layer = std::make_unique<CIPC2581_Ecad_CadData_Stackup_StackupGroup_StackupLayer>();
+            auto layer = New<CIPC2581_Ecad_CadData_Stackup_StackupGroup_StackupLayer>(file);
             ScanAttributes(line.Tokens(),
                            {Text("layerOrGroupRef=", layer->layerOrGroupRef),
                             Text("materialType=", layer->materialType), Number("thickness=", layer->thickness)});

@@ -17,7 +17,7 @@ namespace {
 
 std::unique_ptr<CIPC2581_Ecad_CadData_Step_PadStack> ReadPadStack(LineCycle & line, CStdioFile & file)
 {
-    auto padStack = std::make_unique<CIPC2581_Ecad_CadData_Step_PadStack>();
+    auto padStack = New<CIPC2581_Ecad_CadData_Step_PadStack>(file);
     ScanAttributes(line.Tokens(), {Text("net=", padStack->NetName)});
     padStack->PadStackAdd(file);
     return padStack;
@@ -25,7 +25,7 @@ std::unique_ptr<CIPC2581_Ecad_CadData_Step_PadStack> ReadPadStack(LineCycle & li
 
 std::unique_ptr<CIPC2581_Ecad_CadData_Step_Package> ReadPackage(LineCycle & line, CStdioFile & file)
 {
-    auto package = std::make_unique<CIPC2581_Ecad_CadData_Step_Package>();
+    auto package = New<CIPC2581_Ecad_CadData_Step_Package>(file);
     ScanAttributes(line.Tokens(), {Text("name=", package->name), Text("type=", package->type)});
     package->TypeCode = package->GetPackageType(package->type);
     package->PackageAdd(file);
@@ -34,7 +34,7 @@ std::unique_ptr<CIPC2581_Ecad_CadData_Step_Package> ReadPackage(LineCycle & line
 
 std::unique_ptr<CIPC2581_Ecad_CadData_Step_Component> ReadComponent(LineCycle & line, CStdioFile & file)
 {
-    auto component = std::make_unique<CIPC2581_Ecad_CadData_Step_Component>();
+    auto component = New<CIPC2581_Ecad_CadData_Step_Component>(file);
     ScanAttributes(line.Tokens(), {Text("refDes=", component->RefDes), Text("packageRef=", component->PackageRef),
                                    Text("layerRef=", component->LayerRef), Text("part=", component->Part),
                                    Text("mountType=", component->MountType), Text("standoff=", component->Standoff),
@@ -45,7 +45,7 @@ std::unique_ptr<CIPC2581_Ecad_CadData_Step_Component> ReadComponent(LineCycle & 
 
 std::unique_ptr<CIPC2581_Ecad_CadData_Step_LogicalNet> ReadLogicalNet(LineCycle & line, CStdioFile & file)
 {
-    auto net = std::make_unique<CIPC2581_Ecad_CadData_Step_LogicalNet>();
+    auto net = New<CIPC2581_Ecad_CadData_Step_LogicalNet>(file);
     ScanAttributes(line.Tokens(), {Text("name=", net->Name)});
     net->LogicalNetAdd(file);
     return net;
@@ -53,7 +53,7 @@ std::unique_ptr<CIPC2581_Ecad_CadData_Step_LogicalNet> ReadLogicalNet(LineCycle 
 
 std::unique_ptr<CIPC2581_Ecad_CadData_Step_LayerFeature> ReadLayerFeature(LineCycle & line, CStdioFile & file)
 {
-    auto layerFeature = std::make_unique<CIPC2581_Ecad_CadData_Step_LayerFeature>();
+    auto layerFeature = New<CIPC2581_Ecad_CadData_Step_LayerFeature>(file);
     ScanAttributes(line.Tokens(), {Text("layerRef=", layerFeature->LayerRef)});
     layerFeature->LayerFeatureAdd(file);
     return layerFeature;

@@ -1,6 +1,6 @@
 #include "ipc2581/content/Content.h"
 
-#include <memory>
+#include <utility>
 
 #include "ipc2581/base/AttributeScan.h"
 #include "ipc2581/base/LineCycle.h"
@@ -95,7 +95,7 @@ void CIPC2581_Content::ReadDictionaryStandard(CArray<CString, CString> & tokens,
     LineCycle line(file, LineForm::Trimmed);
     while (line.Next()) {
         if (line.Opens("EntryStandard")) {
-            auto entry = std::make_unique<CIPC2581_Content_DictionaryStandard_EntryStandard>();
+            auto entry = New<CIPC2581_Content_DictionaryStandard_EntryStandard>(file);
             ScanAttributes(line.Tokens(), {Text("id", entry->EntryStandardId)});
             entry->Import(file);
             Append(*DictionaryStandard->EntryArray, std::move(entry));
@@ -130,7 +130,7 @@ void CIPC2581_Content::ReadDictionaryColor(CArray<CString, CString> & tokens, CS
     LineCycle line(file);
     while (line.Next()) {
         if (line.Opens("EntryColor")) {
-            auto entry = std::make_unique<CIPC2581_Content_DictionaryColor_EntryColor>();
+            auto entry = New<CIPC2581_Content_DictionaryColor_EntryColor>(file);
             ScanAttributes(line.Tokens(), {Text("id", entry->EntryColorId)});
             entry->EntryColorAdd(file);
             Append(*m_DictionaryColor->Entry, std::move(entry));

@@ -14,6 +14,12 @@ CIPC2581_DicDraw_Contour::CIPC2581_DicDraw_Contour() : DicDrawObjArray(new CIPC2
     DrawType = 3;
 }
 
+CIPC2581_DicDraw_Contour::CIPC2581_DicDraw_Contour(ObjectBlocks & blocks)
+    : DicDrawObjArray(MakeFrom<CIPC2581_DrawObjArray>(blocks))
+{
+    DrawType = 3;
+}
+
 CIPC2581_DicDraw_Contour::CIPC2581_DicDraw_Contour(const CIPC2581_DicDraw_Contour & other) : CIPC2581_DicDraw_Contour()
 {
     CIPC2581_DicDraw_Contour::operator=(other);

@@ -11,6 +11,8 @@ public:
     CIPC2581_DrawObjArray * DicDrawObjArray;  // owned and never null
 
     CIPC2581_DicDraw_Contour();
+    // For a reader: with its list in the same blocks.
+    explicit CIPC2581_DicDraw_Contour(ipc2581::detail::ObjectBlocks & blocks);
     CIPC2581_DicDraw_Contour(const CIPC2581_DicDraw_Contour & other);
     ~CIPC2581_DicDraw_Contour() override;
     using CIPC2581_DrawObj::operator=;

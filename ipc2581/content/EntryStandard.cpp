@@ -17,13 +17,13 @@ namespace {
 
 struct ShapeRow {
     Word word;
-    std::unique_ptr<CIPC2581_DrawObj> (*make)();
+    std::unique_ptr<CIPC2581_DrawObj> (*make)(CStdioFile & file);
 };
 
 template <typename Shape>
-std::unique_ptr<CIPC2581_DrawObj> Make()
+std::unique_ptr<CIPC2581_DrawObj> Make(CStdioFile & file)
 {
-    return std::make_unique<Shape>();
+    return New<Shape>(file);
 }
 
 // The order decides where a line holds two of the names.
@@ -64,7 +64,7 @@ const ShapeRow * FindShape(const LineCycle & line)
 
 void AddShape(const ShapeRow & row, LineCycle & line, CStdioFile & file, CIPC2581_DrawObjArray & shapes)
 {
-    std::unique_ptr<CIPC2581_DrawObj> shape = row.make();
+    std::unique_ptr<CIPC2581_DrawObj> shape = row.make(file);
     if (IsContour(row)) {
         shape->Import(file);
     }

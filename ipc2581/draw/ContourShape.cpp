@@ -4,6 +4,12 @@
 
 namespace ipc2581::detail {
 
+ContourShape::ContourShape(ObjectBlocks & blocks, int drawType)
+    : PolyBegin(MakeFrom<CIPC2581_Point>(blocks)), PolyStepArray(MakeFrom<CIPC2581_PolyStepArray>(blocks))
+{
+    DrawType = drawType;
+}
+
 ContourShape::~ContourShape()
 {
     delete PolyBegin;
@@ -17,12 +23,12 @@ void ContourShape::PolyBeginAdd(CArray<CString, CString> & tokens)
 
 void ContourShape::SegmentAdd(CArray<CString, CString> & tokens)
 {
-    ReadPolyStepSegment(tokens, *PolyStepArray);
+    ReadPolyStepSegment(tokens, std::make_unique<CIPC2581_PolyStep>(), *PolyStepArray);
 }
 
 void ContourShape::CurveAdd(CArray<CString, CString> & tokens)
 {
-    ReadPolyStepCurve(tokens, *PolyStepArray);
+    ReadPolyStepCurve(tokens, std::make_unique<CIPC2581_PolyStep>(), *PolyStepArray);
 }
 
 void ContourShape::CopyContour(const ContourShape & other)

@@ -36,6 +36,7 @@ public:
 
 protected:
     ContourShape() = default;
+    ContourShape(ObjectBlocks & blocks, int drawType);
     // Copies begin point and steps by value.
     void CopyContour(const ContourShape & other);
 };

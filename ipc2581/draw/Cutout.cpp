@@ -10,6 +10,8 @@ CIPC2581_Cutout::CIPC2581_Cutout()
     CIPC2581_Cutout::Init();
 }
 
+CIPC2581_Cutout::CIPC2581_Cutout(ObjectBlocks & blocks) : ContourShape(blocks, 23) {}
+
 CIPC2581_Cutout::CIPC2581_Cutout(const CIPC2581_Cutout & other) : CIPC2581_Cutout()
 {
     CIPC2581_Cutout::operator=(other);

@@ -10,6 +10,8 @@
 class IPC2581_API CIPC2581_Cutout : public ipc2581::detail::ContourShape {
 public:
     CIPC2581_Cutout();
+    // For a reader: with its parts in the same blocks.
+    explicit CIPC2581_Cutout(ipc2581::detail::ObjectBlocks & blocks);
     CIPC2581_Cutout(const CIPC2581_Cutout & other);
     ~CIPC2581_Cutout() override;
     using CIPC2581_DrawObj::clone;

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "ipc2581/base/ExPtrArray.h"
+#include "ipc2581/base/LineCycle.h"
 #include "ipc2581/draw/DrawObj.h"
 
 namespace ipc2581::detail {
@@ -13,7 +14,7 @@ namespace ipc2581::detail {
 template <typename Shape>
 void ImportShape(CIPC2581_DrawObjArray & shapes, CStdioFile & file)
 {
-    auto shape = std::make_unique<Shape>();
+    auto shape = New<Shape>(file);
     shape->Import(file);
     Append(shapes, std::move(shape));
 }

@@ -11,6 +11,14 @@ CIPC2581_Line::CIPC2581_Line()
     CIPC2581_Line::Init();
 }
 
+CIPC2581_Line::CIPC2581_Line(ObjectBlocks & blocks)
+    : StartPoint(MakeFrom<CIPC2581_Point>(blocks)),
+      EndPoint(MakeFrom<CIPC2581_Point>(blocks)),
+      LineDesc(MakeFrom<CIPC2581_LineDesc>(blocks))
+{
+    DrawType = 18;
+}
+
 CIPC2581_Line::CIPC2581_Line(const CIPC2581_Line & other) : CIPC2581_Line()
 {
     CIPC2581_Line::operator=(other);

@@ -16,6 +16,8 @@ public:
     CIPC2581_LineDesc * LineDesc = nullptr;
 
     CIPC2581_Line();
+    // For a reader: with its parts in the same blocks.
+    explicit CIPC2581_Line(ipc2581::detail::ObjectBlocks & blocks);
     CIPC2581_Line(const CIPC2581_Line & other);
     ~CIPC2581_Line() override;
     using CIPC2581_DrawObj::clone;

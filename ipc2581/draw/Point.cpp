@@ -7,7 +7,7 @@ using namespace ipc2581::detail;
 
 CIPC2581_Point::CIPC2581_Point() : Point(new CPointD()) {}
 
-CIPC2581_Point::CIPC2581_Point(ObjectBlocks & blocks) : Point(new (blocks) CPointD()) {}
+CIPC2581_Point::CIPC2581_Point(ObjectBlocks & blocks) : Point(MakeFrom<CPointD>(blocks)) {}
 
 CIPC2581_Point::CIPC2581_Point(const CIPC2581_Point & other) : Point(new CPointD(*other.Point)) {}
 

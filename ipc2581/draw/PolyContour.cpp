@@ -1,6 +1,6 @@
 #include "ipc2581/draw/PolyContour.h"
 
-#include <memory>
+#include <utility>
 
 #include "ipc2581/base/AttributeScan.h"
 #include "ipc2581/base/LineTemplate.h"
@@ -16,12 +16,6 @@ void StoreDirection(AttributeHit & hit, void * field)
     *static_cast<int *>(field) = isFalse ? 1 : 0;
 }
 
-std::unique_ptr<CIPC2581_PolyStep> MakeStep(ObjectBlocks * blocks)
-{
-    return std::unique_ptr<CIPC2581_PolyStep>(blocks == nullptr ? new CIPC2581_PolyStep()
-                                                                : new (*blocks) CIPC2581_PolyStep(*blocks));
-}
-
 }  // namespace
 
 void ReadPolyBegin(const TokenList & tokens, CIPC2581_Point & begin)
@@ -29,16 +23,16 @@ void ReadPolyBegin(const TokenList & tokens, CIPC2581_Point & begin)
     ScanAttributes(tokens, {Number("x=", begin.Point->X), Number("y=", begin.Point->Y)});
 }
 
-void ReadPolyStepSegment(const TokenList & tokens, CIPC2581_PolyStepArray & steps, ObjectBlocks * blocks)
+void ReadPolyStepSegment(const TokenList & tokens, std::unique_ptr<CIPC2581_PolyStep> step,
+                         CIPC2581_PolyStepArray & steps)
 {
-    auto step = MakeStep(blocks);
     ScanAttributes(tokens, {Number("x=", step->EndPoint->Point->X), Number("y=", step->EndPoint->Point->Y)});
     Append(steps, std::move(step));
 }
 
-void ReadPolyStepCurve(const TokenList & tokens, CIPC2581_PolyStepArray & steps, ObjectBlocks * blocks)
+void ReadPolyStepCurve(const TokenList & tokens, std::unique_ptr<CIPC2581_PolyStep> step,
+                       CIPC2581_PolyStepArray & steps)
 {
-    auto step = MakeStep(blocks);
     step->Type = 1;
     CPointD & end = *step->EndPoint->Point;
     CPointD & center = *step->CenterPoint->Point;
@@ -50,14 +44,14 @@ void ReadPolyStepCurve(const TokenList & tokens, CIPC2581_PolyStepArray & steps,
     Append(steps, std::move(step));
 }
 
-bool ReadPolyStep(LineCycle & line, CIPC2581_PolyStepArray & steps)
+bool ReadPolyStep(LineCycle & line, CStdioFile & file, CIPC2581_PolyStepArray & steps)
 {
     if (line.Holds("PolyStepSegment")) {
-        ReadPolyStepSegment(line.Tokens(), steps, &line.Blocks());
+        ReadPolyStepSegment(line.Tokens(), New<CIPC2581_PolyStep>(file), steps);
         return true;
     }
     if (line.Holds("PolyStepCurve")) {
-        ReadPolyStepCurve(line.Tokens(), steps, &line.Blocks());
+        ReadPolyStepCurve(line.Tokens(), New<CIPC2581_PolyStep>(file), steps);
         return true;
     }
     return false;
@@ -70,7 +64,7 @@ void ReadClosedContour(CStdioFile & file, Word end, CIPC2581_Point & begin, CIPC
         if (line.Holds("PolyBegin")) {
             ReadPolyBegin(line.Tokens(), begin);
         }
-        else if (!ReadPolyStep(line, steps) && line.Holds(end)) {
+        else if (!ReadPolyStep(line, file, steps) && line.Holds(end)) {
             return;
         }
     }

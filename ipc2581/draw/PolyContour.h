@@ -1,6 +1,8 @@
 #ifndef IPC2581_DRAW_POLYCONTOUR_H
 #define IPC2581_DRAW_POLYCONTOUR_H
 
+#include <memory>
+
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/LineCycle.h"
 #include "ipc2581/base/TokenList.h"
@@ -11,14 +13,16 @@
 namespace ipc2581::detail {
 
 void ReadPolyBegin(const TokenList & tokens, CIPC2581_Point & begin);
-// The step is taken from blocks if there are any.
-void ReadPolyStepSegment(const TokenList & tokens, CIPC2581_PolyStepArray & steps, ObjectBlocks * blocks = nullptr);
+// The step is the caller's to make; the list owns it then.
+void ReadPolyStepSegment(const TokenList & tokens, std::unique_ptr<CIPC2581_PolyStep> step,
+                         CIPC2581_PolyStepArray & steps);
 // The direction is turned round on the way in: "FALSE" gives 1, which is written as "TRUE", and every other word gives
 // 0. A curve that tells none counts as clockwise.
-void ReadPolyStepCurve(const TokenList & tokens, CIPC2581_PolyStepArray & steps, ObjectBlocks * blocks = nullptr);
+void ReadPolyStepCurve(const TokenList & tokens, std::unique_ptr<CIPC2581_PolyStep> step,
+                       CIPC2581_PolyStepArray & steps);
 
 // Reads the line if it is a step of a contour; false if it is not.
-bool ReadPolyStep(LineCycle & line, CIPC2581_PolyStepArray & steps);
+bool ReadPolyStep(LineCycle & line, CStdioFile & file, CIPC2581_PolyStepArray & steps);
 
 // Reads the lines of a closed contour up to the one whose first token holds the end word, or the end of the file.
 void ReadClosedContour(CStdioFile & file, Word end, CIPC2581_Point & begin, CIPC2581_PolyStepArray & steps);

@@ -11,6 +11,11 @@ CIPC2581_PolyLine::CIPC2581_PolyLine()
     CIPC2581_PolyLine::Init();
 }
 
+CIPC2581_PolyLine::CIPC2581_PolyLine(ObjectBlocks & blocks)
+    : ContourShape(blocks, 20), LineDesc(MakeFrom<CIPC2581_LineDesc>(blocks))
+{
+}
+
 CIPC2581_PolyLine::CIPC2581_PolyLine(const CIPC2581_PolyLine & other) : CIPC2581_PolyLine()
 {
     CIPC2581_PolyLine::operator=(other);
@@ -29,7 +34,7 @@ int CIPC2581_PolyLine::Import(CStdioFile & file)
         if (line.Holds("PolyBegin")) {
             ReadPolyBegin(line.Tokens(), *PolyBegin);
         }
-        if (ReadPolyStep(line, *PolyStepArray)) {
+        if (ReadPolyStep(line, file, *PolyStepArray)) {
             continue;
         }
         if (line.Holds("LineDesc")) {

@@ -13,6 +13,8 @@ public:
     CIPC2581_LineDesc * LineDesc = nullptr;
 
     CIPC2581_PolyLine();
+    // For a reader: with its parts in the same blocks.
+    explicit CIPC2581_PolyLine(ipc2581::detail::ObjectBlocks & blocks);
     CIPC2581_PolyLine(const CIPC2581_PolyLine & other);
     ~CIPC2581_PolyLine() override;
     using CIPC2581_DrawObj::clone;

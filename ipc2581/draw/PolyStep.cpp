@@ -12,7 +12,7 @@ CIPC2581_PolyStep::CIPC2581_PolyStep()
 }
 
 CIPC2581_PolyStep::CIPC2581_PolyStep(ObjectBlocks & blocks)
-    : EndPoint(new (blocks) CIPC2581_Point(blocks)), CenterPoint(new (blocks) CIPC2581_Point(blocks))
+    : EndPoint(MakeFrom<CIPC2581_Point>(blocks)), CenterPoint(MakeFrom<CIPC2581_Point>(blocks))
 {
 }
 

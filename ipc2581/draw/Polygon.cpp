@@ -11,6 +11,8 @@ CIPC2581_Polygon::CIPC2581_Polygon()
     CIPC2581_Polygon::InIt();
 }
 
+CIPC2581_Polygon::CIPC2581_Polygon(ObjectBlocks & blocks) : ContourShape(blocks, 22) {}
+
 CIPC2581_Polygon::CIPC2581_Polygon(const CIPC2581_Polygon & other) : CIPC2581_Polygon()
 {
     CIPC2581_Polygon::operator=(other);

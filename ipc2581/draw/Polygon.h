@@ -9,6 +9,8 @@
 class IPC2581_API CIPC2581_Polygon : public ipc2581::detail::ContourShape {
 public:
     CIPC2581_Polygon();
+    // For a reader: with its parts in the same blocks.
+    explicit CIPC2581_Polygon(ipc2581::detail::ObjectBlocks & blocks);
     CIPC2581_Polygon(const CIPC2581_Polygon & other);
     ~CIPC2581_Polygon() override;
     using CIPC2581_DrawObj::clone;

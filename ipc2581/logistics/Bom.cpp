@@ -1,6 +1,6 @@
 #include "ipc2581/logistics/Bom.h"
 
-#include <memory>
+#include <utility>
 
 #include "ipc2581/base/AttributeScan.h"
 #include "ipc2581/base/LineCycle.h"
@@ -19,14 +19,14 @@ void CIPC2581_Bom::ReadBomHeader(CArray<CString, CString> & tokens)
 
 void CIPC2581_Bom::ReadBomItem(CArray<CString, CString> & tokens, CStdioFile & file)
 {
-    auto item = std::make_unique<CIPC2581_Bom_BomItem>();
+    auto item = New<CIPC2581_Bom_BomItem>(file);
     ScanAttributes(tokens, {Text("quantity", item->quantity), Text("numberIO", item->numberIO),
                             Text("category", item->category), Text("internalPartNumber", item->internalPartNumber),
                             Text("description", item->description), Text("packageRef", item->packageRef)});
     LineCycle line(file);
     while (line.Next()) {
         if (line.Opens("RefDes")) {
-            auto refDes = std::make_unique<CIPC2581_Bom_BomItem_RefDes>();
+            auto refDes = New<CIPC2581_Bom_BomItem_RefDes>(file);
             ScanAttributes(line.Tokens(), {Text("name=", refDes->name), Flag("populate=", refDes->populate)});
             Append(item->m_arrRefDes, std::move(refDes));
         }

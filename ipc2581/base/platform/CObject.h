@@ -4,6 +4,7 @@
 #include <ostream>
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/platform/ObjectBlocks.h"
 
 class CArchive;
 
@@ -17,7 +18,7 @@ struct CRuntimeClass {
 using CDumpContext = std::ostream;
 
 // Base of all containers. The order of its virtual operations is part of the interface.
-class IPC2581_API CObject {
+class IPC2581_API CObject : public ipc2581::detail::FromBlocks {
 public:
     virtual CRuntimeClass * GetRuntimeClass() const;
     virtual ~CObject();

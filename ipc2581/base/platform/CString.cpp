@@ -3,13 +3,14 @@
 #include <algorithm>
 #include <bit>
 #include <climits>
-#include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <new>
 #include <string>
+#include <utility>
 
 #include "ipc2581/base/platform/Afx.h"
+#include "ipc2581/base/platform/ObjectBlocks.h"
 
 namespace {
 
@@ -18,15 +19,6 @@ constexpr std::string_view WhiteSpace = " \t\n\v\f\r";
 std::string_view View(const char * text)
 {
     return text == nullptr ? std::string_view() : std::string_view(text);
-}
-
-// Bytes of heap for a text and its zero byte. A function of the length alone, so that no capacity is stored;
-// it grows in steps, so that appending byte by byte stays cheap.
-std::size_t HeapSize(std::size_t length)
-{
-    const std::size_t bytes = length + 1;
-    const std::size_t step = bytes < 256 ? 16 : std::bit_floor(bytes) / 4;
-    return (bytes + step - 1) / step * step;
 }
 
 int Position(std::size_t found)
@@ -43,18 +35,18 @@ std::size_t Clamp(int count, int length)
 
 CString::CString(const char * text)
 {
-    Init(View(text));
+    Init(View(text), nullptr);
 }
 
 CString::CString(std::string_view text)
 {
-    Init(text);
+    Init(text, nullptr);
 }
 
 CString::CString(const CString & other)
 {
     if (other.IsOnHeap()) {
-        Init(other);
+        Init(other, nullptr);
     }
     else {
         std::memcpy(m_bytes, other.m_bytes, sizeof(m_bytes));
@@ -91,35 +83,33 @@ CString & CString::operator=(const char * text)
 
 CString & CString::operator=(std::string_view text)
 {
-    const std::size_t room = IsOnHeap() ? HeapSize(static_cast<std::size_t>(HeapLength())) : InlineLength + 1;
-    if (text.size() >= room || (IsOnHeap() && text.size() <= InlineLength)) {
-        return operator=(CString(text));
-    }
-    if (!text.empty()) {
-        std::memmove(Data(), text.data(), text.size());
-    }
-    Truncate(text.size());
+    Assign(text, nullptr);
     return *this;
+}
+
+void CString::Assign(std::string_view text, ipc2581::detail::ObjectBlocks * blocks)
+{
+    if (!Overwrite(text)) {
+        CString fresh;
+        fresh.Init(text, blocks);
+        operator=(std::move(fresh));
+    }
 }
 
 CString & CString::operator+=(const CString & other)
 {
     const std::size_t length = static_cast<std::size_t>(GetLength());
     const std::size_t added = static_cast<std::size_t>(other.GetLength());
-    const std::size_t room = IsOnHeap() ? HeapSize(length) : InlineLength + 1;
-    if (length + added < room) {
+    if (length + added <= Room()) {
         std::memmove(Data() + length, other.GetString(), added);
-        Truncate(length + added);
+        SetLength(length + added);
         return *this;
     }
-    char * const data = Allocate(length + added);
+    CString sum;
+    char * const data = sum.Allocate(length + added, nullptr);
     std::memcpy(data, GetString(), length);
     std::memcpy(data + length, other.GetString(), added);
-    if (IsOnHeap()) {
-        Free();
-    }
-    SetHeap(data, static_cast<int>(length + added));
-    return *this;
+    return operator=(std::move(sum));
 }
 
 CString & CString::operator+=(char ch)
@@ -243,74 +233,83 @@ CString & CString::Trim()
     return operator=(text.substr(first, end - std::min(first, end)));
 }
 
-char * CString::HeapData() const
+// Bytes for a text of this length, its length and its zero byte. A function of the length alone, so that no capacity is
+// stored; it grows in steps, so that appending byte by byte stays cheap.
+std::size_t CString::HeapSize(std::size_t length)
 {
-    char * data = nullptr;
-    std::memcpy(&data, m_bytes, sizeof(data));
-    return data;
+    const std::size_t bytes = sizeof(HeapText) + length + 1;
+    const std::size_t step = bytes < 256 ? 16 : std::bit_floor(bytes) / 4;
+    return (bytes + step - 1) / step * step;
 }
 
-int CString::HeapLength() const
+std::size_t CString::Room() const
 {
-    int length = 0;
-    std::memcpy(&length, m_bytes + sizeof(char *), sizeof(length));
-    return length;
+    if (!IsOnHeap()) {
+        return InlineLength;
+    }
+    return HeapSize(static_cast<std::size_t>(HeapLength())) - sizeof(HeapText) - 1;
 }
 
-void CString::SetHeap(char * data, int length)
+// Writes the text over the old one if it fits there and does not waste a room of its own; false if not.
+bool CString::Overwrite(std::string_view text)
 {
-    std::memcpy(m_bytes, &data, sizeof(data));
-    std::memcpy(m_bytes + sizeof(data), &length, sizeof(length));
-    m_bytes[TagAt] = HeapTag;
-    data[length] = '\0';
+    if (text.size() > Room() || (IsOnHeap() && text.size() <= InlineLength)) {
+        return false;
+    }
+    if (!text.empty()) {
+        std::memmove(Data(), text.data(), text.size());
+    }
+    SetLength(text.size());
+    return true;
 }
 
-void CString::SetInlineLength(std::size_t length)
-{
-    m_bytes[length] = '\0';
-    m_bytes[TagAt] = static_cast<char>(static_cast<std::size_t>(InlineLength) - length);
-}
-
-void CString::Init(std::string_view text)
+// Sets what is not a text yet.
+void CString::Init(std::string_view text, ipc2581::detail::ObjectBlocks * blocks)
 {
     if (text.size() > InlineLength) {
-        char * const data = Allocate(text.size());
-        std::memcpy(data, text.data(), text.size());
-        SetHeap(data, static_cast<int>(text.size()));
+        std::memcpy(Allocate(text.size(), blocks), text.data(), text.size());
         return;
     }
     if (!text.empty()) {
-        std::memcpy(m_bytes, text.data(), text.size());
+        std::memcpy(m_bytes + TextAt, text.data(), text.size());
     }
     SetInlineLength(text.size());
 }
 
 void CString::Free() noexcept
 {
-    std::free(HeapData());
+    ipc2581::detail::ObjectBlocks::Release(Heap());
 }
 
-// Makes the length smaller, or as large as what has been written fits; the place of the text stays.
-void CString::Truncate(std::size_t length)
+void CString::SetInlineLength(std::size_t length)
+{
+    m_bytes[TextAt + length] = '\0';
+    m_bytes[TagAt] = static_cast<char>(length * 2 + 1);
+}
+
+// Sets a length that the place has room for.
+void CString::SetLength(std::size_t length)
 {
     if (IsOnHeap()) {
-        SetHeap(HeapData(), static_cast<int>(length));
+        Heap()->length = static_cast<int>(length);
+        HeapData()[length] = '\0';
     }
     else {
         SetInlineLength(length);
     }
 }
 
-char * CString::Allocate(std::size_t length)
+// Gives the object, which has no text yet, a room for one of this length; returns where its bytes go.
+char * CString::Allocate(std::size_t length, ipc2581::detail::ObjectBlocks * blocks)
 {
     if (length >= INT_MAX) {
         throw std::bad_alloc();
     }
-    char * const data = static_cast<char *>(std::malloc(HeapSize(length)));
-    if (data == nullptr) {
-        throw std::bad_alloc();
-    }
-    return data;
+    const std::size_t size = HeapSize(length);
+    HeapText * const heap = static_cast<HeapText *>(blocks == nullptr ? ::operator new(size) : blocks->Take(size));
+    std::memcpy(m_bytes + AddressAt, &heap, sizeof(heap));
+    SetLength(length);
+    return HeapData();
 }
 
 void CString::AssignFormatted(const ipc2581::detail::FormatText & format, ipc2581::detail::FormatArguments arguments)

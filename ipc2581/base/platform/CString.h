@@ -1,20 +1,28 @@
 #ifndef IPC2581_BASE_PLATFORM_CSTRING_H
 #define IPC2581_BASE_PLATFORM_CSTRING_H
 
+#include <bit>
 #include <compare>
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <ostream>
 #include <string_view>
 
 #include "ipc2581/base/Export.h"
 #include "ipc2581/base/platform/FormatString.h"
 
+namespace ipc2581::detail {
+class ObjectBlocks;
+}  // namespace ipc2581::detail
+
 // Text of bytes, copied by value. Positions and lengths count bytes, nothing is decoded, comparisons mind the
-// case. Up to 15 bytes are held inside the object, longer text on the heap. The text always has a zero byte
-// behind it; zero bytes inside it are bytes like any other, except for what takes a plain const char *.
+// case. Up to 6 bytes are held inside the object, which is as large as a pointer, longer text on the heap. The text
+// always has a zero byte behind it; zero bytes inside it are bytes like any other, except for what takes a plain
+// const char *.
 class IPC2581_API CString {
 public:
-    CString() noexcept : m_bytes{} { m_bytes[TagAt] = InlineLength; }
+    CString() noexcept : m_bytes{} { m_bytes[TagAt] = 1; }
     // A null pointer gives the empty text.
     CString(const char * text);
     explicit CString(std::string_view text);
@@ -38,11 +46,18 @@ public:
     friend IPC2581_API CString operator+(const CString & left, char right);
 
     // Length in bytes.
-    int GetLength() const { return IsOnHeap() ? HeapLength() : InlineLength - m_bytes[TagAt]; }
+    int GetLength() const { return IsOnHeap() ? HeapLength() : m_bytes[TagAt] / 2; }
     bool IsEmpty() const { return GetLength() == 0; }
-    const char * GetString() const { return IsOnHeap() ? HeapData() : m_bytes; }
+    const char * GetString() const { return IsOnHeap() ? HeapData() : m_bytes + TextAt; }
     operator const char *() const { return GetString(); }
-    operator std::string_view() const { return {GetString(), static_cast<std::size_t>(GetLength())}; }
+    operator std::string_view() const
+    {
+        if (IsOnHeap()) {
+            HeapText * const heap = Heap();
+            return {heap->Data(), static_cast<std::size_t>(heap->length)};
+        }
+        return {m_bytes + TextAt, static_cast<std::size_t>(m_bytes[TagAt] / 2)};
+    }
 
     // The byte at a position. Throws CInvalidArgException for one outside the text.
     char operator[](int position) const;
@@ -93,27 +108,45 @@ public:
     }
     friend std::ostream & operator<<(std::ostream & out, const CString & text) { return out << std::string_view(text); }
 
-private:
-    // Short text stands in the bytes themselves and the last byte counts the free ones, so that a full object
-    // ends in its zero byte. Text on the heap has its address in the first bytes, behind it its length, and a
-    // last byte that no short text has. Nothing points into the object: an array may move it as raw memory.
-    static constexpr int InlineLength = 15;
-    static constexpr int TagAt = 15;
-    static constexpr char HeapTag = 0x7f;
+    // For a reader: as the assignment, with what does not fit into the object in these blocks, if there are any.
+    void Assign(std::string_view text, ipc2581::detail::ObjectBlocks * blocks);
 
-    bool IsOnHeap() const { return m_bytes[TagAt] == HeapTag; }
-    char * HeapData() const;
-    int HeapLength() const;
-    void SetHeap(char * data, int length);
-    void SetInlineLength(std::size_t length);
-    void Init(std::string_view text);
+private:
+    // Short text stands in the object itself behind a byte with twice its length plus one: an odd number, which the
+    // lowest byte of an address never is. Longer text stands behind its length in a room of its own, and the object
+    // holds the address of that. Nothing points into the object: an array may move it as raw memory.
+    struct HeapText {
+        int length;
+        char * Data() { return reinterpret_cast<char *>(this + 1); }
+    };
+    static constexpr int Size = 8;
+    static constexpr int InlineLength = Size - 2;
+    static constexpr int TagAt = std::endian::native == std::endian::little ? 0 : Size - 1;
+    static constexpr int TextAt = std::endian::native == std::endian::little ? 1 : 0;
+    static constexpr int AddressAt = std::endian::native == std::endian::little ? 0 : Size - int(sizeof(HeapText *));
+
+    bool IsOnHeap() const { return (m_bytes[TagAt] & 1) == 0; }
+    HeapText * Heap() const
+    {
+        HeapText * heap = nullptr;
+        std::memcpy(&heap, m_bytes + AddressAt, sizeof(heap));
+        return heap;
+    }
+    char * HeapData() const { return Heap()->Data(); }
+    int HeapLength() const { return Heap()->length; }
+    static std::size_t HeapSize(std::size_t length);
+    // The bytes of text that the place can hold.
+    std::size_t Room() const;
+    void Init(std::string_view text, ipc2581::detail::ObjectBlocks * blocks);
+    bool Overwrite(std::string_view text);
     void Free() noexcept;
-    char * Data() { return IsOnHeap() ? HeapData() : m_bytes; }
-    void Truncate(std::size_t length);
-    static char * Allocate(std::size_t length);
+    char * Data() { return IsOnHeap() ? HeapData() : m_bytes + TextAt; }
+    void SetInlineLength(std::size_t length);
+    void SetLength(std::size_t length);
+    char * Allocate(std::size_t length, ipc2581::detail::ObjectBlocks * blocks);
     void AssignFormatted(const ipc2581::detail::FormatText & format, ipc2581::detail::FormatArguments arguments);
 
-    alignas(char *) char m_bytes[TagAt + 1];
+    alignas(HeapText *) char m_bytes[Size];
 };
 
 #endif

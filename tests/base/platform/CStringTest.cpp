@@ -1,7 +1,10 @@
 #include "ipc2581/base/platform/CString.h"
 
+#include <algorithm>
 #include <climits>
+#include <cstddef>
 #include <cstdio>
+#include <cstring>
 #include <limits>
 #include <string>
 #include <string_view>
@@ -12,6 +15,7 @@
 #include <gtest/gtest.h>
 
 #include "ipc2581/base/platform/Afx.h"
+#include "ipc2581/base/platform/ObjectBlocks.h"
 #include "tests/support/Files.h"
 
 namespace ipc2581::tests {
@@ -118,6 +122,48 @@ TEST(CString, KeepsItsTextOutsideWhenMoved)
         taken = source;
         EXPECT_EQ(taken, "again");
     }
+}
+
+TEST(CString, IsAsLargeAsAPointer)
+{
+    EXPECT_EQ(sizeof(CString), std::max(sizeof(void *), std::size_t(8)));
+}
+
+TEST(CString, TakesATextOfAnyLengthIntoBlocks)
+{
+    std::vector<CString> texts(3000);
+    {
+        ipc2581::detail::ObjectBlocks blocks;
+        for (std::size_t size = 0; size < texts.size(); ++size) {
+            texts[size].Assign(std::string(size * 17, 'x'), &blocks);
+            texts[size].Assign(std::string(size, 'a'), &blocks);
+        }
+    }
+    // The texts outlive the blocks that they were taken from, and change, move and go like all others.
+    for (std::size_t size = 0; size < texts.size(); ++size) {
+        CString copy(texts[size]);
+        copy += 'b';
+        texts[size] += 'b';
+        const CString moved(std::move(texts[size]));
+        ASSERT_EQ(moved, std::string(size, 'a') + 'b');
+        ASSERT_EQ(copy, moved);
+        ASSERT_EQ(std::strlen(moved), size + 1);
+        ASSERT_TRUE(texts[size].IsEmpty());
+        texts[size] = moved;
+    }
+    ASSERT_EQ(texts[2999].GetLength(), 3000);
+}
+
+TEST(CString, MayBeTakenIntoBlocksFromAPieceOfItself)
+{
+    ipc2581::detail::ObjectBlocks blocks;
+    CString text("a text that is longer than a few bytes");
+    text.Assign(std::string_view(text).substr(7), &blocks);
+    EXPECT_EQ(text, "that is longer than a few bytes");
+    text.Assign(std::string_view(text).substr(8, 4), &blocks);
+    EXPECT_EQ(text, "long");
+    text.Assign(text, nullptr);
+    EXPECT_EQ(text, "long");
 }
 
 TEST(CString, MayBeAssignedFromItselfAndFromAPieceOfItself)

@@ -1,10 +1,11 @@
-#include "ipc2581/base/ObjectBlocks.h"
+#include "ipc2581/base/platform/ObjectBlocks.h"
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <fstream>
 #include <memory>
 #include <random>
 #include <stdexcept>
@@ -12,8 +13,6 @@
 #include <vector>
 
 #include <gtest/gtest.h>
-
-#include <malloc.h>
 
 #include "ipc2581/base/PointD.h"
 #include "ipc2581/draw/Point.h"
@@ -87,7 +86,7 @@ Objects MakeObjects(ObjectBlocks & blocks, int & alive, std::size_t count)
             objects.emplace_back(new (blocks) Sized<900>(alive, mark));
             break;
         case 4:
-            objects.emplace_back(new (blocks) Sized<3000>(alive, mark));
+            objects.emplace_back(new (blocks) Sized<40000>(alive, mark));
             break;
         case 5:
             objects.emplace_back(new Sized<1>(alive, mark));
@@ -99,7 +98,7 @@ Objects MakeObjects(ObjectBlocks & blocks, int & alive, std::size_t count)
             objects.emplace_back(new (blocks) Sized<7>(alive, mark));
             break;
         default:
-            objects.emplace_back(new Sized<3000>(alive, mark));
+            objects.emplace_back(new Sized<40000>(alive, mark));
             break;
         }
     }
@@ -217,36 +216,46 @@ TEST(ObjectBlocks, DeletesNeighboursOnSeveralThreadsWhileOneTakesMore)
     }
 }
 
+// What the process holds of the machine's memory, in bytes; 0 where nobody tells.
+std::size_t ResidentBytes()
+{
+    std::size_t size = 0;
+    std::size_t resident = 0;
+    std::ifstream("/proc/self/statm") >> size >> resident;
+    return resident * 4096;
+}
+
 TEST(ObjectBlocks, GivesTheMemoryBack)
 {
-    if (HasSanitizer) {
-        GTEST_SKIP() << "a sanitizer keeps what is freed";
+    if (HasSanitizer || ResidentBytes() == 0) {
+        GTEST_SKIP() << "nobody tells, or a sanitizer keeps what is freed";
     }
-    constexpr std::size_t Count = 100000;
+    constexpr std::size_t Count = 1000000;
     std::vector<std::unique_ptr<Coordinates>> points(Count);
-    const std::size_t before = mallinfo2().uordblks;
+    const std::size_t before = ResidentBytes();
     {
         ObjectBlocks blocks;
         for (std::unique_ptr<Coordinates> & point : points) {
             point.reset(new (blocks) Coordinates());
         }
     }
-    const std::size_t full = mallinfo2().uordblks;
-    // Few objects stay, so that most blocks have lost their last one.
-    for (std::size_t i = 0; i < Count; ++i) {
-        if (i % 1000 != 0) {
+    const std::size_t full = ResidentBytes();
+    // Neighbours share a block: of the first half all blocks but the last have lost everything.
+    for (std::size_t i = 0; i < Count / 2; ++i) {
+        points[i].reset();
+    }
+    const std::size_t half = ResidentBytes();
+    // One object keeps its block, and no other.
+    for (std::size_t i = Count / 2; i < Count; ++i) {
+        if (i != Count / 2 + 1000) {
             points[i].reset();
         }
     }
-    const std::size_t sparse = mallinfo2().uordblks;
-    for (std::size_t i = 0; i < Count; i += 1000) {
-        points[i].reset();
-    }
-    const std::size_t after = mallinfo2().uordblks;
+    const std::size_t one = ResidentBytes();
+    EXPECT_EQ(points[Count / 2 + 1000]->GetX(), 0.0);
     EXPECT_GE(full - before, Count * sizeof(Coordinates));
-    EXPECT_LT(sparse - before, (full - before) / 2);
-    // The heap counts the small pieces that it keeps at hand as used.
-    EXPECT_LT(after, before + (full - before) / 20);
+    EXPECT_LT(half - before, (full - before) * 6 / 10);
+    EXPECT_LT(one - before, (full - before) / 5);
 }
 
 TEST(ObjectBlocks, TakesTheRoomBackOfAnObjectWhoseConstructorThrows)

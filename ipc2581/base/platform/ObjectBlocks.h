@@ -1,5 +1,5 @@
-#ifndef IPC2581_BASE_OBJECTBLOCKS_H
-#define IPC2581_BASE_OBJECTBLOCKS_H
+#ifndef IPC2581_BASE_PLATFORM_OBJECTBLOCKS_H
+#define IPC2581_BASE_PLATFORM_OBJECTBLOCKS_H
 
 #include <cstddef>
 #include <cstdint>
@@ -8,8 +8,8 @@
 
 namespace ipc2581::detail {
 
-// Memory for the many small objects of contours: a reader takes theirs from blocks, side by side, and each block goes
-// when the last of its objects has been deleted. An object from a block and one that a host has made by itself are told
+// Memory for what a reader makes: its objects and their longer texts stand side by side in large blocks, and each block
+// goes when the last thing in it has been deleted. What comes from a block and what a host has made by itself are told
 // apart by their addresses, so that both are deleted alike, one by one, in any order and on any thread, also when the
 // reader is long gone.
 class IPC2581_API ObjectBlocks {
@@ -20,19 +20,36 @@ public:
     ObjectBlocks & operator=(const ObjectBlocks &) = delete;
 
     // Room for one object. Throws std::bad_alloc.
-    void * Take(std::size_t size);
+    void * Take(std::size_t size)
+    {
+        const std::size_t room = (size + Step - 1) / Step * Step;
+        if (room > m_left) {
+            return TakeElsewhere(size);
+        }
+        void * const object = m_next;
+        m_next += room;
+        m_left -= room;
+        ++m_taken;
+        return object;
+    }
     // Gives the room of an object back, wherever it came from.
     static void Release(void * object) noexcept;
 
 private:
     struct Block;
 
+    // Objects of their own stand at multiples of this, those in blocks half a step behind one.
+    static constexpr std::size_t Step = 16;
+
+    void * TakeElsewhere(std::size_t size);
     void Open();
     void Close() noexcept;
 
     Block * m_block = nullptr;
-    std::size_t m_used = 0;
+    char * m_next = nullptr;
+    std::size_t m_left = 0;
     std::uint32_t m_taken = 0;
+    std::uint32_t m_opened = 0;
 };
 
 // Base of the classes whose objects may come from blocks: new (blocks) CPointD(), or plain new as ever.
@@ -45,6 +62,18 @@ public:
     static void operator delete(void * /*object*/, void * /*place*/) noexcept {}
     static void operator delete(void * object, ObjectBlocks & /*blocks*/) noexcept { ObjectBlocks::Release(object); }
 };
+
+// Makes an object in blocks, and its parts beside it where its class can.
+template <typename Object>
+Object * MakeFrom(ObjectBlocks & blocks)
+{
+    if constexpr (requires { Object(blocks); }) {
+        return new (blocks) Object(blocks);
+    }
+    else {
+        return new (blocks) Object();
+    }
+}
 
 }  // namespace ipc2581::detail
 
