@@ -1,6 +1,6 @@
 #include "ipc2581/base/AttributeScan.h"
 
-#include <algorithm>
+#include <cstdint>
 
 #include "ipc2581/base/Scan.h"
 #include "ipc2581/base/platform/Number.h"
@@ -34,61 +34,72 @@ bool IsTail(const char * at, const char * end)
     if (at != end && *at == '>') {
         ++at;
     }
-    return SkipBlanks(at, end) == end;
+    return at == end || SkipBlanks(at, end) == end;
 }
 
 // A token of the form key="value" has one "=", so a word that ends in one is held exactly if the key and its "=" end in
-// it.
-inline void TestPlain(const TokenList & tokens, std::string_view keyWithEqual, std::string_view value, Attributes rows)
+// it. False where a row asks for anything else.
+inline bool TestPlain(const TokenList & tokens, std::string_view keyWithEqual, std::string_view value, Attributes rows)
 {
     const std::uint64_t tail = Word::Tail(keyWithEqual.data() + keyWithEqual.size());
     for (const Attribute & row : rows) {
-        if (row.word.IsTailOf(keyWithEqual, tail)) {
+        if (!row.word.MayEnd(tail)) {
+            continue;
+        }
+        if (!row.word.IsAttribute()) {
+            return false;
+        }
+        if (row.word.Ends(keyWithEqual)) {
             AttributeHit hit(tokens, value);
             row.store(hit, row.field);
-            return;
+            return true;
         }
     }
+    return true;
 }
 
 // Scans what stands behind the first token of a line as long as it has the plain form; false from there on.
 bool ScanPlain(const TokenList & tokens, std::string_view rest, Attributes first, Attributes second)
 {
-    const char * at = rest.data();
-    const char * const end = at + rest.size();
-    for (;;) {
-        const char * const key = SkipBlanks(at, end);
-        const char * const equal = SkipOrdinary(key, end);
-        if (equal == key || equal == end) {
-            return IsTail(equal, end);
+    const char * const end = rest.data() + rest.size();
+    SpecialWalk walk(rest.data(), end);
+    for (const char * blank = walk.Next(); blank < end;) {
+        const char * const key = blank + 1;
+        const char * const equal = walk.Next();
+        if (equal >= end) {
+            return true;
         }
-        if (*equal != '=' || end - equal < 2 || equal[1] != '"') {
+        if (equal == key) {
+            if (*equal != ' ') {
+                return IsTail(equal, end);
+            }
+            blank = equal;
+            continue;
+        }
+        if (*equal != '=' || walk.Next() != equal + 1 || equal[1] != '"') {
             return false;
         }
         const char * const value = equal + 2;
-        const char * const quote = SkipOrdinary(value, end);
-        if (quote == end || *quote != '"') {
+        const char * const quote = walk.Next();
+        if (quote >= end || *quote != '"') {
             return false;
         }
-        at = quote + 1;
-        if (at != end && *at != ' ' && !IsTail(at, end)) {
+        const char * const behind = quote + 1;
+        const bool isLast = behind == end || *behind != ' ';
+        if (isLast && !IsTail(behind, end)) {
             return false;
         }
         const std::string_view keyWithEqual(key, static_cast<std::size_t>(equal + 1 - key));
         const std::string_view text(value, static_cast<std::size_t>(quote - value));
-        TestPlain(tokens, keyWithEqual, text, first);
-        if (second.size() != 0) {
-            TestPlain(tokens, keyWithEqual, text, second);
+        if (!TestPlain(tokens, keyWithEqual, text, first) || !TestPlain(tokens, keyWithEqual, text, second)) {
+            return false;
         }
-        if (at == end || *at != ' ') {
+        if (isLast) {
             return true;
         }
+        blank = walk.Next();
     }
-}
-
-bool AreAttributes(Attributes rows)
-{
-    return std::all_of(rows.begin(), rows.end(), [](const Attribute & row) { return row.word.IsAttribute(); });
+    return true;
 }
 
 }  // namespace
@@ -100,7 +111,7 @@ void StoreText(AttributeHit & hit, void * field)
 
 void StoreNumber(AttributeHit & hit, void * field)
 {
-    *static_cast<double *>(field) = ParseDouble(hit.Take());
+    *static_cast<double *>(field) = hit.TakeNumber();
 }
 
 void StoreInteger(AttributeHit & hit, void * field)
@@ -127,8 +138,7 @@ void StoreControlFlag(AttributeHit & hit, void * field)
 void ScanAttributes(const TokenList & tokens, Attributes first, Attributes second)
 {
     std::string_view rest;
-    const bool mayBePlain = tokens.HasRest(rest) && AreAttributes(first) && AreAttributes(second);
-    if (!mayBePlain || !ScanPlain(tokens, rest, first, second)) {
+    if (!tokens.HasRest(rest) || !ScanPlain(tokens, rest, first, second)) {
         ScanTokens(tokens, first, second);
     }
 }

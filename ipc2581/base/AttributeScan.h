@@ -7,6 +7,7 @@
 #include "ipc2581/base/TokenList.h"
 #include "ipc2581/base/Word.h"
 #include "ipc2581/base/platform/CString.h"
+#include "ipc2581/base/platform/Number.h"
 
 namespace ipc2581::detail {
 
@@ -23,6 +24,8 @@ public:
     // Takes the value, which may move the scan on to a later token; a second call starts at the token that the first
     // one ended on.
     std::string_view Take() { return m_index == nullptr ? m_text : m_tokens.Value(*m_index); }
+    // Takes the value as atof reads it.
+    double TakeNumber() { return m_index == nullptr ? ParseDoubleAhead(m_text) : ParseDouble(Take()); }
     // Takes the value into a text.
     void TakeInto(CString & text) { text.Assign(Take(), m_tokens.Blocks()); }
 

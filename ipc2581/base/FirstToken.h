@@ -1,14 +1,20 @@
 #ifndef IPC2581_BASE_FIRSTTOKEN_H
 #define IPC2581_BASE_FIRSTTOKEN_H
 
+#include <algorithm>
 #include <array>
-#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <functional>
 #include <string_view>
+#include <utility>
 
 #include "ipc2581/base/Word.h"
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 namespace ipc2581::detail {
 
@@ -23,22 +29,61 @@ struct FirstToken {
 // Looks at the first token of a line that is cut.
 FirstToken Examine(std::string_view token);
 
-// The bytes of a short text as words, and what is left of them when the bytes behind its end go, by its length.
-using ShortText = std::array<std::uint64_t, 3>;
+// A text that is short, with zeros behind its end.
+#if defined(__SSE2__)
 
-constexpr std::array<ShortText, sizeof(ShortText) + 1> MakeShortTextMasks()
-{
-    std::array<ShortText, sizeof(ShortText) + 1> masks = {};
-    for (std::size_t size = 0; size < masks.size(); ++size) {
-        for (std::size_t byte = 0; byte < size; ++byte) {
-            const std::size_t place = std::endian::native == std::endian::little ? byte % 8 : 7 - byte % 8;
-            masks[size][byte / 8] |= std::uint64_t(0xff) << (8 * place);
-        }
+// Put in front of so many bytes of a text, these leave them and clear the others.
+inline constexpr std::array<unsigned char, 64> ShortTextMask = [] {
+    std::array<unsigned char, 64> mask = {};
+    std::fill_n(mask.begin(), mask.size() / 2, static_cast<unsigned char>(0xff));
+    return mask;
+}();
+
+class ShortText {
+public:
+    ShortText() = default;
+    explicit ShortText(std::string_view text)
+    {
+        const unsigned char * const mask = ShortTextMask.data() + ShortTextMask.size() / 2 - text.size();
+        m_front = _mm_and_si128(Load(text.data()), Load(mask));
+        m_back = _mm_and_si128(Load(text.data() + sizeof(m_front)), Load(mask + sizeof(m_front)));
     }
-    return masks;
-}
+    bool operator==(const ShortText & other) const
+    {
+        const __m128i isEqual =
+            _mm_and_si128(_mm_cmpeq_epi8(m_front, other.m_front), _mm_cmpeq_epi8(m_back, other.m_back));
+        return _mm_movemask_epi8(isEqual) == 0xffff;
+    }
+    // A number below that of the hashes.
+    std::size_t Hash() const
+    {
+        const __m128i halves = _mm_add_epi64(_mm_unpackhi_epi64(m_front, m_front), _mm_add_epi64(m_front, m_back));
+        return (static_cast<std::uint64_t>(_mm_cvtsi128_si64(halves)) * 0x9e3779b97f4a7c15U) >> 57;
+    }
+    static constexpr std::size_t Hashes = 128;
 
-inline constexpr std::array<ShortText, sizeof(ShortText) + 1> ShortTextMasks = MakeShortTextMasks();
+private:
+    static __m128i Load(const void * at) { return _mm_loadu_si128(static_cast<const __m128i *>(at)); }
+
+    __m128i m_front = {};
+    __m128i m_back = {};
+};
+
+#else
+
+class ShortText {
+public:
+    ShortText() = default;
+    explicit ShortText(std::string_view text) { std::memcpy(m_bytes.data(), text.data(), text.size()); }
+    bool operator==(const ShortText & other) const = default;
+    std::size_t Hash() const { return std::hash<std::string_view>()({m_bytes.data(), m_bytes.size()}) % Hashes; }
+    static constexpr std::size_t Hashes = 128;
+
+private:
+    std::array<char, 32> m_bytes = {};
+};
+
+#endif
 
 // Remembers the first tokens that it has seen: a file has a few dozen different ones on a million lines. The texts must
 // stand in a buffer with ReadAhead bytes behind its last one.
@@ -46,32 +91,27 @@ class FirstTokenMemory {
 public:
     const FirstToken & Find(std::string_view token)
     {
-        ShortText text;
-        if (token.size() > sizeof(text)) {
-            m_long = Examine(token);
-            return m_long;
+        if (token.size() > sizeof(ShortText)) {
+            return FindLong(token);
         }
-        std::memcpy(text.data(), token.data(), sizeof(text));
-        for (std::size_t i = 0; i < text.size(); ++i) {
-            text[i] &= ShortTextMasks[token.size()][i];
-        }
-        Entry & entry = m_entries[(text[0] * 0x9e3779b97f4a7c15U + text[1] * 0xc2b2ae3d27d4eb4fU + text[2]) >> 57];
-        const std::uint64_t difference = (entry.text[0] ^ text[0]) | (entry.text[1] ^ text[1]) |
-                                         (entry.text[2] ^ text[2]) | (entry.size ^ token.size());
-        if (difference != 0) {
-            entry = {text, token.size(), Examine(token)};
-        }
-        return entry.token;
+        const ShortText text(token);
+        Entry & entry = m_entries[text.Hash()];
+        return entry.Is(text, token.size()) ? entry.token : FindBeside(entry, token);
     }
 
 private:
     struct Entry {
-        ShortText text = {};
+        ShortText text;
         std::size_t size = 0;
         FirstToken token;
+
+        bool Is(const ShortText & other, std::size_t otherSize) const { return text == other && size == otherSize; }
     };
 
-    std::array<Entry, 128> m_entries;
+    const FirstToken & FindLong(std::string_view token);
+    const FirstToken & FindBeside(Entry & entry, std::string_view token);
+
+    std::array<Entry, ShortText::Hashes> m_entries;
     FirstToken m_long;
 };
 

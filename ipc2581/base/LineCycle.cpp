@@ -1,7 +1,6 @@
 #include "ipc2581/base/LineCycle.h"
 
 #include <algorithm>
-#include <typeinfo>
 
 #include "ipc2581/base/FirstToken.h"
 #include "ipc2581/base/Scan.h"
@@ -27,7 +26,7 @@ std::string_view FromFirstBracket(std::string_view line)
 
 // A file class of the host's own is read through its operations; the lines of a plain one need no copy.
 LineCycle::LineCycle(CStdioFile & file, LineForm form)
-    : m_file(file), m_lines(file.Lines()), m_form(form), m_isPlainFile(typeid(file) == typeid(CStdioFile))
+    : m_file(file), m_lines(file.Lines()), m_form(form), m_isPlainFile(IsPlainFile(file))
 {
 }
 
@@ -36,28 +35,8 @@ bool LineCycle::Next()
     if (!ReadLine()) {
         return false;
     }
-    switch (m_form) {
-    case LineForm::Plain:
+    if (m_form == LineForm::Plain || !TestFormOfItsOwn()) {
         TestFirstToken();
-        break;
-    case LineForm::Content:
-        m_line = FromFirstBracket(m_line);
-        if (m_line.find(' ') == std::string_view::npos) {
-            BlankBothEnds();
-            TestWholeLine();
-        }
-        else {
-            TestFirstToken();
-        }
-        break;
-    case LineForm::Trimmed:
-        m_line = Trimmed(m_line);
-        TestFirstToken();
-        break;
-    case LineForm::WholeLine:
-        TestWholeLine();
-        m_isWhole = m_line.find(' ') == std::string_view::npos;
-        break;
     }
     return true;
 }
@@ -80,6 +59,31 @@ bool LineCycle::ReadHostLine()
     return isRead;
 }
 
+// Brings a line that is not plain into the form for the test of its first token; true if it has been tested already.
+bool LineCycle::TestFormOfItsOwn()
+{
+    switch (m_form) {
+    case LineForm::Plain:
+        return false;
+    case LineForm::Content:
+        m_line = FromFirstBracket(m_line);
+        if (m_line.find(' ') != std::string_view::npos) {
+            return false;
+        }
+        BlankBothEnds();
+        TestWholeLine();
+        return true;
+    case LineForm::Trimmed:
+        m_line = Trimmed(m_line);
+        return false;
+    case LineForm::WholeLine:
+        TestWholeLine();
+        m_isWhole = m_line.find(' ') == std::string_view::npos;
+        return true;
+    }
+    return false;
+}
+
 void LineCycle::TestWholeLine()
 {
     m_isWhole = true;
@@ -89,15 +93,14 @@ void LineCycle::TestWholeLine()
 }
 
 // Finds the first token without a token list, which a line that no test hits never needs.
-void LineCycle::TestFirstToken()
+inline void LineCycle::TestFirstToken()
 {
     const char * const begin = m_line.data();
     const char * const end = begin + m_line.size();
-    const char * const start = SkipBlanks(begin, end);
+    const auto [start, tokenEnd] = FindToken(begin, end);
     if (start == end && start != begin) {
         AfxThrowInvalidArgException();
     }
-    const char * const tokenEnd = FindBlank(start, end);
     if (start == begin && tokenEnd == end) {
         TestWholeLine();
         return;
@@ -112,7 +115,7 @@ void LineCycle::TestFirstToken()
         return;
     }
     m_restAt = (found.set & SetOf('=')) == 0 ? static_cast<std::size_t>(tokenEnd - begin) : TokenList::NoPlainRest;
-    m_tested = token.substr(found.front, token.size() - found.front - found.back);
+    m_tested = {token.data() + found.front, token.size() - found.front - found.back};
 }
 
 void LineCycle::BlankBothEnds()

@@ -74,6 +74,7 @@ public:
 private:
     bool ReadLine() { return m_isPlainFile ? m_lines.NextLine(m_line) : ReadHostLine(); }
     bool ReadHostLine();
+    bool TestFormOfItsOwn();
     void TestWholeLine();
     void TestFirstToken();
     void BlankBothEnds();

@@ -50,7 +50,11 @@ void LineFile::Close()
     }
     struct Closer {
         LineFile & lines;
-        int Now() { return lines.m_file == nullptr ? 0 : std::fclose(std::exchange(lines.m_file, nullptr)); }
+        int Now()
+        {
+            lines.m_isWriting = false;
+            return lines.m_file == nullptr ? 0 : std::fclose(std::exchange(lines.m_file, nullptr));
+        }
         ~Closer() { static_cast<void>(Now()); }
     } closer{*this};
     Flush();
@@ -107,7 +111,7 @@ std::size_t LineFile::Read(char * bytes, std::size_t count)
     return done;
 }
 
-char * LineFile::Reserve(std::size_t count)
+char * LineFile::ReserveElsewhere(std::size_t count)
 {
     BeginWriting();
     if (m_size - m_end < count) {
@@ -117,11 +121,6 @@ char * LineFile::Reserve(std::size_t count)
         }
     }
     return m_buffer + m_end;
-}
-
-void LineFile::Commit(const char * end)
-{
-    m_end = static_cast<std::size_t>(end - m_buffer);
 }
 
 void LineFile::Write(const char * bytes, std::size_t count)

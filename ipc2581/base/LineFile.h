@@ -6,10 +6,12 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <typeinfo>
 
 #include "ipc2581/base/FirstToken.h"
 #include "ipc2581/base/Scan.h"
 #include "ipc2581/base/TokenList.h"
+#include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/base/platform/ObjectBlocks.h"
 
 namespace ipc2581::detail {
@@ -44,8 +46,11 @@ public:
     std::size_t Read(char * bytes, std::size_t count);
 
     // Room for count bytes at the end of what is written; Commit tells how far they were used.
-    char * Reserve(std::size_t count);
-    void Commit(const char * end);
+    char * Reserve(std::size_t count)
+    {
+        return m_isWriting && m_size - m_end >= count ? m_buffer + m_end : ReserveElsewhere(count);
+    }
+    void Commit(const char * end) { m_end = static_cast<std::size_t>(end - m_buffer); }
     void Write(const char * bytes, std::size_t count);
 
     // What the reader of the current line works with: kept here, so that no line needs fresh storage.
@@ -70,6 +75,7 @@ private:
     bool Fill();
     void BeginReading();
     void BeginWriting();
+    char * ReserveElsewhere(std::size_t count);
     void GrowBuffer(std::size_t size);
     void WriteOut();
     [[noreturn]] void Fail(const char * what, int cause);
@@ -90,6 +96,13 @@ private:
     std::string m_scratch;
     std::string m_hostLine;
 };
+
+// False for a file class of the host's own, which is read and written through its operations. Where a class goes by two
+// descriptions, a plain file is taken for such a one and nothing is lost but time.
+inline bool IsPlainFile(const CStdioFile & file)
+{
+    return &typeid(file) == &typeid(CStdioFile);
+}
 
 }  // namespace ipc2581::detail
 

@@ -1,24 +1,18 @@
 #include "ipc2581/base/LineTemplate.h"
 
-#include <memory>
-#include <typeinfo>
-
-#include "ipc2581/base/LineFile.h"
-
 namespace ipc2581::detail {
 
-// A line to a plain file is formed in its buffer; a file class of the host's own gets it through its operation.
-void WriteFormattedLine(CStdioFile & file, const FormatText & format, FormatArguments arguments)
+char * BeginHostLine(CStdioFile & file, std::size_t bound)
 {
-    const std::size_t bound = FormattedBound(format, arguments);
-    if (typeid(file) == typeid(CStdioFile)) {
-        char * const out = file.Lines().Reserve(bound);
-        file.Lines().Commit(WriteFormatted(out, format, arguments));
-        return;
-    }
-    const std::unique_ptr<char[]> line(new char[bound + 1]);
-    *WriteFormatted(line.get(), format, arguments) = '\0';
-    file.WriteString(line.get());
+    std::string & line = file.Lines().HostLine();
+    line.resize(bound + 1);
+    return line.data();
+}
+
+void EndHostLine(CStdioFile & file, char * end)
+{
+    *end = '\0';
+    file.WriteString(file.Lines().HostLine().c_str());
 }
 
 }  // namespace ipc2581::detail

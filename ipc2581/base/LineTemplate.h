@@ -1,9 +1,12 @@
 #ifndef IPC2581_BASE_LINETEMPLATE_H
 #define IPC2581_BASE_LINETEMPLATE_H
 
+#include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 #include "ipc2581/base/ExPtrArray.h"
+#include "ipc2581/base/LineFile.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/base/platform/FormatString.h"
 
@@ -15,18 +18,37 @@ inline Blanks Indent(std::int64_t repeats)
     return {repeats * 3};
 }
 
-void WriteFormattedLine(CStdioFile & file, const FormatText & format, FormatArguments arguments);
+// Room for one line of at most so many bytes, and the end of the line that was formed there. A line to a plain file is
+// formed in its buffer; a file class of the host's own gets it through its operation.
+char * BeginHostLine(CStdioFile & file, std::size_t bound);
+void EndHostLine(CStdioFile & file, char * end);
+
+inline char * BeginLine(CStdioFile & file, std::size_t bound)
+{
+    return IsPlainFile(file) ? file.Lines().Reserve(bound) : BeginHostLine(file, bound);
+}
+inline void EndLine(CStdioFile & file, char * end)
+{
+    if (IsPlainFile(file)) {
+        file.Lines().Commit(end);
+    }
+    else {
+        EndHostLine(file, end);
+    }
+}
 
 // Writes one line by its template, whose first argument is the indent: WriteLine(file, "%s<Set net=\"%s\">\n",
 // Indent(level + 1), Net). Numbers come out as %f and %d print them, texts as they stand, nothing is escaped.
 template <typename... Arguments>
-void WriteLine(CStdioFile & file, FormatString<Arguments...> format, const Arguments &... arguments)
+[[gnu::always_inline]] inline void WriteLine(CStdioFile & file, FormatString<Arguments...> format,
+                                             const Arguments &... arguments)
 {
-    WriteFormattedLine(file, format.Text(), {FormatArgument(arguments)...});
+    char * const out = BeginLine(file, FormattedBound(format, arguments...));
+    EndLine(file, WriteFormatted(out, format, arguments...));
 }
 
 // The words of a flag in a written file.
-inline const char * TrueOrFalse(bool value)
+inline std::string_view TrueOrFalse(bool value)
 {
     return value ? "TRUE" : "FALSE";
 }
@@ -55,7 +77,7 @@ bool ExportParts(CStdioFile & file, int level, Parts &... parts)
 // Writes an element without attributes: its opening line, its parts one level deeper, its closing line. Gives 1, or 0
 // without the closing line as soon as a part gives 0.
 template <typename... Parts>
-int ExportElement(CStdioFile & file, int level, const char * tag, Parts &... parts)
+int ExportElement(CStdioFile & file, int level, std::string_view tag, Parts &... parts)
 {
     WriteLine(file, "%s<%s>\n", Indent(level + 1), tag);
     if (!ExportParts(file, level + 1, parts...)) {
@@ -67,7 +89,7 @@ int ExportElement(CStdioFile & file, int level, const char * tag, Parts &... par
 
 // The same for an element with one attribute, such as its name or id.
 template <typename... Parts>
-int ExportKeyedElement(CStdioFile & file, int level, const char * tag, const char * key, const CString & value,
+int ExportKeyedElement(CStdioFile & file, int level, std::string_view tag, std::string_view key, const CString & value,
                        Parts &... parts)
 {
     WriteLine(file, "%s<%s %s=\"%s\">\n", Indent(level + 1), tag, key, value);

@@ -1,11 +1,14 @@
 #ifndef IPC2581_BASE_SCAN_H
 #define IPC2581_BASE_SCAN_H
 
+#include <algorithm>
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <string_view>
+#include <utility>
 
 #if defined(__SSE2__)
 #include <emmintrin.h>
@@ -15,7 +18,7 @@
 // must then stand in a buffer with ReadAhead bytes in front of its first and behind its last one.
 namespace ipc2581::detail {
 
-inline constexpr std::size_t ReadAhead = 32;
+inline constexpr std::size_t ReadAhead = 64;
 
 // What a key or a plain value is made of: everything but blanks, quotes and what has a meaning of its own.
 constexpr std::array<bool, 256> MakeOrdinary()
@@ -32,35 +35,43 @@ inline constexpr std::array<bool, 256> Ordinary = MakeOrdinary();
 
 #if defined(__SSE2__)
 
-inline constexpr std::ptrdiff_t StepSize = 16;
+inline constexpr std::ptrdiff_t StepSize = 64;
 
-// One bit for each of the sixteen bytes that stand at the place.
-inline unsigned EqualBits(__m128i bytes, char ch)
+// One bit for each of the sixty-four bytes that stand at the place, set if the comparison of sixteen of them says so.
+template <typename Compare>
+std::uint64_t StepBits(const char * at, Compare compare)
 {
-    return static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(bytes, _mm_set1_epi8(ch))));
+    const auto bits = [at, compare](std::ptrdiff_t from) -> std::uint64_t {
+        const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i *>(at + from));
+        return static_cast<unsigned>(_mm_movemask_epi8(compare(bytes)));
+    };
+    return bits(0) | bits(16) << 16 | bits(32) << 32 | bits(48) << 48;
 }
 
-inline __m128i LoadStep(const char * at)
+inline std::uint64_t EqualBits(const char * at, char ch)
 {
-    return _mm_loadu_si128(reinterpret_cast<const __m128i *>(at));
+    const __m128i sought = _mm_set1_epi8(ch);
+    return StepBits(at, [sought](__m128i bytes) { return _mm_cmpeq_epi8(bytes, sought); });
 }
 
-inline unsigned BlankBits(const char * at)
+// What is not ordinary. "<" to ">" are three neighbours in the order of bytes, and a blank and a quote differ in one
+// bit, so that three comparisons find them all.
+inline std::uint64_t SpecialBits(const char * at)
 {
-    return EqualBits(LoadStep(at), ' ');
+    return StepBits(at, [](__m128i bytes) {
+        const __m128i fromLess = _mm_sub_epi8(bytes, _mm_set1_epi8('<'));
+        const __m128i isBracketOrEqual = _mm_cmpeq_epi8(_mm_min_epu8(fromLess, _mm_set1_epi8(2)), fromLess);
+        const __m128i isBlankOrQuote =
+            _mm_cmpeq_epi8(_mm_or_si128(bytes, _mm_set1_epi8(' ' ^ '"')), _mm_set1_epi8('"'));
+        const __m128i isSlash = _mm_cmpeq_epi8(bytes, _mm_set1_epi8('/'));
+        return _mm_or_si128(_mm_or_si128(isBracketOrEqual, isBlankOrQuote), isSlash);
+    });
 }
 
-// "<" to ">" are three neighbours in the order of bytes, so that one comparison finds them all.
-inline unsigned SpecialBits(const char * at)
+// How many bits stand below the lowest one.
+inline std::size_t BitsBelow(std::uint64_t bits)
 {
-    const __m128i bytes = LoadStep(at);
-    const __m128i fromLess = _mm_sub_epi8(bytes, _mm_set1_epi8('<'));
-    const __m128i isBracketOrEqual = _mm_cmpeq_epi8(_mm_min_epu8(fromLess, _mm_set1_epi8(2)), fromLess);
-    const __m128i isBlankOrQuote =
-        _mm_or_si128(_mm_cmpeq_epi8(bytes, _mm_set1_epi8(' ')), _mm_cmpeq_epi8(bytes, _mm_set1_epi8('"')));
-    const __m128i isSlash = _mm_cmpeq_epi8(bytes, _mm_set1_epi8('/'));
-    return static_cast<unsigned>(
-        _mm_movemask_epi8(_mm_or_si128(_mm_or_si128(isBracketOrEqual, isBlankOrQuote), isSlash)));
+    return static_cast<unsigned>(std::countr_zero(bits));
 }
 
 // The first place from at on whose bit is set; end if there is none in front of it.
@@ -68,9 +79,8 @@ template <typename Bits>
 const char * FindBit(const char * at, const char * end, Bits bitsAt)
 {
     for (; at < end; at += StepSize) {
-        if (const unsigned bits = bitsAt(at)) {
-            const char * const found = at + __builtin_ctz(bits);
-            return found < end ? found : end;
+        if (const std::uint64_t bits = bitsAt(at)) {
+            return std::min(at + BitsBelow(bits), end);
         }
     }
     return end;
@@ -78,23 +88,58 @@ const char * FindBit(const char * at, const char * end, Bits bitsAt)
 
 inline const char * SkipBlanks(const char * at, const char * end)
 {
-    return FindBit(at, end, [](const char * step) { return ~BlankBits(step) & 0xffffU; });
+    return FindBit(at, end, [](const char * step) { return ~EqualBits(step, ' '); });
 }
 
 inline const char * FindBlank(const char * at, const char * end)
 {
-    return FindBit(at, end, &BlankBits);
-}
-
-inline const char * SkipOrdinary(const char * at, const char * end)
-{
-    return FindBit(at, end, &SpecialBits);
+    return FindBit(at, end, [](const char * step) { return EqualBits(step, ' '); });
 }
 
 inline const char * FindLineFeed(const char * at, const char * end)
 {
-    return FindBit(at, end, [](const char * step) { return EqualBits(LoadStep(step), '\n'); });
+    return FindBit(at, end, [](const char * step) { return EqualBits(step, '\n'); });
 }
+
+// Where the first run of other characters than blanks begins and ends.
+using Token = std::pair<const char *, const char *>;
+
+Token FindFarToken(const char * at, const char * end);
+
+inline Token FindToken(const char * at, const char * end)
+{
+    const std::uint64_t blanks = EqualBits(at, ' ');
+    const std::uint64_t fromStart = blanks & (blanks + 1);
+    const char * const start = at + BitsBelow(~blanks);
+    if (fromStart == 0 || start >= end) {
+        return FindFarToken(at, end);
+    }
+    return {start, std::min(at + BitsBelow(fromStart), end)};
+}
+
+// Walks over a text from one character that is not ordinary to the next.
+class SpecialWalk {
+public:
+    SpecialWalk(const char * at, const char * end) : m_step(at), m_end(end), m_bits(SpecialBits(at)) {}
+
+    // The next one. There is none if it is the end, or lies behind it.
+    const char * Next()
+    {
+        if (m_bits == 0 && !Refill()) {
+            return m_end;
+        }
+        const char * const found = m_step + BitsBelow(m_bits);
+        m_bits &= m_bits - 1;
+        return found;
+    }
+
+private:
+    bool Refill();
+
+    const char * m_step;
+    const char * m_end;
+    std::uint64_t m_bits;
+};
 
 #else
 
@@ -114,19 +159,36 @@ inline const char * FindBlank(const char * at, const char * end)
     return at;
 }
 
-inline const char * SkipOrdinary(const char * at, const char * end)
-{
-    while (at != end && Ordinary[static_cast<unsigned char>(*at)]) {
-        ++at;
-    }
-    return at;
-}
-
 inline const char * FindLineFeed(const char * at, const char * end)
 {
     const void * const found = at == end ? nullptr : std::memchr(at, '\n', static_cast<std::size_t>(end - at));
     return found == nullptr ? end : static_cast<const char *>(found);
 }
+
+using Token = std::pair<const char *, const char *>;
+
+inline Token FindToken(const char * at, const char * end)
+{
+    const char * const start = SkipBlanks(at, end);
+    return {start, FindBlank(start, end)};
+}
+
+class SpecialWalk {
+public:
+    SpecialWalk(const char * at, const char * end) : m_next(at), m_end(end) {}
+
+    const char * Next()
+    {
+        while (m_next != m_end && Ordinary[static_cast<unsigned char>(*m_next)]) {
+            ++m_next;
+        }
+        return m_next == m_end ? m_end : m_next++;
+    }
+
+private:
+    const char * m_next;
+    const char * m_end;
+};
 
 #endif
 

@@ -66,11 +66,13 @@ public:
     consteval Word(const char (&text)[Size])
         : m_text(text, Size - 1), m_set(SetOf(m_text)), m_isAttribute(m_text.find('=') == m_text.size() - 1)
     {
+        if (!m_isAttribute) {
+            return;
+        }
         for (std::size_t i = 0; i < sizeof(m_tail) && i < m_text.size(); ++i) {
-            const std::size_t place = std::endian::native == std::endian::little ? 7 - i : i;
-            m_tail |= static_cast<std::uint64_t>(static_cast<unsigned char>(m_text[m_text.size() - 1 - i]))
-                      << (8 * place);
-            m_tailMask |= std::uint64_t(0xff) << (8 * place);
+            const auto ch = static_cast<unsigned char>(m_text[m_text.size() - 1 - i]);
+            m_tail |= static_cast<std::uint64_t>(ch) << (56 - 8 * i);
+            m_tailLimit >>= 8;
         }
     }
 
@@ -85,27 +87,26 @@ public:
         return (m_set & ~setOfText) == 0 && HoldsText(text, m_text);
     }
 
-    // The last eight bytes of a text, for IsTailOf.
+    // The last eight bytes of a text as a number, the last one in its highest place.
     static std::uint64_t Tail(const char * end)
     {
         std::uint64_t tail = 0;
         std::memcpy(&tail, end - sizeof(tail), sizeof(tail));
-        return tail;
+        return std::endian::native == std::endian::little ? tail : __builtin_bswap64(tail);
     }
-    // True if the text ends in the word. There must be eight readable bytes in front of its end.
-    bool IsTailOf(std::string_view text, std::uint64_t tailOfText) const
+    // False if a text with this tail cannot end in the word. Always true of a word that is no attribute.
+    bool MayEnd(std::uint64_t tail) const { return (tail ^ m_tail) <= m_tailLimit; }
+    // True if the text ends in the word, which is an attribute and may.
+    bool Ends(std::string_view text) const
     {
-        if (((tailOfText ^ m_tail) & m_tailMask) != 0 || text.size() < m_text.size()) {
-            return false;
-        }
-        return m_text.size() <= sizeof(m_tail) || text.ends_with(m_text);
+        return text.size() >= m_text.size() && (m_text.size() <= sizeof(m_tail) || text.ends_with(m_text));
     }
 
 private:
     std::string_view m_text;
     CharacterSet m_set;
     std::uint64_t m_tail = 0;
-    std::uint64_t m_tailMask = 0;
+    std::uint64_t m_tailLimit = UINT64_MAX;
     bool m_isAttribute;
 };
 

@@ -1,5 +1,7 @@
 #include "ipc2581/cad/LayerFeatureSet.h"
 
+#include <string_view>
+
 #include "ipc2581/base/AttributeScan.h"
 #include "ipc2581/base/LineCycle.h"
 #include "ipc2581/base/LineTemplate.h"
@@ -31,8 +33,8 @@ int Set::Export(CStdioFile & file, int level)
 // The opening line, whose form goes with the kind, and the member that counts.
 int Set::ExportContents(CStdioFile & file, int level)
 {
-    const char * const testPoint = TrueOrFalse(TestPoint);
-    const char * const plate = TrueOrFalse(Plate);
+    const std::string_view testPoint = TrueOrFalse(TestPoint);
+    const std::string_view plate = TrueOrFalse(Plate);
     switch (Kind) {
     case FeaturesKind:
         WriteLine(file, "%s<Set net=\"%s\">\n", Indent(level + 1), Net);

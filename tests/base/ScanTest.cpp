@@ -11,10 +11,11 @@ namespace {
 
 using ipc2581::detail::FindBlank;
 using ipc2581::detail::FindLineFeed;
+using ipc2581::detail::FindToken;
 using ipc2581::detail::Ordinary;
 using ipc2581::detail::ReadAhead;
 using ipc2581::detail::SkipBlanks;
-using ipc2581::detail::SkipOrdinary;
+using ipc2581::detail::SpecialWalk;
 
 // One of the searches, and the characters that it stops at.
 struct Search {
@@ -26,6 +27,11 @@ struct Search {
 bool IsOrdinary(char ch)
 {
     return std::string_view(" \"=<>/").find(ch) == std::string_view::npos;
+}
+
+const char * FindSpecial(const char * at, const char * end)
+{
+    return std::min(SpecialWalk(at, end).Next(), end);
 }
 
 class Scan : public testing::TestWithParam<Search> {
@@ -51,7 +57,7 @@ protected:
 INSTANTIATE_TEST_SUITE_P(Searches, Scan,
                          testing::Values(Search{"SkipBlanks", &SkipBlanks, [](char ch) { return ch != ' '; }},
                                          Search{"FindBlank", &FindBlank, [](char ch) { return ch == ' '; }},
-                                         Search{"SkipOrdinary", &SkipOrdinary, [](char ch) { return !IsOrdinary(ch); }},
+                                         Search{"FindSpecial", &FindSpecial, [](char ch) { return !IsOrdinary(ch); }},
                                          Search{"FindLineFeed", &FindLineFeed, [](char ch) { return ch == '\n'; }}),
                          [](const testing::TestParamInfo<Search> & search) { return search.param.name; });
 
@@ -94,6 +100,56 @@ TEST_P(Scan, FindsTheFirstOfMany)
             text[random() % text.size()] = static_cast<char>(random() % 256);
         }
         ASSERT_EQ(Found(text), Expected(text)) << testing::PrintToString(text);
+    }
+}
+
+// A text of blanks and others, in runs of up to eighty.
+std::string RunsOfBlanks(std::mt19937 & random)
+{
+    std::string text;
+    for (std::size_t runs = random() % 5; runs > 0; --runs) {
+        text.append(random() % 80, ' ').append(random() % 80, "<a/\n"[random() % 4]);
+    }
+    return text;
+}
+
+TEST(FindToken, FindsTheFirstRunOfOtherCharactersThanBlanks)
+{
+    std::mt19937 random(2581);
+    for (int i = 0; i < 50000; ++i) {
+        const std::string text = RunsOfBlanks(random);
+        for (const char behind : {' ', '<', '\n'}) {
+            const std::string buffer = text + std::string(ReadAhead, behind);
+            const char * const begin = buffer.data();
+            const auto [start, end] = FindToken(begin, begin + text.size());
+            const std::size_t expectedStart = std::min(text.find_first_not_of(' '), text.size());
+            const std::size_t expectedEnd = std::min(text.find(' ', expectedStart), text.size());
+            ASSERT_EQ(static_cast<std::size_t>(start - begin), expectedStart) << text;
+            ASSERT_EQ(static_cast<std::size_t>(end - begin), expectedEnd) << text;
+        }
+    }
+}
+
+TEST(SpecialWalk, StopsAtEachCharacterThatIsNotOrdinary)
+{
+    std::mt19937 random(2581);
+    for (int i = 0; i < 20000; ++i) {
+        std::string text(random() % 300, 'a');
+        for (std::size_t count = random() % 20; count > 0 && !text.empty(); --count) {
+            text[random() % text.size()] = " \"=<>/?!\n"[random() % 9];
+        }
+        for (const char behind : {'a', '='}) {
+            const std::string buffer = text + std::string(ReadAhead, behind);
+            const char * const end = buffer.data() + text.size();
+            SpecialWalk walk(buffer.data(), end);
+            for (const char * at = buffer.data(); at != end; ++at) {
+                if (!IsOrdinary(*at)) {
+                    ASSERT_EQ(walk.Next() - buffer.data(), at - buffer.data()) << text;
+                }
+            }
+            ASSERT_GE(walk.Next(), end) << text;
+            ASSERT_GE(walk.Next(), end) << text;
+        }
     }
 }
 

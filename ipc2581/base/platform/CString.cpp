@@ -4,7 +4,6 @@
 #include <bit>
 #include <climits>
 #include <cstring>
-#include <memory>
 #include <new>
 #include <string>
 #include <utility>
@@ -310,11 +309,4 @@ char * CString::Allocate(std::size_t length, ipc2581::detail::ObjectBlocks * blo
     std::memcpy(m_bytes + AddressAt, &heap, sizeof(heap));
     SetLength(length);
     return HeapData();
-}
-
-void CString::AssignFormatted(const ipc2581::detail::FormatText & format, ipc2581::detail::FormatArguments arguments)
-{
-    const std::unique_ptr<char[]> text(new char[ipc2581::detail::FormattedBound(format, arguments)]);
-    const char * const end = ipc2581::detail::WriteFormatted(text.get(), format, arguments);
-    operator=(std::string_view(text.get(), static_cast<std::size_t>(end - text.get())));
 }

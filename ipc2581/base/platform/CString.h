@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <memory>
 #include <ostream>
 #include <string_view>
 
@@ -90,7 +91,9 @@ public:
     template <typename... Arguments>
     void Format(ipc2581::detail::FormatString<Arguments...> format, const Arguments &... arguments)
     {
-        AssignFormatted(format.Text(), {ipc2581::detail::FormatArgument(arguments)...});
+        const std::unique_ptr<char[]> text(new char[ipc2581::detail::FormattedBound(format, arguments...)]);
+        const char * const end = ipc2581::detail::WriteFormatted(text.get(), format, arguments...);
+        operator=(std::string_view(text.get(), static_cast<std::size_t>(end - text.get())));
     }
 
     friend bool operator==(const CString & left, const CString & right)
@@ -144,7 +147,6 @@ private:
     void SetInlineLength(std::size_t length);
     void SetLength(std::size_t length);
     char * Allocate(std::size_t length, ipc2581::detail::ObjectBlocks * blocks);
-    void AssignFormatted(const ipc2581::detail::FormatText & format, ipc2581::detail::FormatArguments arguments);
 
     alignas(HeapText *) char m_bytes[Size];
 };

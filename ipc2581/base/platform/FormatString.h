@@ -1,21 +1,24 @@
 #ifndef IPC2581_BASE_PLATFORM_FORMATSTRING_H
 #define IPC2581_BASE_PLATFORM_FORMATSTRING_H
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <initializer_list>
+#include <cstring>
 #include <string_view>
 #include <type_traits>
 
-#include "ipc2581/base/Export.h"
+#include "ipc2581/base/platform/Number.h"
 
 // Format strings in the manner of printf, checked against their arguments when they are compiled.
 namespace ipc2581::detail {
 
-// A %s argument that prints as so many blanks; none if the count is below 1.
+// A %s argument that prints as so many blanks; none if the count is below 1. They are written in steps, the last of
+// which may run past its end.
 struct Blanks {
     std::int64_t count;
 };
+inline constexpr std::size_t BlanksStep = 16;
 
 template <typename Argument>
 constexpr char ConversionOf()
@@ -38,14 +41,8 @@ constexpr char ConversionOf()
 // Left without a body on purpose: a call of it ends the compilation with its name in the message.
 void FormatDoesNotFitItsArguments();
 
-// A format string with the places of its conversions, so that nobody looks for them when it is printed.
-struct FormatText {
-    std::string_view text;
-    const std::uint16_t * places;
-    // It has no "%%", so that what stands between its conversions is printed as it is.
-    bool isPlain;
-};
-
+// A format string that fits its arguments, with the places of its conversions, so that nobody looks for them when it is
+// printed.
 template <typename... Arguments>
 class CheckedFormat {
 public:
@@ -76,50 +73,107 @@ public:
         }
     }
 
-    constexpr FormatText Text() const { return {m_text, m_places, m_isPlain}; }
+    constexpr std::size_t Size() const { return m_text.size(); }
+
+    // Writes what stands between two conversions, where "%%" prints as "%"; returns its end.
+    char * WritePiece(char * out, std::size_t index) const
+    {
+        const std::size_t from = index == 0 ? 0 : m_places[index - 1] + std::size_t(2);
+        const std::size_t end = index == sizeof...(Arguments) ? m_text.size() : m_places[index];
+        if (m_isPlain) {
+            std::memcpy(out, m_text.data() + from, end - from);
+            return out + (end - from);
+        }
+        for (std::size_t i = from; i < end; ++i) {
+            *out++ = m_text[i];
+            i += m_text[i] == '%' ? 1 : 0;
+        }
+        return out;
+    }
 
 private:
     std::string_view m_text;
     std::uint16_t m_places[sizeof...(Arguments) + 1] = {};
-    bool m_isPlain = true;
+    bool m_isPlain = true;  // it has no "%%"
 };
 
 // Takes the argument types from the arguments alone, so that the text is checked against them.
 template <typename... Arguments>
 using FormatString = CheckedFormat<std::type_identity_t<Arguments>...>;
 
-// One argument, of any of the kinds.
-class FormatArgument {
-public:
-    explicit FormatArgument(int value) : m_kind(Kind::Integer), m_integer(value) {}
-    explicit FormatArgument(double value) : m_kind(Kind::Fixed), m_fixed(value) {}
-    explicit FormatArgument(Blanks value) : m_kind(Kind::Blanks), m_blanks(value.count > 0 ? value.count : 0) {}
-    explicit FormatArgument(std::string_view value) : m_kind(Kind::Text), m_text(value) {}
+// The most bytes that an argument may take.
+inline std::size_t BoundOf(int /*value*/)
+{
+    return IntegerLength;
+}
+inline std::size_t BoundOf(double /*value*/)
+{
+    return FixedLength;
+}
+inline std::size_t BoundOf(Blanks value)
+{
+    return static_cast<std::size_t>(value.count > 0 ? value.count : 0) + BlanksStep;
+}
+inline std::size_t BoundOf(std::string_view value)
+{
+    return value.size();
+}
 
-    // The most bytes that the argument may take.
-    std::size_t Bound() const;
-    // Writes the argument and returns the end.
-    char * Write(char * out) const;
-
-private:
-    enum class Kind : unsigned char { Integer, Fixed, Blanks, Text };
-
-    Kind m_kind;
-    union {
-        int m_integer;
-        double m_fixed;
-        std::int64_t m_blanks;
-        std::string_view m_text;
+// Write an argument and return its end.
+inline char * WriteArgument(char * out, int value)
+{
+    return WriteInteger(out, value);
+}
+inline char * WriteArgument(char * out, double value)
+{
+    return WriteFixed(out, value);
+}
+inline char * WriteArgument(char * out, Blanks value)
+{
+    for (std::int64_t written = 0; written < value.count; written += BlanksStep) {
+        std::memset(out + written, ' ', BlanksStep);
+    }
+    return out + (value.count > 0 ? value.count : 0);
+}
+inline char * WriteArgument(char * out, std::string_view value)
+{
+    // The first and the last bytes of a short text, which overlap unless it has as many as both together.
+    const auto copyEnds = [out, value](auto size) {
+        std::memcpy(out, value.data(), size());
+        std::memcpy(out + value.size() - size(), value.data() + value.size() - size(), size());
     };
-};
+    if (value.size() > 16) {
+        std::memcpy(out, value.data(), value.size());
+    }
+    else if (value.size() >= 8) {
+        copyEnds(std::integral_constant<std::size_t, 8>());
+    }
+    else if (value.size() >= 4) {
+        copyEnds(std::integral_constant<std::size_t, 4>());
+    }
+    else {
+        std::copy(value.begin(), value.end(), out);
+    }
+    return out + value.size();
+}
 
-using FormatArguments = std::initializer_list<FormatArgument>;
+// The most bytes that a format may take with these arguments.
+template <typename... Arguments>
+std::size_t FormattedBound(const FormatString<Arguments...> & format, const Arguments &... arguments)
+{
+    return (format.Size() + ... + BoundOf(arguments));
+}
 
-// The most bytes that a checked format may take with these arguments.
-std::size_t FormattedBound(const FormatText & format, FormatArguments arguments);
-
-// Writes the text and returns its end; there must be room for FormattedBound bytes.
-char * WriteFormatted(char * out, const FormatText & format, FormatArguments arguments);
+// Writes the text and returns its end; there must be room for FormattedBound bytes. Inlined, so that the pieces of a
+// format are known where they are copied.
+template <typename... Arguments>
+[[gnu::always_inline]] inline char * WriteFormatted(char * out, const FormatString<Arguments...> & format,
+                                                    const Arguments &... arguments)
+{
+    std::size_t index = 0;
+    ((out = WriteArgument(format.WritePiece(out, index++), arguments)), ...);
+    return format.WritePiece(out, index);
+}
 
 }  // namespace ipc2581::detail
 

@@ -6,6 +6,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 
 namespace ipc2581::detail {
@@ -32,6 +33,7 @@ const char * SkipSpace(const char * at, const char * end)
 constexpr std::array<double, 23> ExactPowersOfTen = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                                      1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
                                                      1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+constexpr std::array<std::uint64_t, 9> PowersOfTen = {1, 10, 100, 1000, 10000, 100000, 1000000, 10000000, 100000000};
 constexpr std::uint64_t LargestExactInteger = std::uint64_t(1) << 53;
 
 // Takes the digits at the place into the number and returns where they end.
@@ -67,6 +69,36 @@ bool ParsePlainDecimal(const char * at, const char * end, double & value)
         return false;
     }
     value = static_cast<double>(digits) / ExactPowersOfTen[static_cast<std::size_t>(decimals)];
+    return true;
+}
+
+// A decimal with up to eight digits behind its point, and nothing else. There must be eight readable bytes in front of
+// its end, and none of them is missed: the last digits are read in one step.
+bool ParseShortDecimal(const char * at, const char * end, double & value)
+{
+    constexpr std::uint64_t zeros = 0x3030303030303030;
+    constexpr std::uint64_t upToNine = 0x7676767676767676;
+    constexpr std::uint64_t highBits = 0x8080808080808080;
+    constexpr std::uint64_t everyFourth = 0x000000ff000000ff;
+    std::uint64_t whole = 0;
+    const char * const point = TakeDigits(at, end, whole);
+    const std::ptrdiff_t count = end - point - 1;
+    if (std::endian::native != std::endian::little || count < 1 || count > 8 || *point != '.' || point - at > 7) {
+        return false;
+    }
+    std::uint64_t bytes = 0;
+    std::memcpy(&bytes, end - sizeof(bytes), sizeof(bytes));
+    const std::ptrdiff_t unused = 8 * (8 - count);
+    bytes = (bytes ^ zeros) >> unused << unused;
+    if (((bytes + upToNine) | bytes) & highBits) {
+        return false;
+    }
+    // Two neighbours become one number, three times.
+    bytes = bytes * 10 + (bytes >> 8);
+    const std::uint64_t even = (bytes & everyFourth) * (100 + (std::uint64_t(1000000) << 32));
+    const std::uint64_t odd = (bytes >> 16 & everyFourth) * (1 + (std::uint64_t(10000) << 32));
+    const std::uint64_t digits = whole * PowersOfTen[static_cast<std::size_t>(count)] + ((even + odd) >> 32);
+    value = static_cast<double>(digits) / ExactPowersOfTen[static_cast<std::size_t>(count)];
     return true;
 }
 
@@ -152,18 +184,45 @@ std::uint64_t SixDecimals(std::uint64_t fraction, int bits)
     return decimals + (isAbove || (isTie && (decimals & 1) != 0) ? 1 : 0);
 }
 
+constexpr std::array<char, 200> MakePairs()
+{
+    std::array<char, 200> pairs = {};
+    for (std::size_t i = 0; i < 100; ++i) {
+        pairs[2 * i] = static_cast<char>('0' + i / 10);
+        pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
+    }
+    return pairs;
+}
+
+// All numbers of two digits, one behind the other.
+constexpr std::array<char, 200> Pairs = MakePairs();
+
+char * WritePair(char * out, std::uint64_t value)
+{
+    std::memcpy(out, Pairs.data() + 2 * value, 2);
+    return out + 2;
+}
+
 char * WriteUnsigned(char * out, std::uint64_t value)
 {
+    if (value < 10) {
+        *out = static_cast<char>('0' + value);
+        return out + 1;
+    }
+    if (value < 100) {
+        return WritePair(out, value);
+    }
+    if (value < 1000) {
+        *out = static_cast<char>('0' + value / 100);
+        return WritePair(out + 1, value % 100);
+    }
     return std::to_chars(out, out + 20, value).ptr;
 }
 
 char * WriteSixDigits(char * out, std::uint64_t decimals)
 {
-    for (int i = 5; i >= 0; --i) {
-        out[i] = static_cast<char>('0' + decimals % 10);
-        decimals /= 10;
-    }
-    return out + 6;
+    const auto value = static_cast<std::uint32_t>(decimals);
+    return WritePair(WritePair(WritePair(out, value / 10000), value / 100 % 100), value % 100);
 }
 
 }  // namespace
@@ -179,6 +238,17 @@ double ParseDouble(std::string_view text)
     double value = 0.0;
     if (!ParsePlainDecimal(at, end, value) && !ParseGeneral(at, end, value)) {
         return 0.0;
+    }
+    return isNegative ? -value : value;
+}
+
+double ParseDoubleAhead(std::string_view text)
+{
+    const char * const end = text.data() + text.size();
+    const bool isNegative = !text.empty() && text.front() == '-';
+    double value = 0.0;
+    if (!ParseShortDecimal(text.data() + (isNegative ? 1 : 0), end, value)) {
+        return ParseDouble(text);
     }
     return isNegative ? -value : value;
 }
@@ -236,12 +306,6 @@ char * WriteFixed(char * out, double value)
 char * WriteInteger(char * out, int value)
 {
     return std::to_chars(out, out + IntegerLength, value).ptr;
-}
-
-void AppendFixed(std::string & out, double value)
-{
-    std::array<char, FixedLength> text;
-    out.append(text.data(), WriteFixed(text.data(), value));
 }
 
 }  // namespace ipc2581::detail

@@ -1,5 +1,6 @@
 #include "ipc2581/base/platform/Number.h"
 
+#include <array>
 #include <bit>
 #include <climits>
 #include <clocale>
@@ -21,15 +22,16 @@
 namespace ipc2581::tests {
 namespace {
 
-using ipc2581::detail::AppendFixed;
+using ipc2581::detail::FixedLength;
 using ipc2581::detail::ParseDouble;
+using ipc2581::detail::ParseDoubleAhead;
 using ipc2581::detail::ParseInteger;
+using ipc2581::detail::WriteFixed;
 
 std::string Fixed(double value)
 {
-    std::string text;
-    AppendFixed(text, value);
-    return text;
+    std::array<char, FixedLength> text;
+    return {text.data(), WriteFixed(text.data(), value)};
 }
 
 std::string Printed(const char * format, double value)
@@ -54,7 +56,10 @@ testing::AssertionResult ParsesAsInC(const std::string & text)
 {
     const double expected = std::strtod(text.c_str(), nullptr);
     const double actual = ParseDouble(text);
-    if (Same(actual, expected)) {
+    // Digits in front of the text are no part of it.
+    const std::string inBuffer = "98765432" + text;
+    const bool isSameAhead = Same(ParseDoubleAhead(std::string_view(inBuffer).substr(8)), expected);
+    if (Same(actual, expected) && isSameAhead) {
         return testing::AssertionSuccess();
     }
     return testing::AssertionFailure() << '"' << text << "\" gives " << Printed("%a", actual) << " in place of "
@@ -161,6 +166,30 @@ TEST(Number, IsReadWithItsSignPointAndExponent)
     EXPECT_EQ(ParseDouble("12.5"), 12.5);
     EXPECT_EQ(ParseDouble("+1.5e3"), 1500.0);
     EXPECT_TRUE(std::signbit(ParseDouble("-0.0")));
+}
+
+TEST(Number, OfAnyCountsOfDigitsIsReadAsInC)
+{
+    std::mt19937 random(2581);
+    const auto digits = [&random](int count) {
+        std::string text;
+        for (; count > 0; --count) {
+            text += static_cast<char>('0' + random() % 10);
+        }
+        return text;
+    };
+    for (int whole = 0; whole <= 20; ++whole) {
+        for (int decimals = 0; decimals <= 20; ++decimals) {
+            for (const char * const sign : {"", "-", "+", "--"}) {
+                const std::string text = sign + digits(whole) + "." + digits(decimals);
+                ASSERT_TRUE(ParsesAsInC(text));
+                ASSERT_TRUE(ParsesAsInC(sign + digits(whole)));
+                std::string spoiled = text;
+                spoiled[random() % spoiled.size()] = "/:.-e x\xB1"[random() % 8];
+                ASSERT_TRUE(ParsesAsInC(spoiled));
+            }
+        }
+    }
 }
 
 TEST(Number, IsReadBehindWhiteSpaceOfEveryKind)
@@ -418,15 +447,6 @@ TEST(Number, IsWrittenWithSixDecimals)
     EXPECT_EQ(Fixed(0.9999996), "1.000000");
     EXPECT_EQ(Fixed(-0.0000001), "-0.000000");
     EXPECT_EQ(Fixed(1e15), "1000000000000000.000000");
-}
-
-TEST(Number, IsWrittenBehindTheTextThatIsThere)
-{
-    std::string text = "x=\"";
-    AppendFixed(text, 1.5);
-    text += "\" y=\"";
-    AppendFixed(text, -2.25);
-    EXPECT_EQ(text, "x=\"1.500000\" y=\"-2.250000");
 }
 
 TEST(Number, AtTheEndsOfTheRangeIsWrittenInFull)
