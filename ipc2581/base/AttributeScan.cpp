@@ -1,5 +1,6 @@
 #include "ipc2581/base/AttributeScan.h"
 
+#include <algorithm>
 #include <cstdint>
 
 #include "ipc2581/base/Scan.h"
@@ -38,24 +39,17 @@ bool IsTail(const char * at, const char * end)
 }
 
 // A token of the form key="value" has one "=", so a word that ends in one is held exactly if the key and its "=" end in
-// it. False where a row asks for anything else.
-inline bool TestPlain(const TokenList & tokens, std::string_view keyWithEqual, std::string_view value, Attributes rows)
+// it.
+void TestPlain(const TokenList & tokens, std::string_view keyWithEqual, std::string_view value, Attributes rows)
 {
     const std::uint64_t tail = Word::Tail(keyWithEqual.data() + keyWithEqual.size());
     for (const Attribute & row : rows) {
-        if (!row.word.MayEnd(tail)) {
-            continue;
-        }
-        if (!row.word.IsAttribute()) {
-            return false;
-        }
-        if (row.word.Ends(keyWithEqual)) {
+        if (row.word.MayEnd(tail) && row.word.Ends(keyWithEqual)) {
             AttributeHit hit(tokens, value);
             row.store(hit, row.field);
-            return true;
+            return;
         }
     }
-    return true;
 }
 
 // Scans what stands behind the first token of a line as long as it has the plain form; false from there on.
@@ -91,8 +85,9 @@ bool ScanPlain(const TokenList & tokens, std::string_view rest, Attributes first
         }
         const std::string_view keyWithEqual(key, static_cast<std::size_t>(equal + 1 - key));
         const std::string_view text(value, static_cast<std::size_t>(quote - value));
-        if (!TestPlain(tokens, keyWithEqual, text, first) || !TestPlain(tokens, keyWithEqual, text, second)) {
-            return false;
+        TestPlain(tokens, keyWithEqual, text, first);
+        if (second.size() != 0) {
+            TestPlain(tokens, keyWithEqual, text, second);
         }
         if (isLast) {
             return true;
@@ -100,6 +95,12 @@ bool ScanPlain(const TokenList & tokens, std::string_view rest, Attributes first
         blank = walk.Next();
     }
     return true;
+}
+
+// Any other word may be held by the first token, or by one without "=".
+bool AreAttributes(Attributes rows)
+{
+    return std::all_of(rows.begin(), rows.end(), [](const Attribute & row) { return row.word.IsAttribute(); });
 }
 
 }  // namespace
@@ -138,7 +139,8 @@ void StoreControlFlag(AttributeHit & hit, void * field)
 void ScanAttributes(const TokenList & tokens, Attributes first, Attributes second)
 {
     std::string_view rest;
-    if (!tokens.HasRest(rest) || !ScanPlain(tokens, rest, first, second)) {
+    const bool mayBePlain = tokens.HasRest(rest) && AreAttributes(first) && AreAttributes(second);
+    if (!mayBePlain || !ScanPlain(tokens, rest, first, second)) {
         ScanTokens(tokens, first, second);
     }
 }

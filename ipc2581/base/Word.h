@@ -66,9 +66,6 @@ public:
     consteval Word(const char (&text)[Size])
         : m_text(text, Size - 1), m_set(SetOf(m_text)), m_isAttribute(m_text.find('=') == m_text.size() - 1)
     {
-        if (!m_isAttribute) {
-            return;
-        }
         for (std::size_t i = 0; i < sizeof(m_tail) && i < m_text.size(); ++i) {
             const auto ch = static_cast<unsigned char>(m_text[m_text.size() - 1 - i]);
             m_tail |= static_cast<std::uint64_t>(ch) << (56 - 8 * i);
@@ -94,9 +91,9 @@ public:
         std::memcpy(&tail, end - sizeof(tail), sizeof(tail));
         return std::endian::native == std::endian::little ? tail : __builtin_bswap64(tail);
     }
-    // False if a text with this tail cannot end in the word. Always true of a word that is no attribute.
+    // False if a text with this tail cannot end in the word.
     bool MayEnd(std::uint64_t tail) const { return (tail ^ m_tail) <= m_tailLimit; }
-    // True if the text ends in the word, which is an attribute and may.
+    // True if the text ends in the word, which its tail says that it may.
     bool Ends(std::string_view text) const
     {
         return text.size() >= m_text.size() && (m_text.size() <= sizeof(m_tail) || text.ends_with(m_text));

@@ -111,7 +111,7 @@ std::ostream & operator<<(std::ostream & out, const Fields & fields)
 }
 
 // Which rows a scan gets.
-enum class Form { Single, CatchAll, Double };
+enum class Form { Single, CatchAll, Double, Words, DoubleWords };
 
 // Calls the scan with the rows of the form and tells what it left in the fields.
 template <typename Scan>
@@ -134,6 +134,15 @@ Fields Scanned(Form form, Scan scan)
             scan({Text("refDes=", fields.refDes), Text("componentRef=", fields.componentRef),
                   Integer("number=", fields.number), Number("lowerLeftX=", fields.lowerLeftX)},
                  {Number("x=", fields.x), Text("Des=", fields.rest), Flag("via=", fields.via)});
+            break;
+        case Form::Words:
+            scan({Number("lowerLeftX=", fields.lowerLeftX), Text("refDes", fields.refDes), Number("x=", fields.x),
+                  Text("Ref", fields.componentRef), Text("/", fields.rest)},
+                 {});
+            break;
+        case Form::DoubleWords:
+            scan({Number("x=", fields.x), Text("refDes=", fields.refDes)},
+                 {Flag("via=", fields.via), Text("component", fields.componentRef), Integer("e", fields.number)});
             break;
         }
     }
@@ -215,12 +224,11 @@ bool Agrees(LineCycle & cycle, LiteralTurn & literal, const std::string & line)
             return false;
         }
     }
-    for (const Form form : {Form::Single, Form::CatchAll, Form::Double}) {
+    for (const Form form : {Form::Single, Form::CatchAll, Form::Double, Form::Words, Form::DoubleWords}) {
         const Fields expected = Scanned(
             form, [&literal](Attributes first, Attributes second) { ScanTokens(literal.Tokens(), first, second); });
-        const Fields fields = Scanned(form, [&cycle, form](Attributes first, Attributes second) {
-            form == Form::Double ? ScanAttributes(cycle.Tokens(), first, second)
-                                 : ScanAttributes(cycle.Tokens(), first);
+        const Fields fields = Scanned(form, [&cycle](Attributes first, Attributes second) {
+            second.size() != 0 ? ScanAttributes(cycle.Tokens(), first, second) : ScanAttributes(cycle.Tokens(), first);
         });
         if (!(fields == expected)) {
             EXPECT_EQ(fields, expected) << testing::PrintToString(line);
