@@ -8,3 +8,6 @@ tools/install-packages programs tests
 cmake --preset dev
 cmake --build --preset dev -j "$(nproc)"
 ctest --preset dev -j "$(nproc)"
+
+# Each with its reason in the line behind it.
+grep -h -A1 ': Skipped$' build/dev/Testing/Temporary/LastTest.log || true

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cerrno>
 #include <climits>
+#include <cstdlib>
 #include <cstring>
+#include <new>
 #include <system_error>
 #include <utility>
 
@@ -13,6 +15,8 @@
 namespace ipc2581::detail {
 namespace {
 
+// A file that is larger than the first block gets the large one.
+constexpr std::size_t FirstBlockSize = std::size_t(1) << 14;
 constexpr std::size_t BlockSize = std::size_t(1) << 17;
 
 }  // namespace
@@ -40,6 +44,7 @@ bool LineFile::Open(const char * path, const char * mode)
     m_begin = 0;
     m_end = 0;
     m_isWriting = false;
+    m_isLarge = false;
     return true;
 }
 
@@ -114,6 +119,9 @@ std::size_t LineFile::Read(char * bytes, std::size_t count)
 char * LineFile::ReserveElsewhere(std::size_t count)
 {
     BeginWriting();
+    if (m_size - m_end < count && m_size < BlockSize) {
+        GrowBuffer(BlockSize);
+    }
     if (m_size - m_end < count) {
         WriteOut();
         if (m_size < count) {
@@ -139,10 +147,13 @@ bool LineFile::Fill()
         m_end -= m_begin;
         m_begin = 0;
     }
-    if (m_end == m_size) {
-        if (m_size >= INT_MAX) {
-            Fail("read", EFBIG);
-        }
+    if (m_end == m_size && m_size >= INT_MAX) {
+        Fail("read", EFBIG);
+    }
+    if (m_isLarge && m_size < BlockSize) {
+        GrowBuffer(BlockSize);
+    }
+    else if (m_end == m_size) {
         GrowBuffer(m_size * 2);
     }
     const std::size_t count = std::fread(m_buffer + m_end, 1, m_size - m_end, m_file);
@@ -150,13 +161,14 @@ bool LineFile::Fill()
         Fail("read", errno);
     }
     m_end += count;
+    m_isLarge = m_end == m_size;
     return count != 0;
 }
 
 void LineFile::BeginReading()
 {
     if (m_buffer == nullptr) {
-        GrowBuffer(BlockSize);
+        GrowBuffer(FirstBlockSize);
     }
     if (m_isWriting) {
         WriteOut();
@@ -171,7 +183,7 @@ void LineFile::BeginWriting()
         throw CFileException("cannot write: the file is not open");
     }
     if (m_buffer == nullptr) {
-        GrowBuffer(BlockSize);
+        GrowBuffer(FirstBlockSize);
     }
     if (!m_isWriting) {
         // What was read ahead has not been read yet as far as the caller knows.
@@ -184,8 +196,11 @@ void LineFile::BeginWriting()
 
 void LineFile::GrowBuffer(std::size_t size)
 {
-    // Filled with zeros once, so that what is read ahead of a line has always been written.
-    std::unique_ptr<char[]> larger(new char[ReadAhead + size + ReadAhead]());
+    // Zeros, so that what is read ahead of a line has always been written.
+    Bytes larger(static_cast<char *>(std::calloc(ReadAhead + size + ReadAhead, 1)));
+    if (larger == nullptr) {
+        throw std::bad_alloc();
+    }
     if (m_buffer != nullptr && m_end != 0) {
         std::memcpy(larger.get() + ReadAhead, m_buffer, m_end);
     }

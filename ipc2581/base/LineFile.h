@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdio>
+#include <cstdlib>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -80,16 +81,22 @@ private:
     void WriteOut();
     [[noreturn]] void Fail(const char * what, int cause);
 
+    struct Freer {
+        void operator()(char * bytes) const { std::free(bytes); }
+    };
+    using Bytes = std::unique_ptr<char[], Freer>;
+
     std::FILE * m_file = nullptr;
     std::string m_path;
     // While reading, begin to end is what has been read and not yet handed out; while writing, 0 to end is what
     // has not yet been written.
-    std::unique_ptr<char[]> m_storage;
+    Bytes m_storage;
     char * m_buffer = nullptr;
     std::size_t m_size = 0;
     std::size_t m_begin = 0;
     std::size_t m_end = 0;
     bool m_isWriting = false;
+    bool m_isLarge = false;  // the last read has filled the buffer
     ObjectBlocks m_blocks;
     TokenList m_tokens{m_blocks};
     FirstTokenMemory m_firstTokens;

@@ -13,7 +13,7 @@ namespace ipc2581::detail {
 IPC2581_API double ParseDouble(std::string_view text);
 
 // The same, faster, for a text with eight readable bytes in front of its end.
-double ParseDoubleAhead(std::string_view text);
+IPC2581_API double ParseDoubleAhead(std::string_view text);
 
 // What atoi gives; a number beyond the range of int gives the nearest int.
 IPC2581_API int ParseInteger(std::string_view text);

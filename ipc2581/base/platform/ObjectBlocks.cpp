@@ -10,9 +10,13 @@
 namespace ipc2581::detail {
 namespace {
 
-// A block stands at a multiple of its size, so that it is found from the address of anything in it. It is as large as
-// what the system can map in one piece; of a block that is hardly used hardly anything becomes memory.
-constexpr std::size_t BlockSize = std::size_t(1) << 21;
+// A block stands at a multiple of its size, so that it is found from the address of anything in it.
+constexpr std::size_t BlockSize = std::size_t(1) << 15;
+
+// The first blocks are the heap's. A region is as large as what the system can map in one piece.
+constexpr std::uint32_t BlocksOfHeap = 32;
+constexpr std::uint32_t BlocksOfRegion = 64;
+constexpr std::size_t RegionSize = BlocksOfRegion * BlockSize;
 
 // Sanitizers are to see each object as an allocation of its own.
 #if defined(__SANITIZE_ADDRESS__)
@@ -47,44 +51,38 @@ char * Map(std::size_t size)
     return static_cast<char *>(memory);
 }
 
-bool IsAligned(const char * memory)
+void * AllocateRegion()
 {
-    return reinterpret_cast<std::uintptr_t>(memory) % BlockSize == 0;
+    char * region = Map(RegionSize);
+    const auto beyond = [](const char * memory) { return reinterpret_cast<std::uintptr_t>(memory) % RegionSize; };
+    // Systems tend to place a mapping of this size well by themselves.
+    if (beyond(region) != 0) {
+        Unmap(region, region + RegionSize);
+        char * const wide = Map(2 * RegionSize);
+        region = wide + RegionSize - beyond(wide);
+        Unmap(wide, region);
+        Unmap(region + RegionSize, wide + 2 * RegionSize);
+    }
+    // Memory in one piece costs a fraction of the time of single pages.
+    static_cast<void>(madvise(region, RegionSize, MADV_HUGEPAGE));
+    return region;
 }
 
-// Systems tend to place a mapping of this size well by themselves.
-void * AllocateBlock(bool isLargeModel)
+void FreeRegion(void * region) noexcept
 {
-    char * block = Map(BlockSize);
-    if (!IsAligned(block)) {
-        Unmap(block, block + BlockSize);
-        char * const wide = Map(2 * BlockSize);
-        block = wide + BlockSize - reinterpret_cast<std::uintptr_t>(wide) % BlockSize;
-        Unmap(wide, block);
-        Unmap(block + BlockSize, wide + 2 * BlockSize);
-    }
-    // Memory in one piece costs a fraction of the time of single pages; a small model does without the waste.
-    if (isLargeModel) {
-        static_cast<void>(madvise(block, BlockSize, MADV_HUGEPAGE));
-    }
-    return block;
-}
-
-void FreeBlock(void * block) noexcept
-{
-    Unmap(static_cast<char *>(block), static_cast<char *>(block) + BlockSize);
+    Unmap(static_cast<char *>(region), static_cast<char *>(region) + RegionSize);
 }
 
 #else
 
-void * AllocateBlock(bool /*isLargeModel*/)
+void * AllocateRegion()
 {
-    return ::operator new(BlockSize, std::align_val_t(BlockSize));
+    return ::operator new(RegionSize, std::align_val_t(BlockSize));
 }
 
-void FreeBlock(void * block) noexcept
+void FreeRegion(void * region) noexcept
 {
-    ::operator delete(block, std::align_val_t(BlockSize));
+    ::operator delete(region, std::align_val_t(BlockSize));
 }
 
 #endif
@@ -92,20 +90,44 @@ void FreeBlock(void * block) noexcept
 }  // namespace
 
 struct ObjectBlocks::Block {
+    explicit Block(Block * first) : region(first) {}
+
     std::atomic<std::uint32_t> alive = WhileOpen;
+    std::atomic<std::uint32_t> blocksOfRegion = BlocksOfRegion;
+    Block * const region;  // its first block; null if the block is the heap's
 
     void Lose(std::uint32_t count) noexcept
     {
-        if (alive.fetch_sub(count, std::memory_order_acq_rel) == count) {
-            this->~Block();
-            FreeBlock(this);
+        if (alive.fetch_sub(count, std::memory_order_acq_rel) != count) {
+            return;
+        }
+        if (region == nullptr) {
+            ::operator delete(this, std::align_val_t(BlockSize));
+        }
+        else {
+            region->LoseBlocks(1);
+        }
+    }
+    // Of the first block of a region, which counts all of them.
+    void LoseBlocks(std::uint32_t count) noexcept
+    {
+        if (blocksOfRegion.fetch_sub(count, std::memory_order_acq_rel) == count) {
+            FreeRegion(this);
         }
     }
 };
 
+ObjectBlocks::~ObjectBlocks()
+{
+    Close();
+    if (m_blocksLeft != 0) {
+        m_region->LoseBlocks(m_blocksLeft);
+    }
+}
+
 void * ObjectBlocks::TakeElsewhere(std::size_t size)
 {
-    constexpr std::size_t largest = BlockSize / 64;
+    constexpr std::size_t largest = BlockSize / 16;
     if (!UsesBlocks || size > largest) {
         return ::operator new(size);
     }
@@ -126,14 +148,25 @@ void ObjectBlocks::Release(void * object) noexcept
 
 void ObjectBlocks::Open()
 {
-    constexpr std::size_t offset = Step / 2;
-    static_assert(sizeof(Block) <= offset);
-    void * const memory = AllocateBlock(m_opened != 0);
-    m_block = new (memory) Block();
-    m_next = static_cast<char *>(memory) + offset;
+    constexpr std::size_t offset = (sizeof(Block) + Step - 1) / Step * Step + Step / 2;
+    m_block = TakeBlock();
+    m_next = reinterpret_cast<char *>(m_block) + offset;
     m_left = BlockSize - offset;
     m_taken = 0;
     ++m_opened;
+}
+
+ObjectBlocks::Block * ObjectBlocks::TakeBlock()
+{
+    if (m_opened < BlocksOfHeap) {
+        return new (::operator new(BlockSize, std::align_val_t(BlockSize))) Block(nullptr);
+    }
+    if (m_blocksLeft == 0) {
+        m_region = static_cast<Block *>(AllocateRegion());
+        m_blocksLeft = BlocksOfRegion;
+    }
+    const std::size_t index = BlocksOfRegion - m_blocksLeft--;
+    return new (reinterpret_cast<char *>(m_region) + index * BlockSize) Block(m_region);
 }
 
 void ObjectBlocks::Close() noexcept

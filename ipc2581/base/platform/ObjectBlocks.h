@@ -8,14 +8,15 @@
 
 namespace ipc2581::detail {
 
-// Memory for what a reader makes: its objects and their longer texts stand side by side in large blocks, and each block
-// goes when the last thing in it has been deleted. What comes from a block and what a host has made by itself are told
-// apart by their addresses, so that both are deleted alike, one by one, in any order and on any thread, also when the
-// reader is long gone.
+// Memory for what a reader makes: its objects and their longer texts stand side by side in blocks, and each block goes
+// when the last thing in it has been deleted. The blocks of a larger model are pieces of regions, which the system
+// gives and gets back in one piece. What comes from a block and what a host has made by itself are told apart by their
+// addresses, so that both are deleted alike, one by one, in any order and on any thread, also when the reader is long
+// gone.
 class IPC2581_API ObjectBlocks {
 public:
     ObjectBlocks() = default;
-    ~ObjectBlocks() { Close(); }
+    ~ObjectBlocks();
     ObjectBlocks(const ObjectBlocks &) = delete;
     ObjectBlocks & operator=(const ObjectBlocks &) = delete;
 
@@ -43,13 +44,17 @@ private:
 
     void * TakeElsewhere(std::size_t size);
     void Open();
+    Block * TakeBlock();
     void Close() noexcept;
 
     Block * m_block = nullptr;
     char * m_next = nullptr;
     std::size_t m_left = 0;
     std::uint32_t m_taken = 0;
+    // How many blocks there have been, and the rest of the region.
     std::uint32_t m_opened = 0;
+    std::uint32_t m_blocksLeft = 0;
+    Block * m_region = nullptr;
 };
 
 // Base of the classes whose objects may come from blocks: new (blocks) CPointD(), or plain new as ever.
