@@ -1,6 +1,5 @@
 #include "ipc2581/base/AttributeScan.h"
 
-#include <algorithm>
 #include <cstdint>
 
 #include "ipc2581/base/Scan.h"
@@ -40,13 +39,12 @@ bool IsTail(const char * at, const char * end)
 
 // A token of the form key="value" has one "=", so a word that ends in one is held exactly if the key and its "=" end in
 // it.
-void TestPlain(const TokenList & tokens, std::string_view keyWithEqual, std::string_view value, Attributes rows)
+void TestPlain(std::string_view keyWithEqual, AttributeHit & value, Attributes rows)
 {
     const std::uint64_t tail = Word::Tail(keyWithEqual.data() + keyWithEqual.size());
     for (const Attribute & row : rows) {
         if (row.word.MayEnd(tail) && row.word.Ends(keyWithEqual)) {
-            AttributeHit hit(tokens, value);
-            row.store(hit, row.field);
+            row.store(value, row.field);
             return;
         }
     }
@@ -56,43 +54,35 @@ void TestPlain(const TokenList & tokens, std::string_view keyWithEqual, std::str
 bool ScanPlain(const TokenList & tokens, std::string_view rest, Attributes first, Attributes second)
 {
     const char * const end = rest.data() + rest.size();
+    AttributeHit value(tokens);
     SpecialWalk walk(rest.data(), end);
-    for (const char * blank = walk.Next(); blank < end;) {
-        const char * const key = blank + 1;
-        const char * const equal = walk.Next();
-        if (equal >= end) {
-            return true;
-        }
-        if (equal == key) {
-            if (*equal != ' ') {
-                return IsTail(equal, end);
+    walk.Skip();
+    for (const char * key = rest.data() + 1; key < end;) {
+        const auto [equal, quote] = walk.FirstAndThird(key);
+        const bool isAttribute = equal != key && *equal == '=' && equal[1] == '"' && *quote == '"' && quote < end;
+        if (!isAttribute) {
+            if (equal == key && *equal == ' ') {
+                walk.Restart(++key);
+                continue;
             }
-            blank = equal;
-            continue;
-        }
-        if (*equal != '=' || walk.Next() != equal + 1 || equal[1] != '"') {
-            return false;
-        }
-        const char * const value = equal + 2;
-        const char * const quote = walk.Next();
-        if (quote >= end || *quote != '"') {
-            return false;
+            return equal == key ? IsTail(equal, end) : equal >= end;
         }
         const char * const behind = quote + 1;
         const bool isLast = behind == end || *behind != ' ';
         if (isLast && !IsTail(behind, end)) {
             return false;
         }
+        value.SetPlain({equal + 2, static_cast<std::size_t>(quote - equal - 2)});
         const std::string_view keyWithEqual(key, static_cast<std::size_t>(equal + 1 - key));
-        const std::string_view text(value, static_cast<std::size_t>(quote - value));
-        TestPlain(tokens, keyWithEqual, text, first);
+        TestPlain(keyWithEqual, value, first);
         if (second.size() != 0) {
-            TestPlain(tokens, keyWithEqual, text, second);
+            TestPlain(keyWithEqual, value, second);
         }
         if (isLast) {
             return true;
         }
-        blank = walk.Next();
+        walk.Skip();
+        key = behind + 1;
     }
     return true;
 }
@@ -100,7 +90,12 @@ bool ScanPlain(const TokenList & tokens, std::string_view rest, Attributes first
 // Any other word may be held by the first token, or by one without "=".
 bool AreAttributes(Attributes rows)
 {
-    return std::all_of(rows.begin(), rows.end(), [](const Attribute & row) { return row.word.IsAttribute(); });
+    for (const Attribute & row : rows) {
+        if (!row.word.IsAttribute()) {
+            return false;
+        }
+    }
+    return true;
 }
 
 }  // namespace

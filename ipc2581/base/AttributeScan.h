@@ -16,8 +16,9 @@ class AttributeHit {
 public:
     // A token of a list.
     AttributeHit(const TokenList & tokens, int & index) : m_tokens(tokens), m_index(&index), m_text(tokens[index]) {}
-    // A token that is known to hold nothing beside its key and this value.
-    AttributeHit(const TokenList & tokens, std::string_view value) : m_tokens(tokens), m_text(value) {}
+    // A token that is known to hold nothing beside its key and its value.
+    explicit AttributeHit(const TokenList & tokens) : m_tokens(tokens) {}
+    void SetPlain(std::string_view value) { m_text = value; }
 
     // The token as it stands, without taking a value. Asked only of rows whose word has no "=".
     bool TokenHolds(std::string_view word) const { return HoldsText(m_text, word); }

@@ -28,15 +28,15 @@ const FirstToken & FirstTokenMemory::FindLong(std::string_view token)
     return m_long;
 }
 
-// The place beside an entry keeps what was here, so that two that take turns do not drive each other out.
-const FirstToken & FirstTokenMemory::FindBeside(Entry & entry, std::string_view token)
+// The place beside an entry keeps what was in it, so that two tokens that take turns do not drive each other out.
+const FirstToken & FirstTokenMemory::FindBeside(Entry & entry, const ShortText & text, std::string_view token)
 {
-    const ShortText text(token);
-    const std::size_t place = static_cast<std::size_t>(&entry - m_entries.data());
-    std::swap(entry, m_entries[place ^ 1]);
-    if (!entry.Is(text, token.size())) {
-        entry = {text, token.size(), Examine(token)};
+    Entry & beside = m_entries[static_cast<std::size_t>(&entry - m_entries.data()) ^ 1];
+    if (beside.Is(text, token.size())) {
+        return beside.token;
     }
+    beside = entry;
+    entry = {text, token.size(), Examine(token)};
     return entry.token;
 }
 

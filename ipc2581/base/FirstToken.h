@@ -8,7 +8,6 @@
 #include <cstring>
 #include <functional>
 #include <string_view>
-#include <utility>
 
 #include "ipc2581/base/Word.h"
 
@@ -96,7 +95,7 @@ public:
         }
         const ShortText text(token);
         Entry & entry = m_entries[text.Hash()];
-        return entry.Is(text, token.size()) ? entry.token : FindBeside(entry, token);
+        return entry.Is(text, token.size()) ? entry.token : FindBeside(entry, text, token);
     }
 
 private:
@@ -109,7 +108,7 @@ private:
     };
 
     const FirstToken & FindLong(std::string_view token);
-    const FirstToken & FindBeside(Entry & entry, std::string_view token);
+    const FirstToken & FindBeside(Entry & entry, const ShortText & text, std::string_view token);
 
     std::array<Entry, ShortText::Hashes> m_entries;
     FirstToken m_long;

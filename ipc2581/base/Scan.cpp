@@ -10,15 +10,6 @@ Token FindFarToken(const char * at, const char * end)
     return {start, FindBlank(start, end)};
 }
 
-bool SpecialWalk::Refill()
-{
-    while (m_bits == 0 && m_end - m_step > StepSize) {
-        m_step += StepSize;
-        m_bits = SpecialBits(m_step);
-    }
-    return m_bits != 0;
-}
-
 }  // namespace ipc2581::detail
 
 #endif

@@ -117,27 +117,44 @@ inline Token FindToken(const char * at, const char * end)
     return {start, std::min(at + BitsBelow(fromStart), end)};
 }
 
-// Walks over a text from one character that is not ordinary to the next.
+// Walks over the characters of a text that are not ordinary.
 class SpecialWalk {
 public:
-    SpecialWalk(const char * at, const char * end) : m_step(at), m_end(end), m_bits(SpecialBits(at)) {}
+    SpecialWalk(const char * at, const char * /*end*/) : m_step(at), m_bits(SpecialBits(at)) {}
 
-    // The next one. There is none if it is the end, or lies behind it.
-    const char * Next()
+    // Goes on from another place.
+    void Restart(const char * at)
     {
-        if (m_bits == 0 && !Refill()) {
-            return m_end;
+        m_step = at;
+        m_bits = SpecialBits(at);
+    }
+    // Leaves out the next one.
+    void Skip() { m_bits &= m_bits - 1; }
+    // The next one and the third from here, behind which the walk stands then. They may lie behind the end. Where there
+    // are no three of them nearby, both are the place that is handed in, at which the walk goes on.
+    std::pair<const char *, const char *> FirstAndThird(const char * at)
+    {
+        std::uint64_t fromThird = FromThird();
+        if (fromThird == 0) {
+            Restart(at);
+            fromThird = FromThird();
+            if (fromThird == 0) {
+                return {at, at};
+            }
         }
-        const char * const found = m_step + BitsBelow(m_bits);
-        m_bits &= m_bits - 1;
-        return found;
+        const char * const first = m_step + BitsBelow(m_bits);
+        m_bits = fromThird & (fromThird - 1);
+        return {first, m_step + BitsBelow(fromThird)};
     }
 
 private:
-    bool Refill();
+    std::uint64_t FromThird() const
+    {
+        const std::uint64_t fromSecond = m_bits & (m_bits - 1);
+        return fromSecond & (fromSecond - 1);
+    }
 
     const char * m_step;
-    const char * m_end;
     std::uint64_t m_bits;
 };
 
@@ -177,15 +194,26 @@ class SpecialWalk {
 public:
     SpecialWalk(const char * at, const char * end) : m_next(at), m_end(end) {}
 
-    const char * Next()
+    void Restart(const char * at) { m_next = at; }
+    void Skip() { m_next = std::min(SkipOrdinary(m_next) + 1, m_end); }
+    std::pair<const char *, const char *> FirstAndThird(const char * at)
     {
-        while (m_next != m_end && Ordinary[static_cast<unsigned char>(*m_next)]) {
-            ++m_next;
+        const char * const first = SkipOrdinary(at);
+        const char * const second = SkipOrdinary(std::min(first + 1, m_end));
+        const char * const third = SkipOrdinary(std::min(second + 1, m_end));
+        if (third == m_end) {
+            return {at, at};
         }
-        return m_next == m_end ? m_end : m_next++;
+        m_next = third + 1;
+        return {first, third};
     }
 
 private:
+    const char * SkipOrdinary(const char * at) const
+    {
+        return std::find_if_not(at, m_end, [](char ch) { return Ordinary[static_cast<unsigned char>(ch)]; });
+    }
+
     const char * m_next;
     const char * m_end;
 };
