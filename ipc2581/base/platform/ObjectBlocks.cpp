@@ -21,13 +21,13 @@ constexpr std::size_t RegionSize = BlocksOfRegion * BlockSize;
 // Sanitizers are to see each object as an allocation of its own.
 #if defined(__SANITIZE_ADDRESS__)
 constexpr bool HasSanitizer = true;
-#elif defined(__has_feature)
-constexpr bool HasSanitizer =
-    __has_feature(address_sanitizer) || __has_feature(leak_sanitizer) || __has_feature(memory_sanitizer);
+#elif !defined(__has_feature)
+constexpr bool HasSanitizer = false;
+#elif __has_feature(address_sanitizer) || __has_feature(leak_sanitizer) || __has_feature(memory_sanitizer)
+constexpr bool HasSanitizer = true;
 #else
 constexpr bool HasSanitizer = false;
 #endif
-
 constexpr bool UsesBlocks = !HasSanitizer && __STDCPP_DEFAULT_NEW_ALIGNMENT__ >= 16;
 
 // More than a block can ever hold: what an open block counts beside its living objects.
