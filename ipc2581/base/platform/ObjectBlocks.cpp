@@ -14,7 +14,7 @@ namespace {
 constexpr std::size_t BlockSize = std::size_t(1) << 15;
 
 // The first blocks are the heap's. A region is as large as what the system can map in one piece.
-constexpr std::uint32_t BlocksOfHeap = 32;
+constexpr std::uint32_t BlocksOfHeap = 64;
 constexpr std::uint32_t BlocksOfRegion = 64;
 constexpr std::size_t RegionSize = BlocksOfRegion * BlockSize;
 
