@@ -22,6 +22,7 @@
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/base/platform/CString.h"
 #include "tests/support/Files.h"
+#include "tests/support/Sanitizers.h"
 
 namespace {
 
@@ -40,16 +41,9 @@ using ipc2581::detail::Text;
 using ipc2581::detail::TokenList;
 using ipc2581::detail::Word;
 using ipc2581::tests::Bytes;
+using ipc2581::tests::HasSanitizer;
 using ipc2581::tests::Str;
 using ipc2581::tests::TempFolder;
-
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr bool HasSanitizer = true;
-#elif defined(__has_feature)
-constexpr bool HasSanitizer = __has_feature(address_sanitizer) || __has_feature(thread_sanitizer);
-#else
-constexpr bool HasSanitizer = false;
-#endif
 
 // The portable build of the vocabulary is tested beside the one that is shipped.
 #if defined(IPC2581_PORTABLE)

@@ -1,9 +1,12 @@
 #include "ipc2581/base/Scan.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <random>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -29,11 +32,6 @@ bool IsOrdinary(char ch)
     return std::string_view(" \"=<>/").find(ch) == std::string_view::npos;
 }
 
-const char * FindSpecial(const char * at, const char * end)
-{
-    return std::min(SpecialWalk(at, end).Next(), end);
-}
-
 class Scan : public testing::TestWithParam<Search> {
 protected:
     // Searches a text between two margins, in which every byte is one that the search stops at.
@@ -57,7 +55,6 @@ protected:
 INSTANTIATE_TEST_SUITE_P(Searches, Scan,
                          testing::Values(Search{"SkipBlanks", &SkipBlanks, [](char ch) { return ch != ' '; }},
                                          Search{"FindBlank", &FindBlank, [](char ch) { return ch == ' '; }},
-                                         Search{"FindSpecial", &FindSpecial, [](char ch) { return !IsOrdinary(ch); }},
                                          Search{"FindLineFeed", &FindLineFeed, [](char ch) { return ch == '\n'; }}),
                          [](const testing::TestParamInfo<Search> & search) { return search.param.name; });
 
@@ -130,26 +127,75 @@ TEST(FindToken, FindsTheFirstRunOfOtherCharactersThanBlanks)
     }
 }
 
-TEST(SpecialWalk, StopsAtEachCharacterThatIsNotOrdinary)
+// The places of the characters that are not ordinary.
+std::vector<std::ptrdiff_t> Specials(std::string_view text)
+{
+    std::vector<std::ptrdiff_t> specials;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (!IsOrdinary(text[i])) {
+            specials.push_back(static_cast<std::ptrdiff_t>(i));
+        }
+    }
+    return specials;
+}
+
+using Places = std::pair<std::ptrdiff_t, std::ptrdiff_t>;
+
+Places FirstAndThird(SpecialWalk & walk, const char * begin, std::ptrdiff_t from)
+{
+    const auto [first, third] = walk.FirstAndThird(begin + from);
+    return {first - begin, third - begin};
+}
+
+TEST(SpecialWalk, TellsEveryByteApart)
+{
+    for (int ch = 0; ch < 256; ++ch) {
+        const std::string text = std::string(1, static_cast<char>(ch)) + "a=a\"a\"" + std::string(ReadAhead, 'a');
+        const char * const begin = text.data();
+        SpecialWalk walk(begin, begin + 8);
+        EXPECT_EQ(FirstAndThird(walk, begin, 0), IsOrdinary(static_cast<char>(ch)) ? Places(2, 6) : Places(0, 4)) << ch;
+    }
+}
+
+TEST(SpecialWalk, TakesThreeAtATime)
 {
     std::mt19937 random(2581);
     for (int i = 0; i < 20000; ++i) {
-        std::string text(random() % 300, 'a');
-        for (std::size_t count = random() % 20; count > 0 && !text.empty(); --count) {
-            text[random() % text.size()] = " \"=<>/?!\n"[random() % 9];
+        std::string text;
+        for (std::size_t count = random() % 30; count > 0; --count) {
+            text.append(random() % 20, 'a').append(1, " \"=<>/"[random() % 6]);
         }
-        for (const char behind : {'a', '='}) {
-            const std::string buffer = text + std::string(ReadAhead, behind);
-            const char * const end = buffer.data() + text.size();
-            SpecialWalk walk(buffer.data(), end);
-            for (const char * at = buffer.data(); at != end; ++at) {
-                if (!IsOrdinary(*at)) {
-                    ASSERT_EQ(walk.Next() - buffer.data(), at - buffer.data()) << text;
-                }
+        const std::vector<std::ptrdiff_t> specials = Specials(text);
+        const std::string buffer = text + std::string(ReadAhead, 'a');
+        const char * const begin = buffer.data();
+        SpecialWalk walk(begin, begin + text.size());
+        std::ptrdiff_t from = 0;
+        std::size_t next = 0;
+        while (next + 2 < specials.size()) {
+            ASSERT_EQ(FirstAndThird(walk, begin, from), Places(specials[next], specials[next + 2])) << text;
+            from = specials[next + 2] + 1;
+            next += 3;
+            if (next < specials.size() && random() % 2 == 0) {
+                walk.Skip();
+                from = specials[next++] + 1;
             }
-            ASSERT_GE(walk.Next(), end) << text;
-            ASSERT_GE(walk.Next(), end) << text;
+            if (random() % 4 == 0) {
+                walk.Restart(begin + from);
+            }
         }
+        ASSERT_EQ(FirstAndThird(walk, begin, from), Places(from, from)) << text;
+    }
+}
+
+TEST(SpecialWalk, MayStayWhereItIsIfTheThirdIsFarAway)
+{
+    for (std::size_t distance = 0; distance <= 200; ++distance) {
+        const std::string text = "a=\"" + std::string(distance, 'a') + "\" ";
+        const std::string buffer = text + std::string(ReadAhead, 'a');
+        SpecialWalk walk(buffer.data(), buffer.data() + text.size());
+        const Places places = FirstAndThird(walk, buffer.data(), 0);
+        const Places expected(1, static_cast<std::ptrdiff_t>(distance) + 3);
+        EXPECT_TRUE(places == expected || (places == Places(0, 0) && distance > 60)) << distance;
     }
 }
 

@@ -305,7 +305,8 @@ char * CString::Allocate(std::size_t length, ipc2581::detail::ObjectBlocks * blo
         throw std::bad_alloc();
     }
     const std::size_t size = HeapSize(length);
-    HeapText * const heap = static_cast<HeapText *>(blocks == nullptr ? ::operator new(size) : blocks->Take(size));
+    HeapText * const heap = static_cast<HeapText *>(blocks == nullptr ? ipc2581::detail::ObjectBlocks::TakeAlone(size)
+                                                                      : blocks->Take(size));
     std::memcpy(m_bytes + AddressAt, &heap, sizeof(heap));
     SetLength(length);
     return HeapData();

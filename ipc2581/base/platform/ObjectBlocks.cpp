@@ -129,7 +129,7 @@ void * ObjectBlocks::TakeElsewhere(std::size_t size)
 {
     constexpr std::size_t largest = BlockSize / 16;
     if (!UsesBlocks || size > largest) {
-        return ::operator new(size);
+        return TakeAlone(size);
     }
     Close();
     Open();

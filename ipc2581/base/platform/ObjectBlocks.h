@@ -1,8 +1,10 @@
 #ifndef IPC2581_BASE_PLATFORM_OBJECTBLOCKS_H
 #define IPC2581_BASE_PLATFORM_OBJECTBLOCKS_H
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <new>
 
 #include "ipc2581/base/Export.h"
 
@@ -33,6 +35,12 @@ public:
         ++m_taken;
         return object;
     }
+    // Room of its own for an object. A heap may place what is smaller than a step where a block would have it.
+    template <typename... NoThrow>
+    static void * TakeAlone(std::size_t size, const NoThrow &... noThrow)
+    {
+        return ::operator new(std::max(size, Step), noThrow...);
+    }
     // Gives the room of an object back, wherever it came from.
     static void Release(void * object) noexcept;
 
@@ -60,10 +68,18 @@ private:
 // Base of the classes whose objects may come from blocks: new (blocks) CPointD(), or plain new as ever.
 class FromBlocks {
 public:
-    static void * operator new(std::size_t size) { return ::operator new(size); }
+    static void * operator new(std::size_t size) { return ObjectBlocks::TakeAlone(size); }
+    static void * operator new(std::size_t size, const std::nothrow_t & /*none*/) noexcept
+    {
+        return ObjectBlocks::TakeAlone(size, std::nothrow);
+    }
     static void * operator new(std::size_t /*size*/, void * place) noexcept { return place; }
     static void * operator new(std::size_t size, ObjectBlocks & blocks) { return blocks.Take(size); }
     static void operator delete(void * object) noexcept { ObjectBlocks::Release(object); }
+    static void operator delete(void * object, const std::nothrow_t & /*none*/) noexcept
+    {
+        ObjectBlocks::Release(object);
+    }
     static void operator delete(void * /*object*/, void * /*place*/) noexcept {}
     static void operator delete(void * object, ObjectBlocks & /*blocks*/) noexcept { ObjectBlocks::Release(object); }
 };

@@ -7,6 +7,7 @@
 #include <cstring>
 #include <fstream>
 #include <memory>
+#include <new>
 #include <random>
 #include <stdexcept>
 #include <thread>
@@ -17,19 +18,13 @@
 #include "ipc2581/base/PointD.h"
 #include "ipc2581/draw/Point.h"
 #include "ipc2581/draw/PolyStep.h"
+#include "tests/support/Sanitizers.h"
 
 namespace {
 
 using ipc2581::detail::FromBlocks;
 using ipc2581::detail::ObjectBlocks;
-
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr bool HasSanitizer = true;
-#elif defined(__has_feature)
-constexpr bool HasSanitizer = __has_feature(address_sanitizer) || __has_feature(thread_sanitizer);
-#else
-constexpr bool HasSanitizer = false;
-#endif
+using ipc2581::tests::HasSanitizer;
 
 class Base : public FromBlocks {
 public:
@@ -296,6 +291,19 @@ TEST(ObjectBlocks, ReleasesWhatPlainNewMadeAndNothing)
     EXPECT_NO_THROW(delete static_cast<Coordinates *>(nullptr));
 }
 
+// A heap may place objects of up to eight bytes where blocks place theirs.
+TEST(FromBlocks, AsksTheHeapForAStepAtLeast)
+{
+    struct Small : FromBlocks {
+        char byte = 0;
+    };
+    std::vector<std::unique_ptr<Small>> objects(100);
+    for (std::unique_ptr<Small> & object : objects) {
+        object = std::make_unique<Small>();
+        EXPECT_EQ(reinterpret_cast<std::uintptr_t>(object.get()) % 16, 0u);
+    }
+}
+
 // What a host may do with the classes that come from blocks in the library.
 TEST(FromBlocks, LetsAHostMakeObjectsInEveryWay)
 {
@@ -306,6 +314,9 @@ TEST(FromBlocks, LetsAHostMakeObjectsInEveryWay)
     Coordinates * const inPlace = new (place.data()) Coordinates(5, 6);
     EXPECT_EQ(fromBlocks->GetX() + plain->GetX() + inPlace->GetX(), 9);
     inPlace->~Coordinates();
+    const std::unique_ptr<Coordinates> noThrow(new (std::nothrow) Coordinates(7, 8));
+    ASSERT_NE(noThrow, nullptr);
+    EXPECT_EQ(noThrow->GetY(), 8);
     const auto shared = std::make_shared<CIPC2581_Point>();
     const auto many = std::make_unique<Coordinates[]>(100);
     EXPECT_EQ(shared->GetPoint()->GetX(), many[99].GetX());
