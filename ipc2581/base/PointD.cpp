@@ -49,7 +49,7 @@ CArrayPointD * CArrayPointD::clone() const
 
 CArrayArrayPointD::CArrayArrayPointD() = default;
 
-CArrayArrayPointD::CArrayArrayPointD(CArrayArrayPointD const & other) : CExPtrArray()
+CArrayArrayPointD::CArrayArrayPointD(CArrayArrayPointD const & other) : CArrayArrayPointD()
 {
     ipc2581::detail::AppendClones(*this, other);
 }

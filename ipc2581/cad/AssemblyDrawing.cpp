@@ -7,7 +7,11 @@ using namespace ipc2581::detail;
 
 using AssemblyDrawing = CIPC2581_Ecad_CadData_Step_Package_AssemblyDrawing;
 
-AssemblyDrawing::CIPC2581_Ecad_CadData_Step_Package_AssemblyDrawing() : Outline(new CIPC2581_Outline()) {}
+AssemblyDrawing::CIPC2581_Ecad_CadData_Step_Package_AssemblyDrawing()
+    : CIPC2581_Ecad_CadData_Step_Package_AssemblyDrawing(WithoutParts())
+{
+    Outline = new CIPC2581_Outline();
+}
 
 AssemblyDrawing::CIPC2581_Ecad_CadData_Step_Package_AssemblyDrawing(const AssemblyDrawing & /*other*/)
     : CIPC2581_Ecad_CadData_Step_Package_AssemblyDrawing()

@@ -2,6 +2,7 @@
 #define IPC2581_CAD_ASSEMBLYDRAWING_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/WithoutParts.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/cad/Target.h"
@@ -31,6 +32,9 @@ public:
     CIPC2581_Ecad_CadData_Step_Package_AssemblyDrawing * clone() const;
     // Empties text and targets. The outline keeps its contents and takes the draw type of a plain shape.
     void Init();
+
+private:
+    explicit CIPC2581_Ecad_CadData_Step_Package_AssemblyDrawing(ipc2581::detail::WithoutParts /*tag*/) {}
 };
 
 #endif

@@ -90,7 +90,10 @@ std::unique_ptr<CIPC2581_Ecad_CadData_Step_Package_Pin> ReadPin(LineCycle & line
 
 }  // namespace
 
-Package::CIPC2581_Ecad_CadData_Step_Package() : Outline(new CIPC2581_Outline()) {}
+Package::CIPC2581_Ecad_CadData_Step_Package() : CIPC2581_Ecad_CadData_Step_Package(WithoutParts())
+{
+    Outline = new CIPC2581_Outline();
+}
 
 Package::CIPC2581_Ecad_CadData_Step_Package(const Package & other) : CIPC2581_Ecad_CadData_Step_Package()
 {

@@ -3,6 +3,7 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/WithoutParts.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/cad/AssemblyDrawing.h"
@@ -41,6 +42,9 @@ public:
     int GetPackageType(CString text);
     // The full text of a code; that of OTHER for every code outside the table.
     CString GetPackageType(int code);
+
+private:
+    explicit CIPC2581_Ecad_CadData_Step_Package(ipc2581::detail::WithoutParts /*tag*/) {}
 };
 
 // The packages of the board, in file order; owned.

@@ -9,6 +9,7 @@ using namespace ipc2581::detail;
 using PackageOutline = CIPC2581_Ecad_CadData_Step_Package_Outline;
 
 PackageOutline::CIPC2581_Ecad_CadData_Step_Package_Outline()
+    : CIPC2581_Ecad_CadData_Step_Package_Outline(WithoutParts())
 {
     Init();
 }

@@ -2,6 +2,7 @@
 #define IPC2581_CAD_PACKAGEOUTLINE_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/WithoutParts.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/draw/LineDesc.h"
@@ -33,6 +34,9 @@ public:
     // The setters copy the value; the argument stays the caller's.
     void SetLineDesc(CIPC2581_LineDesc * lineDesc) { *LineDesc = *lineDesc; }
     void SetPolygon(CIPC2581_Polygon * polygon) { *Polygon = *polygon; }
+
+private:
+    explicit CIPC2581_Ecad_CadData_Step_Package_Outline(ipc2581::detail::WithoutParts /*tag*/) {}
 };
 
 #endif

@@ -8,14 +8,17 @@
 using namespace ipc2581::detail;
 
 CIPC2581_Ecad_CadData_Step_PadStack::CIPC2581_Ecad_CadData_Step_PadStack()
-    : LayerPadArray(new CIPC2581_Ecad_CadData_Step_PadArray()), LayerHole(new CIPC2581_Ecad_CadData_Step_Hole())
+    : CIPC2581_Ecad_CadData_Step_PadStack(WithoutParts())
 {
+    LayerPadArray = new CIPC2581_Ecad_CadData_Step_PadArray();
+    LayerHole = new CIPC2581_Ecad_CadData_Step_Hole();
 }
 
 CIPC2581_Ecad_CadData_Step_PadStack::CIPC2581_Ecad_CadData_Step_PadStack(ObjectBlocks & blocks)
-    : LayerPadArray(MakeFrom<CIPC2581_Ecad_CadData_Step_PadArray>(blocks)),
-      LayerHole(MakeFrom<CIPC2581_Ecad_CadData_Step_Hole>(blocks))
+    : CIPC2581_Ecad_CadData_Step_PadStack(WithoutParts())
 {
+    LayerPadArray = MakeFrom<CIPC2581_Ecad_CadData_Step_PadArray>(blocks);
+    LayerHole = MakeFrom<CIPC2581_Ecad_CadData_Step_Hole>(blocks);
 }
 
 // Pads and hole are shared, not copied: hosts rely on it.

@@ -3,6 +3,7 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/WithoutParts.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/cad/Hole.h"
@@ -12,8 +13,8 @@
 class IPC2581_API CIPC2581_Ecad_CadData_Step_PadStack : public CIPC2581_XmlDataAdd_Function {
 public:
     CString NetName;
-    CIPC2581_Ecad_CadData_Step_PadArray * LayerPadArray;  // owned
-    CIPC2581_Ecad_CadData_Step_Hole * LayerHole;          // owned
+    CIPC2581_Ecad_CadData_Step_PadArray * LayerPadArray = nullptr;  // owned
+    CIPC2581_Ecad_CadData_Step_Hole * LayerHole = nullptr;          // owned
 
     CIPC2581_Ecad_CadData_Step_PadStack();
     // For a reader: with its parts in the same blocks.
@@ -31,6 +32,9 @@ public:
     CIPC2581_Ecad_CadData_Step_PadArray * GetLayerPadArray() const { return LayerPadArray; }
     // Takes the list over. The one before is not deleted.
     void SetLayerPadArray(CIPC2581_Ecad_CadData_Step_PadArray * pads) { LayerPadArray = pads; }
+
+private:
+    explicit CIPC2581_Ecad_CadData_Step_PadStack(ipc2581::detail::WithoutParts /*tag*/) {}
 };
 
 // The pad stacks of the board, in file order; owned. They are never written.

@@ -9,6 +9,7 @@
 using namespace ipc2581::detail;
 
 CIPC2581_Ecad_CadData_Step_Profile::CIPC2581_Ecad_CadData_Step_Profile()
+    : CIPC2581_Ecad_CadData_Step_Profile(WithoutParts())
 {
     Init();
 }

@@ -2,6 +2,7 @@
 #define IPC2581_CAD_PROFILE_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/WithoutParts.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/draw/DrawObj.h"
@@ -27,6 +28,9 @@ public:
     // Reads the lines behind the opening line up to the one with "/Profile". A second polygon adds its steps to the
     // first.
     void ReadProfile(CStdioFile & file);
+
+private:
+    explicit CIPC2581_Ecad_CadData_Step_Profile(ipc2581::detail::WithoutParts /*tag*/) {}
 };
 
 #endif

@@ -8,8 +8,9 @@
 using namespace ipc2581::detail;
 
 CIPC2581_Ecad_CadData_Step_Package_SilkScreen::CIPC2581_Ecad_CadData_Step_Package_SilkScreen()
-    : Outline(new CIPC2581_Outline())
+    : CIPC2581_Ecad_CadData_Step_Package_SilkScreen(WithoutParts())
 {
+    Outline = new CIPC2581_Outline();
 }
 
 CIPC2581_Ecad_CadData_Step_Package_SilkScreen::~CIPC2581_Ecad_CadData_Step_Package_SilkScreen()

@@ -3,6 +3,7 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/WithoutParts.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/cad/Target.h"
@@ -13,7 +14,7 @@
 // if a host has filled one.
 class IPC2581_API CIPC2581_Ecad_CadData_Step_Package_SilkScreen : public CIPC2581_XmlDataAdd_Function {
 public:
-    CIPC2581_Outline * Outline;  // owned and never null
+    CIPC2581_Outline * Outline = nullptr;  // owned and never null
     CIPC2581_Text Text;
     CIPC2581_Ecad_CadData_Step_TargetArray TargetArray;
 
@@ -26,6 +27,9 @@ public:
 
     // Reads the targets up to the line with "/SilkScreen".
     void SilkScreenAdd(CStdioFile & file);
+
+private:
+    explicit CIPC2581_Ecad_CadData_Step_Package_SilkScreen(ipc2581::detail::WithoutParts /*tag*/) {}
 };
 
 // A list of silk screens, for hosts; owned.

@@ -10,8 +10,10 @@
 using namespace ipc2581::detail;
 
 CIPC2581_Ecad_CadData_Step_Target::CIPC2581_Ecad_CadData_Step_Target()
-    : Xform(new CIPC2581_Xform()), DrawObjArray(new CIPC2581_DrawObjArray())
+    : CIPC2581_Ecad_CadData_Step_Target(WithoutParts())
 {
+    Xform = new CIPC2581_Xform();
+    DrawObjArray = new CIPC2581_DrawObjArray();
 }
 
 // Transform and shapes are shared, not copied: hosts rely on it.

@@ -4,6 +4,7 @@
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
 #include "ipc2581/base/PointD.h"
+#include "ipc2581/base/WithoutParts.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/draw/DrawObj.h"
@@ -12,10 +13,10 @@
 // A Target element under a silk screen: a location and the shapes that draw it. Steps have no targets.
 class IPC2581_API CIPC2581_Ecad_CadData_Step_Target : public CIPC2581_XmlDataAdd_Function {
 public:
-    CIPC2581_Xform * Xform;  // owned; a host's own, neither read nor written
+    CIPC2581_Xform * Xform = nullptr;  // owned; a host's own, neither read nor written
     CPointD Location;
-    CString ID = "NONE";                   // a host's own, neither read nor written
-    CIPC2581_DrawObjArray * DrawObjArray;  // owned
+    CString ID = "NONE";                             // a host's own, neither read nor written
+    CIPC2581_DrawObjArray * DrawObjArray = nullptr;  // owned
 
     CIPC2581_Ecad_CadData_Step_Target();
     // A copy shares transform and shapes with its source, and each of the two deletes them: hosts that copy a target
@@ -37,6 +38,9 @@ public:
     void SetID(CString id) { ID = id; }
     CIPC2581_DrawObjArray * GetDrawObjArray() const { return DrawObjArray; }
     void SetDrawObjArray(CIPC2581_DrawObjArray * shapes) { DrawObjArray = shapes; }
+
+private:
+    explicit CIPC2581_Ecad_CadData_Step_Target(ipc2581::detail::WithoutParts /*tag*/) {}
 };
 
 // A list of targets, in file order; owned.

@@ -9,7 +9,7 @@
 
 using namespace ipc2581::detail;
 
-CIPC2581_Content::CIPC2581_Content()
+CIPC2581_Content::CIPC2581_Content() : CIPC2581_Content(WithoutParts())
 {
     Init();
 }

@@ -2,6 +2,7 @@
 #define IPC2581_CONTENT_CONTENT_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/WithoutParts.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/base/platform/CStringArray.h"
@@ -67,6 +68,9 @@ public:
     void ReadDictionaryUser(CArray<CString, CString> & tokens, CStdioFile & file);
     // The unit goes to the standard dictionary.
     void ReadDictionaryColor(CArray<CString, CString> & tokens, CStdioFile & file);
+
+private:
+    explicit CIPC2581_Content(ipc2581::detail::WithoutParts /*tag*/) {}
 };
 
 #endif

@@ -23,7 +23,7 @@ int CIPC2581_DictionaryDrawObj::Export(CStdioFile & /*file*/, int /*level*/)
 CIPC2581_DictionaryDrawObjArray::CIPC2581_DictionaryDrawObjArray() = default;
 
 CIPC2581_DictionaryDrawObjArray::CIPC2581_DictionaryDrawObjArray(const CIPC2581_DictionaryDrawObjArray & other)
-    : CExPtrArray()
+    : CIPC2581_DictionaryDrawObjArray()
 {
     AssignClones(*this, other);
 }

@@ -48,7 +48,8 @@ void EntryColor::EntryColorAdd(CStdioFile & file)
 
 EntryColorArray::CIPC2581_Content_DictionaryColor_EntryColorArray() = default;
 
-EntryColorArray::CIPC2581_Content_DictionaryColor_EntryColorArray(const EntryColorArray & other) : CExPtrArray()
+EntryColorArray::CIPC2581_Content_DictionaryColor_EntryColorArray(const EntryColorArray & other)
+    : CIPC2581_Content_DictionaryColor_EntryColorArray()
 {
     AssignClones(*this, other);
 }

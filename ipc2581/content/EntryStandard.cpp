@@ -133,7 +133,7 @@ void EntryStandard::Init()
 EntryStandardArray::CIPC2581_Content_DictionaryStandard_EntryStandardArray() = default;
 
 EntryStandardArray::CIPC2581_Content_DictionaryStandard_EntryStandardArray(const EntryStandardArray & other)
-    : CExPtrArray()
+    : CIPC2581_Content_DictionaryStandard_EntryStandardArray()
 {
     AssignClones(*this, other);
 }

@@ -48,7 +48,8 @@ void EntryUser::Init()
 
 EntryUserArray::CIPC2581_Content_DictionaryUser_EntryUserArray() = default;
 
-EntryUserArray::CIPC2581_Content_DictionaryUser_EntryUserArray(const EntryUserArray & other) : CExPtrArray()
+EntryUserArray::CIPC2581_Content_DictionaryUser_EntryUserArray(const EntryUserArray & other)
+    : CIPC2581_Content_DictionaryUser_EntryUserArray()
 {
     AssignClones(*this, other);
 }

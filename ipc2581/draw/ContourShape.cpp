@@ -4,10 +4,11 @@
 
 namespace ipc2581::detail {
 
-ContourShape::ContourShape(ObjectBlocks & blocks, int drawType)
-    : PolyBegin(MakeFrom<CIPC2581_Point>(blocks)), PolyStepArray(MakeFrom<CIPC2581_PolyStepArray>(blocks))
+ContourShape::ContourShape(ObjectBlocks & blocks, int drawType) : ContourShape()
 {
     DrawType = drawType;
+    PolyBegin = MakeFrom<CIPC2581_Point>(blocks);
+    PolyStepArray = MakeFrom<CIPC2581_PolyStepArray>(blocks);
 }
 
 ContourShape::~ContourShape()

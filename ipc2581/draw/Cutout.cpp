@@ -1,5 +1,7 @@
 #include "ipc2581/draw/Cutout.h"
 
+#include <memory>
+
 #include "ipc2581/base/LineTemplate.h"
 #include "ipc2581/draw/PolyContour.h"
 
@@ -59,8 +61,9 @@ CIPC2581_CutoutArray::CIPC2581_CutoutArray()
 }
 
 // The draw type of a copy stays that of a plain shape.
-CIPC2581_CutoutArray::CIPC2581_CutoutArray(const CIPC2581_CutoutArray & other) : CIPC2581_DrawObj(), CExPtrArray()
+CIPC2581_CutoutArray::CIPC2581_CutoutArray(const CIPC2581_CutoutArray & other) : CIPC2581_CutoutArray()
 {
+    CIPC2581_DrawObj::Init();
     CIPC2581_CutoutArray::operator=(other);
 }
 
@@ -81,7 +84,7 @@ CIPC2581_CutoutArray & CIPC2581_CutoutArray::operator=(const CIPC2581_CutoutArra
     }
     DeleteAll();
     for (std::int64_t i = 0; i < other.GetSize(); ++i) {
-        Add(other.GetAt(i)->clone());
+        ipc2581::detail::Append(*this, std::unique_ptr<CIPC2581_Cutout>(other.GetAt(i)->clone()));
     }
     return *this;
 }

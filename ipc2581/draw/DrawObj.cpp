@@ -68,7 +68,7 @@ CString CIPC2581_DrawObj::GetShapeType(int code)
 
 CIPC2581_DrawObjArray::CIPC2581_DrawObjArray() = default;
 
-CIPC2581_DrawObjArray::CIPC2581_DrawObjArray(const CIPC2581_DrawObjArray & other) : CExPtrArray()
+CIPC2581_DrawObjArray::CIPC2581_DrawObjArray(const CIPC2581_DrawObjArray & other) : CIPC2581_DrawObjArray()
 {
     ipc2581::detail::AssignClones(*this, other);
 }

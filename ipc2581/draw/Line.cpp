@@ -6,17 +6,17 @@
 
 using namespace ipc2581::detail;
 
-CIPC2581_Line::CIPC2581_Line()
+CIPC2581_Line::CIPC2581_Line() : CIPC2581_Line(WithoutParts())
 {
     CIPC2581_Line::Init();
 }
 
-CIPC2581_Line::CIPC2581_Line(ObjectBlocks & blocks)
-    : StartPoint(MakeFrom<CIPC2581_Point>(blocks)),
-      EndPoint(MakeFrom<CIPC2581_Point>(blocks)),
-      LineDesc(MakeFrom<CIPC2581_LineDesc>(blocks))
+CIPC2581_Line::CIPC2581_Line(ObjectBlocks & blocks) : CIPC2581_Line(WithoutParts())
 {
     DrawType = 18;
+    StartPoint = MakeFrom<CIPC2581_Point>(blocks);
+    EndPoint = MakeFrom<CIPC2581_Point>(blocks);
+    LineDesc = MakeFrom<CIPC2581_LineDesc>(blocks);
 }
 
 CIPC2581_Line::CIPC2581_Line(const CIPC2581_Line & other) : CIPC2581_Line()

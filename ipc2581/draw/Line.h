@@ -2,6 +2,7 @@
 #define IPC2581_DRAW_LINE_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/WithoutParts.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/draw/DrawObj.h"
 #include "ipc2581/draw/LineDesc.h"
@@ -42,6 +43,9 @@ public:
     void SetEndPoint(CIPC2581_Point * point) { *EndPoint = *point; }
     void SetLineDesc(CIPC2581_LineDesc * lineDesc) { *LineDesc = *lineDesc; }
     void SetData(double x1, double y1, double x2, double y2, CIPC2581_LineDesc * desc);
+
+private:
+    explicit CIPC2581_Line(ipc2581::detail::WithoutParts /*tag*/) {}
 };
 
 #endif

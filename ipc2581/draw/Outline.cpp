@@ -6,7 +6,7 @@
 
 using namespace ipc2581::detail;
 
-CIPC2581_Outline::CIPC2581_Outline()
+CIPC2581_Outline::CIPC2581_Outline() : CIPC2581_Outline(WithoutParts())
 {
     CIPC2581_Outline::InIt();
 }

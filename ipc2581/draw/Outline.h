@@ -2,6 +2,7 @@
 #define IPC2581_DRAW_OUTLINE_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/WithoutParts.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/draw/DrawObj.h"
 #include "ipc2581/draw/LineDesc.h"
@@ -36,6 +37,9 @@ public:
     // The setters copy the value; the argument stays the caller's.
     void SetPolygon(CIPC2581_Polygon * polygon) { *Polygon = *polygon; }
     void SetLineDesc(CIPC2581_LineDesc * lineDesc) { *LineDesc = *lineDesc; }
+
+private:
+    explicit CIPC2581_Outline(ipc2581::detail::WithoutParts /*tag*/) {}
 };
 
 namespace ipc2581::detail {

@@ -6,14 +6,15 @@
 
 using namespace ipc2581::detail;
 
-CIPC2581_PolyStep::CIPC2581_PolyStep()
+CIPC2581_PolyStep::CIPC2581_PolyStep() : CIPC2581_PolyStep(WithoutParts())
 {
     Init();
 }
 
-CIPC2581_PolyStep::CIPC2581_PolyStep(ObjectBlocks & blocks)
-    : EndPoint(MakeFrom<CIPC2581_Point>(blocks)), CenterPoint(MakeFrom<CIPC2581_Point>(blocks))
+CIPC2581_PolyStep::CIPC2581_PolyStep(ObjectBlocks & blocks) : CIPC2581_PolyStep(WithoutParts())
 {
+    EndPoint = MakeFrom<CIPC2581_Point>(blocks);
+    CenterPoint = MakeFrom<CIPC2581_Point>(blocks);
 }
 
 CIPC2581_PolyStep::CIPC2581_PolyStep(const CIPC2581_PolyStep & other) : CIPC2581_PolyStep()
@@ -75,7 +76,7 @@ void CIPC2581_PolyStep::Init()
 
 CIPC2581_PolyStepArray::CIPC2581_PolyStepArray() = default;
 
-CIPC2581_PolyStepArray::CIPC2581_PolyStepArray(const CIPC2581_PolyStepArray & other) : CExPtrArray()
+CIPC2581_PolyStepArray::CIPC2581_PolyStepArray(const CIPC2581_PolyStepArray & other) : CIPC2581_PolyStepArray()
 {
     AssignClones(*this, other);
 }

@@ -3,6 +3,7 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/WithoutParts.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/draw/Point.h"
 
@@ -45,6 +46,9 @@ public:
     void SetCenterPoint(CIPC2581_Point * point) { *CenterPoint = *point; }
     void SetCenterPointX(double x) { CenterPoint->SetPoint_X(x); }
     void SetCenterPointY(double y) { CenterPoint->SetPoint_Y(y); }
+
+private:
+    explicit CIPC2581_PolyStep(ipc2581::detail::WithoutParts /*tag*/) {}
 };
 
 // The steps of a contour, owned and copied deeply.

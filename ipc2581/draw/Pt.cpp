@@ -49,7 +49,7 @@ void CIPC2581_Pt::Init()
 
 CIPC2581_PtArray::CIPC2581_PtArray() = default;
 
-CIPC2581_PtArray::CIPC2581_PtArray(const CIPC2581_PtArray & other) : CExPtrArray()
+CIPC2581_PtArray::CIPC2581_PtArray(const CIPC2581_PtArray & other) : CIPC2581_PtArray()
 {
     AssignClones(*this, other);
 }
