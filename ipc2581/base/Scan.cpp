@@ -10,6 +10,19 @@ Token FindFarToken(const char * at, const char * end)
     return {start, FindBlank(start, end)};
 }
 
+std::pair<const char *, const char *> SpecialWalk::FirstAndFarThird(const char * at)
+{
+    const auto find = [this](const char * from) { return FindBit(from, m_end, &SpecialBits); };
+    const char * const first = find(at);
+    const char * const second = find(std::min(first + 1, m_end));
+    const char * const third = find(std::min(second + 1, m_end));
+    if (third == m_end) {
+        return {at, at};
+    }
+    Restart(third + 1);
+    return {first, third};
+}
+
 }  // namespace ipc2581::detail
 
 #endif

@@ -33,6 +33,9 @@ constexpr std::array<bool, 256> MakeOrdinary()
 
 inline constexpr std::array<bool, 256> Ordinary = MakeOrdinary();
 
+// Where a run of other characters than blanks begins and ends. FindToken gives the first one.
+using Token = std::pair<const char *, const char *>;
+
 #if defined(__SSE2__)
 
 inline constexpr std::ptrdiff_t StepSize = 64;
@@ -101,9 +104,6 @@ inline const char * FindLineFeed(const char * at, const char * end)
     return FindBit(at, end, [](const char * step) { return EqualBits(step, '\n'); });
 }
 
-// Where the first run of other characters than blanks begins and ends.
-using Token = std::pair<const char *, const char *>;
-
 Token FindFarToken(const char * at, const char * end);
 
 inline Token FindToken(const char * at, const char * end)
@@ -120,7 +120,7 @@ inline Token FindToken(const char * at, const char * end)
 // Walks over the characters of a text that are not ordinary.
 class SpecialWalk {
 public:
-    SpecialWalk(const char * at, const char * /*end*/) : m_step(at), m_bits(SpecialBits(at)) {}
+    SpecialWalk(const char * at, const char * end) : m_step(at), m_end(end), m_bits(SpecialBits(at)) {}
 
     // Goes on from another place.
     void Restart(const char * at)
@@ -130,8 +130,8 @@ public:
     }
     // Leaves out the next one.
     void Skip() { m_bits &= m_bits - 1; }
-    // The next one and the third from here, behind which the walk stands then. They may lie behind the end. Where there
-    // are no three of them nearby, both are the place that is handed in, at which the walk goes on.
+    // The next one and the third from the place on, at which the walk stands, and behind the third then. They may lie
+    // behind the end. Where there are no three of them in front of it, both may be the place itself.
     std::pair<const char *, const char *> FirstAndThird(const char * at)
     {
         std::uint64_t fromThird = FromThird();
@@ -139,7 +139,7 @@ public:
             Restart(at);
             fromThird = FromThird();
             if (fromThird == 0) {
-                return {at, at};
+                return FirstAndFarThird(at);
             }
         }
         const char * const first = m_step + BitsBelow(m_bits);
@@ -153,8 +153,10 @@ private:
         const std::uint64_t fromSecond = m_bits & (m_bits - 1);
         return fromSecond & (fromSecond - 1);
     }
+    std::pair<const char *, const char *> FirstAndFarThird(const char * at);
 
     const char * m_step;
+    const char * m_end;
     std::uint64_t m_bits;
 };
 
@@ -181,8 +183,6 @@ inline const char * FindLineFeed(const char * at, const char * end)
     const void * const found = at == end ? nullptr : std::memchr(at, '\n', static_cast<std::size_t>(end - at));
     return found == nullptr ? end : static_cast<const char *>(found);
 }
-
-using Token = std::pair<const char *, const char *>;
 
 inline Token FindToken(const char * at, const char * end)
 {

@@ -72,8 +72,8 @@ bool ParsePlainDecimal(const char * at, const char * end, double & value)
     return true;
 }
 
-// A decimal with up to eight digits behind its point, and nothing else. There must be eight readable bytes in front of
-// its end, and none of them is missed: the last digits are read in one step.
+// A decimal with one to eight digits behind its point, and nothing else. Those are taken in one step out of the eight
+// bytes in front of the end, which must be readable.
 bool ParseShortDecimal(const char * at, const char * end, double & value)
 {
     constexpr std::uint64_t zeros = 0x3030303030303030;
