@@ -31,8 +31,7 @@ public:
     void Flush();
 
     // The next line without its line end; false and an empty line at the end of the file. The line stays valid until
-    // the next call on this object, with ReadAhead bytes in
-    // front of its first and behind its last one.
+    // the next call on this object, with ReadAhead bytes in front of its first and behind its last one.
     bool NextLine(std::string_view & line)
     {
         const char * const start = m_buffer + m_begin;

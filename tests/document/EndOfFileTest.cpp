@@ -16,6 +16,7 @@ using ipc2581::tests::ModelSizes;
 using ipc2581::tests::Outcome;
 using ipc2581::tests::Shrunk;
 using ipc2581::tests::WholeBoard;
+using ipc2581::tests::WholeBoardBytes;
 
 // True if a value is taken that the beginning of a line leaves open: behind its last closed value stands a word that
 // is tested for, and no value that is closed.
@@ -47,11 +48,7 @@ bool CutsAValue(const BoardLine & line, std::string_view beginning)
 
 TEST(EndOfFile, TheWholeBoardFillsTheModel)
 {
-    std::string bytes;
-    for (const BoardLine & line : WholeBoard) {
-        bytes.append(line.text).append("\n");
-    }
-    const Outcome outcome = ModelFiles().Read(bytes);
+    const Outcome outcome = ModelFiles().Read(WholeBoardBytes());
     EXPECT_FALSE(outcome.isCut);
     EXPECT_EQ(outcome.sizes,
               (ModelSizes{{"colours", 1},    {"components", 1},     {"designators", 1},  {"entries", 1},

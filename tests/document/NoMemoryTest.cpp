@@ -106,11 +106,10 @@ void operator delete[](void * memory, const std::nothrow_t & /*tag*/) noexcept
 
 namespace {
 
-using ipc2581::tests::BoardLine;
 using ipc2581::tests::Bytes;
 using ipc2581::tests::ModelCounter;
 using ipc2581::tests::TempFolder;
-using ipc2581::tests::WholeBoard;
+using ipc2581::tests::WholeBoardBytes;
 
 // More than the work on the board ever allocates.
 constexpr std::int64_t Bound = 100000;
@@ -148,17 +147,8 @@ void FailEachAllocation(const std::function<void()> & work)
 
 class NoMemory : public testing::Test {
 protected:
-    NoMemory()
-    {
-        std::string bytes;
-        for (const BoardLine & line : WholeBoard) {
-            bytes.append(line.text).append("\n");
-        }
-        path = CString(folder.Save("board.cvg", bytes));
-    }
-
     TempFolder folder;
-    CString path;
+    CString path{folder.Save("board.cvg", WholeBoardBytes())};
 };
 
 TEST_F(NoMemory, LetsAReadFail)

@@ -15,14 +15,13 @@
 
 namespace {
 
-using ipc2581::tests::BoardLine;
 using ipc2581::tests::Bytes;
 using ipc2581::tests::Export;
 using ipc2581::tests::Exported;
 using ipc2581::tests::ModelCounter;
 using ipc2581::tests::ModelSizes;
 using ipc2581::tests::TempFolder;
-using ipc2581::tests::WholeBoard;
+using ipc2581::tests::WholeBoardBytes;
 
 constexpr std::size_t Count = 8;
 constexpr int Turns = 6;
@@ -32,11 +31,7 @@ using Root = std::unique_ptr<CIPC2581_Parser>;
 // Two boards: one with every element, and one that is longer than most.
 std::vector<std::string> Boards()
 {
-    std::string whole;
-    for (const BoardLine & line : WholeBoard) {
-        whole.append(line.text).append("\n");
-    }
-    return {whole, Bytes(IPC2581_SOURCE_FOLDER "/examples/board.cvg")};
+    return {WholeBoardBytes(), Bytes(IPC2581_SOURCE_FOLDER "/examples/board.cvg")};
 }
 
 Root ReadRoot(const std::string & path)

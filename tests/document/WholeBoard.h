@@ -472,6 +472,16 @@ private:
     TempFolder m_folder;
 };
 
+// The board as a file has it.
+inline std::string WholeBoardBytes()
+{
+    std::string bytes;
+    for (const BoardLine & line : WholeBoard) {
+        bytes.append(line.text).append("\n");
+    }
+    return bytes;
+}
+
 // Says what shrank from one model to the next.
 inline std::string Shrunk(const ModelSizes & before, const ModelSizes & after)
 {
