@@ -57,7 +57,9 @@ public:
     std::size_t Hash() const
     {
         const __m128i halves = _mm_add_epi64(_mm_unpackhi_epi64(m_front, m_front), _mm_add_epi64(m_front, m_back));
-        return (static_cast<std::uint64_t>(_mm_cvtsi128_si64(halves)) * 0x9e3779b97f4a7c15U) >> 57;
+        std::uint64_t low = 0;
+        std::memcpy(&low, &halves, sizeof(low));
+        return static_cast<std::size_t>((low * 0x9e3779b97f4a7c15U) >> 57);
     }
     static constexpr std::size_t Hashes = 128;
 

@@ -32,6 +32,7 @@ LineCycle::LineCycle(CStdioFile & file, LineForm form)
 
 bool LineCycle::Next()
 {
+    m_lines.CheckModelLimit();
     if (!ReadLine()) {
         return false;
     }

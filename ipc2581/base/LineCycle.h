@@ -1,6 +1,7 @@
 #ifndef IPC2581_BASE_LINECYCLE_H
 #define IPC2581_BASE_LINECYCLE_H
 
+#include <cstddef>
 #include <memory>
 #include <string_view>
 
@@ -12,11 +13,15 @@
 
 namespace ipc2581::detail {
 
-// Makes an object for what is read from the file, beside those that the file has already given.
+// Makes an object for what is read from the file, beside those that the file has already given, and counts its place in
+// a list.
 template <typename Object>
 std::unique_ptr<Object> New(CStdioFile & file)
 {
-    return std::unique_ptr<Object>(MakeFrom<Object>(file.Lines().Blocks()));
+    constexpr std::size_t placeInList = 2 * sizeof(Object *);
+    ObjectBlocks & blocks = file.Lines().Blocks();
+    blocks.Count(placeInList);
+    return std::unique_ptr<Object>(MakeFrom<Object>(blocks));
 }
 
 // How a line becomes a token list.
@@ -49,7 +54,8 @@ class LineCycle {
 public:
     explicit LineCycle(CStdioFile & file, LineForm form = LineForm::Plain);
 
-    // Takes the next line; false at the end of the file. Throws CInvalidArgException for a line of blanks only.
+    // Takes the next line; false at the end of the file. Throws CInvalidArgException for a line of blanks only, and
+    // CFileException if the lines before have made more than the limit of the file allows.
     bool Next();
     // The tag test: the first token holds the word anywhere, so that "Bom" is found in "/BomItem" too.
     bool Holds(Word word) const { return word.IsIn(m_tested, m_testedSet); }

@@ -44,7 +44,9 @@ bool LineFile::Open(const char * path, const char * mode)
     m_begin = 0;
     m_end = 0;
     m_isWriting = false;
+    m_hasRead = false;
     m_isLarge = false;
+    m_takenBefore = m_blocks.Taken();
     return true;
 }
 
@@ -150,19 +152,42 @@ bool LineFile::Fill()
     if (m_end == m_size && m_size >= INT_MAX) {
         Fail("read", EFBIG);
     }
+    // Cut into tokens a line takes up to eight times its length, and a list of them for a host again half of that.
+    constexpr std::uint64_t shareOfLine = 16;
+    if (m_end == m_size && m_size >= BlockSize && m_size > m_modelLimit / shareOfLine) {
+        FailForLimit();
+    }
     if (m_isLarge && m_size < BlockSize) {
         GrowBuffer(BlockSize);
     }
     else if (m_end == m_size) {
         GrowBuffer(m_size * 2);
     }
-    const std::size_t count = std::fread(m_buffer + m_end, 1, m_size - m_end, m_file);
-    if (count == 0 && std::ferror(m_file) != 0) {
-        Fail("read", errno);
-    }
+    const std::size_t count = ReadBlock();
     m_end += count;
     m_isLarge = m_end == m_size;
     return count != 0;
+}
+
+// Reads into the rest of the buffer. A signal that comes in between is no failure, and bytes that came before one are
+// handed out first.
+std::size_t LineFile::ReadBlock()
+{
+    for (;;) {
+        errno = 0;
+        const std::size_t count = std::fread(m_buffer + m_end, 1, m_size - m_end, m_file);
+        if (std::ferror(m_file) == 0) {
+            return count;
+        }
+        const int cause = errno;
+        std::clearerr(m_file);
+        if (count != 0) {
+            return count;
+        }
+        if (cause != EINTR) {
+            Fail("read", cause);
+        }
+    }
 }
 
 void LineFile::BeginReading()
@@ -172,9 +197,10 @@ void LineFile::BeginReading()
     }
     if (m_isWriting) {
         WriteOut();
+        Seek(0);
         m_isWriting = false;
-        static_cast<void>(std::fseek(m_file, 0, SEEK_CUR));
     }
+    m_hasRead = true;
 }
 
 void LineFile::BeginWriting()
@@ -186,8 +212,11 @@ void LineFile::BeginWriting()
         GrowBuffer(FirstBlockSize);
     }
     if (!m_isWriting) {
-        // What was read ahead has not been read yet as far as the caller knows.
-        static_cast<void>(std::fseek(m_file, -static_cast<long>(m_end - m_begin), SEEK_CUR));
+        if (m_hasRead) {
+            // What was read ahead has not been read yet as far as the caller knows.
+            Seek(-static_cast<long>(m_end - m_begin));
+        }
+        m_hasRead = false;
         m_begin = 0;
         m_end = 0;
         m_isWriting = true;
@@ -213,8 +242,20 @@ void LineFile::WriteOut()
 {
     // Dropped before the attempt: bytes that could not be written once are not tried again by the destructor.
     const std::size_t count = std::exchange(m_end, 0);
-    if (count != 0 && std::fwrite(m_buffer, 1, count, m_file) != count) {
-        Fail("write", errno);
+    for (std::size_t done = 0; done < count;) {
+        errno = 0;
+        done += std::fwrite(m_buffer + done, 1, count - done, m_file);
+        if (done < count && errno != EINTR) {
+            Fail("write", errno);
+        }
+    }
+}
+
+// What lies between reading and writing one file in turn, and cannot be done in every file.
+void LineFile::Seek(long offset)
+{
+    if (std::fseek(m_file, offset, SEEK_CUR) != 0) {
+        Fail("change between reading and writing", errno);
     }
 }
 
@@ -222,6 +263,12 @@ void LineFile::Fail(const char * what, int cause)
 {
     throw CFileException("cannot " + std::string(what) + " " + m_path + ": " +
                          std::error_code(cause, std::generic_category()).message());
+}
+
+void LineFile::FailForLimit()
+{
+    throw CFileException("cannot read " + m_path + ": its model takes more than " + std::to_string(m_modelLimit) +
+                         " bytes, which is the limit that was set");
 }
 
 }  // namespace ipc2581::detail

@@ -2,6 +2,7 @@
 #define IPC2581_BASE_LINEFILE_H
 
 #include <cstddef>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
@@ -53,6 +54,16 @@ public:
     void Commit(const char * end) { m_end = static_cast<std::size_t>(end - m_buffer); }
     void Write(const char * bytes, std::size_t count);
 
+    // What a model that is read from the file may take, from its opening on; a line may take a sixteenth of that.
+    void SetModelLimit(std::uint64_t bytes) { m_modelLimit = bytes; }
+    // Throws CFileException if the model has passed the limit.
+    void CheckModelLimit()
+    {
+        if (m_blocks.Taken() - m_takenBefore > m_modelLimit) {
+            FailForLimit();
+        }
+    }
+
     // What the reader of the current line works with: kept here, so that no line needs fresh storage.
     TokenList & Tokens() { return m_tokens; }
     ObjectBlocks & Blocks() { return m_blocks; }
@@ -73,12 +84,15 @@ private:
 
     // Reads one more block behind what is held; false at the end of the file.
     bool Fill();
+    std::size_t ReadBlock();
     void BeginReading();
     void BeginWriting();
     char * ReserveElsewhere(std::size_t count);
     void GrowBuffer(std::size_t size);
     void WriteOut();
+    void Seek(long offset);
     [[noreturn]] void Fail(const char * what, int cause);
+    [[noreturn]] void FailForLimit();
 
     struct Freer {
         void operator()(char * bytes) const { std::free(bytes); }
@@ -95,8 +109,11 @@ private:
     std::size_t m_begin = 0;
     std::size_t m_end = 0;
     bool m_isWriting = false;
+    bool m_hasRead = false;  // since it was opened or last written to
     bool m_isLarge = false;  // the last read has filled the buffer
     ObjectBlocks m_blocks;
+    std::uint64_t m_takenBefore = 0;
+    std::uint64_t m_modelLimit = UINT64_MAX;
     TokenList m_tokens{m_blocks};
     FirstTokenMemory m_firstTokens;
     std::string m_scratch;

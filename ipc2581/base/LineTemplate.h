@@ -1,14 +1,18 @@
 #ifndef IPC2581_BASE_LINETEMPLATE_H
 #define IPC2581_BASE_LINETEMPLATE_H
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
+#include <type_traits>
+#include <utility>
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/LineFile.h"
+#include "ipc2581/base/LineFormat.h"
 #include "ipc2581/base/platform/CStdioFile.h"
-#include "ipc2581/base/platform/FormatString.h"
 
 namespace ipc2581::detail {
 
@@ -18,33 +22,42 @@ inline Blanks Indent(std::int64_t repeats)
     return {repeats * 3};
 }
 
-// Room for one line of at most so many bytes, and the end of the line that was formed there. A line to a plain file is
-// formed in its buffer; a file class of the host's own gets it through its operation.
-char * BeginHostLine(CStdioFile & file, std::size_t bound);
-void EndHostLine(CStdioFile & file, char * end);
-
-inline char * BeginLine(CStdioFile & file, std::size_t bound)
+// A value as a file class of the host's own gets it: it takes lines by const char *, so a value ends at its zero byte.
+inline std::string_view UpToZero(std::string_view value)
 {
-    return IsPlainFile(file) ? file.Lines().Reserve(bound) : BeginHostLine(file, bound);
+    return value.substr(0, value.find('\0'));
 }
-inline void EndLine(CStdioFile & file, char * end)
+template <typename Value>
+Value UpToZero(Value value) requires(!std::is_convertible_v<const Value &, std::string_view>)
 {
-    if (IsPlainFile(file)) {
-        file.Lines().Commit(end);
-    }
-    else {
-        EndHostLine(file, end);
-    }
+    return value;
+}
+
+// Gives such a file a line.
+template <typename... Arguments>
+[[gnu::noinline]] void WriteHostLine(CStdioFile & file, const LineFormat<Arguments...> & format,
+                                     const Arguments &... arguments)
+{
+    // The room is the file's; it is taken out meanwhile, since what the host does with a line may write another one.
+    std::string line = std::exchange(file.Lines().HostLine(), {});
+    line.resize(std::max(line.size(), FormattedBound(format, arguments...) + 1));
+    *WriteFormatted(line.data(), format, UpToZero(arguments)...) = '\0';
+    file.WriteString(line.c_str());
+    file.Lines().HostLine() = std::move(line);
 }
 
 // Writes one line by its template, whose first argument is the indent: WriteLine(file, "%s<Set net=\"%s\">\n",
 // Indent(level + 1), Net). Numbers come out as %f and %d print them, texts as they stand, nothing is escaped.
 template <typename... Arguments>
-[[gnu::always_inline]] inline void WriteLine(CStdioFile & file, FormatString<Arguments...> format,
+[[gnu::always_inline]] inline void WriteLine(CStdioFile & file, LineFormat<Arguments...> format,
                                              const Arguments &... arguments)
 {
-    char * const out = BeginLine(file, FormattedBound(format, arguments...));
-    EndLine(file, WriteFormatted(out, format, arguments...));
+    if (!IsPlainFile(file)) {
+        WriteHostLine(file, format, arguments...);
+        return;
+    }
+    char * const out = file.Lines().Reserve(FormattedBound(format, arguments...));
+    file.Lines().Commit(WriteFormatted(out, format, arguments...));
 }
 
 // The words of a flag in a written file.

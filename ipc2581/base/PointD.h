@@ -4,10 +4,9 @@
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
 #include "ipc2581/base/platform/CArray.h"
-#include "ipc2581/base/platform/ObjectBlocks.h"
 
 // A point in the plane, in the document's own units.
-class IPC2581_API CPointD : public ipc2581::detail::FromBlocks {
+class IPC2581_API CPointD {
 public:
     double X = 0.0;
     double Y = 0.0;

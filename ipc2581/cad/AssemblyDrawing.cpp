@@ -1,6 +1,7 @@
 #include "ipc2581/cad/AssemblyDrawing.h"
 
 #include "ipc2581/base/LineTemplate.h"
+#include "ipc2581/base/platform/ObjectBlocks.h"
 #include "ipc2581/cad/PlainOutline.h"
 
 using namespace ipc2581::detail;
@@ -11,6 +12,11 @@ AssemblyDrawing::CIPC2581_Ecad_CadData_Step_Package_AssemblyDrawing()
     : CIPC2581_Ecad_CadData_Step_Package_AssemblyDrawing(WithoutParts())
 {
     Outline = new CIPC2581_Outline();
+}
+
+AssemblyDrawing::CIPC2581_Ecad_CadData_Step_Package_AssemblyDrawing(ObjectBlocks & blocks) : Text(blocks)
+{
+    Outline = MakeFrom<CIPC2581_Outline>(blocks);
 }
 
 AssemblyDrawing::CIPC2581_Ecad_CadData_Step_Package_AssemblyDrawing(const AssemblyDrawing & /*other*/)

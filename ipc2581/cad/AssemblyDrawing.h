@@ -17,6 +17,8 @@ public:
     CIPC2581_Ecad_CadData_Step_TargetArray TargetArray;
 
     CIPC2581_Ecad_CadData_Step_Package_AssemblyDrawing();
+    // For a reader: with its parts in the same blocks.
+    explicit CIPC2581_Ecad_CadData_Step_Package_AssemblyDrawing(ipc2581::detail::ObjectBlocks & blocks);
     // Copies nothing: a copy is an empty drawing, and so is a clone. Hosts rely on it.
     CIPC2581_Ecad_CadData_Step_Package_AssemblyDrawing(
         const CIPC2581_Ecad_CadData_Step_Package_AssemblyDrawing & other);

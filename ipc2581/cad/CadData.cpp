@@ -5,11 +5,16 @@
 #include "ipc2581/base/AttributeScan.h"
 #include "ipc2581/base/LineCycle.h"
 #include "ipc2581/base/LineTemplate.h"
+#include "ipc2581/cad/KeptProgress.h"
 
 using namespace ipc2581::detail;
 
 CIPC2581_Ecad_CadData::CIPC2581_Ecad_CadData() = default;
-CIPC2581_Ecad_CadData::~CIPC2581_Ecad_CadData() = default;
+
+CIPC2581_Ecad_CadData::~CIPC2581_Ecad_CadData()
+{
+    ForgetProgress(m_pProgressCtrl);
+}
 
 int CIPC2581_Ecad_CadData::Export(CStdioFile & file, int level)
 {
@@ -34,9 +39,11 @@ void CIPC2581_Ecad_CadData::ReadCadData(CStdioFile & file, CProgressCtrl * progr
             SetProgress(25);
         }
         else if (line.Opens("Step")) {
-            SetProgress(30);
+            // Cut before the position goes out: a host may read on in the file when it gets it.
             CArray<CString, CString> tokens;
-            m_Step.ReadStep(line.CopyTokens(tokens), file, progress);
+            line.CopyTokens(tokens);
+            SetProgress(30);
+            m_Step.ReadStep(tokens, file, progress);
         }
         else if (line.Holds("/CadData")) {
             return;

@@ -3,11 +3,17 @@
 #include "ipc2581/base/AttributeScan.h"
 #include "ipc2581/base/LineCycle.h"
 #include "ipc2581/base/LineTemplate.h"
+#include "ipc2581/base/platform/ObjectBlocks.h"
 #include "ipc2581/cad/Placement.h"
 
 using namespace ipc2581::detail;
 
 CIPC2581_Ecad_CadData_Step_Component::CIPC2581_Ecad_CadData_Step_Component() : Xform(new CIPC2581_Xform()) {}
+
+CIPC2581_Ecad_CadData_Step_Component::CIPC2581_Ecad_CadData_Step_Component(ObjectBlocks & blocks)
+    : Xform(MakeFrom<CIPC2581_Xform>(blocks))
+{
+}
 
 // The transform is shared, not copied: hosts rely on it.
 CIPC2581_Ecad_CadData_Step_Component::CIPC2581_Ecad_CadData_Step_Component(

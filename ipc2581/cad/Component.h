@@ -26,6 +26,8 @@ public:
     CPointD Location;
 
     CIPC2581_Ecad_CadData_Step_Component();
+    // For a reader: with its transform in the same blocks.
+    explicit CIPC2581_Ecad_CadData_Step_Component(ipc2581::detail::ObjectBlocks & blocks);
     // A copy shares the transform with its source, and each of the two deletes it: hosts that copy a component set the
     // pointer of one to null.
     CIPC2581_Ecad_CadData_Step_Component(const CIPC2581_Ecad_CadData_Step_Component & other);

@@ -5,10 +5,9 @@
 #include "ipc2581/base/Export.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/base/platform/CString.h"
-#include "ipc2581/base/platform/ObjectBlocks.h"
 
 // A Layer element. The words of the file are kept as they stand.
-class IPC2581_API CIPC2581_Ecad_CadData_Layer : public ipc2581::detail::FromBlocks {
+class IPC2581_API CIPC2581_Ecad_CadData_Layer {
 public:
     int m_nLayerId = 0;  // a host's own; no reader sets it
     CString name;

@@ -5,6 +5,7 @@
 #include "ipc2581/base/AttributeScan.h"
 #include "ipc2581/base/LineCycle.h"
 #include "ipc2581/base/LineTemplate.h"
+#include "ipc2581/base/platform/ObjectBlocks.h"
 
 using namespace ipc2581::detail;
 

@@ -5,10 +5,9 @@
 #include "ipc2581/base/Export.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/base/platform/CString.h"
-#include "ipc2581/base/platform/ObjectBlocks.h"
 
 // A LogicalNetPin element: one pin of one component on a net.
-class IPC2581_API CIPC2581_Ecad_CadData_Step_LogicalNet_LogicalNetPin : public ipc2581::detail::FromBlocks {
+class IPC2581_API CIPC2581_Ecad_CadData_Step_LogicalNet_LogicalNetPin {
 public:
     CString ComponentRef;
     CString Pin;

@@ -8,6 +8,7 @@
 #include "ipc2581/base/AttributeScan.h"
 #include "ipc2581/base/LineCycle.h"
 #include "ipc2581/base/LineTemplate.h"
+#include "ipc2581/base/platform/ObjectBlocks.h"
 #include "ipc2581/cad/PlainOutline.h"
 
 using namespace ipc2581::detail;
@@ -93,6 +94,11 @@ std::unique_ptr<CIPC2581_Ecad_CadData_Step_Package_Pin> ReadPin(LineCycle & line
 Package::CIPC2581_Ecad_CadData_Step_Package() : CIPC2581_Ecad_CadData_Step_Package(WithoutParts())
 {
     Outline = new CIPC2581_Outline();
+}
+
+Package::CIPC2581_Ecad_CadData_Step_Package(ObjectBlocks & blocks) : SilkScreen(blocks), AssemblyDrawing(blocks)
+{
+    Outline = MakeFrom<CIPC2581_Outline>(blocks);
 }
 
 Package::CIPC2581_Ecad_CadData_Step_Package(const Package & other) : CIPC2581_Ecad_CadData_Step_Package()

@@ -25,6 +25,8 @@ public:
     CIPC2581_Ecad_CadData_Step_Package_PinArray PinArray;
 
     CIPC2581_Ecad_CadData_Step_Package();
+    // For a reader: with its parts in the same blocks.
+    explicit CIPC2581_Ecad_CadData_Step_Package(ipc2581::detail::ObjectBlocks & blocks);
     // Copies the type code and nothing else, as operator= does: hosts rely on it.
     CIPC2581_Ecad_CadData_Step_Package(const CIPC2581_Ecad_CadData_Step_Package & other);
     CIPC2581_Ecad_CadData_Step_Package & operator=(const CIPC2581_Ecad_CadData_Step_Package & other);

@@ -2,6 +2,7 @@
 
 #include "ipc2581/base/LineTemplate.h"
 #include "ipc2581/base/OwnedPart.h"
+#include "ipc2581/base/platform/ObjectBlocks.h"
 #include "ipc2581/draw/Outline.h"
 
 using namespace ipc2581::detail;
@@ -12,6 +13,13 @@ PackageOutline::CIPC2581_Ecad_CadData_Step_Package_Outline()
     : CIPC2581_Ecad_CadData_Step_Package_Outline(WithoutParts())
 {
     Init();
+}
+
+PackageOutline::CIPC2581_Ecad_CadData_Step_Package_Outline(ObjectBlocks & blocks)
+    : CIPC2581_Ecad_CadData_Step_Package_Outline(WithoutParts())
+{
+    LineDesc = MakeFrom<CIPC2581_LineDesc>(blocks);
+    Polygon = MakeFrom<CIPC2581_Polygon>(blocks);
 }
 
 PackageOutline::CIPC2581_Ecad_CadData_Step_Package_Outline(const PackageOutline & other)

@@ -16,6 +16,8 @@ public:
     CIPC2581_Polygon * Polygon = nullptr;
 
     CIPC2581_Ecad_CadData_Step_Package_Outline();
+    // For a reader: with its parts in the same blocks.
+    explicit CIPC2581_Ecad_CadData_Step_Package_Outline(ipc2581::detail::ObjectBlocks & blocks);
     CIPC2581_Ecad_CadData_Step_Package_Outline(const CIPC2581_Ecad_CadData_Step_Package_Outline & other);
     ~CIPC2581_Ecad_CadData_Step_Package_Outline() override;
     // A true copy with parts of its own.

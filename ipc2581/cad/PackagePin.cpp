@@ -3,6 +3,7 @@
 #include "ipc2581/base/AttributeScan.h"
 #include "ipc2581/base/LineCycle.h"
 #include "ipc2581/base/LineTemplate.h"
+#include "ipc2581/base/platform/ObjectBlocks.h"
 #include "ipc2581/cad/Placement.h"
 
 using namespace ipc2581::detail;
@@ -13,6 +14,11 @@ using PinArray = CIPC2581_Ecad_CadData_Step_Package_PinArray;
 Pin::CIPC2581_Ecad_CadData_Step_Package_Pin()
 {
     Init();
+}
+
+Pin::CIPC2581_Ecad_CadData_Step_Package_Pin(ObjectBlocks & blocks) : Outline(blocks)
+{
+    Xform = MakeFrom<CIPC2581_Xform>(blocks);
 }
 
 Pin::CIPC2581_Ecad_CadData_Step_Package_Pin(const Pin & other) : CIPC2581_XmlDataAdd_Function(other)

@@ -23,6 +23,8 @@ public:
     CIPC2581_Ecad_CadData_Step_Package_Outline Outline;
 
     CIPC2581_Ecad_CadData_Step_Package_Pin();
+    // For a reader: with its parts in the same blocks.
+    explicit CIPC2581_Ecad_CadData_Step_Package_Pin(ipc2581::detail::ObjectBlocks & blocks);
     // A copy has an outline of its own and shares the transform with its source, and each of the two deletes it: hosts
     // that copy a pin set the pointer of one to null. A pin assigned to itself loses its outline.
     CIPC2581_Ecad_CadData_Step_Package_Pin(const CIPC2581_Ecad_CadData_Step_Package_Pin & other);

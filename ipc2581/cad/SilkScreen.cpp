@@ -4,6 +4,7 @@
 
 #include "ipc2581/base/LineCycle.h"
 #include "ipc2581/base/LineTemplate.h"
+#include "ipc2581/base/platform/ObjectBlocks.h"
 
 using namespace ipc2581::detail;
 
@@ -11,6 +12,12 @@ CIPC2581_Ecad_CadData_Step_Package_SilkScreen::CIPC2581_Ecad_CadData_Step_Packag
     : CIPC2581_Ecad_CadData_Step_Package_SilkScreen(WithoutParts())
 {
     Outline = new CIPC2581_Outline();
+}
+
+CIPC2581_Ecad_CadData_Step_Package_SilkScreen::CIPC2581_Ecad_CadData_Step_Package_SilkScreen(ObjectBlocks & blocks)
+    : Text(blocks)
+{
+    Outline = MakeFrom<CIPC2581_Outline>(blocks);
 }
 
 CIPC2581_Ecad_CadData_Step_Package_SilkScreen::~CIPC2581_Ecad_CadData_Step_Package_SilkScreen()

@@ -19,6 +19,8 @@ public:
     CIPC2581_Ecad_CadData_Step_TargetArray TargetArray;
 
     CIPC2581_Ecad_CadData_Step_Package_SilkScreen();
+    // For a reader: with its parts in the same blocks.
+    explicit CIPC2581_Ecad_CadData_Step_Package_SilkScreen(ipc2581::detail::ObjectBlocks & blocks);
     CIPC2581_Ecad_CadData_Step_Package_SilkScreen(const CIPC2581_Ecad_CadData_Step_Package_SilkScreen &) = delete;
     CIPC2581_Ecad_CadData_Step_Package_SilkScreen &
     operator=(const CIPC2581_Ecad_CadData_Step_Package_SilkScreen &) = delete;

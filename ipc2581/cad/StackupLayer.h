@@ -4,10 +4,9 @@
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
 #include "ipc2581/base/platform/CString.h"
-#include "ipc2581/base/platform/ObjectBlocks.h"
 
 // A StackupLayer element.
-class IPC2581_API CIPC2581_Ecad_CadData_Stackup_StackupGroup_StackupLayer : public ipc2581::detail::FromBlocks {
+class IPC2581_API CIPC2581_Ecad_CadData_Stackup_StackupGroup_StackupLayer {
 public:
     CString layerOrGroupRef;
     CString materialType;

@@ -5,6 +5,7 @@
 #include "ipc2581/base/AttributeScan.h"
 #include "ipc2581/base/LineCycle.h"
 #include "ipc2581/base/LineTemplate.h"
+#include "ipc2581/cad/KeptProgress.h"
 #include "ipc2581/cad/Placement.h"
 
 using namespace ipc2581::detail;
@@ -74,7 +75,10 @@ Step & Step::operator=(const Step & other)
     return *this;
 }
 
-Step::~CIPC2581_Ecad_CadData_Step() = default;
+Step::~CIPC2581_Ecad_CadData_Step()
+{
+    ForgetProgress(Progress);
+}
 
 int Step::Export(CStdioFile & file, int level)
 {

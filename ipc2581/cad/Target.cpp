@@ -2,6 +2,7 @@
 
 #include "ipc2581/base/LineCycle.h"
 #include "ipc2581/base/LineTemplate.h"
+#include "ipc2581/base/platform/ObjectBlocks.h"
 #include "ipc2581/cad/Placement.h"
 #include "ipc2581/content/DicDraw_Contour.h"
 #include "ipc2581/draw/ImportedShape.h"
@@ -14,6 +15,13 @@ CIPC2581_Ecad_CadData_Step_Target::CIPC2581_Ecad_CadData_Step_Target()
 {
     Xform = new CIPC2581_Xform();
     DrawObjArray = new CIPC2581_DrawObjArray();
+}
+
+CIPC2581_Ecad_CadData_Step_Target::CIPC2581_Ecad_CadData_Step_Target(ObjectBlocks & blocks)
+    : CIPC2581_Ecad_CadData_Step_Target(WithoutParts())
+{
+    Xform = MakeFrom<CIPC2581_Xform>(blocks);
+    DrawObjArray = MakeFrom<CIPC2581_DrawObjArray>(blocks);
 }
 
 // Transform and shapes are shared, not copied: hosts rely on it.

@@ -19,6 +19,8 @@ public:
     CIPC2581_DrawObjArray * DrawObjArray = nullptr;  // owned
 
     CIPC2581_Ecad_CadData_Step_Target();
+    // For a reader: with its parts in the same blocks.
+    explicit CIPC2581_Ecad_CadData_Step_Target(ipc2581::detail::ObjectBlocks & blocks);
     // A copy shares transform and shapes with its source, and each of the two deletes them: hosts that copy a target
     // set the pointers of one to null.
     CIPC2581_Ecad_CadData_Step_Target(const CIPC2581_Ecad_CadData_Step_Target & other);

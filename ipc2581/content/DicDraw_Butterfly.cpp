@@ -22,5 +22,9 @@ int CIPC2581_DicDraw_Butterfly::Export(CStdioFile & file, int level)
     else if (Shape == 1) {
         WriteLine(file, "%s<Butterfly Shape=\"%s\" side=\"%f\" />\n", Indent(level + 1), GetShapeType(Shape), Size);
     }
+    else {
+        // A file class of the host's own gets an empty text.
+        file.WriteString("");
+    }
     return 1;
 }

@@ -36,7 +36,7 @@ CIPC2581_DicDraw_Circle & CIPC2581_DicDraw_Circle::operator=(const CIPC2581_DicD
 
 void CIPC2581_DicDraw_Circle::Init()
 {
-    *this = CIPC2581_DicDraw_Circle();
+    CIPC2581_DicDraw_Circle::operator=(CIPC2581_DicDraw_Circle());
     OffsetX = 0.0;
     OffsetY = 0.0;
 }

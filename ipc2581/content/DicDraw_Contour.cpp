@@ -3,6 +3,7 @@
 #include "ipc2581/base/LineCycle.h"
 #include "ipc2581/base/LineTemplate.h"
 #include "ipc2581/base/OwnedPart.h"
+#include "ipc2581/base/platform/ObjectBlocks.h"
 #include "ipc2581/draw/Cutout.h"
 #include "ipc2581/draw/ImportedShape.h"
 #include "ipc2581/draw/Polygon.h"

@@ -24,5 +24,5 @@ int CIPC2581_DicDraw_Donut::Export(CStdioFile & file, int level)
 
 void CIPC2581_DicDraw_Donut::Init()
 {
-    *this = CIPC2581_DicDraw_Donut();
+    CIPC2581_DicDraw_Donut::operator=(CIPC2581_DicDraw_Donut());
 }

@@ -4,5 +4,5 @@ CIPC2581_DicDraw_Oval::~CIPC2581_DicDraw_Oval() = default;
 
 void CIPC2581_DicDraw_Oval::Init()
 {
-    *this = CIPC2581_DicDraw_Oval();
+    CIPC2581_DicDraw_Oval::operator=(CIPC2581_DicDraw_Oval());
 }

@@ -4,5 +4,5 @@ CIPC2581_DicDraw_RectCenter::~CIPC2581_DicDraw_RectCenter() = default;
 
 void CIPC2581_DicDraw_RectCenter::Init()
 {
-    *this = CIPC2581_DicDraw_RectCenter();
+    CIPC2581_DicDraw_RectCenter::operator=(CIPC2581_DicDraw_RectCenter());
 }

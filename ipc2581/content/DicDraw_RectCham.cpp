@@ -20,5 +20,5 @@ int CIPC2581_DicDraw_RectCham::Export(CStdioFile & file, int level)
 
 void CIPC2581_DicDraw_RectCham::Init()
 {
-    *this = CIPC2581_DicDraw_RectCham();
+    CIPC2581_DicDraw_RectCham::operator=(CIPC2581_DicDraw_RectCham());
 }

@@ -23,5 +23,5 @@ int CIPC2581_DicDraw_RectCorner::Export(CStdioFile & file, int level)
 
 void CIPC2581_DicDraw_RectCorner::Init()
 {
-    *this = CIPC2581_DicDraw_RectCorner();
+    CIPC2581_DicDraw_RectCorner::operator=(CIPC2581_DicDraw_RectCorner());
 }

@@ -20,5 +20,5 @@ int CIPC2581_DicDraw_RectRound::Export(CStdioFile & file, int level)
 
 void CIPC2581_DicDraw_RectRound::Init()
 {
-    *this = CIPC2581_DicDraw_RectRound();
+    CIPC2581_DicDraw_RectRound::operator=(CIPC2581_DicDraw_RectRound());
 }

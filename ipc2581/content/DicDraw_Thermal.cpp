@@ -27,5 +27,5 @@ int CIPC2581_DicDraw_Thermal::Export(CStdioFile & file, int level)
 
 void CIPC2581_DicDraw_Thermal::Init()
 {
-    *this = CIPC2581_DicDraw_Thermal();
+    CIPC2581_DicDraw_Thermal::operator=(CIPC2581_DicDraw_Thermal());
 }

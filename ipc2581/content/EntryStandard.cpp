@@ -2,10 +2,12 @@
 
 #include <array>
 #include <memory>
+#include <new>
 #include <string_view>
 
 #include "ipc2581/base/LineCycle.h"
 #include "ipc2581/base/LineTemplate.h"
+#include "ipc2581/base/platform/ObjectBlocks.h"
 #include "ipc2581/content/DicDraw.h"
 
 using namespace ipc2581::detail;
@@ -79,6 +81,11 @@ void AddShape(const ShapeRow & row, LineCycle & line, CStdioFile & file, CIPC258
 
 EntryStandard::CIPC2581_Content_DictionaryStandard_EntryStandard() : DrawArray(new CIPC2581_DrawObjArray()) {}
 
+EntryStandard::CIPC2581_Content_DictionaryStandard_EntryStandard(ObjectBlocks & blocks)
+    : DrawArray(MakeFrom<CIPC2581_DrawObjArray>(blocks))
+{
+}
+
 EntryStandard::CIPC2581_Content_DictionaryStandard_EntryStandard(const EntryStandard & other)
     : CIPC2581_Content_DictionaryStandard_EntryStandard()
 {
@@ -92,7 +99,12 @@ EntryStandard::~CIPC2581_Content_DictionaryStandard_EntryStandard()
 
 EntryStandard * EntryStandard::clone() const
 {
-    return new EntryStandard(*this);
+    try {
+        return new EntryStandard(*this);
+    }
+    catch (const std::bad_alloc &) {
+        return nullptr;
+    }
 }
 
 int EntryStandard::Import(CStdioFile & file)

@@ -14,9 +14,11 @@ public:
     CIPC2581_DrawObjArray * DrawArray;  // owned and never null
 
     CIPC2581_Content_DictionaryStandard_EntryStandard();
+    // For a reader: with its list in the same blocks.
+    explicit CIPC2581_Content_DictionaryStandard_EntryStandard(ipc2581::detail::ObjectBlocks & blocks);
     CIPC2581_Content_DictionaryStandard_EntryStandard(const CIPC2581_Content_DictionaryStandard_EntryStandard & other);
     ~CIPC2581_Content_DictionaryStandard_EntryStandard() override;
-    // A copy whose shapes are those of a copied list of shapes; the caller's to delete.
+    // A copy whose shapes are those of a copied list of shapes; the caller's to delete. Null if there is no memory.
     virtual CIPC2581_Content_DictionaryStandard_EntryStandard * clone() const;
     // Reads up to the line with "/EntryStandard" and gives 1. The names of the shapes are looked for in whole lines,
     // attribute values included, and only a contour is asked for its slash.

@@ -8,6 +8,7 @@
 namespace ipc2581::detail {
 
 // What the fifteen dictionary primitives have in common: one self-closing element on one line, of attributes alone.
+// Their Init names the assignment that it uses, since a host's own assignment may call Init.
 class IPC2581_API Primitive : public CIPC2581_DrawObj, public CIPC2581_XmlDataAdd_Function {
 public:
     using CIPC2581_DrawObj::Import;

@@ -2,10 +2,16 @@
 
 namespace {
 
+// With its zero bytes, at which WriteString would stop.
+void Print(CStdioFile & file, const CString & text)
+{
+    file.Write(text.GetString(), static_cast<std::size_t>(text.GetLength()));
+}
+
 void PrintList(CStdioFile & file, const char * label, const CStringArray & names)
 {
     for (std::int64_t i = 0; i < names.GetSize(); ++i) {
-        file.WriteString(label + names[i] + "\n");
+        Print(file, label + names[i] + "\n");
     }
 }
 
@@ -27,14 +33,14 @@ void CIPC2581_DataPrint::DataPrint(CString & path, CIPC2581_Parser & root)
         return;
     }
     const CIPC2581_Content & content = root.m_Content;
-    file.WriteString(content.FunctionMode + " ");
-    file.WriteString(content.FunctionModeLevel + "\n");
-    file.WriteString(content.FunctionModeComment + "\n");
+    Print(file, content.FunctionMode + " ");
+    Print(file, content.FunctionModeLevel + "\n");
+    Print(file, content.FunctionModeComment + "\n");
     // The swapped letters are part of the report.
     PrintList(file, "SetpRef: ", content.StepRef);
     PrintList(file, "LayerRef: ", content.LayerRef);
     PrintList(file, "BomRef: ", content.BomRef);
-    file.WriteString("DictionaryStandard Units: " + content.DictionaryStandard->Unit + "\n");
+    Print(file, "DictionaryStandard Units: " + content.DictionaryStandard->Unit + "\n");
     // The destructor closes the file, where a full disk could not be told any more.
     file.Flush();
 }

@@ -6,6 +6,17 @@
 
 using namespace ipc2581::detail;
 
+namespace {
+
+// Counts a text of a list that the section adds to, with its place there, among what the model takes.
+void CountText(CStdioFile & file, const CString & text)
+{
+    constexpr std::size_t place = 2 * sizeof(CString) + 2 * HeapOverhead;
+    file.Lines().Blocks().Count(place + static_cast<std::size_t>(text.GetLength()));
+}
+
+}  // namespace
+
 CIPC2581_XmlLiteReader::CIPC2581_XmlLiteReader() = default;
 CIPC2581_XmlLiteReader::~CIPC2581_XmlLiteReader() = default;
 
@@ -43,8 +54,10 @@ int CIPC2581_XmlLiteReader::OpenPath(CString & path, CIPC2581_Parser & root)
         }
         else if (line.Holds("Ecad")) {
             Log("[Ecad]_Start\n");
+            // Cut before the position goes out: a host may read on in the file when it gets it.
+            line.CopyTokens(tokens);
             SetProgress(8);
-            EcadProcess(line.CopyTokens(tokens), root);
+            EcadProcess(tokens, root);
             Log("[Ecad]_End\n");
         }
         else if (line.Holds("/IPC-2581")) {
@@ -90,6 +103,11 @@ int CIPC2581_XmlLiteReader::WriteIPC2581(CIPC2581_Parser & root, int level)
     return 1;
 }
 
+void CIPC2581_XmlLiteReader::SetMemoryLimit(std::uint64_t bytes)
+{
+    m_File.Lines().SetModelLimit(bytes);
+}
+
 void CIPC2581_XmlLiteReader::SetProgress(int position)
 {
     SendMessageA(m_pProgressCtrl, PBM_SETPOS, position, 0);
@@ -100,18 +118,23 @@ void CIPC2581_XmlLiteReader::ContentProcess(CIPC2581_Parser & root)
     CIPC2581_Content & content = root.m_Content;
     CArray<CString, CString> tokens;
     LineCycle line(m_File, LineForm::Content);
+    const auto name = [this, &tokens, &line]() -> CString & {
+        CString & token = line.CopyTokens(tokens)[0];
+        CountText(m_File, token);
+        return token;
+    };
     while (line.Next()) {
         if (line.Holds("FunctionMode")) {
             content.ReadFunctionMode(line.CopyTokens(tokens));
         }
         else if (line.Holds("StepRef")) {
-            content.ReadStepRef(line.CopyTokens(tokens)[0]);
+            content.ReadStepRef(name());
         }
         else if (line.Holds("LayerRef")) {
-            content.ReadLayerRef(line.CopyTokens(tokens)[0]);
+            content.ReadLayerRef(name());
         }
         else if (line.Holds("BomRef")) {
-            content.ReadBomRef(line.CopyTokens(tokens)[0]);
+            content.ReadBomRef(name());
         }
         else if (line.Holds("DictionaryStandard")) {
             content.ReadDictionaryStandard(line.CopyTokens(tokens), m_File);
@@ -191,5 +214,7 @@ void CIPC2581_XmlLiteReader::EcadProcess(CArray<CString, CString> & tokens, CIPC
 
 void CIPC2581_XmlLiteReader::Log(const char * entry)
 {
-    m_arrSectionLog.SetAtGrow(m_arrSectionLog.GetSize(), entry);
+    const CString text(entry);
+    CountText(m_File, text);
+    m_arrSectionLog.SetAtGrow(m_arrSectionLog.GetSize(), text);
 }

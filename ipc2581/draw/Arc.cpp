@@ -7,7 +7,7 @@
 
 using namespace ipc2581::detail;
 
-CIPC2581_Arc::CIPC2581_Arc()
+CIPC2581_Arc::CIPC2581_Arc() : CIPC2581_Arc(WithoutParts())
 {
     CIPC2581_Arc::Init();
 }

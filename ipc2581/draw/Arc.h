@@ -2,6 +2,7 @@
 #define IPC2581_DRAW_ARC_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/WithoutParts.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/draw/DrawObj.h"
 #include "ipc2581/draw/LineDesc.h"
@@ -46,6 +47,9 @@ public:
     void SetCenterPoint(CIPC2581_Point * point) { *CenterPoint = *point; }
     void SetClockwise(int clockwise) { Clockwise = clockwise; }
     void SetLineDesc(CIPC2581_LineDesc * lineDesc) { *LineDesc = *lineDesc; }
+
+private:
+    explicit CIPC2581_Arc(ipc2581::detail::WithoutParts /*tag*/) {}
 };
 
 #endif

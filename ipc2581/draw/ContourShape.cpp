@@ -1,5 +1,6 @@
 #include "ipc2581/draw/ContourShape.h"
 
+#include "ipc2581/base/platform/ObjectBlocks.h"
 #include "ipc2581/draw/PolyContour.h"
 
 namespace ipc2581::detail {

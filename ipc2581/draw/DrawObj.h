@@ -5,13 +5,12 @@
 #include "ipc2581/base/Export.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/base/platform/CString.h"
-#include "ipc2581/base/platform/ObjectBlocks.h"
 
 // Base of every shape that a list of shapes can hold. Beside the frame through which a shape is copied, read and
 // written it holds one number that hosts compare: 1 to 16 for the dictionary primitives in the order of their names, 18
 // a line, 19 an outline, 20 a polyline, 22 a polygon, 23 a cutout, 24 a list of cutouts, and 17 for the base itself, an
 // arc and a text. Coordinates are in the document's own units throughout.
-class IPC2581_API CIPC2581_DrawObj : public ipc2581::detail::FromBlocks {
+class IPC2581_API CIPC2581_DrawObj {
 public:
     int DrawType = 17;
 

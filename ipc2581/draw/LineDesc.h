@@ -4,10 +4,9 @@
 #include "ipc2581/base/Export.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/base/platform/CString.h"
-#include "ipc2581/base/platform/ObjectBlocks.h"
 
 // How a stroke looks: the LineDesc element. It has no reader of its own; what holds one reads its line.
-class IPC2581_API CIPC2581_LineDesc : public ipc2581::detail::FromBlocks {
+class IPC2581_API CIPC2581_LineDesc {
 public:
     int Shape = 0;  // a host's own code, neither read nor written
     double LineWidth = 0.0;

@@ -3,12 +3,20 @@
 #include "ipc2581/base/LineCycle.h"
 #include "ipc2581/base/LineTemplate.h"
 #include "ipc2581/base/OwnedPart.h"
+#include "ipc2581/base/platform/ObjectBlocks.h"
 
 using namespace ipc2581::detail;
 
 CIPC2581_Outline::CIPC2581_Outline() : CIPC2581_Outline(WithoutParts())
 {
     CIPC2581_Outline::InIt();
+}
+
+CIPC2581_Outline::CIPC2581_Outline(ObjectBlocks & blocks) : CIPC2581_Outline(WithoutParts())
+{
+    DrawType = 19;
+    Polygon = MakeFrom<CIPC2581_Polygon>(blocks);
+    LineDesc = MakeFrom<CIPC2581_LineDesc>(blocks);
 }
 
 CIPC2581_Outline::CIPC2581_Outline(const CIPC2581_Outline & other) : CIPC2581_Outline()

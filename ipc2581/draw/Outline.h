@@ -16,6 +16,8 @@ public:
     CIPC2581_LineDesc * LineDesc = nullptr;
 
     CIPC2581_Outline();
+    // For a reader: with its parts in the same blocks.
+    explicit CIPC2581_Outline(ipc2581::detail::ObjectBlocks & blocks);
     CIPC2581_Outline(const CIPC2581_Outline & other);
     ~CIPC2581_Outline() override;
     using CIPC2581_DrawObj::clone;

@@ -2,6 +2,7 @@
 
 #include "ipc2581/base/LineTemplate.h"
 #include "ipc2581/base/OwnedPart.h"
+#include "ipc2581/base/platform/ObjectBlocks.h"
 
 using namespace ipc2581::detail;
 

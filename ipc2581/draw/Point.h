@@ -6,7 +6,7 @@
 #include "ipc2581/base/platform/CStdioFile.h"
 
 // A coordinate pair on the heap: every start, end, centre and begin point of a shape is one. Copies are deep.
-class IPC2581_API CIPC2581_Point : public ipc2581::detail::FromBlocks {
+class IPC2581_API CIPC2581_Point {
 public:
     // Owned and never null. It stays the same object through Init, so that pointers got from GetPoint stay good.
     CPointD * Point;

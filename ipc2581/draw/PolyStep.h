@@ -8,7 +8,7 @@
 #include "ipc2581/draw/Point.h"
 
 // One step of a contour: a PolyStepSegment or a PolyStepCurve.
-class IPC2581_API CIPC2581_PolyStep : public ipc2581::detail::FromBlocks {
+class IPC2581_API CIPC2581_PolyStep {
 public:
     int Type = 0;  // 0 a segment; anything else is written as a curve
     // Owned and never null. A segment has a centre too, which is not written.
@@ -64,7 +64,7 @@ public:
     virtual int Export(CStdioFile & file, int level);
 
     // Deletes each element that equals the one in front of it, unless it is a curve: only one and the same object
-    // standing twice in a row can.
+    // standing twice in a row can, and then the first place is left pointing to the deleted object.
     void DeduplicationCheck();
 };
 

@@ -36,6 +36,10 @@ int CIPC2581_Pt::Export(CStdioFile & file, int level)
     else if (Type == 1) {
         WritePolyStepCurve(file, level, EndPoint, CenterPoint, ClockWise);
     }
+    else {
+        // A file class of the host's own gets an empty text.
+        file.WriteString("");
+    }
     return 1;
 }
 

@@ -1,8 +1,15 @@
 #include "ipc2581/draw/Text.h"
 
+#include "ipc2581/base/platform/ObjectBlocks.h"
+
 CIPC2581_Text::CIPC2581_Text()
 {
     CIPC2581_Text::Init();
+}
+
+CIPC2581_Text::CIPC2581_Text(ipc2581::detail::ObjectBlocks & blocks)
+    : Xform(ipc2581::detail::MakeFrom<CIPC2581_Xform>(blocks))
+{
 }
 
 CIPC2581_Text::CIPC2581_Text(const CIPC2581_Text & other) : CIPC2581_Text()

@@ -22,6 +22,8 @@ public:
     CString ColorGroupID;
 
     CIPC2581_Text();
+    // For a reader: with its transform in the same blocks.
+    explicit CIPC2581_Text(ipc2581::detail::ObjectBlocks & blocks);
     CIPC2581_Text(const CIPC2581_Text & other);
     ~CIPC2581_Text() override;
     using CIPC2581_DrawObj::clone;

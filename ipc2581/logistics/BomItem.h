@@ -4,11 +4,10 @@
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
 #include "ipc2581/base/platform/CString.h"
-#include "ipc2581/base/platform/ObjectBlocks.h"
 #include "ipc2581/logistics/RefDes.h"
 
 // A BomItem element: one part to buy, with its placements. All values are text, the quantity too.
-class IPC2581_API CIPC2581_Bom_BomItem : public ipc2581::detail::FromBlocks {
+class IPC2581_API CIPC2581_Bom_BomItem {
 public:
     CString quantity;
     CString numberIO;

@@ -4,10 +4,9 @@
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
 #include "ipc2581/base/platform/CString.h"
-#include "ipc2581/base/platform/ObjectBlocks.h"
 
 // A RefDes element of a bill of materials: one placement of an item.
-class IPC2581_API CIPC2581_Bom_BomItem_RefDes : public ipc2581::detail::FromBlocks {
+class IPC2581_API CIPC2581_Bom_BomItem_RefDes {
 public:
     CString name;
     bool populate = true;  // only "TRUE" in upper case is true in a file

@@ -194,8 +194,8 @@ TEST(Target, ReadsItsLocationAndItsTwoShapes)
                             "</Polygon>", "</Contour>", "</Target>", "left"}),
               TextLines{"left"});
     ASSERT_EQ(DrawTypes(target), (std::vector<int>{20, 3}));
-    EXPECT_TRUE(IsA<CIPC2581_PolyLine>(target.DrawObjArray->GetAt(0)));
-    EXPECT_TRUE(IsA<CIPC2581_DicDraw_Contour>(target.DrawObjArray->GetAt(1)));
+    EXPECT_NE(dynamic_cast<CIPC2581_PolyLine *>(target.DrawObjArray->GetAt(0)), nullptr);
+    EXPECT_NE(dynamic_cast<CIPC2581_DicDraw_Contour *>(target.DrawObjArray->GetAt(1)), nullptr);
     EXPECT_EQ(target.ID, "NONE");
     ExpectExport(target, "   <Target>\n"
                          "      <Location x=\"5.000000\" y=\"6.000000\" />\n"

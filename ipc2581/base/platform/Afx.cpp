@@ -25,6 +25,7 @@ void AfxThrowInvalidArgException()
 
 int AfxMessageBox(const char * text, unsigned type, unsigned help)
 {
+    text = text == nullptr ? "" : text;
     if (const AfxMessageBoxHandler handler = g_messageBoxHandler.load()) {
         return handler(text, type, help);
     }

@@ -4,7 +4,6 @@
 #include <ostream>
 
 #include "ipc2581/base/Export.h"
-#include "ipc2581/base/platform/ObjectBlocks.h"
 
 class CArchive;
 
@@ -18,7 +17,7 @@ struct CRuntimeClass {
 using CDumpContext = std::ostream;
 
 // Base of all containers. The order of its virtual operations is part of the interface.
-class IPC2581_API CObject : public ipc2581::detail::FromBlocks {
+class IPC2581_API CObject {
 public:
     virtual CRuntimeClass * GetRuntimeClass() const;
     virtual ~CObject();

@@ -1,6 +1,8 @@
 #include "ipc2581/base/platform/CStdioFile.h"
 
+#include <filesystem>
 #include <string_view>
+#include <system_error>
 
 #include "ipc2581/base/LineFile.h"
 
@@ -17,6 +19,14 @@ const char * ModeOf(unsigned flags)
     return isReadOnly ? "rb" : "r+b";
 }
 
+// A pipe with a name, to be read: opening it would wait for somebody who writes to it, and it has no lines to go back
+// to. Writing to one, or to a device, is fine.
+bool IsPipeToRead(const char * path, unsigned flags)
+{
+    std::error_code ignored;
+    return (flags & (CStdioFile::modeCreate | CStdioFile::modeWrite)) == 0 && std::filesystem::is_fifo(path, ignored);
+}
+
 }  // namespace
 
 CStdioFile::CStdioFile() : m_lines(std::make_unique<LineFile>()) {}
@@ -28,7 +38,8 @@ int CStdioFile::Open(const char * path, unsigned flags, CFileException * /*error
     if (IsOpen()) {
         CStdioFile::Close();
     }
-    return path != nullptr && m_lines->Open(path, ModeOf(flags)) ? 1 : 0;
+    const bool isOpened = path != nullptr && !IsPipeToRead(path, flags) && m_lines->Open(path, ModeOf(flags));
+    return isOpened ? 1 : 0;
 }
 
 int CStdioFile::ReadString(CString & line)
@@ -41,7 +52,7 @@ int CStdioFile::ReadString(CString & line)
 
 void CStdioFile::WriteString(const char * text)
 {
-    const std::string_view bytes(text);
+    const std::string_view bytes(text == nullptr ? "" : text);
     m_lines->Write(bytes.data(), bytes.size());
 }
 

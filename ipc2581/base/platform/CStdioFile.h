@@ -24,13 +24,14 @@ public:
     CStdioFile & operator=(const CStdioFile &) = delete;
 
     // Opens the file and returns 1, or 0 if that fails, with nothing thrown. modeCreate makes the file or empties
-    // it; without it the file must exist and allow what the mode asks for. A file that was open is closed first.
+    // it; without it the file must exist and allow what the mode asks for. A pipe with a name is not opened to be read.
+    // A file that was open is closed first.
     virtual int Open(const char * path, unsigned flags, CFileException * error);
     // Reads the next line, of any length, without its line end; a carriage return in front of the line feed belongs
     // to the line end. Returns 1 if anything was read, and 0 with the empty text at the end of the file and on a file
     // that is not open. A last line without a line end counts.
     virtual int ReadString(CString & line);
-    // Writes the text as it stands and adds no line end.
+    // Writes the text as it stands, up to its zero byte, and adds no line end.
     virtual void WriteString(const char * text);
     // Writes what is buffered and closes the file. It is closed also when that throws.
     virtual void Close();

@@ -11,6 +11,8 @@
 #include "ipc2581/base/platform/Afx.h"
 #include "ipc2581/base/platform/ObjectBlocks.h"
 
+using ipc2581::detail::ObjectBlocks;
+
 namespace {
 
 constexpr std::string_view WhiteSpace = " \t\n\v\f\r";
@@ -86,7 +88,7 @@ CString & CString::operator=(std::string_view text)
     return *this;
 }
 
-void CString::Assign(std::string_view text, ipc2581::detail::ObjectBlocks * blocks)
+void CString::Assign(std::string_view text, ObjectBlocks * blocks)
 {
     if (!Overwrite(text)) {
         CString fresh;
@@ -130,6 +132,14 @@ CString operator+(const CString & left, char right)
     return sum;
 }
 
+CString operator+(char left, const CString & right)
+{
+    CString sum;
+    sum += left;
+    sum += right;
+    return sum;
+}
+
 char CString::operator[](int position) const
 {
     if (position < 0 || position >= GetLength()) {
@@ -148,10 +158,10 @@ void CString::SetAt(int position, char ch)
 
 int CString::Find(const char * sub, int start) const
 {
-    if (sub == nullptr || start < 0 || start >= GetLength()) {
+    if (start < 0 || start >= GetLength()) {
         return -1;
     }
-    return Position(std::string_view(*this).find(sub, static_cast<std::size_t>(start)));
+    return Position(std::string_view(*this).find(View(sub), static_cast<std::size_t>(start)));
 }
 
 int CString::Find(char ch, int start) const
@@ -263,7 +273,7 @@ bool CString::Overwrite(std::string_view text)
 }
 
 // Sets what is not a text yet.
-void CString::Init(std::string_view text, ipc2581::detail::ObjectBlocks * blocks)
+void CString::Init(std::string_view text, ObjectBlocks * blocks)
 {
     if (text.size() > InlineLength) {
         std::memcpy(Allocate(text.size(), blocks), text.data(), text.size());
@@ -277,7 +287,12 @@ void CString::Init(std::string_view text, ipc2581::detail::ObjectBlocks * blocks
 
 void CString::Free() noexcept
 {
-    ipc2581::detail::ObjectBlocks::Release(Heap());
+    if (IsInBlock()) {
+        ObjectBlocks::Release(Heap());
+    }
+    else {
+        ::operator delete(Heap());
+    }
 }
 
 void CString::SetInlineLength(std::size_t length)
@@ -299,15 +314,19 @@ void CString::SetLength(std::size_t length)
 }
 
 // Gives the object, which has no text yet, a room for one of this length; returns where its bytes go.
-char * CString::Allocate(std::size_t length, ipc2581::detail::ObjectBlocks * blocks)
+char * CString::Allocate(std::size_t length, ObjectBlocks * blocks)
 {
     if (length >= INT_MAX) {
         throw std::bad_alloc();
     }
     const std::size_t size = HeapSize(length);
-    HeapText * const heap = static_cast<HeapText *>(blocks == nullptr ? ipc2581::detail::ObjectBlocks::TakeAlone(size)
-                                                                      : blocks->Take(size));
-    std::memcpy(m_bytes + AddressAt, &heap, sizeof(heap));
+    const bool isInBlock = blocks != nullptr && size <= ObjectBlocks::Largest;
+    char * const room = static_cast<char *>(isInBlock ? blocks->Take(size) : ::operator new(size));
+    if (blocks != nullptr && !isInBlock) {
+        blocks->Count(size + ipc2581::detail::HeapOverhead);
+    }
+    const char * const address = room + (isInBlock ? InBlock : 0);
+    std::memcpy(m_bytes + AddressAt, &address, sizeof(address));
     SetLength(length);
     return HeapData();
 }

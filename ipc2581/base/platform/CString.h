@@ -1,12 +1,11 @@
 #ifndef IPC2581_BASE_PLATFORM_CSTRING_H
 #define IPC2581_BASE_PLATFORM_CSTRING_H
 
+#include <array>
 #include <bit>
 #include <compare>
 #include <cstddef>
-#include <cstdint>
 #include <cstring>
-#include <memory>
 #include <ostream>
 #include <string_view>
 
@@ -20,11 +19,10 @@ class ObjectBlocks;
 // Text of bytes, copied by value. Positions and lengths count bytes, nothing is decoded, comparisons mind the
 // case. Up to 6 bytes are held inside the object, which is as large as a pointer, longer text on the heap. The text
 // always has a zero byte behind it; zero bytes inside it are bytes like any other, except for what takes a plain
-// const char *.
+// const char *. A null const char * is an empty text, wherever a text is taken.
 class IPC2581_API CString {
 public:
     CString() noexcept : m_bytes{} { m_bytes[TagAt] = 1; }
-    // A null pointer gives the empty text.
     CString(const char * text);
     explicit CString(std::string_view text);
     CString(const CString & other);
@@ -45,6 +43,7 @@ public:
     CString & operator+=(char ch);
     friend IPC2581_API CString operator+(const CString & left, const CString & right);
     friend IPC2581_API CString operator+(const CString & left, char right);
+    friend IPC2581_API CString operator+(char left, const CString & right);
 
     // Length in bytes.
     int GetLength() const { return IsOnHeap() ? HeapLength() : m_bytes[TagAt] / 2; }
@@ -86,14 +85,16 @@ public:
     // Takes white space off both ends of this text.
     CString & Trim();
 
-    // Replaces the text as printf would print it: %s takes a CString or const char *, %d an int, %f a double and
-    // writes six decimals, %% is a percent sign. Anything else does not compile.
+    // Replaces the text as printf prints it in the C locale: every conversion but %n, with its flags, widths,
+    // precisions and lengths; %s takes a CString too. A literal that does not fit its arguments does not compile; a
+    // computed format then throws CInvalidArgException. A format in an array of const char is a literal, and so has to
+    // be constexpr.
     template <typename... Arguments>
     void Format(ipc2581::detail::FormatString<Arguments...> format, const Arguments &... arguments)
     {
-        const std::unique_ptr<char[]> text(new char[ipc2581::detail::FormattedBound(format, arguments...)]);
-        const char * const end = ipc2581::detail::WriteFormatted(text.get(), format, arguments...);
-        operator=(std::string_view(text.get(), static_cast<std::size_t>(end - text.get())));
+        const std::array<ipc2581::detail::FormatArgument, sizeof...(Arguments)> list = {
+            ipc2581::detail::FormatArgument(arguments)...};
+        operator=(std::string_view(ipc2581::detail::Formatted(format.Text(), list)));
     }
 
     friend bool operator==(const CString & left, const CString & right)
@@ -103,7 +104,7 @@ public:
     friend bool operator==(const CString & left, std::string_view right) { return std::string_view(left) == right; }
     friend bool operator==(const CString & left, const char * right)
     {
-        return std::string_view(left) == std::string_view(right);
+        return std::string_view(left) == (right == nullptr ? std::string_view() : std::string_view(right));
     }
     friend auto operator<=>(const CString & left, const CString & right)
     {
@@ -117,23 +118,26 @@ public:
 private:
     // Short text stands in the object itself behind a byte with twice its length plus one: an odd number, which the
     // lowest byte of an address never is. Longer text stands behind its length in a room of its own, and the object
-    // holds the address of that. Nothing points into the object: an array may move it as raw memory.
+    // holds the address of that, with InBlock added to it if the room is one of a block. Nothing points into the
+    // object: an array may move it as raw memory.
     struct HeapText {
         int length;
         char * Data() { return reinterpret_cast<char *>(this + 1); }
     };
+    static constexpr int InBlock = 2;
     static constexpr int Size = 8;
     static constexpr int InlineLength = Size - 2;
     static constexpr int TagAt = std::endian::native == std::endian::little ? 0 : Size - 1;
     static constexpr int TextAt = std::endian::native == std::endian::little ? 1 : 0;
-    static constexpr int AddressAt = std::endian::native == std::endian::little ? 0 : Size - int(sizeof(HeapText *));
+    static constexpr int AddressAt = std::endian::native == std::endian::little ? 0 : Size - int(sizeof(char *));
 
     bool IsOnHeap() const { return (m_bytes[TagAt] & 1) == 0; }
+    bool IsInBlock() const { return (m_bytes[TagAt] & InBlock) != 0; }
     HeapText * Heap() const
     {
-        HeapText * heap = nullptr;
-        std::memcpy(&heap, m_bytes + AddressAt, sizeof(heap));
-        return heap;
+        char * address = nullptr;
+        std::memcpy(&address, m_bytes + AddressAt, sizeof(address));
+        return reinterpret_cast<HeapText *>(address - (m_bytes[TagAt] & InBlock));
     }
     char * HeapData() const { return Heap()->Data(); }
     int HeapLength() const { return Heap()->length; }
@@ -148,7 +152,7 @@ private:
     void SetLength(std::size_t length);
     char * Allocate(std::size_t length, ipc2581::detail::ObjectBlocks * blocks);
 
-    alignas(HeapText *) char m_bytes[Size];
+    alignas(char *) char m_bytes[Size];
 };
 
 #endif

@@ -1,179 +1,327 @@
 #ifndef IPC2581_BASE_PLATFORM_FORMATSTRING_H
 #define IPC2581_BASE_PLATFORM_FORMATSTRING_H
 
-#include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
+#include <span>
+#include <string>
 #include <string_view>
 #include <type_traits>
 
-#include "ipc2581/base/platform/Number.h"
+#include "ipc2581/base/Export.h"
 
-// Format strings in the manner of printf, checked against their arguments when they are compiled.
+// Format strings in the manner of printf. A literal is checked against its arguments when it is compiled, a computed
+// one when it is used.
 namespace ipc2581::detail {
-
-// A %s argument that prints as so many blanks; none if the count is below 1. They are written in steps, the last of
-// which may run past its end.
-struct Blanks {
-    std::int64_t count;
-};
-inline constexpr std::size_t BlanksStep = 16;
-
-template <typename Argument>
-constexpr char ConversionOf()
-{
-    using Plain = std::remove_cvref_t<Argument>;
-    if constexpr (std::is_same_v<Plain, int>) {
-        return 'd';
-    }
-    else if constexpr (std::is_same_v<Plain, double>) {
-        return 'f';
-    }
-    else if constexpr (std::is_same_v<Plain, Blanks> || std::is_convertible_v<const Plain &, std::string_view>) {
-        return 's';
-    }
-    else {
-        return '\0';
-    }
-}
 
 // Left without a body on purpose: a call of it ends the compilation with its name in the message.
 void FormatDoesNotFitItsArguments();
 
-// A format string that fits its arguments, with the places of its conversions, so that nobody looks for them when it is
-// printed.
-template <typename... Arguments>
-class CheckedFormat {
+enum class FormatKind : unsigned char { Integer, Double, LongDouble, Text, Pointer, Null, None };
+
+// What a format must know of the type of an argument: its kind, and the bytes of an integer.
+struct FormatType {
+    FormatKind kind = FormatKind::None;
+    unsigned char size = 0;
+};
+
+// The type that an argument has once a call of printf has passed it on.
+template <typename Argument>
+constexpr FormatType FormatTypeOf()
+{
+    using Plain = std::decay_t<Argument>;
+    if constexpr (std::is_same_v<Plain, long double>) {
+        return {FormatKind::LongDouble};
+    }
+    else if constexpr (std::is_floating_point_v<Plain>) {
+        return {FormatKind::Double};
+    }
+    else if constexpr (std::is_null_pointer_v<Plain>) {
+        return {FormatKind::Null};
+    }
+    else if constexpr (std::is_convertible_v<const Plain &, std::string_view>) {
+        return {FormatKind::Text};
+    }
+    else if constexpr (std::is_convertible_v<Plain, const volatile void *>) {
+        return {FormatKind::Pointer};
+    }
+    else if constexpr (std::is_integral_v<Plain> || (std::is_enum_v<Plain> && std::is_convertible_v<Plain, int>)) {
+        return {FormatKind::Integer, sizeof(+Plain())};
+    }
+    else {
+        return {};
+    }
+}
+
+// An argument, with its value.
+class FormatArgument {
 public:
-    template <std::size_t Size>
-    consteval CheckedFormat(const char (&text)[Size]) : m_text(text, Size - 1)
+    template <typename Argument>
+    explicit FormatArgument(const Argument & argument) : m_type(FormatTypeOf<Argument>())
     {
-        static_assert(Size <= UINT16_MAX);
-        constexpr char conversions[] = {ConversionOf<Arguments>()..., '\0'};
-        std::size_t used = 0;
-        for (std::size_t i = 0; i < m_text.size(); ++i) {
-            if (m_text[i] != '%') {
-                continue;
-            }
-            if (++i == m_text.size()) {
-                FormatDoesNotFitItsArguments();
-            }
-            if (m_text[i] == '%') {
-                m_isPlain = false;
-                continue;
-            }
-            if (used == sizeof...(Arguments) || conversions[used] != m_text[i]) {
-                FormatDoesNotFitItsArguments();
-            }
-            m_places[used++] = static_cast<std::uint16_t>(i - 1);
+        constexpr FormatKind kind = FormatTypeOf<Argument>().kind;
+        static_assert(kind != FormatKind::None, "no conversion of a format takes an argument of this type");
+        if constexpr (kind == FormatKind::Integer) {
+            m_integer = static_cast<std::intmax_t>(argument);
         }
-        if (used != sizeof...(Arguments)) {
+        else if constexpr (kind == FormatKind::Double || kind == FormatKind::LongDouble) {
+            m_number = argument;
+        }
+        else if constexpr (kind == FormatKind::Pointer) {
+            m_pointer = const_cast<const void *>(static_cast<const volatile void *>(argument));
+        }
+        else if constexpr (kind == FormatKind::Text && std::is_pointer_v<std::decay_t<Argument>>) {
+            const char * const text = argument;
+            m_text = text == nullptr ? std::string_view() : std::string_view(text);
+        }
+        else if constexpr (kind == FormatKind::Text) {
+            m_text = argument;
+        }
+    }
+
+    FormatType Type() const { return m_type; }
+    std::intmax_t Integer() const { return m_integer; }
+    long double Number() const { return m_number; }
+    const void * Pointer() const { return m_type.kind == FormatKind::Text ? m_text.data() : m_pointer; }
+    std::string_view Text() const { return m_text; }
+
+private:
+    FormatType m_type;
+    std::intmax_t m_integer = 0;
+    long double m_number = 0.0L;
+    const void * m_pointer = nullptr;
+    std::string_view m_text;
+};
+
+// One conversion of a format: "%-8.*ld".
+struct FormatConversion {
+    static constexpr int None = -1;
+    static constexpr int FromArgument = -2;
+
+    bool isLeft = false;
+    bool hasPlus = false;
+    bool hasBlank = false;
+    bool isAlternate = false;
+    bool hasZeros = false;
+    int width = None;
+    int precision = None;
+    unsigned char size = sizeof(int);  // of the integer that it takes
+    unsigned char narrowed = 0;        // the bytes of it that count, if not all
+    bool isLong = false;               // an L in front
+    char letter = '\0';
+
+    constexpr bool IsOneOf(std::string_view letters) const { return letters.find(letter) != std::string_view::npos; }
+    constexpr bool Takes(FormatType type) const
+    {
+        if (IsOneOf("diouxXc")) {
+            return type.kind == FormatKind::Integer && type.size == size;
+        }
+        if (IsOneOf("fFeEgGaA")) {
+            return type.kind == (isLong ? FormatKind::LongDouble : FormatKind::Double);
+        }
+        const bool isNull = type.kind == FormatKind::Null;
+        if (letter == 'p') {
+            return type.kind == FormatKind::Pointer || type.kind == FormatKind::Text || isNull;
+        }
+        return type.kind == FormatKind::Text || isNull;
+    }
+};
+
+// Walks over a format: Next() gives the text up to the next conversion and then that conversion.
+class FormatWalk {
+public:
+    constexpr explicit FormatWalk(std::string_view format) : m_rest(format) {}
+
+    // False behind the last conversion, and at one that is not well formed.
+    constexpr bool Next()
+    {
+        const std::size_t percent = m_rest.find('%');
+        m_text = m_rest.substr(0, percent);
+        if (percent == std::string_view::npos) {
+            m_rest = {};
+            return false;
+        }
+        m_rest.remove_prefix(percent + 1);
+        m_conversion = {};
+        if (Skip('%')) {
+            m_conversion.letter = '%';
+            return true;
+        }
+        m_isBroken = !ReadConversion();
+        return !m_isBroken;
+    }
+    constexpr bool IsBroken() const { return m_isBroken; }
+    // What stands in front of the conversion, or behind the last one.
+    constexpr std::string_view Text() const { return m_text; }
+    constexpr const FormatConversion & Conversion() const { return m_conversion; }
+
+private:
+    constexpr bool Skip(char ch)
+    {
+        const bool isThere = !m_rest.empty() && m_rest.front() == ch;
+        m_rest.remove_prefix(isThere ? 1 : 0);
+        return isThere;
+    }
+    constexpr bool ReadConversion()
+    {
+        ReadFlags();
+        if (!ReadNumber(m_conversion.width)) {
+            return false;
+        }
+        if (Skip('.')) {
+            m_conversion.precision = 0;
+            if (!ReadNumber(m_conversion.precision)) {
+                return false;
+            }
+        }
+        const std::string_view letters = ReadLength();
+        if (m_rest.empty() || letters.find(m_rest.front()) == std::string_view::npos) {
+            return false;
+        }
+        m_conversion.letter = m_rest.front();
+        m_rest.remove_prefix(1);
+        return true;
+    }
+    constexpr void ReadFlags()
+    {
+        for (;; m_rest.remove_prefix(1)) {
+            const char ch = m_rest.empty() ? '\0' : m_rest.front();
+            if (ch == '\'') {
+                // Groups of thousands, of which the C locale has none.
+                continue;
+            }
+            bool * const flag = ch == '-'   ? &m_conversion.isLeft
+                                : ch == '+' ? &m_conversion.hasPlus
+                                : ch == ' ' ? &m_conversion.hasBlank
+                                : ch == '#' ? &m_conversion.isAlternate
+                                : ch == '0' ? &m_conversion.hasZeros
+                                            : nullptr;
+            if (flag == nullptr) {
+                return;
+            }
+            *flag = true;
+        }
+    }
+    // A width or a precision, if there is one.
+    constexpr bool ReadNumber(int & number)
+    {
+        constexpr int limit = 100'000'000;
+        if (Skip('*')) {
+            number = FormatConversion::FromArgument;
+            return true;
+        }
+        for (; !m_rest.empty() && m_rest.front() >= '0' && m_rest.front() <= '9'; m_rest.remove_prefix(1)) {
+            number = (number < 0 ? 0 : number) * 10 + (m_rest.front() - '0');
+            if (number >= limit) {
+                return false;
+            }
+        }
+        return true;
+    }
+    // The length, and the letters that may stand behind it.
+    constexpr std::string_view ReadLength()
+    {
+        constexpr std::string_view integers = "diouxX";
+        if (Skip('h')) {
+            m_conversion.narrowed = Skip('h') ? sizeof(char) : sizeof(short);
+            return integers;
+        }
+        if (Skip('l')) {
+            const bool isLongLong = Skip('l');
+            m_conversion.size = isLongLong ? sizeof(long long) : sizeof(long);
+            return isLongLong ? integers : "diouxXfFeEgGaA";
+        }
+        if (Skip('L')) {
+            m_conversion.isLong = true;
+            return "fFeEgGaA";
+        }
+        if (Skip('j')) {
+            m_conversion.size = sizeof(std::intmax_t);
+            return integers;
+        }
+        if (Skip('z')) {
+            m_conversion.size = sizeof(std::size_t);
+            return integers;
+        }
+        if (Skip('t')) {
+            m_conversion.size = sizeof(std::ptrdiff_t);
+            return integers;
+        }
+        return "diouxXcspfFeEgGaA";
+    }
+
+    std::string_view m_rest;
+    std::string_view m_text;
+    FormatConversion m_conversion;
+    bool m_isBroken = false;
+};
+
+// True if the conversions of a format take these arguments, each exactly one and in their order.
+constexpr bool FormatTakes(std::string_view format, std::span<const FormatType> types)
+{
+    constexpr FormatType integer = {FormatKind::Integer, sizeof(int)};
+    std::size_t used = 0;
+    const auto takesNext = [&used, types](const FormatType & wanted) {
+        const bool takes = used < types.size() && types[used].kind == wanted.kind && types[used].size == wanted.size;
+        ++used;
+        return takes;
+    };
+    FormatWalk walk(format);
+    while (walk.Next()) {
+        const FormatConversion & conversion = walk.Conversion();
+        if (conversion.letter == '%') {
+            continue;
+        }
+        if (conversion.width == FormatConversion::FromArgument && !takesNext(integer)) {
+            return false;
+        }
+        if (conversion.precision == FormatConversion::FromArgument && !takesNext(integer)) {
+            return false;
+        }
+        if (used >= types.size() || !conversion.Takes(types[used++])) {
+            return false;
+        }
+    }
+    return !walk.IsBroken() && used == types.size();
+}
+
+template <typename... Arguments>
+class CheckedFormatString {
+public:
+    // A literal.
+    template <std::size_t Size>
+    consteval CheckedFormatString(const char (&text)[Size]) : m_text(text, Size - 1)
+    {
+        constexpr std::array<FormatType, sizeof...(Arguments)> types = {FormatTypeOf<Arguments>()...};
+        if (!FormatTakes(m_text, types)) {
             FormatDoesNotFitItsArguments();
         }
     }
-
-    constexpr std::size_t Size() const { return m_text.size(); }
-
-    // Writes what stands between two conversions, where "%%" prints as "%"; returns its end.
-    char * WritePiece(char * out, std::size_t index) const
+    // A format that was computed into an array, or that stands elsewhere. A null pointer is an empty text.
+    template <std::size_t Size>
+    CheckedFormatString(char (&text)[Size]) : m_text(text)
     {
-        const std::size_t from = index == 0 ? 0 : m_places[index - 1] + std::size_t(2);
-        const std::size_t end = index == sizeof...(Arguments) ? m_text.size() : m_places[index];
-        if (m_isPlain) {
-            std::memcpy(out, m_text.data() + from, end - from);
-            return out + (end - from);
-        }
-        for (std::size_t i = from; i < end; ++i) {
-            *out++ = m_text[i];
-            i += m_text[i] == '%' ? 1 : 0;
-        }
-        return out;
     }
+    template <typename Text>
+    requires(!std::is_array_v<Text> && std::is_convertible_v<const Text &, std::string_view>)
+        CheckedFormatString(const Text & text)
+        : m_text(FormatArgument(text).Text())
+    {
+    }
+
+    constexpr std::string_view Text() const { return m_text; }
 
 private:
     std::string_view m_text;
-    std::uint16_t m_places[sizeof...(Arguments) + 1] = {};
-    bool m_isPlain = true;  // it has no "%%"
 };
 
-// Takes the argument types from the arguments alone, so that the text is checked against them.
+// Takes the argument types from the arguments alone, so that a literal is checked against them.
 template <typename... Arguments>
-using FormatString = CheckedFormat<std::type_identity_t<Arguments>...>;
+using FormatString = CheckedFormatString<std::type_identity_t<Arguments>...>;
 
-// The most bytes that an argument may take.
-inline std::size_t BoundOf(int /*value*/)
-{
-    return IntegerLength;
-}
-inline std::size_t BoundOf(double /*value*/)
-{
-    return FixedLength;
-}
-inline std::size_t BoundOf(Blanks value)
-{
-    return static_cast<std::size_t>(value.count > 0 ? value.count : 0) + BlanksStep;
-}
-inline std::size_t BoundOf(std::string_view value)
-{
-    return value.size();
-}
-
-// Write an argument and return its end.
-inline char * WriteArgument(char * out, int value)
-{
-    return WriteInteger(out, value);
-}
-inline char * WriteArgument(char * out, double value)
-{
-    return WriteFixed(out, value);
-}
-inline char * WriteArgument(char * out, Blanks value)
-{
-    for (std::int64_t written = 0; written < value.count; written += BlanksStep) {
-        std::memset(out + written, ' ', BlanksStep);
-    }
-    return out + (value.count > 0 ? value.count : 0);
-}
-inline char * WriteArgument(char * out, std::string_view value)
-{
-    // The first and the last bytes of a short text, which overlap unless it has as many as both together.
-    const auto copyEnds = [out, value](auto size) {
-        std::memcpy(out, value.data(), size());
-        std::memcpy(out + value.size() - size(), value.data() + value.size() - size(), size());
-    };
-    if (value.size() > 16) {
-        std::memcpy(out, value.data(), value.size());
-    }
-    else if (value.size() >= 8) {
-        copyEnds(std::integral_constant<std::size_t, 8>());
-    }
-    else if (value.size() >= 4) {
-        copyEnds(std::integral_constant<std::size_t, 4>());
-    }
-    else {
-        std::copy(value.begin(), value.end(), out);
-    }
-    return out + value.size();
-}
-
-// The most bytes that a format may take with these arguments.
-template <typename... Arguments>
-std::size_t FormattedBound(const FormatString<Arguments...> & format, const Arguments &... arguments)
-{
-    return (format.Size() + ... + BoundOf(arguments));
-}
-
-// Writes the text and returns its end; there must be room for FormattedBound bytes. Inlined, so that the pieces of a
-// format are known where they are copied.
-template <typename... Arguments>
-[[gnu::always_inline]] inline char * WriteFormatted(char * out, const FormatString<Arguments...> & format,
-                                                    const Arguments &... arguments)
-{
-    std::size_t index = 0;
-    ((out = WriteArgument(format.WritePiece(out, index++), arguments)), ...);
-    return format.WritePiece(out, index);
-}
+// What printf prints in the C locale. Throws CInvalidArgException for a format that does not take the arguments.
+IPC2581_API std::string Formatted(std::string_view format, std::span<const FormatArgument> arguments);
 
 }  // namespace ipc2581::detail
 

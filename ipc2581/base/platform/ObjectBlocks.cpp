@@ -28,7 +28,7 @@ constexpr bool HasSanitizer = true;
 #else
 constexpr bool HasSanitizer = false;
 #endif
-constexpr bool UsesBlocks = !HasSanitizer && __STDCPP_DEFAULT_NEW_ALIGNMENT__ >= 16;
+constexpr bool UsesBlocks = !HasSanitizer;
 
 // More than a block can ever hold: what an open block counts beside its living objects.
 constexpr std::uint32_t WhileOpen = 1U << 30;
@@ -125,35 +125,37 @@ ObjectBlocks::~ObjectBlocks()
     }
 }
 
-void * ObjectBlocks::TakeElsewhere(std::size_t size)
+void * ObjectBlocks::TakeElsewhere(std::size_t room)
 {
-    constexpr std::size_t largest = BlockSize / 16;
-    if (!UsesBlocks || size > largest) {
-        return TakeAlone(size);
+    if (!UsesBlocks) {
+        Count(room + HeapOverhead);
+        return ::operator new(room);
     }
     Close();
     Open();
-    return Take(size);
+    return Take(room);
 }
 
-void ObjectBlocks::Release(void * object) noexcept
+void ObjectBlocks::Release(void * room) noexcept
 {
-    const std::uintptr_t address = reinterpret_cast<std::uintptr_t>(object);
-    if (!UsesBlocks || address % Step == 0) {
-        ::operator delete(object);
+    if (!UsesBlocks) {
+        ::operator delete(room);
         return;
     }
-    reinterpret_cast<Block *>(static_cast<char *>(object) - address % BlockSize)->Lose(1);
+    const std::uintptr_t beyond = reinterpret_cast<std::uintptr_t>(room) % BlockSize;
+    reinterpret_cast<Block *>(static_cast<char *>(room) - beyond)->Lose(1);
 }
 
 void ObjectBlocks::Open()
 {
-    constexpr std::size_t offset = (sizeof(Block) + Step - 1) / Step * Step + Step / 2;
+    constexpr std::size_t offset = (sizeof(Block) + Step - 1) / Step * Step;
+    static_assert(offset + Largest <= BlockSize);
     m_block = TakeBlock();
     m_next = reinterpret_cast<char *>(m_block) + offset;
     m_left = BlockSize - offset;
-    m_taken = 0;
+    m_alive = 0;
     ++m_opened;
+    m_inBlocks += BlockSize;
 }
 
 ObjectBlocks::Block * ObjectBlocks::TakeBlock()
@@ -172,7 +174,7 @@ ObjectBlocks::Block * ObjectBlocks::TakeBlock()
 void ObjectBlocks::Close() noexcept
 {
     if (m_block != nullptr) {
-        m_block->Lose(WhileOpen - m_taken);
+        m_block->Lose(WhileOpen - m_alive);
         m_block = nullptr;
         m_left = 0;
     }

@@ -1,56 +1,52 @@
 #ifndef IPC2581_BASE_PLATFORM_OBJECTBLOCKS_H
 #define IPC2581_BASE_PLATFORM_OBJECTBLOCKS_H
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <new>
-
-#include "ipc2581/base/Export.h"
+#include <type_traits>
 
 namespace ipc2581::detail {
 
 // Memory for what a reader makes: its objects and their longer texts stand side by side in blocks, and each block goes
 // when the last thing in it has been deleted. The blocks of a larger model are pieces of regions, which the system
-// gives and gets back in one piece. What comes from a block and what a host has made by itself are told apart by their
-// addresses, so that both are deleted alike, one by one, in any order and on any thread, also when the reader is long
-// gone.
-class IPC2581_API ObjectBlocks {
+// gives and gets back in one piece. What stands in a block knows it: an object by its class, a text by a bit of its
+// own. So everything is deleted one by one, in any order and on any thread, also when the reader is long gone.
+class ObjectBlocks {
 public:
+    // The largest room that a block gives, and what the place of a room is a multiple of.
+    static constexpr std::size_t Largest = 2048;
+    static constexpr std::size_t Step = 8;
+
     ObjectBlocks() = default;
     ~ObjectBlocks();
     ObjectBlocks(const ObjectBlocks &) = delete;
     ObjectBlocks & operator=(const ObjectBlocks &) = delete;
 
-    // Room for one object. Throws std::bad_alloc.
+    // Room for one object or text of at most Largest bytes. Throws std::bad_alloc.
     void * Take(std::size_t size)
     {
         const std::size_t room = (size + Step - 1) / Step * Step;
         if (room > m_left) {
-            return TakeElsewhere(size);
+            return TakeElsewhere(room);
         }
         void * const object = m_next;
         m_next += room;
         m_left -= room;
-        ++m_taken;
+        ++m_alive;
         return object;
     }
-    // Room of its own for an object. A heap may place what is smaller than a step where a block would have it.
-    template <typename... NoThrow>
-    static void * TakeAlone(std::size_t size, const NoThrow &... noThrow)
-    {
-        return ::operator new(std::max(size, Step), noThrow...);
-    }
-    // Gives the room of an object back, wherever it came from.
-    static void Release(void * object) noexcept;
+    // Gives a room back.
+    static void Release(void * room) noexcept;
+
+    // Counts what goes with the model and stands elsewhere.
+    void Count(std::size_t bytes) { m_elsewhere += bytes; }
+    // All bytes that have been taken and counted so far, whether they are still in use or not.
+    std::uint64_t Taken() const { return m_elsewhere + m_inBlocks - m_left; }
 
 private:
     struct Block;
 
-    // Objects of their own stand at multiples of this, those in blocks half a step behind one.
-    static constexpr std::size_t Step = 16;
-
-    void * TakeElsewhere(std::size_t size);
+    void * TakeElsewhere(std::size_t room);
     void Open();
     Block * TakeBlock();
     void Close() noexcept;
@@ -58,41 +54,51 @@ private:
     Block * m_block = nullptr;
     char * m_next = nullptr;
     std::size_t m_left = 0;
-    std::uint32_t m_taken = 0;
-    // How many blocks there have been, and the rest of the region.
+    // How many rooms of the block were taken, how many blocks there have been, and the rest of the region.
+    std::uint32_t m_alive = 0;
     std::uint32_t m_opened = 0;
     std::uint32_t m_blocksLeft = 0;
     Block * m_region = nullptr;
+    std::uint64_t m_inBlocks = 0;
+    std::uint64_t m_elsewhere = 0;
 };
 
-// Base of the classes whose objects may come from blocks: new (blocks) CPointD(), or plain new as ever.
-class FromBlocks {
+// An object that stands in a block. Its class is a hidden one, derived from the one that the host knows, so that the
+// delete of a host, which goes through the virtual destructor, gives the room back to the block.
+template <typename Object>
+class InBlock final : public Object {
+    static_assert(std::has_virtual_destructor_v<Object>);
+
 public:
-    static void * operator new(std::size_t size) { return ObjectBlocks::TakeAlone(size); }
-    static void * operator new(std::size_t size, const std::nothrow_t & /*none*/) noexcept
+    InBlock() = default;
+    explicit InBlock(ObjectBlocks & blocks) : Object(blocks) {}
+
+    static void * operator new(std::size_t size, ObjectBlocks & blocks)
     {
-        return ObjectBlocks::TakeAlone(size, std::nothrow);
+        static_assert(sizeof(InBlock) <= ObjectBlocks::Largest && alignof(InBlock) <= ObjectBlocks::Step);
+        return blocks.Take(size);
     }
-    static void * operator new(std::size_t /*size*/, void * place) noexcept { return place; }
-    static void * operator new(std::size_t size, ObjectBlocks & blocks) { return blocks.Take(size); }
     static void operator delete(void * object) noexcept { ObjectBlocks::Release(object); }
-    static void operator delete(void * object, const std::nothrow_t & /*none*/) noexcept
-    {
-        ObjectBlocks::Release(object);
-    }
-    static void operator delete(void * /*object*/, void * /*place*/) noexcept {}
     static void operator delete(void * object, ObjectBlocks & /*blocks*/) noexcept { ObjectBlocks::Release(object); }
 };
 
-// Makes an object in blocks, and its parts beside it where its class can.
+// What the heap takes for itself with each allocation.
+inline constexpr std::size_t HeapOverhead = 8;
+
+// Makes an object for a model that is being read: in a block, with its parts beside it where its class can. What has no
+// virtual destructor is a single object from plain new, since nothing would tell its delete of a block.
 template <typename Object>
 Object * MakeFrom(ObjectBlocks & blocks)
 {
-    if constexpr (requires { Object(blocks); }) {
-        return new (blocks) Object(blocks);
+    if constexpr (!std::has_virtual_destructor_v<Object>) {
+        blocks.Count(sizeof(Object) + HeapOverhead);
+        return new Object();
+    }
+    else if constexpr (std::is_constructible_v<Object, ObjectBlocks &>) {
+        return new (blocks) InBlock<Object>(blocks);
     }
     else {
-        return new (blocks) Object();
+        return new (blocks) InBlock<Object>();
     }
 }
 

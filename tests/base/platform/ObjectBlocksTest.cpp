@@ -7,93 +7,116 @@
 #include <cstring>
 #include <fstream>
 #include <memory>
-#include <new>
 #include <random>
 #include <stdexcept>
 #include <thread>
+#include <typeinfo>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 #include "ipc2581/base/PointD.h"
+#include "ipc2581/draw/LineDesc.h"
 #include "ipc2581/draw/Point.h"
 #include "ipc2581/draw/PolyStep.h"
 #include "tests/support/Sanitizers.h"
 
 namespace {
 
-using ipc2581::detail::FromBlocks;
+using ipc2581::detail::MakeFrom;
 using ipc2581::detail::ObjectBlocks;
 using ipc2581::tests::HasSanitizer;
 
-class Base : public FromBlocks {
+class Base {
 public:
-    explicit Base(int & alive) : m_alive(alive) { ++m_alive; }
+    Base() = default;
     Base(const Base &) = delete;
     Base & operator=(const Base &) = delete;
-    virtual ~Base() { --m_alive; }
+    virtual ~Base()
+    {
+        if (m_alive != nullptr) {
+            --*m_alive;
+        }
+    }
     virtual bool IsWhole() const = 0;
 
+    void CountIn(int & alive)
+    {
+        m_alive = &alive;
+        ++alive;
+    }
+
 private:
-    int & m_alive;
+    int * m_alive = nullptr;
 };
 
 // An object of a size of its own, which knows whether somebody else has written into it.
 template <std::size_t Size>
 class Sized : public Base {
 public:
-    Sized(int & alive, unsigned char mark) : Base(alive), m_mark(mark) { m_bytes.fill(mark); }
+    void Fill(unsigned char mark)
+    {
+        m_mark = mark;
+        m_bytes.fill(mark);
+    }
     bool IsWhole() const override
     {
         return std::all_of(m_bytes.begin(), m_bytes.end(), [this](unsigned char byte) { return byte == m_mark; });
     }
 
 private:
-    unsigned char m_mark;
-    std::array<unsigned char, Size> m_bytes;
+    unsigned char m_mark = 0;
+    std::array<unsigned char, Size> m_bytes = {};
 };
 
-// Final, since the class of the library has virtual operations and no virtual destructor.
-class Coordinates final : public CPointD {
-public:
-    using CPointD::CPointD;
-};
+template <std::size_t Size>
+std::unique_ptr<Base> Marked(Sized<Size> * object, int & alive, std::size_t mark)
+{
+    object->CountIn(alive);
+    object->Fill(static_cast<unsigned char>(mark));
+    return std::unique_ptr<Base>(object);
+}
+
+template <std::size_t Size>
+std::unique_ptr<Base> InBlocks(ObjectBlocks & blocks, int & alive, std::size_t mark)
+{
+    return Marked(MakeFrom<Sized<Size>>(blocks), alive, mark);
+}
 
 using Objects = std::vector<std::unique_ptr<Base>>;
 
-// Objects of several sizes, one of them too large to share a block; every third is made by plain new.
+// Objects of several sizes; every third is made by plain new.
 Objects MakeObjects(ObjectBlocks & blocks, int & alive, std::size_t count)
 {
     Objects objects;
     for (std::size_t i = 0; i < count; ++i) {
-        const auto mark = static_cast<unsigned char>(i);
         switch (i % 9) {
         case 0:
-            objects.emplace_back(new (blocks) Sized<1>(alive, mark));
+            objects.push_back(InBlocks<1>(blocks, alive, i));
             break;
         case 1:
-            objects.emplace_back(new (blocks) Sized<40>(alive, mark));
+            objects.push_back(InBlocks<40>(blocks, alive, i));
             break;
         case 2:
-            objects.emplace_back(new Sized<40>(alive, mark));
+            objects.push_back(Marked(new Sized<40>(), alive, i));
             break;
         case 3:
-            objects.emplace_back(new (blocks) Sized<900>(alive, mark));
+            objects.push_back(InBlocks<900>(blocks, alive, i));
             break;
         case 4:
-            objects.emplace_back(new (blocks) Sized<40000>(alive, mark));
+            objects.push_back(InBlocks<2000>(blocks, alive, i));
             break;
         case 5:
-            objects.emplace_back(new Sized<1>(alive, mark));
+            objects.push_back(Marked(new Sized<1>(), alive, i));
             break;
         case 6:
-            objects.emplace_back(new (blocks) Sized<16>(alive, mark));
+            objects.push_back(InBlocks<16>(blocks, alive, i));
             break;
         case 7:
-            objects.emplace_back(new (blocks) Sized<7>(alive, mark));
+            objects.push_back(InBlocks<7>(blocks, alive, i));
             break;
         default:
-            objects.emplace_back(new Sized<40000>(alive, mark));
+            objects.push_back(Marked(new Sized<40000>(), alive, i));
             break;
         }
     }
@@ -138,9 +161,9 @@ TEST(ObjectBlocks, HandsOutMoreBetweenDeletions)
     ObjectBlocks blocks;
     Objects objects(200);
     std::mt19937 random(2581);
-    for (int i = 0; i < 20000; ++i) {
+    for (std::size_t i = 0; i < 20000; ++i) {
         std::unique_ptr<Base> & object = objects[random() % objects.size()];
-        object.reset(random() % 3 == 0 ? nullptr : new (blocks) Sized<60>(alive, static_cast<unsigned char>(i)));
+        object = random() % 3 == 0 ? nullptr : InBlocks<60>(blocks, alive, i);
     }
     EXPECT_TRUE(AreWhole(objects));
     objects.clear();
@@ -163,7 +186,7 @@ TEST(ObjectBlocks, MayGoWithoutAnObject)
     EXPECT_NO_THROW(ObjectBlocks());
     ObjectBlocks blocks;
     int alive = 0;
-    delete new (blocks) Sized<1>(alive, 0);
+    InBlocks<1>(blocks, alive, 0).reset();
     EXPECT_EQ(alive, 0);
 }
 
@@ -187,7 +210,7 @@ TEST(ObjectBlocks, DeletesNeighboursOnSeveralThreadsWhileOneTakesMore)
     ObjectBlocks blocks;
     std::array<std::vector<CIPC2581_PolyStep *>, Threads> shares;
     for (std::size_t i = 0; i < 8000; ++i) {
-        shares[i % Threads].push_back(new (blocks) CIPC2581_PolyStep());
+        shares[i % Threads].push_back(MakeFrom<CIPC2581_PolyStep>(blocks));
     }
     std::vector<std::thread> threads;
     threads.reserve(Threads);
@@ -198,16 +221,16 @@ TEST(ObjectBlocks, DeletesNeighboursOnSeveralThreadsWhileOneTakesMore)
             }
         });
     }
-    std::vector<std::unique_ptr<Coordinates>> more;
+    std::vector<std::unique_ptr<CIPC2581_Point>> more;
     more.reserve(8000);
     for (int i = 0; i < 8000; ++i) {
-        more.emplace_back(new (blocks) Coordinates(i, -i));
+        more.emplace_back(MakeFrom<CIPC2581_Point>(blocks))->SetPoint_X(i);
     }
     for (std::thread & thread : threads) {
         thread.join();
     }
     for (int i = 0; i < 8000; ++i) {
-        ASSERT_EQ(more[static_cast<std::size_t>(i)]->GetX(), i);
+        ASSERT_EQ(more[static_cast<std::size_t>(i)]->GetPoint_X(), i);
     }
 }
 
@@ -226,54 +249,56 @@ TEST(ObjectBlocks, GivesTheMemoryBack)
         GTEST_SKIP() << "nobody tells, or a sanitizer keeps what is freed";
     }
     constexpr std::size_t Count = 1000000;
-    std::vector<std::unique_ptr<Coordinates>> points(Count);
+    std::vector<std::unique_ptr<CIPC2581_LineDesc>> strokes(Count);
     const std::size_t before = ResidentBytes();
     {
         ObjectBlocks blocks;
-        for (std::unique_ptr<Coordinates> & point : points) {
-            point.reset(new (blocks) Coordinates());
+        for (std::unique_ptr<CIPC2581_LineDesc> & stroke : strokes) {
+            stroke.reset(MakeFrom<CIPC2581_LineDesc>(blocks));
         }
     }
     const std::size_t full = ResidentBytes();
     // Neighbours share a block: of the first half all blocks but the last have lost everything.
     for (std::size_t i = 0; i < Count / 2; ++i) {
-        points[i].reset();
+        strokes[i].reset();
     }
     const std::size_t half = ResidentBytes();
     // One object keeps its block, and no other.
     for (std::size_t i = Count / 2; i < Count; ++i) {
         if (i != Count / 2 + 1000) {
-            points[i].reset();
+            strokes[i].reset();
         }
     }
     const std::size_t one = ResidentBytes();
-    EXPECT_EQ(points[Count / 2 + 1000]->GetX(), 0.0);
-    EXPECT_GE(full - before, Count * sizeof(Coordinates));
+    EXPECT_EQ(strokes[Count / 2 + 1000]->LineEnd, "ROUND");
+    EXPECT_GE(full - before, Count * sizeof(CIPC2581_LineDesc) * 9 / 10);
     EXPECT_LT(half - before, (full - before) * 6 / 10);
     EXPECT_LT(one - before, (full - before) / 5);
 }
 
 TEST(ObjectBlocks, TakesTheRoomBackOfAnObjectWhoseConstructorThrows)
 {
-    struct Thrower : FromBlocks {
+    struct Thrower {
         Thrower() { throw std::runtime_error("no"); }
+        virtual ~Thrower() = default;
         std::array<char, 100> bytes{};
     };
     ObjectBlocks blocks;
     for (int i = 0; i < 1000; ++i) {
-        EXPECT_THROW(new (blocks) Thrower(), std::runtime_error);
+        EXPECT_THROW(MakeFrom<Thrower>(blocks), std::runtime_error);
     }
-    EXPECT_THROW(new Thrower(), std::runtime_error);
 }
 
 TEST(ObjectBlocks, HandsOutRoomOfEverySizeAtAPlaceForNumbersAndPointers)
 {
     ObjectBlocks blocks;
     std::vector<void *> rooms;
-    for (std::size_t size = 1; size <= 5000; size += 7) {
-        rooms.push_back(blocks.Take(size));
-        std::memset(rooms.back(), 0x5A, size);
-        EXPECT_EQ(reinterpret_cast<std::uintptr_t>(rooms.back()) % alignof(double), 0u) << size;
+    for (int round = 0; round < 10; ++round) {
+        for (std::size_t size = 1; size <= ObjectBlocks::Largest; size += 7) {
+            rooms.push_back(blocks.Take(size));
+            std::memset(rooms.back(), 0x5A, size);
+            ASSERT_EQ(reinterpret_cast<std::uintptr_t>(rooms.back()) % ObjectBlocks::Step, 0u) << size;
+        }
     }
     std::sort(rooms.begin(), rooms.end());
     EXPECT_EQ(std::adjacent_find(rooms.begin(), rooms.end()), rooms.end());
@@ -282,44 +307,45 @@ TEST(ObjectBlocks, HandsOutRoomOfEverySizeAtAPlaceForNumbersAndPointers)
     }
 }
 
-TEST(ObjectBlocks, ReleasesWhatPlainNewMadeAndNothing)
-{
-    for (std::size_t size = 0; size <= 5000; size += 13) {
-        ObjectBlocks::Release(::operator new(size));
-    }
-    EXPECT_NO_THROW(ObjectBlocks::Release(nullptr));
-    EXPECT_NO_THROW(delete static_cast<Coordinates *>(nullptr));
-}
-
-// A heap may place objects of up to eight bytes where blocks place theirs.
-TEST(FromBlocks, AsksTheHeapForAStepAtLeast)
-{
-    struct Small : FromBlocks {
-        char byte = 0;
-    };
-    std::vector<std::unique_ptr<Small>> objects(100);
-    for (std::unique_ptr<Small> & object : objects) {
-        object = std::make_unique<Small>();
-        EXPECT_EQ(reinterpret_cast<std::uintptr_t>(object.get()) % 16, 0u);
-    }
-}
-
-// What a host may do with the classes that come from blocks in the library.
-TEST(FromBlocks, LetsAHostMakeObjectsInEveryWay)
+TEST(ObjectBlocks, TellsWhatHasBeenTakenAndCounted)
 {
     ObjectBlocks blocks;
-    const std::unique_ptr<Coordinates> fromBlocks(new (blocks) Coordinates(1, 2));
-    const std::unique_ptr<Coordinates> plain(new Coordinates(3, 4));
-    alignas(Coordinates) std::array<std::byte, sizeof(Coordinates)> place;
-    Coordinates * const inPlace = new (place.data()) Coordinates(5, 6);
-    EXPECT_EQ(fromBlocks->GetX() + plain->GetX() + inPlace->GetX(), 9);
-    inPlace->~Coordinates();
-    const std::unique_ptr<Coordinates> noThrow(new (std::nothrow) Coordinates(7, 8));
-    ASSERT_NE(noThrow, nullptr);
-    EXPECT_EQ(noThrow->GetY(), 8);
-    const auto shared = std::make_shared<CIPC2581_Point>();
-    const auto many = std::make_unique<Coordinates[]>(100);
-    EXPECT_EQ(shared->GetPoint()->GetX(), many[99].GetX());
+    EXPECT_EQ(blocks.Taken(), 0u);
+    blocks.Count(1000);
+    EXPECT_EQ(blocks.Taken(), 1000u);
+    std::vector<std::unique_ptr<CIPC2581_LineDesc>> strokes(10000);
+    for (std::unique_ptr<CIPC2581_LineDesc> & stroke : strokes) {
+        stroke.reset(MakeFrom<CIPC2581_LineDesc>(blocks));
+    }
+    const std::uint64_t taken = blocks.Taken() - 1000;
+    EXPECT_GE(taken, strokes.size() * sizeof(CIPC2581_LineDesc));
+    EXPECT_LE(taken, strokes.size() * sizeof(CIPC2581_LineDesc) * 13 / 10);
+    strokes.clear();
+    EXPECT_EQ(blocks.Taken(), taken + 1000);
+}
+
+TEST(ObjectBlocks, MakesObjectsOfAHiddenClassWithTheirPartsBesideThem)
+{
+    ObjectBlocks blocks;
+    const std::unique_ptr<CIPC2581_Point> point(MakeFrom<CIPC2581_Point>(blocks));
+    EXPECT_NE(typeid(*point), typeid(CIPC2581_Point));
+    EXPECT_NE(dynamic_cast<CIPC2581_Point *>(point.get()), nullptr);
+    const std::unique_ptr<CIPC2581_Point> copy(point->clone());
+    EXPECT_EQ(typeid(*copy), typeid(CIPC2581_Point));
+}
+
+// It has no virtual destructor that could tell its delete of a block.
+TEST(ObjectBlocks, MakesPointsByPlainNew)
+{
+    ObjectBlocks blocks;
+    const auto deletePlainly = [](CPointD * point) {
+        point->~CPointD();
+        ::operator delete(point);
+    };
+    for (int i = 0; i < 100; ++i) {
+        deletePlainly(MakeFrom<CPointD>(blocks));
+    }
+    EXPECT_GE(blocks.Taken(), 100 * sizeof(CPointD));
 }
 
 }  // namespace
