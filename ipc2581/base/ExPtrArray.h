@@ -192,12 +192,12 @@ void AssignClones(CExPtrArray<Element *, Element *> & array, const CExPtrArray<E
     }
 }
 
-// The first element whose field equals the value; null if there is none.
-template <typename Element, typename Field>
-Element * FindFirst(const CExPtrArray<Element *, Element *> & array, Field Element::*field, const Field & value)
+// The first element whose text compares equal to the name; null if there is none.
+template <typename Element>
+Element * FindFirst(const CExPtrArray<Element *, Element *> & array, CString Element::*text, const CString & name)
 {
     for (std::int64_t i = 0; i < array.GetSize(); ++i) {
-        if (array.GetAt(i)->*field == value) {
+        if ((array.GetAt(i)->*text).Compare(name) == 0) {
             return array.GetAt(i);
         }
     }

@@ -44,30 +44,41 @@ public:
     explicit ShortText(std::string_view text)
     {
         const unsigned char * const mask = ShortTextMask.data() + ShortTextMask.size() / 2 - text.size();
-        m_front = _mm_and_si128(Load(text.data()), Load(mask));
-        m_back = _mm_and_si128(Load(text.data() + sizeof(m_front)), Load(mask + sizeof(m_front)));
+        Store(Front(), _mm_and_si128(Load(text.data()), Load(mask)));
+        Store(Back(), _mm_and_si128(Load(text.data() + Half), Load(mask + Half)));
     }
     bool operator==(const ShortText & other) const
     {
-        const __m128i isEqual =
-            _mm_and_si128(_mm_cmpeq_epi8(m_front, other.m_front), _mm_cmpeq_epi8(m_back, other.m_back));
+        const __m128i isEqual = _mm_and_si128(_mm_cmpeq_epi8(Load(Front()), Load(other.Front())),
+                                              _mm_cmpeq_epi8(Load(Back()), Load(other.Back())));
         return _mm_movemask_epi8(isEqual) == 0xffff;
     }
     // A number below that of the hashes.
     std::size_t Hash() const
     {
-        const __m128i halves = _mm_add_epi64(_mm_unpackhi_epi64(m_front, m_front), _mm_add_epi64(m_front, m_back));
-        std::uint64_t low = 0;
-        std::memcpy(&low, &halves, sizeof(low));
-        return static_cast<std::size_t>((low * 0x9e3779b97f4a7c15U) >> 57);
+        const std::uint64_t sum = Quarter(0) + Quarter(1) + Quarter(2);
+        return static_cast<std::size_t>((sum * 0x9e3779b97f4a7c15U) >> 57);
     }
     static constexpr std::size_t Hashes = 128;
 
 private:
-    static __m128i Load(const void * at) { return _mm_loadu_si128(static_cast<const __m128i *>(at)); }
+    static constexpr std::size_t Half = 16;
 
-    __m128i m_front = {};
-    __m128i m_back = {};
+    static __m128i Load(const void * at) { return _mm_loadu_si128(static_cast<const __m128i *>(at)); }
+    static void Store(void * at, __m128i bytes) { _mm_storeu_si128(static_cast<__m128i *>(at), bytes); }
+    char * Front() { return m_bytes.data(); }
+    char * Back() { return m_bytes.data() + Half; }
+    const char * Front() const { return m_bytes.data(); }
+    const char * Back() const { return m_bytes.data() + Half; }
+    std::uint64_t Quarter(std::size_t index) const
+    {
+        std::uint64_t word = 0;
+        std::memcpy(&word, m_bytes.data() + index * sizeof(word), sizeof(word));
+        return word;
+    }
+
+    // Bytes and no registers: the heap of a host may place it at any multiple of eight.
+    std::array<char, 2 * Half> m_bytes = {};
 };
 
 #else

@@ -46,7 +46,6 @@ bool LineFile::Open(const char * path, const char * mode)
     m_isWriting = false;
     m_hasRead = false;
     m_isLarge = false;
-    m_takenBefore = m_blocks.Taken();
     return true;
 }
 
@@ -91,9 +90,11 @@ bool LineFile::NextLineFromFile(std::string_view & line)
         const char * const found = FindLineFeed(m_buffer + m_begin + searched, end);
         if (found != end) {
             TakeLine(found, line);
+            CheckLineLimit(line.size());
             return true;
         }
         searched = m_end - m_begin;
+        CheckLineLimit(searched);
         if (!Fill()) {
             line = {m_buffer + m_begin, m_end - m_begin};
             m_begin = m_end;
@@ -151,11 +152,6 @@ bool LineFile::Fill()
     }
     if (m_end == m_size && m_size >= INT_MAX) {
         Fail("read", EFBIG);
-    }
-    // Cut into tokens a line takes up to eight times its length, and a list of them for a host again half of that.
-    constexpr std::uint64_t shareOfLine = 16;
-    if (m_end == m_size && m_size >= BlockSize && m_size > m_modelLimit / shareOfLine) {
-        FailForLimit();
     }
     if (m_isLarge && m_size < BlockSize) {
         GrowBuffer(BlockSize);
@@ -263,6 +259,15 @@ void LineFile::Fail(const char * what, int cause)
 {
     throw CFileException("cannot " + std::string(what) + " " + m_path + ": " +
                          std::error_code(cause, std::generic_category()).message());
+}
+
+// Cut into tokens a line takes up to eight times its length, and a list of them for a host again half of that.
+void LineFile::CheckLineLimit(std::size_t length)
+{
+    constexpr std::uint64_t shareOfLine = 16;
+    if (length > BlockSize && length > m_modelLimit / shareOfLine) {
+        FailForLimit();
+    }
 }
 
 void LineFile::FailForLimit()

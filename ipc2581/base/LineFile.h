@@ -54,12 +54,15 @@ public:
     void Commit(const char * end) { m_end = static_cast<std::size_t>(end - m_buffer); }
     void Write(const char * bytes, std::size_t count);
 
-    // What a model that is read from the file may take, from its opening on; a line may take a sixteenth of that.
+    // What a model that is read from the file may take. A line may be a sixteenth of that long, or as long as the
+    // buffer.
     void SetModelLimit(std::uint64_t bytes) { m_modelLimit = bytes; }
+    // From now on what is made counts as another model.
+    void BeginModel() { m_blocks.SetBudget(m_modelLimit); }
     // Throws CFileException if the model has passed the limit.
     void CheckModelLimit()
     {
-        if (m_blocks.Taken() - m_takenBefore > m_modelLimit) {
+        if (m_blocks.IsSpent()) {
             FailForLimit();
         }
     }
@@ -73,6 +76,7 @@ public:
 
 private:
     bool NextLineFromFile(std::string_view & line);
+    void CheckLineLimit(std::size_t length);
     // Takes the line that ends in the line feed at the place.
     void TakeLine(const char * lineFeed, std::string_view & line)
     {
@@ -112,7 +116,6 @@ private:
     bool m_hasRead = false;  // since it was opened or last written to
     bool m_isLarge = false;  // the last read has filled the buffer
     ObjectBlocks m_blocks;
-    std::uint64_t m_takenBefore = 0;
     std::uint64_t m_modelLimit = UINT64_MAX;
     TokenList m_tokens{m_blocks};
     FirstTokenMemory m_firstTokens;

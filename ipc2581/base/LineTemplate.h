@@ -12,6 +12,7 @@
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/LineFile.h"
 #include "ipc2581/base/LineFormat.h"
+#include "ipc2581/base/OwnedPart.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 
 namespace ipc2581::detail {
@@ -84,7 +85,7 @@ int ExportElements(const CExPtrArray<Element *, Element *> & elements, CStdioFil
 template <typename... Parts>
 bool ExportParts(CStdioFile & file, int level, Parts &... parts)
 {
-    return (... && (parts.Export(file, level) != 0));
+    return (... && (PartOf(parts).Export(file, level) != 0));
 }
 
 // Writes an element without attributes: its opening line, its parts one level deeper, its closing line. Gives 1, or 0

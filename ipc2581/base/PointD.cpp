@@ -13,8 +13,10 @@ void CPointD::Init()
 
 void CPointD::SetData(double const & x, double const & y)
 {
+    // Both taken first: they may be the point's own, the other way round.
+    const double newY = y;
     X = x;
-    Y = y;
+    Y = newY;
 }
 
 int CPointD::operator==(CPointD const & other) const

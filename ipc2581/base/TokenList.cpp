@@ -25,7 +25,7 @@ std::string_view Stripped(std::string_view text, Test test)
 
 }  // namespace
 
-TokenList::TokenList(const CArray<CString, CString> & tokens)
+TokenList::TokenList(const CArray<CString, CString> & tokens, ObjectBlocks * blocks) : m_blocks(blocks)
 {
     m_tokens.reserve(static_cast<std::size_t>(tokens.GetSize()));
     for (std::int64_t i = 0; i < tokens.GetSize(); ++i) {

@@ -24,8 +24,9 @@ public:
     TokenList() = default;
     // The tokens of a file, whose reader takes room for long texts from these blocks.
     explicit TokenList(ObjectBlocks & blocks) : m_blocks(&blocks) {}
-    // The tokens of a host's list, which must stay as well. Every scan takes such a list as it is.
-    TokenList(const CArray<CString, CString> & tokens);
+    // The tokens of a list, which must stay as well; a reader that has its line as such a list adds the blocks of its
+    // file. Every scan takes a list as it is.
+    TokenList(const CArray<CString, CString> & tokens, ObjectBlocks * blocks = nullptr);
 
     // A line that is cut on runs of blanks, once somebody asks for its tokens. Every "<" and ">" goes, wherever it
     // stands; a tab is no blank and a "/" stays. A token may be empty: a bracket that stands alone. Its first token,

@@ -8,8 +8,10 @@ CIPC2581_XmlDataAdd_Function::~CIPC2581_XmlDataAdd_Function() = default;
 
 void CIPC2581_XmlDataAdd_Function::Tokenize(CString & line, CArray<CString, CString> * tokens)
 {
+    // A line of its own: the given one may be an element of the list, which moves as it grows.
+    const CString own(line);
     TokenList list;
-    list.SetLine(line, TokenList::NoPlainRest);
+    list.SetLine(own, TokenList::NoPlainRest);
     list.AppendTo(*tokens);
 }
 

@@ -44,7 +44,7 @@ int AssemblyDrawing::Export(CStdioFile & file, int level)
     if (Outline->Polygon->PolyStepArray->IsEmpty()) {
         return 1;
     }
-    return ExportElement(file, level, "AssemblyDrawing", *Outline, Text, TargetArray);
+    return ExportElement(file, level, "AssemblyDrawing", Outline, Text, TargetArray);
 }
 
 AssemblyDrawing * AssemblyDrawing::clone() const

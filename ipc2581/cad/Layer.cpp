@@ -4,7 +4,19 @@
 
 using namespace ipc2581::detail;
 
-CIPC2581_Ecad_CadData_Layer::CIPC2581_Ecad_CadData_Layer() = default;
+namespace {
+
+constexpr const char * DefaultPolarity = "POSITIVE";
+
+}  // namespace
+
+CIPC2581_Ecad_CadData_Layer::CIPC2581_Ecad_CadData_Layer() : polarity(DefaultPolarity) {}
+
+CIPC2581_Ecad_CadData_Layer::CIPC2581_Ecad_CadData_Layer(ObjectBlocks & blocks)
+{
+    polarity.Assign(DefaultPolarity, &blocks);
+}
+
 CIPC2581_Ecad_CadData_Layer::CIPC2581_Ecad_CadData_Layer(const CIPC2581_Ecad_CadData_Layer & other) = default;
 CIPC2581_Ecad_CadData_Layer &
 CIPC2581_Ecad_CadData_Layer::operator=(const CIPC2581_Ecad_CadData_Layer & other) = default;
@@ -32,5 +44,10 @@ int CIPC2581_Ecad_CadData_LayerArray::Export(CStdioFile & file, int level)
 
 CIPC2581_Ecad_CadData_Layer * CIPC2581_Ecad_CadData_LayerArray::FindLayer(int id) const
 {
-    return FindFirst(*this, &CIPC2581_Ecad_CadData_Layer::m_nLayerId, id);
+    for (std::int64_t i = 0; i < GetSize(); ++i) {
+        if (GetAt(i)->m_nLayerId == id) {
+            return GetAt(i);
+        }
+    }
+    return nullptr;
 }

@@ -13,9 +13,11 @@ public:
     CString name;
     CString layerFunction;
     CString side;
-    CString polarity = "POSITIVE";
+    CString polarity;  // "POSITIVE" in a new layer
 
     CIPC2581_Ecad_CadData_Layer();
+    // For a reader: with its text in the same blocks.
+    explicit CIPC2581_Ecad_CadData_Layer(ipc2581::detail::ObjectBlocks & blocks);
     CIPC2581_Ecad_CadData_Layer(const CIPC2581_Ecad_CadData_Layer & other);
     CIPC2581_Ecad_CadData_Layer & operator=(const CIPC2581_Ecad_CadData_Layer & other);
     virtual ~CIPC2581_Ecad_CadData_Layer();

@@ -31,7 +31,7 @@ CIPC2581_Ecad_CadData_Step_LogicalNet::~CIPC2581_Ecad_CadData_Step_LogicalNet()
 
 int CIPC2581_Ecad_CadData_Step_LogicalNet::Export(CStdioFile & file, int level)
 {
-    return ExportKeyedElement(file, level, "LogicalNet", "name", Name, *LogicalNetPinArray);
+    return ExportKeyedElement(file, level, "LogicalNet", "name", Name, LogicalNetPinArray);
 }
 
 void CIPC2581_Ecad_CadData_Step_LogicalNet::Init()

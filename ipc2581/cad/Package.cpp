@@ -120,7 +120,7 @@ Package::~CIPC2581_Ecad_CadData_Step_Package()
 int Package::Export(CStdioFile & file, int level)
 {
     WriteLine(file, "%s<Package name=\"%s\" type=\"%s\">\n", Indent(level + 1), name, type);
-    if (!ExportParts(file, level + 1, *Outline, SilkScreen, AssemblyDrawing, LandPattern, PinArray)) {
+    if (!ExportParts(file, level + 1, Outline, SilkScreen, AssemblyDrawing, LandPattern, PinArray)) {
         return 0;
     }
     WriteLine(file, "%s</Package>\n", Indent(level + 1));

@@ -50,13 +50,13 @@ PackageOutline & PackageOutline::operator=(const PackageOutline & other)
 
 int PackageOutline::Import(CStdioFile & file)
 {
-    ReadOutline(file, *Polygon, *LineDesc);
+    ReadOutline(file, Polygon, LineDesc);
     return 1;
 }
 
 int PackageOutline::Export(CStdioFile & file, int level)
 {
-    return ExportElement(file, level, "Outline", *LineDesc, *Polygon);
+    return ExportElement(file, level, "Outline", LineDesc, Polygon);
 }
 
 void PackageOutline::Init()

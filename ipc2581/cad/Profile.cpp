@@ -43,7 +43,7 @@ CIPC2581_Ecad_CadData_Step_Profile::operator=(const CIPC2581_Ecad_CadData_Step_P
 
 int CIPC2581_Ecad_CadData_Step_Profile::Export(CStdioFile & file, int level)
 {
-    return ExportElement(file, level, "Profile", *Polygon, *Cutouts);
+    return ExportElement(file, level, "Profile", Polygon, Cutouts);
 }
 
 void CIPC2581_Ecad_CadData_Step_Profile::Init()
@@ -60,7 +60,7 @@ void CIPC2581_Ecad_CadData_Step_Profile::ReadProfile(CStdioFile & file)
             Polygon->Import(file);
         }
         else if (line.Opens("Cutout")) {
-            ImportShape<CIPC2581_Cutout>(*Cutouts, file);
+            ImportShape<CIPC2581_Cutout>(Cutouts, file);
         }
         else if (line.Holds("/Profile")) {
             return;

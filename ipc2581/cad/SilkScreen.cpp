@@ -27,7 +27,7 @@ CIPC2581_Ecad_CadData_Step_Package_SilkScreen::~CIPC2581_Ecad_CadData_Step_Packa
 
 int CIPC2581_Ecad_CadData_Step_Package_SilkScreen::Export(CStdioFile & file, int level)
 {
-    return ExportElement(file, level, "SilkScreen", *Outline, Text, TargetArray);
+    return ExportElement(file, level, "SilkScreen", Outline, Text, TargetArray);
 }
 
 void CIPC2581_Ecad_CadData_Step_Package_SilkScreen::SilkScreenAdd(CStdioFile & file)

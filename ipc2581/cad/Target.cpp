@@ -53,13 +53,13 @@ void CIPC2581_Ecad_CadData_Step_Target::TargetAdd(CStdioFile & file)
     LineCycle line(file);
     while (line.Next()) {
         if (line.Opens("Contour")) {
-            ImportShape<CIPC2581_DicDraw_Contour>(*DrawObjArray, file);
+            ImportShape<CIPC2581_DicDraw_Contour>(DrawObjArray, file);
         }
         else if (line.Opens("Location")) {
             ReadLocation(line.Tokens(), Location);
         }
         else if (line.Opens("Polyline")) {
-            ImportShape<CIPC2581_PolyLine>(*DrawObjArray, file);
+            ImportShape<CIPC2581_PolyLine>(DrawObjArray, file);
         }
         else if (line.Holds("/Target")) {
             return;

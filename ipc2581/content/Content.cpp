@@ -44,7 +44,7 @@ int CIPC2581_Content::Export_FunctionMode(CStdioFile & file, int level)
 
 int CIPC2581_Content::Export_Dictionary(CStdioFile & file, int level)
 {
-    return ExportParts(file, level, *DictionaryStandard, *m_DictionaryColor) ? 1 : 0;
+    return ExportParts(file, level, DictionaryStandard, m_DictionaryColor) ? 1 : 0;
 }
 
 CIPC2581_Content & CIPC2581_Content::operator=(const CIPC2581_Content & other)

@@ -46,10 +46,10 @@ int CIPC2581_DicDraw_Contour::Import(CStdioFile & file)
     LineCycle line(file);
     while (line.Next()) {
         if (line.Opens("Polygon")) {
-            ImportShape<CIPC2581_Polygon>(*DicDrawObjArray, file);
+            ImportShape<CIPC2581_Polygon>(DicDrawObjArray, file);
         }
         else if (line.Opens("Cutout")) {
-            ImportShape<CIPC2581_Cutout>(*DicDrawObjArray, file);
+            ImportShape<CIPC2581_Cutout>(DicDrawObjArray, file);
         }
         else if (line.Holds("/Contour")) {
             return 1;
@@ -60,7 +60,7 @@ int CIPC2581_DicDraw_Contour::Import(CStdioFile & file)
 
 int CIPC2581_DicDraw_Contour::Export(CStdioFile & file, int level)
 {
-    return ExportElement(file, level, "Contour", *DicDrawObjArray);
+    return ExportElement(file, level, "Contour", DicDrawObjArray);
 }
 
 CIPC2581_DicDraw_Contour & CIPC2581_DicDraw_Contour::operator=(const CIPC2581_DicDraw_Contour & other)

@@ -21,7 +21,7 @@ CIPC2581_Content_DictionaryColor::~CIPC2581_Content_DictionaryColor()
 
 int CIPC2581_Content_DictionaryColor::Export(CStdioFile & file, int level)
 {
-    return ipc2581::detail::ExportElement(file, level, "DictionaryColor", *Entry);
+    return ipc2581::detail::ExportElement(file, level, "DictionaryColor", Entry);
 }
 
 CIPC2581_Content_DictionaryColor &

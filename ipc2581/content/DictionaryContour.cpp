@@ -7,9 +7,16 @@ DictionaryContour::DictionaryContour(int drawType) : PtArray(nullptr)
     Restart(drawType);
 }
 
+// Nothing is left to delete here but of an object whose constructor has failed.
 DictionaryContour::~DictionaryContour()
 {
+    DeleteList();
+}
+
+void DictionaryContour::DeleteList()
+{
     delete PtArray;
+    PtArray = nullptr;
 }
 
 void DictionaryContour::Restart(int drawType)

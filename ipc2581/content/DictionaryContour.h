@@ -21,6 +21,8 @@ public:
 
 protected:
     explicit DictionaryContour(int drawType);
+    // For the destructors of the two: the list goes while the object is still one of their class.
+    void DeleteList();
     // Takes a new empty list. The old one lives on: hosts hold pointers to it.
     void Restart(int drawType);
     // Copies the draw type and the list.

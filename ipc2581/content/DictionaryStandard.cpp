@@ -25,7 +25,7 @@ int CIPC2581_Content_DictionaryStandard::Export(CStdioFile & file, int level)
     if (EntryArray->IsEmpty()) {
         return 1;
     }
-    return ExportKeyedElement(file, level, "DictionaryStandard", "units", Unit, *EntryArray);
+    return ExportKeyedElement(file, level, "DictionaryStandard", "units", Unit, EntryArray);
 }
 
 CIPC2581_Content_DictionaryStandard &

@@ -38,7 +38,7 @@ CIPC2581_Content_DictionaryUser::operator=(const CIPC2581_Content_DictionaryUser
 
 int CIPC2581_Content_DictionaryUser::Export(CStdioFile & file, int level)
 {
-    return ExportKeyedElement(file, level, "DictionaryUser", "units", Unit, *EntryArray);
+    return ExportKeyedElement(file, level, "DictionaryUser", "units", Unit, EntryArray);
 }
 
 void CIPC2581_Content_DictionaryUser::Init()

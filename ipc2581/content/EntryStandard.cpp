@@ -64,7 +64,7 @@ const ShapeRow * FindShape(const LineCycle & line)
     return nullptr;
 }
 
-void AddShape(const ShapeRow & row, LineCycle & line, CStdioFile & file, CIPC2581_DrawObjArray & shapes)
+void AddShape(const ShapeRow & row, LineCycle & line, CStdioFile & file, CIPC2581_DrawObjArray *& shapes)
 {
     std::unique_ptr<CIPC2581_DrawObj> shape = row.make(file);
     if (IsContour(row)) {
@@ -74,7 +74,7 @@ void AddShape(const ShapeRow & row, LineCycle & line, CStdioFile & file, CIPC258
         CArray<CString, CString> tokens;
         shape->Import(line.CopyTokens(tokens));
     }
-    Append(shapes, std::move(shape));
+    Append(*shapes, std::move(shape));
 }
 
 }  // namespace
@@ -112,7 +112,7 @@ int EntryStandard::Import(CStdioFile & file)
     LineCycle line(file, LineForm::WholeLine);
     while (line.Next()) {
         if (const ShapeRow * const shape = FindShape(line)) {
-            AddShape(*shape, line, file, *DrawArray);
+            AddShape(*shape, line, file, DrawArray);
         }
         else if (line.Holds("/EntryStandard")) {
             return 1;
@@ -123,7 +123,7 @@ int EntryStandard::Import(CStdioFile & file)
 
 int EntryStandard::Export(CStdioFile & file, int level)
 {
-    return ExportKeyedElement(file, level, "EntryStandard", "id", EntryStandardId, *DrawArray);
+    return ExportKeyedElement(file, level, "EntryStandard", "id", EntryStandardId, DrawArray);
 }
 
 EntryStandard & EntryStandard::operator=(const EntryStandard & other)

@@ -36,7 +36,7 @@ EntryUser & EntryUser::operator=(const EntryUser & other)
 
 int EntryUser::Export(CStdioFile & file, int level)
 {
-    return ExportKeyedElement(file, level, "EntryUser", "id", ID, *DrawObjArray);
+    return ExportKeyedElement(file, level, "EntryUser", "id", ID, DrawObjArray);
 }
 
 void EntryUser::Init()

@@ -8,11 +8,13 @@ using namespace ipc2581::detail;
 
 namespace {
 
-// Counts a text of a list that the section adds to, with its place there, among what the model takes.
-void CountText(CStdioFile & file, const CString & text)
+// Counts the text that has just been added to a list of texts among what the model takes.
+void CountLast(CStdioFile & file, const CStringArray & texts)
 {
-    constexpr std::size_t place = 2 * sizeof(CString) + 2 * HeapOverhead;
-    file.Lines().Blocks().Count(place + static_cast<std::size_t>(text.GetLength()));
+    constexpr std::size_t inside = sizeof(CString) - 2;
+    constexpr std::size_t besideText = 2 * sizeof(int) + 2 * HeapOverhead;
+    const std::size_t length = static_cast<std::size_t>(texts[texts.GetUpperBound()].GetLength());
+    file.Lines().Blocks().Count(sizeof(CString) + (length <= inside ? 0 : besideText + length));
 }
 
 }  // namespace
@@ -118,23 +120,22 @@ void CIPC2581_XmlLiteReader::ContentProcess(CIPC2581_Parser & root)
     CIPC2581_Content & content = root.m_Content;
     CArray<CString, CString> tokens;
     LineCycle line(m_File, LineForm::Content);
-    const auto name = [this, &tokens, &line]() -> CString & {
-        CString & token = line.CopyTokens(tokens)[0];
-        CountText(m_File, token);
-        return token;
+    const auto readName = [&](void (CIPC2581_Content::*read)(CString &), const CStringArray & names) {
+        (content.*read)(line.CopyTokens(tokens)[0]);
+        CountLast(m_File, names);
     };
     while (line.Next()) {
         if (line.Holds("FunctionMode")) {
             content.ReadFunctionMode(line.CopyTokens(tokens));
         }
         else if (line.Holds("StepRef")) {
-            content.ReadStepRef(name());
+            readName(&CIPC2581_Content::ReadStepRef, content.StepRef);
         }
         else if (line.Holds("LayerRef")) {
-            content.ReadLayerRef(name());
+            readName(&CIPC2581_Content::ReadLayerRef, content.LayerRef);
         }
         else if (line.Holds("BomRef")) {
-            content.ReadBomRef(name());
+            readName(&CIPC2581_Content::ReadBomRef, content.BomRef);
         }
         else if (line.Holds("DictionaryStandard")) {
             content.ReadDictionaryStandard(line.CopyTokens(tokens), m_File);
@@ -214,7 +215,6 @@ void CIPC2581_XmlLiteReader::EcadProcess(CArray<CString, CString> & tokens, CIPC
 
 void CIPC2581_XmlLiteReader::Log(const char * entry)
 {
-    const CString text(entry);
-    CountText(m_File, text);
-    m_arrSectionLog.SetAtGrow(m_arrSectionLog.GetSize(), text);
+    m_arrSectionLog.SetAtGrow(m_arrSectionLog.GetSize(), entry);
+    CountLast(m_File, m_arrSectionLog);
 }

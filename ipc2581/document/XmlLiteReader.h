@@ -33,10 +33,10 @@ public:
     int WriteFilePath(CString & path, CIPC2581_Parser & root);
     // Writes the two sections into the open file.
     int WriteIPC2581(CIPC2581_Parser & root, int level);
-    // What the models of the reads that follow may take, each from its OpenPath on: the bytes of the objects and texts
-    // that it makes, and of their places in lists. None is set at first. A read that passes the limit ends with
-    // CFileException; the root then holds what was finished before. So does one with a line that is longer than a
-    // sixteenth of the limit.
+    // What the models of the reads that follow may take, each from its OpenPath on, in bytes: of the objects and texts
+    // that it makes, in blocks of 32 KiB, and of their places in lists. There is no limit at first. A read that passes
+    // it ends with CFileException, and the root then holds what was finished before. So does a read of a line that is
+    // longer than a sixteenth of the limit and than 128 KiB.
     void SetMemoryLimit(std::uint64_t bytes);
     // Sends the position to the progress control, if there is one.
     void SetProgress(int position);

@@ -70,7 +70,10 @@ CIPC2581_Arc * CIPC2581_Arc::clone()
 CIPC2581_Arc & CIPC2581_Arc::operator=(const CIPC2581_Arc & other)
 {
     if (this != &other) {
-        // The points stay: hosts place a copied arc themselves.
+        // The points stay, each assigned to itself: hosts place a copied arc themselves.
+        StartPoint->operator=(*StartPoint);
+        EndPoint->operator=(*EndPoint);
+        CenterPoint->operator=(*CenterPoint);
         Clockwise = other.Clockwise;
         *LineDesc = *other.LineDesc;
     }

@@ -12,10 +12,18 @@ ContourShape::ContourShape(ObjectBlocks & blocks, int drawType) : ContourShape()
     PolyStepArray = MakeFrom<CIPC2581_PolyStepArray>(blocks);
 }
 
+// Nothing is left to delete here but of a shape whose constructor has failed.
 ContourShape::~ContourShape()
+{
+    DeleteContour();
+}
+
+void ContourShape::DeleteContour()
 {
     delete PolyBegin;
     delete PolyStepArray;
+    PolyBegin = nullptr;
+    PolyStepArray = nullptr;
 }
 
 void ContourShape::PolyBeginAdd(CArray<CString, CString> & tokens)

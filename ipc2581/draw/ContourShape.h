@@ -37,6 +37,9 @@ public:
 protected:
     ContourShape() = default;
     ContourShape(ObjectBlocks & blocks, int drawType);
+    // For the destructors of the shapes: their parts go while the object is still one of their class, as a part of the
+    // host's own may look at it.
+    void DeleteContour();
     // Copies begin point and steps by value.
     void CopyContour(const ContourShape & other);
 };

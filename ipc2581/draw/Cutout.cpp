@@ -19,17 +19,20 @@ CIPC2581_Cutout::CIPC2581_Cutout(const CIPC2581_Cutout & other) : CIPC2581_Cutou
     CIPC2581_Cutout::operator=(other);
 }
 
-CIPC2581_Cutout::~CIPC2581_Cutout() = default;
+CIPC2581_Cutout::~CIPC2581_Cutout()
+{
+    DeleteContour();
+}
 
 int CIPC2581_Cutout::Import(CStdioFile & file)
 {
-    ReadClosedContour(file, "/Cutout", *PolyBegin, *PolyStepArray);
+    ReadClosedContour(file, "/Cutout", PolyBegin, PolyStepArray);
     return 1;
 }
 
 int CIPC2581_Cutout::Export(CStdioFile & file, int level)
 {
-    return ExportElement(file, level, "Cutout", *PolyBegin, *PolyStepArray);
+    return ExportElement(file, level, "Cutout", PolyBegin, PolyStepArray);
 }
 
 CIPC2581_Cutout * CIPC2581_Cutout::clone()
@@ -49,9 +52,9 @@ void CIPC2581_Cutout::Init()
     // New parts, unlike in a polygon: hosts rely on the getters giving new objects behind Init.
     delete PolyBegin;
     PolyBegin = nullptr;
+    PolyBegin = new CIPC2581_Point();
     delete PolyStepArray;
     PolyStepArray = nullptr;
-    PolyBegin = new CIPC2581_Point();
     PolyStepArray = new CIPC2581_PolyStepArray();
 }
 

@@ -9,14 +9,14 @@
 
 namespace ipc2581::detail {
 
-// Makes a shape, lets it read itself from the lines behind its opening line, and appends it, whatever it found. A shape
-// in hand when an exception passes is freed.
-template <typename Shape>
-void ImportShape(CIPC2581_DrawObjArray & shapes, CStdioFile & file)
+// Makes a shape, lets it read itself from the lines behind its opening line, and appends it to the list that is there
+// then, whatever it found. A shape in hand when an exception passes is freed.
+template <typename Shape, typename Shapes>
+void ImportShape(Shapes & shapes, CStdioFile & file)
 {
     auto shape = New<Shape>(file);
     shape->Import(file);
-    Append(shapes, std::move(shape));
+    Append(PartOf(shapes), std::move(shape));
 }
 
 }  // namespace ipc2581::detail

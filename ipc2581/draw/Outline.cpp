@@ -32,7 +32,7 @@ CIPC2581_Outline::~CIPC2581_Outline()
 
 int CIPC2581_Outline::Import(CStdioFile & file)
 {
-    ReadOutline(file, *Polygon, *LineDesc);
+    ReadOutline(file, Polygon, LineDesc);
     return 1;
 }
 
@@ -69,15 +69,15 @@ void CIPC2581_Outline::InIt()
     ResetOrCreate(LineDesc);
 }
 
-void ipc2581::detail::ReadOutline(CStdioFile & file, CIPC2581_Polygon & polygon, CIPC2581_LineDesc & lineDesc)
+void ipc2581::detail::ReadOutline(CStdioFile & file, CIPC2581_Polygon *& polygon, CIPC2581_LineDesc *& lineDesc)
 {
     LineCycle line(file);
     while (line.Next()) {
         if (line.Opens("LineDesc")) {
-            ReadLineDesc(line.Tokens(), lineDesc);
+            ReadLineDesc(line.Tokens(), *lineDesc);
         }
         else if (line.Holds("Polygon")) {
-            polygon.Import(file);
+            polygon->Import(file);
         }
         else if (line.Holds("/Outline")) {
             return;

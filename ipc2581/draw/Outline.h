@@ -47,7 +47,7 @@ private:
 namespace ipc2581::detail {
 
 // Reads the lines under an Outline line up to the one with "/Outline". The polygon is asked for without a slash test.
-void ReadOutline(CStdioFile & file, CIPC2581_Polygon & polygon, CIPC2581_LineDesc & lineDesc);
+void ReadOutline(CStdioFile & file, CIPC2581_Polygon *& polygon, CIPC2581_LineDesc *& lineDesc);
 
 }  // namespace ipc2581::detail
 

@@ -57,14 +57,14 @@ bool ReadPolyStep(LineCycle & line, CStdioFile & file, CIPC2581_PolyStepArray & 
     return false;
 }
 
-void ReadClosedContour(CStdioFile & file, Word end, CIPC2581_Point & begin, CIPC2581_PolyStepArray & steps)
+void ReadClosedContour(CStdioFile & file, Word end, CIPC2581_Point *& begin, CIPC2581_PolyStepArray *& steps)
 {
     LineCycle line(file);
     while (line.Next()) {
         if (line.Holds("PolyBegin")) {
-            ReadPolyBegin(line.Tokens(), begin);
+            ReadPolyBegin(line.Tokens(), *begin);
         }
-        else if (!ReadPolyStep(line, file, steps) && line.Holds(end)) {
+        else if (!ReadPolyStep(line, file, *steps) && line.Holds(end)) {
             return;
         }
     }

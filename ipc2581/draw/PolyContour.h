@@ -25,7 +25,7 @@ void ReadPolyStepCurve(const TokenList & tokens, std::unique_ptr<CIPC2581_PolySt
 bool ReadPolyStep(LineCycle & line, CStdioFile & file, CIPC2581_PolyStepArray & steps);
 
 // Reads the lines of a closed contour up to the one whose first token holds the end word, or the end of the file.
-void ReadClosedContour(CStdioFile & file, Word end, CIPC2581_Point & begin, CIPC2581_PolyStepArray & steps);
+void ReadClosedContour(CStdioFile & file, Word end, CIPC2581_Point *& begin, CIPC2581_PolyStepArray *& steps);
 
 void WritePolyStepSegment(CStdioFile & file, int level, const CPointD & end);
 void WritePolyStepCurve(CStdioFile & file, int level, const CPointD & end, const CPointD & center, int clockWise);

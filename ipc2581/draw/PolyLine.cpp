@@ -24,6 +24,7 @@ CIPC2581_PolyLine::CIPC2581_PolyLine(const CIPC2581_PolyLine & other) : CIPC2581
 
 CIPC2581_PolyLine::~CIPC2581_PolyLine()
 {
+    DeleteContour();
     delete LineDesc;
 }
 
@@ -50,7 +51,7 @@ int CIPC2581_PolyLine::Import(CStdioFile & file)
 
 int CIPC2581_PolyLine::Export(CStdioFile & file, int level)
 {
-    return ExportElement(file, level, "Polyline", *PolyBegin, *PolyStepArray, *LineDesc);
+    return ExportElement(file, level, "Polyline", PolyBegin, PolyStepArray, LineDesc);
 }
 
 CIPC2581_PolyLine * CIPC2581_PolyLine::clone()

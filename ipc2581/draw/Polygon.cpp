@@ -18,17 +18,20 @@ CIPC2581_Polygon::CIPC2581_Polygon(const CIPC2581_Polygon & other) : CIPC2581_Po
     CIPC2581_Polygon::operator=(other);
 }
 
-CIPC2581_Polygon::~CIPC2581_Polygon() = default;
+CIPC2581_Polygon::~CIPC2581_Polygon()
+{
+    DeleteContour();
+}
 
 int CIPC2581_Polygon::Import(CStdioFile & file)
 {
-    ReadClosedContour(file, "/Polygon", *PolyBegin, *PolyStepArray);
+    ReadClosedContour(file, "/Polygon", PolyBegin, PolyStepArray);
     return 1;
 }
 
 int CIPC2581_Polygon::Export(CStdioFile & file, int level)
 {
-    return ExportElement(file, level, "Polygon", *PolyBegin, *PolyStepArray);
+    return ExportElement(file, level, "Polygon", PolyBegin, PolyStepArray);
 }
 
 CIPC2581_Polygon * CIPC2581_Polygon::clone()

@@ -20,9 +20,10 @@ void CIPC2581_Bom::ReadBomHeader(CArray<CString, CString> & tokens)
 void CIPC2581_Bom::ReadBomItem(CArray<CString, CString> & tokens, CStdioFile & file)
 {
     auto item = New<CIPC2581_Bom_BomItem>(file);
-    ScanAttributes(tokens, {Text("quantity", item->quantity), Text("numberIO", item->numberIO),
-                            Text("category", item->category), Text("internalPartNumber", item->internalPartNumber),
-                            Text("description", item->description), Text("packageRef", item->packageRef)});
+    ScanAttributes(TokenList(tokens, &file.Lines().Blocks()),
+                   {Text("quantity", item->quantity), Text("numberIO", item->numberIO),
+                    Text("category", item->category), Text("internalPartNumber", item->internalPartNumber),
+                    Text("description", item->description), Text("packageRef", item->packageRef)});
     LineCycle line(file);
     while (line.Next()) {
         if (line.Opens("RefDes")) {

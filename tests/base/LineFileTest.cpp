@@ -1,10 +1,12 @@
 #include "ipc2581/base/LineFile.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstddef>
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -294,7 +296,7 @@ TEST_F(LineFile, TellsTheFileAndTheCauseOfAFailedWrite)
         ADD_FAILURE() << "nothing was thrown";
     }
     catch (const CFileException & exception) {
-        EXPECT_EQ(std::string(exception.what()), "cannot write /dev/full: No space left on device");
+        EXPECT_EQ(std::string(exception.what()), "cannot write /dev/full: " + std::generic_category().message(ENOSPC));
     }
     EXPECT_NO_THROW(lines.Close());
     EXPECT_FALSE(lines.IsOpen());

@@ -304,4 +304,12 @@ TEST(ArrayArrayPointD, CloneOfAnEmptyListIsANewEmptyList)
     EXPECT_TRUE(clone->IsEmpty());
 }
 
+TEST(PointD, TakesItsOwnCoordinatesTheOtherWayRound)
+{
+    CPointD point(1.0, 2.0);
+    point.SetData(point.GetY(), point.GetX());
+    EXPECT_EQ(point.X, 2.0);
+    EXPECT_EQ(point.Y, 1.0);
+}
+
 }  // namespace

@@ -354,4 +354,22 @@ TEST(XmlDataAddFunction, TextThatHoldsTheWordTrueIsTrue)
     }
 }
 
+TEST(XmlDataAddFunction, MayCutAnElementOfTheListThatItFills)
+{
+    for (const char * const text : {"a b", "<Pad x=\"1\" y=\"2\"/>"}) {
+        CArray<CString, CString> tokens;
+        CString line(text);
+        tokens.Add(line);
+        tokens.FreeExtra();
+        CArray<CString, CString> expected;
+        CIPC2581_XmlDataAdd_Function().Tokenize(line, &expected);
+        CIPC2581_XmlDataAdd_Function().Tokenize(tokens[0], &tokens);
+        ASSERT_EQ(tokens.GetSize(), expected.GetSize() + 1);
+        for (std::int64_t i = 0; i < expected.GetSize(); ++i) {
+            EXPECT_EQ(tokens[i + 1], expected[i]);
+        }
+        EXPECT_EQ(tokens[0], text);
+    }
+}
+
 }  // namespace

@@ -178,13 +178,14 @@ public:
         if (newSize > m_nMaxSize) {
             Reallocate(CapacityFor(newSize));
         }
-        if (newSize > m_nSize) {
-            Construct(m_pData + m_nSize, newSize - m_nSize);
-        }
-        else {
+        if (newSize < m_nSize) {
             Destroy(m_pData + newSize, m_nSize - newSize);
+            m_nSize = newSize;
         }
-        m_nSize = newSize;
+        // One by one, so that the array is whole if an element cannot be made.
+        for (; m_nSize < newSize; ++m_nSize) {
+            ::new (static_cast<void *>(m_pData + m_nSize)) TYPE();
+        }
     }
 
     // Stores or loads the count and then the elements. What was loaded before a short read stays. Throws
@@ -247,30 +248,49 @@ private:
             return;
         }
         constexpr std::int64_t limit = PTRDIFF_MAX / static_cast<std::int64_t>(sizeof(TYPE));
-        void * const data = capacity > limit ? nullptr
-                                             : std::realloc(static_cast<void *>(m_pData),
-                                                            static_cast<std::size_t>(capacity) * sizeof(TYPE));
-        if (data == nullptr) {
+        if (capacity > limit) {
             throw std::bad_alloc();
         }
-        m_pData = static_cast<TYPE *>(data);
+        m_pData = static_cast<TYPE *>(Resized(static_cast<std::size_t>(capacity) * sizeof(TYPE)));
         m_nMaxSize = capacity;
+    }
+
+    static constexpr bool IsAlignedByHeap = alignof(TYPE) <= alignof(std::max_align_t);
+
+    void * Resized(std::size_t bytes)
+    {
+        if constexpr (IsAlignedByHeap) {
+            void * const data = std::realloc(static_cast<void *>(m_pData), bytes);
+            if (data == nullptr) {
+                throw std::bad_alloc();
+            }
+            return data;
+        }
+        else {
+            void * const data = ::operator new(bytes, std::align_val_t(alignof(TYPE)));
+            MoveRaw(static_cast<TYPE *>(data), m_pData, m_nSize);
+            FreeStorage();
+            return data;
+        }
+    }
+
+    void FreeStorage()
+    {
+        if constexpr (IsAlignedByHeap) {
+            std::free(static_cast<void *>(m_pData));
+        }
+        else {
+            ::operator delete(static_cast<void *>(m_pData), std::align_val_t(alignof(TYPE)));
+        }
     }
 
     void Release()
     {
         Destroy(m_pData, m_nSize);
-        std::free(static_cast<void *>(m_pData));
+        FreeStorage();
         m_pData = nullptr;
         m_nSize = 0;
         m_nMaxSize = 0;
-    }
-
-    static void Construct(TYPE * first, std::int64_t count)
-    {
-        for (std::int64_t i = 0; i < count; ++i) {
-            ::new (static_cast<void *>(first + i)) TYPE();
-        }
     }
 
     // Named by its class, since an element class may have virtual operations and a destructor without any.
@@ -296,11 +316,12 @@ private:
             SetSize(Sum(index, count));
             return;
         }
+        // The empty elements are made at the end, where one that cannot be made does no harm, and then change places
+        // with those that move up.
         const std::int64_t behind = m_nSize - index;
         SetSize(Sum(m_nSize, count));
-        Destroy(m_pData + m_nSize - count, count);
-        MoveRaw(m_pData + index + count, m_pData + index, behind);
-        Construct(m_pData + index, count);
+        const auto bytes = [this](std::int64_t at) { return reinterpret_cast<std::byte *>(m_pData + at); };
+        std::rotate(bytes(index), bytes(index + behind), bytes(m_nSize));
     }
 };
 

@@ -38,6 +38,7 @@ int CStdioFile::Open(const char * path, unsigned flags, CFileException * /*error
     if (IsOpen()) {
         CStdioFile::Close();
     }
+    m_lines->BeginModel();
     const bool isOpened = path != nullptr && !IsPipeToRead(path, flags) && m_lines->Open(path, ModeOf(flags));
     return isOpened ? 1 : 0;
 }

@@ -86,11 +86,11 @@ public:
     CString & Trim();
 
     // Replaces the text as printf prints it in the C locale: every conversion but %n, with its flags, widths,
-    // precisions and lengths; %s takes a CString too. A literal that does not fit its arguments does not compile; a
-    // computed format then throws CInvalidArgException. A format in an array of const char is a literal, and so has to
-    // be constexpr.
+    // precisions and lengths; %s takes a CString too, and no wide text. A literal that does not fit its arguments does
+    // not compile; a computed format then throws CInvalidArgException. An array of const char is a literal, and so has
+    // to be constexpr; the choice between two literals of one length is none, and goes through a pointer.
     template <typename... Arguments>
-    void Format(ipc2581::detail::FormatString<Arguments...> format, const Arguments &... arguments)
+    void Format(ipc2581::detail::FormatString<Arguments...> format, Arguments... arguments)
     {
         const std::array<ipc2581::detail::FormatArgument, sizeof...(Arguments)> list = {
             ipc2581::detail::FormatArgument(arguments)...};
@@ -110,6 +110,7 @@ public:
     {
         return std::string_view(left) <=> std::string_view(right);
     }
+    friend auto operator<=>(const CString & left, const char * right) { return left <=> CString(right); }
     friend std::ostream & operator<<(std::ostream & out, const CString & text) { return out << std::string_view(text); }
 
     // For a reader: as the assignment, with what does not fit into the object in these blocks, if there are any.

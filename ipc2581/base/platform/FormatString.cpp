@@ -101,7 +101,7 @@ std::string Converted(const FormatConversion & conversion, const FormatArgument 
     if (conversion.letter == 's') {
         const std::size_t limit =
             conversion.precision < 0 ? std::string_view::npos : static_cast<std::size_t>(conversion.precision);
-        return std::string(argument.Text().substr(0, limit));
+        return std::string(argument.Text(limit));
     }
     if (conversion.letter == 'p') {
         return PrintPointer(argument.Pointer());

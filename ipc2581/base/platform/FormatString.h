@@ -71,28 +71,55 @@ public:
         else if constexpr (kind == FormatKind::Pointer) {
             m_pointer = const_cast<const void *>(static_cast<const volatile void *>(argument));
         }
-        else if constexpr (kind == FormatKind::Text && std::is_pointer_v<std::decay_t<Argument>>) {
-            const char * const text = argument;
-            m_text = text == nullptr ? std::string_view() : std::string_view(text);
+        else if constexpr (kind == FormatKind::Text && std::is_pointer_v<Argument>) {
+            m_pointer = argument;
+            m_length = UpToZero;
         }
         else if constexpr (kind == FormatKind::Text) {
-            m_text = argument;
+            const std::string_view text = argument;
+            m_pointer = text.data();
+            m_length = text.size();
         }
     }
 
     FormatType Type() const { return m_type; }
     std::intmax_t Integer() const { return m_integer; }
     long double Number() const { return m_number; }
-    const void * Pointer() const { return m_type.kind == FormatKind::Text ? m_text.data() : m_pointer; }
-    std::string_view Text() const { return m_text; }
+    const void * Pointer() const { return m_pointer; }
+    // At most so many bytes of a text, beyond which nobody looks. A null text is an empty one.
+    std::string_view Text(std::size_t limit) const
+    {
+        const char * const text = static_cast<const char *>(m_pointer);
+        if (text == nullptr) {
+            return {};
+        }
+        std::size_t length = 0;
+        while (length < limit && (m_length == UpToZero ? text[length] != '\0' : length < m_length)) {
+            ++length;
+        }
+        return {text, length};
+    }
 
 private:
+    static constexpr std::size_t UpToZero = std::string_view::npos;
+
     FormatType m_type;
     std::intmax_t m_integer = 0;
     long double m_number = 0.0L;
     const void * m_pointer = nullptr;
-    std::string_view m_text;
+    std::size_t m_length = 0;
 };
+
+// The place of a character in a text, or the text's length. Some compilers cannot run the text's own search while they
+// compile for a sanitizer.
+constexpr std::size_t PlaceOf(char ch, std::string_view text)
+{
+    std::size_t at = 0;
+    while (at < text.size() && text[at] != ch) {
+        ++at;
+    }
+    return at;
+}
 
 // One conversion of a format: "%-8.*ld".
 struct FormatConversion {
@@ -111,7 +138,7 @@ struct FormatConversion {
     bool isLong = false;               // an L in front
     char letter = '\0';
 
-    constexpr bool IsOneOf(std::string_view letters) const { return letters.find(letter) != std::string_view::npos; }
+    constexpr bool IsOneOf(std::string_view letters) const { return PlaceOf(letter, letters) < letters.size(); }
     constexpr bool Takes(FormatType type) const
     {
         if (IsOneOf("diouxXc")) {
@@ -136,9 +163,9 @@ public:
     // False behind the last conversion, and at one that is not well formed.
     constexpr bool Next()
     {
-        const std::size_t percent = m_rest.find('%');
+        const std::size_t percent = PlaceOf('%', m_rest);
         m_text = m_rest.substr(0, percent);
-        if (percent == std::string_view::npos) {
+        if (percent == m_rest.size()) {
             m_rest = {};
             return false;
         }
@@ -176,7 +203,7 @@ private:
             }
         }
         const std::string_view letters = ReadLength();
-        if (m_rest.empty() || letters.find(m_rest.front()) == std::string_view::npos) {
+        if (m_rest.empty() || PlaceOf(m_rest.front(), letters) == letters.size()) {
             return false;
         }
         m_conversion.letter = m_rest.front();
@@ -291,7 +318,7 @@ class CheckedFormatString {
 public:
     // A literal.
     template <std::size_t Size>
-    consteval CheckedFormatString(const char (&text)[Size]) : m_text(text, Size - 1)
+    consteval CheckedFormatString(const char (&text)[Size]) : m_text(text, PlaceOf('\0', {text, Size}))
     {
         constexpr std::array<FormatType, sizeof...(Arguments)> types = {FormatTypeOf<Arguments>()...};
         if (!FormatTakes(m_text, types)) {
@@ -300,13 +327,12 @@ public:
     }
     // A format that was computed into an array, or that stands elsewhere. A null pointer is an empty text.
     template <std::size_t Size>
-    CheckedFormatString(char (&text)[Size]) : m_text(text)
+    CheckedFormatString(char (&text)[Size]) : m_text(text, PlaceOf('\0', {text, Size}))
     {
     }
-    template <typename Text>
-    requires(!std::is_array_v<Text> && std::is_convertible_v<const Text &, std::string_view>)
-        CheckedFormatString(const Text & text)
-        : m_text(FormatArgument(text).Text())
+    template <typename Text, typename = std::enable_if_t<!std::is_array_v<Text> &&
+                                                         std::is_convertible_v<const Text &, std::string_view>>>
+    CheckedFormatString(const Text & text) : m_text(FormatArgument(text).Text(std::string_view::npos))
     {
     }
 

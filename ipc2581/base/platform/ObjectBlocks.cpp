@@ -1,5 +1,6 @@
 #include "ipc2581/base/platform/ObjectBlocks.h"
 
+#include <algorithm>
 #include <atomic>
 #include <new>
 
@@ -125,6 +126,11 @@ ObjectBlocks::~ObjectBlocks()
     }
 }
 
+void ObjectBlocks::SetBudget(std::uint64_t bytes)
+{
+    m_budget = static_cast<std::int64_t>(std::min<std::uint64_t>(bytes, INT64_MAX));
+}
+
 void * ObjectBlocks::TakeElsewhere(std::size_t room)
 {
     if (!UsesBlocks) {
@@ -155,7 +161,7 @@ void ObjectBlocks::Open()
     m_left = BlockSize - offset;
     m_alive = 0;
     ++m_opened;
-    m_inBlocks += BlockSize;
+    Count(BlockSize);
 }
 
 ObjectBlocks::Block * ObjectBlocks::TakeBlock()

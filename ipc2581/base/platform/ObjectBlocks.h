@@ -38,10 +38,12 @@ public:
     // Gives a room back.
     static void Release(void * room) noexcept;
 
-    // Counts what goes with the model and stands elsewhere.
-    void Count(std::size_t bytes) { m_elsewhere += bytes; }
-    // All bytes that have been taken and counted so far, whether they are still in use or not.
-    std::uint64_t Taken() const { return m_elsewhere + m_inBlocks - m_left; }
+    // What may be taken from now on, block by block, and counted.
+    void SetBudget(std::uint64_t bytes);
+    // Counts what goes with a model and stands elsewhere.
+    void Count(std::size_t bytes) { m_budget -= static_cast<std::int64_t>(bytes); }
+    // True once more has been taken than there was to take. Nothing is refused: whoever reads asks line by line.
+    bool IsSpent() const { return m_budget < 0; }
 
 private:
     struct Block;
@@ -59,8 +61,7 @@ private:
     std::uint32_t m_opened = 0;
     std::uint32_t m_blocksLeft = 0;
     Block * m_region = nullptr;
-    std::uint64_t m_inBlocks = 0;
-    std::uint64_t m_elsewhere = 0;
+    std::int64_t m_budget = INT64_MAX;
 };
 
 // An object that stands in a block. Its class is a hidden one, derived from the one that the host knows, so that the

@@ -5,6 +5,7 @@
 #include <exception>
 #include <initializer_list>
 #include <limits>
+#include <stdexcept>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -865,6 +866,81 @@ TEST(CArray, IsAnObjectThatSerialises)
     EXPECT_EQ(Slot(&CArray<int, int>::Serialize), 3U);
     EXPECT_EQ(Slot(&CObject::AssertValid), 4U);
     EXPECT_EQ(Slot(&CObject::Dump), 5U);
+}
+
+namespace {
+
+// Counts the living, and cannot be made any more once there are as many as are allowed.
+class Scarce {
+public:
+    Scarce()
+    {
+        if (alive == allowed) {
+            throw std::runtime_error("no more");
+        }
+        ++alive;
+    }
+    Scarce(const Scarce & other) : number(other.number) { ++alive; }
+    Scarce & operator=(const Scarce &) = default;
+    ~Scarce() { --alive; }
+
+    int number = 0;
+    static inline int alive = 0;
+    static inline int allowed = 0;
+};
+
+struct alignas(64) Aligned {
+    int number = 0;
+};
+
+}  // namespace
+
+TEST(CArray, IsWholeWhereAnElementCannotBeMade)
+{
+    Scarce::alive = 0;
+    Scarce::allowed = 100;
+    {
+        CArray<Scarce> array;
+        array.SetSize(6);
+        for (int i = 0; i < 6; ++i) {
+            array[i].number = i + 1;
+        }
+        Scarce seven;
+        seven.number = 7;
+        for (const int left : {2, 3, 4}) {
+            Scarce::allowed = Scarce::alive + left;
+            EXPECT_THROW(array.InsertAt(2, seven, 5), std::runtime_error);
+            EXPECT_THROW(array.SetSize(30), std::runtime_error);
+            for (int i = 0; i < 6; ++i) {
+                EXPECT_EQ(array[i].number, i + 1);
+            }
+            array.SetSize(6);
+        }
+        Scarce::allowed = 100;
+        array.InsertAt(2, seven, 2);
+        std::vector<int> numbers;
+        for (std::int64_t i = 0; i < array.GetSize(); ++i) {
+            numbers.push_back(array[i].number);
+        }
+        EXPECT_EQ(numbers, (std::vector<int>{1, 2, 7, 7, 3, 4, 5, 6}));
+    }
+    EXPECT_EQ(Scarce::alive, 0);
+}
+
+TEST(CArray, PlacesElementsAtAnAlignmentOfTheirOwn)
+{
+    CArray<Aligned> array;
+    for (int i = 0; i < 300; ++i) {
+        Aligned element;
+        element.number = i;
+        array.Add(element);
+        ASSERT_EQ(reinterpret_cast<std::uintptr_t>(&array[i]) % 64, 0U);
+    }
+    array.RemoveAt(10, 200);
+    array.FreeExtra();
+    EXPECT_EQ(array[10].number, 210);
+    EXPECT_EQ(reinterpret_cast<std::uintptr_t>(array.GetData()) % 64, 0U);
+    array.RemoveAll();
 }
 
 }  // namespace ipc2581::tests

@@ -17,6 +17,7 @@
 #include "ipc2581/base/platform/Afx.h"
 #include "ipc2581/base/platform/ObjectBlocks.h"
 #include "tests/support/Files.h"
+#include "tests/support/Locales.h"
 
 namespace ipc2581::tests {
 namespace {
@@ -210,6 +211,8 @@ TEST(CString, IsJoinedIntoANewOne)
     const CString right("right");
     EXPECT_EQ(left + right, "leftright");
     EXPECT_EQ(left + "-" + right, "left-right");
+    EXPECT_EQ(left + '-' + right, "left-right");
+    EXPECT_EQ('<' + left, "<left");
     EXPECT_EQ("<" + left, "<left");
     EXPECT_EQ(left + CString(), left);
     EXPECT_EQ(left, "left");
@@ -565,6 +568,7 @@ TEST(CStringFormat, WritesNumbersWithSixDecimals)
     text.Format("%f", std::numeric_limits<double>::infinity());
     EXPECT_EQ(text, "inf");
     text.Format("%f%f", std::numeric_limits<double>::max(), std::numeric_limits<double>::lowest());
+    const PlainLocale plain;
     char expected[700];
     std::snprintf(expected, sizeof(expected), "%f%f", std::numeric_limits<double>::max(),
                   std::numeric_limits<double>::lowest());

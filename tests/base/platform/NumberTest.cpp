@@ -19,6 +19,8 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/Locales.h"
+
 namespace ipc2581::tests {
 namespace {
 
@@ -34,13 +36,27 @@ std::string Fixed(double value)
     return {text.data(), WriteFixed(text.data(), value)};
 }
 
+// What C reads and prints in the C locale.
+double Read(const std::string & text)
+{
+    const PlainLocale plain;
+    return std::strtod(text.c_str(), nullptr);
+}
+
 std::string Printed(const char * format, double value)
 {
+    const PlainLocale plain;
     const int length = std::snprintf(nullptr, 0, format, value);
     std::string text(static_cast<std::size_t>(length) + 1, '\0');
     std::snprintf(text.data(), text.size(), format, value);
     text.pop_back();
     return text;
+}
+
+void PrintPlain(std::vector<char> & digits, long double value)
+{
+    const PlainLocale plain;
+    std::snprintf(digits.data(), digits.size(), "%.800Le", value);
 }
 
 // The same number with the same sign, where every nan of one sign counts as the same.
@@ -54,7 +70,7 @@ bool Same(double a, double b)
 
 testing::AssertionResult ParsesAsInC(const std::string & text)
 {
-    const double expected = std::strtod(text.c_str(), nullptr);
+    const double expected = Read(text);
     const double actual = ParseDouble(text);
     // Digits in front of the text are no part of it.
     const std::string inBuffer = "98765432" + text;
@@ -96,29 +112,6 @@ double BoardLength(std::mt19937_64 & random)
     const auto whole = static_cast<std::int64_t>(random() % 2'000'000'000) - 1'000'000'000;
     return static_cast<double>(whole) / scale;
 }
-
-// Sets a German locale of C for the time of a test, if the system has one.
-class GermanLocale {
-public:
-    GermanLocale() : m_before(std::setlocale(LC_ALL, nullptr))
-    {
-        for (const char * name : {"de_DE.UTF-8", "de_DE.utf8", "de_DE", "de_DE.ISO-8859-1", "de_AT.UTF-8", "German"}) {
-            if (std::setlocale(LC_ALL, name) != nullptr && *std::localeconv()->decimal_point == ',') {
-                m_set = true;
-                return;
-            }
-        }
-    }
-    ~GermanLocale() { std::setlocale(LC_ALL, m_before.c_str()); }
-    GermanLocale(const GermanLocale &) = delete;
-    GermanLocale & operator=(const GermanLocale &) = delete;
-
-    [[nodiscard]] bool IsSet() const { return m_set; }
-
-private:
-    std::string m_before;
-    bool m_set = false;
-};
 
 // Number signs as in Germany for everything that asks the global locale of C++.
 class CommaNumbers : public std::numpunct<char> {
@@ -345,7 +338,7 @@ TEST(Number, HalfWayBetweenTwoDoublesGoesToTheEvenOne)
             continue;
         }
         const long double half = (static_cast<long double>(low) + static_cast<long double>(high)) / 2;
-        std::snprintf(digits.data(), digits.size(), "%.800Le", half);
+        PrintPlain(digits, half);
         const std::string text = digits.data();
         const std::size_t end = text.find('e');
         std::string above = text;
@@ -459,7 +452,7 @@ TEST(Number, AtTheEndsOfTheRangeIsWrittenInFull)
              "2251799813685247.75 9223372036854774784 9223372036854775808 18446744073709549568 18446744073709551616 "
              "9223372036854.5 9223372036854.775 18446744073709.55 4294967295.9999999 0.99999949999999994 0.9999995 "
              "0.99999950000000001 999999.9999995 9999999.9999995 123456789.123456789 0.3 0.1 25.4 inf nan")) {
-        const double value = std::strtod(number.c_str(), nullptr);
+        const double value = Read(number);
         EXPECT_TRUE(PrintsAsInC(value));
         EXPECT_TRUE(PrintsAsInC(-value));
     }
