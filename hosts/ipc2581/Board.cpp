@@ -4,6 +4,7 @@
 
 #include "hosts/ipc2581/Error.h"
 #include "hosts/ipc2581/Library.h"
+#include "hosts/ipc2581/Memory.h"
 #include "hosts/ipc2581/Progress.h"
 
 namespace ipc2581::host {
@@ -52,6 +53,7 @@ Board::Board(const std::string & path) : m_file(path)
     Progress progress("Reading " + path);
     CIPC2581_XmlLiteReader reader;
     reader.m_pProgressCtrl = &progress;
+    reader.SetMemoryLimit(MemoryForABoard());
     CString plainPath(m_file.PlainPath().c_str());
     const LibraryMessages messages;
     try {

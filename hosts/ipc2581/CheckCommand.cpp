@@ -9,6 +9,7 @@
 #include "hosts/ipc2581/Error.h"
 #include "hosts/ipc2581/Library.h"
 #include "hosts/ipc2581/LineCheck.h"
+#include "hosts/ipc2581/Memory.h"
 #include "hosts/ipc2581/Progress.h"
 
 namespace ipc2581::host {
@@ -26,6 +27,7 @@ void Read(const BoardFile & file, CIPC2581_Parser & root)
     Progress progress("Reading " + file.Name());
     CIPC2581_XmlLiteReader reader;
     reader.m_pProgressCtrl = &progress;
+    reader.SetMemoryLimit(MemoryForABoard());
     CString path(file.PlainPath().c_str());
     const LibraryMessages messages;
     try {

@@ -272,8 +272,8 @@ void LineFile::CheckLineLimit(std::size_t length)
 
 void LineFile::FailForLimit()
 {
-    throw CFileException("cannot read " + m_path + ": its model takes more than " + std::to_string(m_modelLimit) +
-                         " bytes, which is the limit that was set");
+    throw CFileException("cannot read " + m_path + ": its model takes more than the " + std::to_string(m_modelLimit) +
+                         " bytes that it may");
 }
 
 }  // namespace ipc2581::detail

@@ -10,6 +10,7 @@
 #include <zstd.h>
 
 #include "tests/hosts/Program.h"
+#include "tests/support/Sanitizers.h"
 
 namespace ipc2581::tests {
 namespace {
@@ -186,6 +187,24 @@ TEST(Board, HoldsSomething)
         const Told told("board.cvg", bytes);
         EXPECT_EQ(told.result, Failure(told.path + ": holds no section of an IPC-2581 document"));
     }
+}
+
+TEST(Board, ThatWasMadeToTakeAllMemoryIsTold)
+{
+    if (HasSanitizer) {
+        GTEST_SKIP() << "a sanitizer needs more address space than there is memory";
+    }
+    std::string packages;
+    for (int i = 0; i < 200000; ++i) {
+        packages += "<Package>\n</Package>\n";
+    }
+    const TempFolder folder;
+    const std::string board = folder.Save("board.cvg", SmallBoard(packages));
+    const Setting small = {.memoryLimit = 300000000};
+    const std::string cause = ": cannot be read: its model takes more than the 100000000 bytes that it may";
+    EXPECT_EQ(RunProgram({"info", board}, small), Failure(board + cause));
+    EXPECT_EQ(RunProgram({"check", board}, small), Failure(board + cause));
+    EXPECT_EQ(RunProgram({"info", ExampleBoard()}, small).status, 0);
 }
 
 TEST(Board, LineThatStopsTheReadIsTold)

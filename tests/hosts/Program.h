@@ -45,8 +45,9 @@ struct Setting {
     std::string temporaryFolder = {};  // empty is the system's
     std::string output = {};           // opened as the standard output; empty keeps what is written
     rlim_t fileLimit = RLIM_INFINITY;  // no file may grow beyond
-    bool isUnprivileged = false;       // as a user to whom permissions apply
-    bool isOnTerminal = false;         // the error stream is one
+    rlim_t memoryLimit = RLIM_INFINITY;
+    bool isUnprivileged = false;  // as a user to whom permissions apply
+    bool isOnTerminal = false;    // the error stream is one
 };
 
 namespace detail {
@@ -67,6 +68,10 @@ inline void Become(const Setting & setting)
     if (setting.fileLimit != RLIM_INFINITY) {
         const rlimit limit = {setting.fileLimit, setting.fileLimit};
         setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    if (setting.memoryLimit != RLIM_INFINITY) {
+        const rlimit limit = {setting.memoryLimit, setting.memoryLimit};
+        setrlimit(RLIMIT_AS, &limit);
     }
 }
 

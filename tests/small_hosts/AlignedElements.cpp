@@ -17,7 +17,8 @@ struct alignas(64) Shape : CIPC2581_DrawObj {
     ~Shape() override { Expect(IsAligned(this), "it is where it was made"); }
 };
 
-struct alignas(64) Point : CPointD {
+// Final, since its class has virtual operations and no virtual destructor.
+struct alignas(64) Point final : CPointD {
     std::array<double, 4> vector = {};
 };
 

@@ -59,7 +59,7 @@ void FormatEverything()
     Expect(text == "5 pins", "a format ends at its zero byte, and an argument is a value");
 
     ExpectRefused("%d", 1.5);
-    ExpectRefused("%d", 1L);
+    ExpectRefused("%d", 1LL);
     ExpectRefused("%s", 5);
     ExpectRefused("%f", "1.5");
     ExpectRefused("%d");

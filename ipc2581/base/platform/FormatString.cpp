@@ -65,7 +65,8 @@ std::string PrintNumber(const FormatConversion & conversion, const FormatArgumen
     };
     const auto point = std::find_if(text.begin(), text.end(), isOfPoint);
     if (point != text.end()) {
-        text.replace(point, std::find_if_not(point, text.end(), isOfPoint), ".");
+        *point = '.';
+        text.erase(point + 1, std::find_if_not(point + 1, text.end(), isOfPoint));
     }
     return text;
 }

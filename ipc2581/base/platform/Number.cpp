@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cfloat>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
@@ -49,6 +50,9 @@ const char * TakeDigits(const char * at, const char * end, std::uint64_t & digit
     return at;
 }
 
+// Whether a division of two doubles rounds once. Some processors divide in wider registers and round again.
+constexpr bool DividesExactly = FLT_EVAL_METHOD == 0;
+
 // A plain decimal such as 12.345 whose digits and power of ten are both exact doubles: one division rounds
 // once and so is right. Anything else gives false.
 bool ParsePlainDecimal(const char * at, const char * end, double & value)
@@ -65,7 +69,7 @@ bool ParsePlainDecimal(const char * at, const char * end, double & value)
     }
     // Lower case or upper case: the bit that tells them apart is set before the comparison.
     const char behind = at == end ? '\0' : static_cast<char>(*at | 0x20);
-    if (count == 0 || count > 19 || digits > LargestExactInteger || behind == 'e' || behind == 'x') {
+    if (!DividesExactly || count == 0 || count > 19 || digits > LargestExactInteger || behind == 'e' || behind == 'x') {
         return false;
     }
     value = static_cast<double>(digits) / ExactPowersOfTen[static_cast<std::size_t>(decimals)];
@@ -83,7 +87,8 @@ bool ParseShortDecimal(const char * at, const char * end, double & value)
     std::uint64_t whole = 0;
     const char * const point = TakeDigits(at, end, whole);
     const std::ptrdiff_t count = end - point - 1;
-    if (std::endian::native != std::endian::little || count < 1 || count > 8 || *point != '.' || point - at > 7) {
+    if (!DividesExactly || std::endian::native != std::endian::little || count < 1 || count > 8 || *point != '.' ||
+        point - at > 7) {
         return false;
     }
     std::uint64_t bytes = 0;

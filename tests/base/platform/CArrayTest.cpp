@@ -1,6 +1,7 @@
 #include "ipc2581/base/platform/CArray.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <exception>
 #include <initializer_list>
@@ -560,7 +561,7 @@ TYPED_TEST(CArrayOfEachKind, InsertsAnElementOfItsOwn)
                 }
                 List expected = {1, 2, 3};
                 expected.resize(static_cast<std::size_t>(std::max<std::int64_t>(3, to)), 0);
-                expected.insert(expected.begin() + to, 2, static_cast<int>(from) + 1);
+                expected.insert(expected.begin() + static_cast<std::ptrdiff_t>(to), 2, static_cast<int>(from) + 1);
                 array.InsertAt(to, array[from], 2);
                 EXPECT_EQ(this->Values(array), expected) << from << ' ' << to;
             }

@@ -64,7 +64,7 @@ public:
         }
         format += Half() ? std::to_string(1 + m_random() % 30) : "";
         format += Half() ? "." + (Half() ? std::to_string(m_random() % 25) : "") : "";
-        return format + lengths + letters[m_random() % letters.size()] + "]";
+        return format + lengths + letters[static_cast<std::size_t>(m_random() % letters.size())] + "]";
     }
     std::uint64_t Bits() { return m_random(); }
     bool Half() { return m_random() % 2 == 0; }
@@ -144,7 +144,7 @@ TEST(FormatString, PrintsTextsAsCDoes)
 {
     AnyConversion any(9);
     for (int i = 0; i < 2000; ++i) {
-        const std::string text(any.Bits() % 40, 'x');
+        const std::string text(static_cast<std::size_t>(any.Bits() % 40), 'x');
         const std::string format = Without(any.Of("", "s"), "+ #0");
         ASSERT_EQ(Formatted(format, text), PrintedByC(format, text.c_str())) << format;
         const std::string character = Without(Without(any.Of("", "c"), "+ #0"), ".");

@@ -374,7 +374,7 @@ TEST(Number, IsReadAsInCFromArbitraryText)
     for (int i = 0; i < 200'000; ++i) {
         std::string text = i % 4 == 0 ? "0x" : "";
         for (auto length = random() % 12; length > 0; --length) {
-            text.push_back(marks[random() % marks.size()]);
+            text.push_back(marks[static_cast<std::size_t>(random() % marks.size())]);
         }
         ASSERT_TRUE(ParsesAsInC(text));
     }
@@ -423,7 +423,7 @@ TEST(Number, IntegerIsReadAsInC)
     for (int i = 0; i < 100'000; ++i) {
         std::string text;
         for (auto length = random() % 10; length > 0; --length) {
-            text.push_back(marks[random() % marks.size()]);
+            text.push_back(marks[static_cast<std::size_t>(random() % marks.size())]);
         }
         ASSERT_EQ(ParseInteger(text), std::atoi(text.c_str())) << '"' << text << '"';
     }
