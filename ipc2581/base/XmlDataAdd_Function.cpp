@@ -1,5 +1,8 @@
 #include "ipc2581/base/XmlDataAdd_Function.h"
 
+#include <string>
+#include <string_view>
+
 #include "ipc2581/base/TokenList.h"
 
 using ipc2581::detail::TokenList;
@@ -9,7 +12,7 @@ CIPC2581_XmlDataAdd_Function::~CIPC2581_XmlDataAdd_Function() = default;
 void CIPC2581_XmlDataAdd_Function::Tokenize(CString & line, CArray<CString, CString> * tokens)
 {
     // A line of its own: the given one may be an element of the list, which moves as it grows.
-    const CString own(line);
+    const std::string own(static_cast<std::string_view>(line));
     TokenList list;
     list.SetLine(own, TokenList::NoPlainRest);
     list.AppendTo(*tokens);

@@ -11,7 +11,9 @@
 // Reads a file into a root and writes a root to a file. One reader is meant for one file at a time; a second OpenPath,
 // or WriteFilePath behind OpenPath, closes the file before. Nothing here catches what a damaged file or a failing disk
 // throws: CInvalidArgException for a line of blanks or a value cut off at the end of its line, CFileException for a
-// failed read or write. The root then holds what was finished before.
+// failed read or write. The root then holds what was finished before. What a reader makes is of hidden classes derived
+// from the told ones, side by side in blocks: typeid tells the hidden class, only delete and not ::delete gives the
+// memory back, and a block stays until its last object goes.
 class IPC2581_API CIPC2581_XmlLiteReader : public CIPC2581_XmlDataAdd_Function {
 public:
     CStdioFile m_File;          // stays open behind OpenPath, until the reader is destroyed or opens another

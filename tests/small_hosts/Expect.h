@@ -11,6 +11,9 @@
 
 #include <ipc2581/ipc2581.h>
 
+// What a program ends with that cannot be run here.
+inline constexpr int Skipped = 77;
+
 // Ends the program if something is not so.
 inline void Expect(bool isSo, const char * what)
 {

@@ -74,9 +74,11 @@ public:
     InBlock() = default;
     explicit InBlock(ObjectBlocks & blocks) : Object(blocks) {}
 
+    static void * operator new(std::size_t size) = delete;
     static void * operator new(std::size_t size, ObjectBlocks & blocks)
     {
-        static_assert(sizeof(InBlock) <= ObjectBlocks::Largest && alignof(InBlock) <= ObjectBlocks::Step);
+        static_assert(sizeof(InBlock) <= ObjectBlocks::Largest);
+        static_assert(alignof(InBlock) <= ObjectBlocks::Step);
         return blocks.Take(size);
     }
     static void operator delete(void * object) noexcept { ObjectBlocks::Release(object); }

@@ -340,10 +340,12 @@ TEST(ObjectBlocks, MakesObjectsOfAHiddenClassWithTheirPartsBesideThem)
 {
     ObjectBlocks blocks;
     const std::unique_ptr<CIPC2581_Point> point(MakeFrom<CIPC2581_Point>(blocks));
-    EXPECT_NE(typeid(*point), typeid(CIPC2581_Point));
-    EXPECT_NE(dynamic_cast<CIPC2581_Point *>(point.get()), nullptr);
-    const std::unique_ptr<CIPC2581_Point> copy(point->clone());
-    EXPECT_EQ(typeid(*copy), typeid(CIPC2581_Point));
+    const CIPC2581_Point & made = *point;
+    EXPECT_NE(typeid(made), typeid(CIPC2581_Point));
+    EXPECT_NE(dynamic_cast<const CIPC2581_Point *>(&made), nullptr);
+    const std::unique_ptr<CIPC2581_Point> clone(point->clone());
+    const CIPC2581_Point & copy = *clone;
+    EXPECT_EQ(typeid(copy), typeid(CIPC2581_Point));
 }
 
 // It has no virtual destructor that could tell its delete of a block.
@@ -352,7 +354,7 @@ TEST(ObjectBlocks, MakesPointsByPlainNew)
     ObjectBlocks blocks;
     blocks.SetBudget(100 * sizeof(CPointD));
     const auto deletePlainly = [](CPointD * point) {
-        point->~CPointD();
+        point->CPointD::~CPointD();
         ::operator delete(point);
     };
     for (int i = 0; i < 100; ++i) {
