@@ -36,7 +36,9 @@ const FirstToken & FirstTokenMemory::FindBeside(Entry & entry, const ShortText &
         return beside.token;
     }
     beside = entry;
-    entry = {text, token.size(), Examine(token)};
+    entry.size = token.size();
+    entry.token = Examine(token);
+    text.StoreAt(entry.text.data());
     return entry.token;
 }
 

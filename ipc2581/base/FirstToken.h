@@ -40,59 +40,59 @@ inline constexpr std::array<unsigned char, 64> ShortTextMask = [] {
 
 class ShortText {
 public:
-    ShortText() = default;
+    static constexpr std::size_t Size = 32;
+    // Hash() gives a number below this.
+    static constexpr std::size_t Hashes = 128;
+
     explicit ShortText(std::string_view text)
     {
         const unsigned char * const mask = ShortTextMask.data() + ShortTextMask.size() / 2 - text.size();
-        Store(Front(), _mm_and_si128(Load(text.data()), Load(mask)));
-        Store(Back(), _mm_and_si128(Load(text.data() + Half), Load(mask + Half)));
+        m_front = _mm_and_si128(Load(text.data()), Load(mask));
+        m_back = _mm_and_si128(Load(text.data() + Half), Load(mask + Half));
     }
-    bool operator==(const ShortText & other) const
-    {
-        const __m128i isEqual = _mm_and_si128(_mm_cmpeq_epi8(Load(Front()), Load(other.Front())),
-                                              _mm_cmpeq_epi8(Load(Back()), Load(other.Back())));
-        return _mm_movemask_epi8(isEqual) == 0xffff;
-    }
-    // A number below that of the hashes.
     std::size_t Hash() const
     {
-        const std::uint64_t sum = Quarter(0) + Quarter(1) + Quarter(2);
-        return static_cast<std::size_t>((sum * 0x9e3779b97f4a7c15U) >> 57);
+        const __m128i halves = _mm_add_epi64(_mm_unpackhi_epi64(m_front, m_front), _mm_add_epi64(m_front, m_back));
+        std::uint64_t low = 0;
+        std::memcpy(&low, &halves, sizeof(low));
+        return static_cast<std::size_t>((low * 0x9e3779b97f4a7c15U) >> 57);
     }
-    static constexpr std::size_t Hashes = 128;
+    // The bytes stand at any place, since the heap of a host may give any multiple of eight.
+    bool IsAt(const char * bytes) const
+    {
+        const __m128i isEqual =
+            _mm_and_si128(_mm_cmpeq_epi8(m_front, Load(bytes)), _mm_cmpeq_epi8(m_back, Load(bytes + Half)));
+        return _mm_movemask_epi8(isEqual) == 0xffff;
+    }
+    void StoreAt(char * bytes) const
+    {
+        _mm_storeu_si128(reinterpret_cast<__m128i *>(bytes), m_front);
+        _mm_storeu_si128(reinterpret_cast<__m128i *>(bytes + Half), m_back);
+    }
 
 private:
-    static constexpr std::size_t Half = 16;
+    static constexpr std::size_t Half = Size / 2;
 
     static __m128i Load(const void * at) { return _mm_loadu_si128(static_cast<const __m128i *>(at)); }
-    static void Store(void * at, __m128i bytes) { _mm_storeu_si128(static_cast<__m128i *>(at), bytes); }
-    char * Front() { return m_bytes.data(); }
-    char * Back() { return m_bytes.data() + Half; }
-    const char * Front() const { return m_bytes.data(); }
-    const char * Back() const { return m_bytes.data() + Half; }
-    std::uint64_t Quarter(std::size_t index) const
-    {
-        std::uint64_t word = 0;
-        std::memcpy(&word, m_bytes.data() + index * sizeof(word), sizeof(word));
-        return word;
-    }
 
-    // Bytes and no registers: the heap of a host may place it at any multiple of eight.
-    std::array<char, 2 * Half> m_bytes = {};
+    __m128i m_front;
+    __m128i m_back;
 };
 
 #else
 
 class ShortText {
 public:
-    ShortText() = default;
-    explicit ShortText(std::string_view text) { std::memcpy(m_bytes.data(), text.data(), text.size()); }
-    bool operator==(const ShortText & other) const = default;
-    std::size_t Hash() const { return std::hash<std::string_view>()({m_bytes.data(), m_bytes.size()}) % Hashes; }
+    static constexpr std::size_t Size = 32;
     static constexpr std::size_t Hashes = 128;
 
+    explicit ShortText(std::string_view text) { std::memcpy(m_bytes.data(), text.data(), text.size()); }
+    std::size_t Hash() const { return std::hash<std::string_view>()({m_bytes.data(), m_bytes.size()}) % Hashes; }
+    bool IsAt(const char * bytes) const { return std::memcmp(bytes, m_bytes.data(), Size) == 0; }
+    void StoreAt(char * bytes) const { std::memcpy(bytes, m_bytes.data(), Size); }
+
 private:
-    std::array<char, 32> m_bytes = {};
+    std::array<char, Size> m_bytes = {};
 };
 
 #endif
@@ -103,7 +103,7 @@ class FirstTokenMemory {
 public:
     const FirstToken & Find(std::string_view token)
     {
-        if (token.size() > sizeof(ShortText)) {
+        if (token.size() > ShortText::Size) {
             return FindLong(token);
         }
         const ShortText text(token);
@@ -113,11 +113,14 @@ public:
 
 private:
     struct Entry {
-        ShortText text;
+        std::array<char, ShortText::Size> text = {};
         std::size_t size = 0;
         FirstToken token;
 
-        bool Is(const ShortText & other, std::size_t otherSize) const { return text == other && size == otherSize; }
+        bool Is(const ShortText & other, std::size_t otherSize) const
+        {
+            return other.IsAt(text.data()) && size == otherSize;
+        }
     };
 
     const FirstToken & FindLong(std::string_view token);

@@ -34,15 +34,14 @@ Value UpToZero(Value value) requires(!std::is_convertible_v<const Value &, std::
     return value;
 }
 
-// Gives such a file a line.
-template <typename... Arguments>
-[[gnu::noinline]] void WriteHostLine(CStdioFile & file, const LineFormat<Arguments...> & format,
-                                     const Arguments &... arguments)
+// Gives such a file a line. By value, so that nothing of a line to a plain file needs a place in memory for this.
+template <typename Format, typename... Values>
+[[gnu::noinline, gnu::cold]] void WriteHostLine(CStdioFile & file, Format format, Values... values)
 {
     // The room is the file's; it is taken out meanwhile, since what the host does with a line may write another one.
     std::string line = std::exchange(file.Lines().HostLine(), {});
-    line.resize(std::max(line.size(), FormattedBound(format, arguments...) + 1));
-    *WriteFormatted(line.data(), format, UpToZero(arguments)...) = '\0';
+    line.resize(std::max(line.size(), FormattedBound(format, values...) + 1));
+    *WriteFormatted(line.data(), format, values...) = '\0';
     file.WriteString(line.c_str());
     file.Lines().HostLine() = std::move(line);
 }
@@ -54,7 +53,7 @@ template <typename... Arguments>
                                              const Arguments &... arguments)
 {
     if (!IsPlainFile(file)) {
-        WriteHostLine(file, format, arguments...);
+        WriteHostLine(file, format, UpToZero(arguments)...);
         return;
     }
     char * const out = file.Lines().Reserve(FormattedBound(format, arguments...));
