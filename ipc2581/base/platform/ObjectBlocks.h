@@ -74,13 +74,14 @@ public:
     InBlock() = default;
     explicit InBlock(ObjectBlocks & blocks) : Object(blocks) {}
 
-    static void * operator new(std::size_t size) = delete;
     static void * operator new(std::size_t size, ObjectBlocks & blocks)
     {
         static_assert(sizeof(InBlock) <= ObjectBlocks::Largest);
         static_assert(alignof(InBlock) <= ObjectBlocks::Step);
         return blocks.Take(size);
     }
+    // The one that the virtual destructor calls; nobody makes an object by a new that would go with it.
+    // NOLINTNEXTLINE(misc-new-delete-overloads)
     static void operator delete(void * object) noexcept { ObjectBlocks::Release(object); }
     static void operator delete(void * object, ObjectBlocks & /*blocks*/) noexcept { ObjectBlocks::Release(object); }
 };
