@@ -24,6 +24,11 @@ struct PackageType {
     std::size_t tabs;
 
     std::string Text() const { return std::string(name).append(tabs, '\t'); }
+    bool IsWrittenAs(std::string_view text) const
+    {
+        return text.size() == name.size() + tabs && text.starts_with(name) &&
+               text.find_first_not_of('\t', name.size()) == std::string_view::npos;
+    }
 };
 
 constexpr PackageType Other = {"OTHER", 11};
@@ -162,7 +167,7 @@ void Package::PackageAdd(CStdioFile & file)
 int Package::GetPackageType(CString text)
 {
     for (std::size_t i = 0; i < PackageTypes.size(); ++i) {
-        if (text == std::string_view(PackageTypes[i].Text())) {
+        if (PackageTypes[i].IsWrittenAs(text)) {
             return static_cast<int>(i) + 1;
         }
     }

@@ -159,7 +159,7 @@ void ObjectBlocks::Open()
     m_block = TakeBlock();
     m_next = reinterpret_cast<char *>(m_block) + offset;
     m_left = BlockSize - offset;
-    m_alive = 0;
+    m_taken = 0;
     ++m_opened;
     Count(BlockSize);
 }
@@ -180,7 +180,7 @@ ObjectBlocks::Block * ObjectBlocks::TakeBlock()
 void ObjectBlocks::Close() noexcept
 {
     if (m_block != nullptr) {
-        m_block->Lose(WhileOpen - m_alive);
+        m_block->Lose(WhileOpen - m_taken);
         m_block = nullptr;
         m_left = 0;
     }

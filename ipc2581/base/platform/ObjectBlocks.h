@@ -32,7 +32,7 @@ public:
         void * const object = m_next;
         m_next += room;
         m_left -= room;
-        ++m_alive;
+        ++m_taken;
         return object;
     }
     // Gives a room back.
@@ -57,7 +57,7 @@ private:
     char * m_next = nullptr;
     std::size_t m_left = 0;
     // How many rooms of the block were taken, how many blocks there have been, and the rest of the region.
-    std::uint32_t m_alive = 0;
+    std::uint32_t m_taken = 0;
     std::uint32_t m_opened = 0;
     std::uint32_t m_blocksLeft = 0;
     Block * m_region = nullptr;
