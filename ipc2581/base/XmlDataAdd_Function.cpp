@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "ipc2581/base/TokenList.h"
+#include "ipc2581/base/lines/TokenList.h"
 
 using ipc2581::detail::TokenList;
 

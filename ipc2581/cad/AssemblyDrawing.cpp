@@ -1,6 +1,6 @@
 #include "ipc2581/cad/AssemblyDrawing.h"
 
-#include "ipc2581/base/LineTemplate.h"
+#include "ipc2581/base/lines/LineTemplate.h"
 #include "ipc2581/base/platform/ObjectBlocks.h"
 #include "ipc2581/cad/PlainOutline.h"
 

@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "ipc2581/base/AttributeScan.h"
-#include "ipc2581/base/LineCycle.h"
-#include "ipc2581/base/LineTemplate.h"
+#include "ipc2581/base/lines/AttributeScan.h"
+#include "ipc2581/base/lines/LineCycle.h"
+#include "ipc2581/base/lines/LineTemplate.h"
 
 using namespace ipc2581::detail;
 

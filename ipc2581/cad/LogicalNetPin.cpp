@@ -1,6 +1,6 @@
 #include "ipc2581/cad/LogicalNetPin.h"
 
-#include "ipc2581/base/LineTemplate.h"
+#include "ipc2581/base/lines/LineTemplate.h"
 
 using namespace ipc2581::detail;
 

@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
-#include "ipc2581/base/AttributeScan.h"
-#include "ipc2581/base/LineCycle.h"
-#include "ipc2581/base/LineTemplate.h"
+#include "ipc2581/base/lines/AttributeScan.h"
+#include "ipc2581/base/lines/LineCycle.h"
+#include "ipc2581/base/lines/LineTemplate.h"
 #include "ipc2581/base/platform/ObjectBlocks.h"
 #include "ipc2581/cad/PlainOutline.h"
 

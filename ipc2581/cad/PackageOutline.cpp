@@ -1,7 +1,7 @@
 #include "ipc2581/cad/PackageOutline.h"
 
-#include "ipc2581/base/LineTemplate.h"
 #include "ipc2581/base/OwnedPart.h"
+#include "ipc2581/base/lines/LineTemplate.h"
 #include "ipc2581/base/platform/ObjectBlocks.h"
 #include "ipc2581/draw/Outline.h"
 

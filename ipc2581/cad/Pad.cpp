@@ -1,8 +1,8 @@
 #include "ipc2581/cad/Pad.h"
 
-#include "ipc2581/base/AttributeScan.h"
-#include "ipc2581/base/LineCycle.h"
-#include "ipc2581/base/LineTemplate.h"
+#include "ipc2581/base/lines/AttributeScan.h"
+#include "ipc2581/base/lines/LineCycle.h"
+#include "ipc2581/base/lines/LineTemplate.h"
 #include "ipc2581/cad/Placement.h"
 
 using namespace ipc2581::detail;

@@ -1,7 +1,7 @@
 #include "ipc2581/cad/PhyNetPoint.h"
 
-#include "ipc2581/base/LineCycle.h"
-#include "ipc2581/base/LineTemplate.h"
+#include "ipc2581/base/lines/LineCycle.h"
+#include "ipc2581/base/lines/LineTemplate.h"
 #include "ipc2581/cad/Placement.h"
 
 using namespace ipc2581::detail;

@@ -1,8 +1,8 @@
 #include "ipc2581/cad/Profile.h"
 
-#include "ipc2581/base/LineCycle.h"
-#include "ipc2581/base/LineTemplate.h"
 #include "ipc2581/base/OwnedPart.h"
+#include "ipc2581/base/lines/LineCycle.h"
+#include "ipc2581/base/lines/LineTemplate.h"
 #include "ipc2581/draw/Cutout.h"
 #include "ipc2581/draw/ImportedShape.h"
 

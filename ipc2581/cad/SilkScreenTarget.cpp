@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "ipc2581/base/LineCycle.h"
+#include "ipc2581/base/lines/LineCycle.h"
 #include "ipc2581/cad/Placement.h"
 #include "ipc2581/content/DicDraw_Contour.h"
 

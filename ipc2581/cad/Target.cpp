@@ -1,7 +1,7 @@
 #include "ipc2581/cad/Target.h"
 
-#include "ipc2581/base/LineCycle.h"
-#include "ipc2581/base/LineTemplate.h"
+#include "ipc2581/base/lines/LineCycle.h"
+#include "ipc2581/base/lines/LineTemplate.h"
 #include "ipc2581/base/platform/ObjectBlocks.h"
 #include "ipc2581/cad/Placement.h"
 #include "ipc2581/content/DicDraw_Contour.h"

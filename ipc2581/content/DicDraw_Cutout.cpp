@@ -1,6 +1,6 @@
 #include "ipc2581/content/DicDraw_Cutout.h"
 
-#include "ipc2581/base/LineTemplate.h"
+#include "ipc2581/base/lines/LineTemplate.h"
 
 CIPC2581_DicDraw_Cutout::~CIPC2581_DicDraw_Cutout()
 {

@@ -1,6 +1,6 @@
 #include "ipc2581/content/DicDraw_Polygon.h"
 
-#include "ipc2581/base/LineTemplate.h"
+#include "ipc2581/base/lines/LineTemplate.h"
 
 CIPC2581_DicDraw_Polygon::~CIPC2581_DicDraw_Polygon()
 {

@@ -1,7 +1,7 @@
 #include "ipc2581/content/DicDraw_Thermal.h"
 
-#include "ipc2581/base/AttributeScan.h"
-#include "ipc2581/base/LineTemplate.h"
+#include "ipc2581/base/lines/AttributeScan.h"
+#include "ipc2581/base/lines/LineTemplate.h"
 #include "ipc2581/content/PrimitiveRows.h"
 
 using namespace ipc2581::detail;

@@ -1,7 +1,7 @@
 #include "ipc2581/content/DictionaryColor.h"
 
-#include "ipc2581/base/LineTemplate.h"
 #include "ipc2581/base/OwnedPart.h"
+#include "ipc2581/base/lines/LineTemplate.h"
 
 CIPC2581_Content_DictionaryColor::CIPC2581_Content_DictionaryColor()
 {

@@ -1,7 +1,7 @@
 #include "ipc2581/content/DictionaryUser.h"
 
-#include "ipc2581/base/LineTemplate.h"
 #include "ipc2581/base/OwnedPart.h"
+#include "ipc2581/base/lines/LineTemplate.h"
 
 using namespace ipc2581::detail;
 

@@ -5,8 +5,8 @@
 #include <new>
 #include <string_view>
 
-#include "ipc2581/base/LineCycle.h"
-#include "ipc2581/base/LineTemplate.h"
+#include "ipc2581/base/lines/LineCycle.h"
+#include "ipc2581/base/lines/LineTemplate.h"
 #include "ipc2581/base/platform/ObjectBlocks.h"
 #include "ipc2581/content/DicDraw.h"
 

@@ -1,7 +1,7 @@
 #ifndef IPC2581_CONTENT_PRIMITIVEROWS_H
 #define IPC2581_CONTENT_PRIMITIVEROWS_H
 
-#include "ipc2581/base/AttributeScan.h"
+#include "ipc2581/base/lines/AttributeScan.h"
 
 // Attribute rows that only the dictionary primitives have.
 namespace ipc2581::detail {

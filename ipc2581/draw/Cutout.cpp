@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "ipc2581/base/LineTemplate.h"
+#include "ipc2581/base/lines/LineTemplate.h"
 #include "ipc2581/draw/PolyContour.h"
 
 using namespace ipc2581::detail;

@@ -3,7 +3,7 @@
 #include <array>
 #include <cmath>
 
-#include "ipc2581/base/LineTemplate.h"
+#include "ipc2581/base/lines/LineTemplate.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "ipc2581/base/ExPtrArray.h"
-#include "ipc2581/base/LineCycle.h"
+#include "ipc2581/base/lines/LineCycle.h"
 #include "ipc2581/draw/DrawObj.h"
 
 namespace ipc2581::detail {

@@ -1,7 +1,7 @@
 #include "ipc2581/draw/LineDesc.h"
 
-#include "ipc2581/base/AttributeScan.h"
-#include "ipc2581/base/LineTemplate.h"
+#include "ipc2581/base/lines/AttributeScan.h"
+#include "ipc2581/base/lines/LineTemplate.h"
 
 using namespace ipc2581::detail;
 

@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "ipc2581/base/AttributeScan.h"
-#include "ipc2581/base/LineTemplate.h"
+#include "ipc2581/base/lines/AttributeScan.h"
+#include "ipc2581/base/lines/LineTemplate.h"
 
 namespace ipc2581::detail {
 namespace {

@@ -4,8 +4,8 @@
 #include <memory>
 
 #include "ipc2581/base/ExPtrArray.h"
-#include "ipc2581/base/LineCycle.h"
-#include "ipc2581/base/TokenList.h"
+#include "ipc2581/base/lines/LineCycle.h"
+#include "ipc2581/base/lines/TokenList.h"
 #include "ipc2581/draw/Point.h"
 #include "ipc2581/draw/PolyStep.h"
 

@@ -1,7 +1,7 @@
 #include "ipc2581/draw/PolyLine.h"
 
-#include "ipc2581/base/LineTemplate.h"
 #include "ipc2581/base/OwnedPart.h"
+#include "ipc2581/base/lines/LineTemplate.h"
 #include "ipc2581/base/platform/ObjectBlocks.h"
 #include "ipc2581/draw/PolyContour.h"
 

@@ -1,7 +1,7 @@
 #include "ipc2581/draw/Polygon.h"
 
-#include "ipc2581/base/LineTemplate.h"
 #include "ipc2581/base/OwnedPart.h"
+#include "ipc2581/base/lines/LineTemplate.h"
 #include "ipc2581/draw/PolyContour.h"
 
 using namespace ipc2581::detail;

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <system_error>
 
-#include "ipc2581/base/LineFile.h"
+#include "ipc2581/base/lines/LineFile.h"
 
 using ipc2581::detail::LineFile;
 

@@ -12,11 +12,11 @@
 
 #include <gtest/gtest.h>
 
-#include "ipc2581/base/AttributeScan.h"
-#include "ipc2581/base/LineCycle.h"
-#include "ipc2581/base/TokenList.h"
-#include "ipc2581/base/Word.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
+#include "ipc2581/base/lines/AttributeScan.h"
+#include "ipc2581/base/lines/LineCycle.h"
+#include "ipc2581/base/lines/TokenList.h"
+#include "ipc2581/base/lines/Word.h"
 #include "ipc2581/base/platform/Afx.h"
 #include "ipc2581/base/platform/CArray.h"
 #include "ipc2581/base/platform/CStdioFile.h"

@@ -1,5 +1,5 @@
-#ifndef IPC2581_BASE_LINEFILE_H
-#define IPC2581_BASE_LINEFILE_H
+#ifndef IPC2581_BASE_LINES_LINEFILE_H
+#define IPC2581_BASE_LINES_LINEFILE_H
 
 #include <cstddef>
 #include <cstdint>
@@ -10,9 +10,9 @@
 #include <string_view>
 #include <typeinfo>
 
-#include "ipc2581/base/FirstToken.h"
-#include "ipc2581/base/Scan.h"
-#include "ipc2581/base/TokenList.h"
+#include "ipc2581/base/lines/FirstToken.h"
+#include "ipc2581/base/lines/Scan.h"
+#include "ipc2581/base/lines/TokenList.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/base/platform/ObjectBlocks.h"
 

@@ -1,4 +1,4 @@
-#include "ipc2581/base/LineFile.h"
+#include "ipc2581/base/lines/LineFile.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -9,7 +9,7 @@
 #include <system_error>
 #include <utility>
 
-#include "ipc2581/base/Scan.h"
+#include "ipc2581/base/lines/Scan.h"
 #include "ipc2581/base/platform/Afx.h"
 
 namespace ipc2581::detail {

@@ -1,11 +1,11 @@
-#ifndef IPC2581_BASE_ATTRIBUTESCAN_H
-#define IPC2581_BASE_ATTRIBUTESCAN_H
+#ifndef IPC2581_BASE_LINES_ATTRIBUTESCAN_H
+#define IPC2581_BASE_LINES_ATTRIBUTESCAN_H
 
 #include <initializer_list>
 #include <string_view>
 
-#include "ipc2581/base/TokenList.h"
-#include "ipc2581/base/Word.h"
+#include "ipc2581/base/lines/TokenList.h"
+#include "ipc2581/base/lines/Word.h"
 #include "ipc2581/base/platform/CString.h"
 #include "ipc2581/base/platform/Number.h"
 

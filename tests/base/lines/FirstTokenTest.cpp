@@ -1,4 +1,4 @@
-#include "ipc2581/base/FirstToken.h"
+#include "ipc2581/base/lines/FirstToken.h"
 
 #include <random>
 #include <string>
@@ -8,8 +8,8 @@
 
 #include <gtest/gtest.h>
 
-#include "ipc2581/base/Scan.h"
-#include "ipc2581/base/Word.h"
+#include "ipc2581/base/lines/Scan.h"
+#include "ipc2581/base/lines/Word.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
-#include "ipc2581/base/AttributeScan.h"
+#include "ipc2581/base/lines/AttributeScan.h"
 
 #include <cstdint>
 
-#include "ipc2581/base/Scan.h"
+#include "ipc2581/base/lines/Scan.h"
 #include "ipc2581/base/platform/Number.h"
 
 namespace ipc2581::detail {

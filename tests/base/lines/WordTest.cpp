@@ -1,4 +1,4 @@
-#include "ipc2581/base/Word.h"
+#include "ipc2581/base/lines/Word.h"
 
 #include <cstdint>
 #include <random>

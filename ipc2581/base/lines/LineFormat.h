@@ -1,5 +1,5 @@
-#ifndef IPC2581_BASE_LINEFORMAT_H
-#define IPC2581_BASE_LINEFORMAT_H
+#ifndef IPC2581_BASE_LINES_LINEFORMAT_H
+#define IPC2581_BASE_LINES_LINEFORMAT_H
 
 #include <algorithm>
 #include <cstddef>

@@ -1,5 +1,5 @@
-#ifndef IPC2581_BASE_FIRSTTOKEN_H
-#define IPC2581_BASE_FIRSTTOKEN_H
+#ifndef IPC2581_BASE_LINES_FIRSTTOKEN_H
+#define IPC2581_BASE_LINES_FIRSTTOKEN_H
 
 #include <algorithm>
 #include <array>
@@ -9,7 +9,7 @@
 #include <functional>
 #include <string_view>
 
-#include "ipc2581/base/Word.h"
+#include "ipc2581/base/lines/Word.h"
 
 #if defined(__SSE2__)
 #include <emmintrin.h>

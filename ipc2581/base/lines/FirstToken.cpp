@@ -1,8 +1,8 @@
-#include "ipc2581/base/FirstToken.h"
+#include "ipc2581/base/lines/FirstToken.h"
 
 #include <algorithm>
 
-#include "ipc2581/base/TokenList.h"
+#include "ipc2581/base/lines/TokenList.h"
 
 namespace ipc2581::detail {
 

@@ -1,5 +1,5 @@
-#ifndef IPC2581_BASE_WORD_H
-#define IPC2581_BASE_WORD_H
+#ifndef IPC2581_BASE_LINES_WORD_H
+#define IPC2581_BASE_LINES_WORD_H
 
 #include <array>
 #include <bit>

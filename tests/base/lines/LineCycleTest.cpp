@@ -1,4 +1,4 @@
-#include "ipc2581/base/LineCycle.h"
+#include "ipc2581/base/lines/LineCycle.h"
 
 #include <string>
 #include <string_view>
@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include "ipc2581/base/TokenList.h"
+#include "ipc2581/base/lines/TokenList.h"
 #include "ipc2581/base/platform/Afx.h"
 #include "ipc2581/base/platform/CArray.h"
 #include "ipc2581/base/platform/CStdioFile.h"

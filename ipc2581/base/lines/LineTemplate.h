@@ -1,5 +1,5 @@
-#ifndef IPC2581_BASE_LINETEMPLATE_H
-#define IPC2581_BASE_LINETEMPLATE_H
+#ifndef IPC2581_BASE_LINES_LINETEMPLATE_H
+#define IPC2581_BASE_LINES_LINETEMPLATE_H
 
 #include <algorithm>
 #include <cstddef>
@@ -10,9 +10,9 @@
 #include <utility>
 
 #include "ipc2581/base/ExPtrArray.h"
-#include "ipc2581/base/LineFile.h"
-#include "ipc2581/base/LineFormat.h"
 #include "ipc2581/base/OwnedPart.h"
+#include "ipc2581/base/lines/LineFile.h"
+#include "ipc2581/base/lines/LineFormat.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 
 namespace ipc2581::detail {

@@ -1,4 +1,4 @@
-#include "ipc2581/base/LineFile.h"
+#include "ipc2581/base/lines/LineFile.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -11,7 +11,7 @@
 
 #include <gtest/gtest.h>
 
-#include "ipc2581/base/Scan.h"
+#include "ipc2581/base/lines/Scan.h"
 #include "ipc2581/base/platform/Afx.h"
 #include "tests/support/Files.h"
 

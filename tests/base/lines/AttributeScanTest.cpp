@@ -1,4 +1,4 @@
-#include "ipc2581/base/AttributeScan.h"
+#include "ipc2581/base/lines/AttributeScan.h"
 
 #include <random>
 #include <string>
@@ -8,8 +8,8 @@
 
 #include <gtest/gtest.h>
 
-#include "ipc2581/base/LineCycle.h"
-#include "ipc2581/base/TokenList.h"
+#include "ipc2581/base/lines/LineCycle.h"
+#include "ipc2581/base/lines/TokenList.h"
 #include "ipc2581/base/platform/Afx.h"
 #include "tests/support/Files.h"
 

@@ -1,4 +1,4 @@
-#include "ipc2581/base/Scan.h"
+#include "ipc2581/base/lines/Scan.h"
 
 #if defined(__SSE2__)
 

@@ -1,9 +1,9 @@
-#include "ipc2581/base/LineCycle.h"
+#include "ipc2581/base/lines/LineCycle.h"
 
 #include <algorithm>
 
-#include "ipc2581/base/FirstToken.h"
-#include "ipc2581/base/Scan.h"
+#include "ipc2581/base/lines/FirstToken.h"
+#include "ipc2581/base/lines/Scan.h"
 #include "ipc2581/base/platform/Afx.h"
 
 namespace ipc2581::detail {

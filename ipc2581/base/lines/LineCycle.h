@@ -1,13 +1,13 @@
-#ifndef IPC2581_BASE_LINECYCLE_H
-#define IPC2581_BASE_LINECYCLE_H
+#ifndef IPC2581_BASE_LINES_LINECYCLE_H
+#define IPC2581_BASE_LINES_LINECYCLE_H
 
 #include <cstddef>
 #include <memory>
 #include <string_view>
 
-#include "ipc2581/base/LineFile.h"
-#include "ipc2581/base/TokenList.h"
-#include "ipc2581/base/Word.h"
+#include "ipc2581/base/lines/LineFile.h"
+#include "ipc2581/base/lines/TokenList.h"
+#include "ipc2581/base/lines/Word.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/base/platform/ObjectBlocks.h"
 

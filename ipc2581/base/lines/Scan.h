@@ -1,5 +1,5 @@
-#ifndef IPC2581_BASE_SCAN_H
-#define IPC2581_BASE_SCAN_H
+#ifndef IPC2581_BASE_LINES_SCAN_H
+#define IPC2581_BASE_LINES_SCAN_H
 
 #include <algorithm>
 #include <array>

@@ -1,5 +1,5 @@
-#ifndef IPC2581_BASE_TOKENLIST_H
-#define IPC2581_BASE_TOKENLIST_H
+#ifndef IPC2581_BASE_LINES_TOKENLIST_H
+#define IPC2581_BASE_LINES_TOKENLIST_H
 
 #include <cstddef>
 #include <string>

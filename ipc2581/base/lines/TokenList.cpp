@@ -1,4 +1,4 @@
-#include "ipc2581/base/TokenList.h"
+#include "ipc2581/base/lines/TokenList.h"
 
 #include <algorithm>
 
