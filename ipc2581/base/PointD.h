@@ -3,6 +3,7 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/platform/CArray.h"
 
 // A point in the plane, in the document's own units.
@@ -33,6 +34,14 @@ public:
 
     // The two coordinates of a serialised list of points.
     friend IPC2581_API void SerializeElement(CArchive & archive, CPointD & point);
+};
+
+template <>
+struct ipc2581::Fields<CPointD> {
+    using Object = CPointD;
+    static constexpr std::string_view Name = "CPointD";
+    static constexpr auto Elements = std::tuple<>{};
+    static constexpr auto Members = std::tuple{Member{"X", &Object::X}, Member{"Y", &Object::Y}};
 };
 
 // A list of points, for hosts.

@@ -2,6 +2,7 @@
 #define IPC2581_CAD_ASSEMBLYDRAWING_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/WithoutParts.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
@@ -37,6 +38,15 @@ public:
 
 private:
     explicit CIPC2581_Ecad_CadData_Step_Package_AssemblyDrawing(ipc2581::detail::WithoutParts /*tag*/) {}
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_Package_AssemblyDrawing> {
+    using Object = CIPC2581_Ecad_CadData_Step_Package_AssemblyDrawing;
+    static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_Package_AssemblyDrawing";
+    static constexpr auto Elements = std::tuple<>{};
+    static constexpr auto Members = std::tuple{Member{"Outline", &Object::Outline}, Member{"Text", &Object::Text},
+                                               Member{"TargetArray", &Object::TargetArray}};
 };
 
 #endif

@@ -8,6 +8,7 @@
 #include "ipc2581/cad/KeptProgress.h"
 
 using namespace ipc2581::detail;
+using ipc2581::Fields;
 
 CIPC2581_Ecad_CadData::CIPC2581_Ecad_CadData() = default;
 
@@ -27,20 +28,17 @@ void CIPC2581_Ecad_CadData::ReadCadData(CStdioFile & file, CProgressCtrl * progr
     LineCycle line(file);
     while (line.Next()) {
         if (line.Opens("Layer")) {
-            auto layer = New<CIPC2581_Ecad_CadData_Layer>(file);
-            ScanAttributes(line.Tokens(), {Text("name=", layer->name), Text("layerFunction=", layer->layerFunction),
-                                           Text("side=", layer->side), Text("polarity=", layer->polarity)});
-            Append(m_arrLayer, std::move(layer));
+            Append(m_arrLayer, NewFrom<Fields<CIPC2581_Ecad_CadData_Layer>::Layer>(line, file));
             SetProgress(22);
         }
         else if (line.Opens("Stackup")) {
-            CArray<CString, CString> tokens;
+            LineTokens tokens;
             m_Stackup.ReadStackUp(line.CopyTokens(tokens), file);
             SetProgress(25);
         }
         else if (line.Opens("Step")) {
             // Cut before the position goes out: a host may read on in the file when it gets it.
-            CArray<CString, CString> tokens;
+            LineTokens tokens;
             line.CopyTokens(tokens);
             SetProgress(30);
             m_Step.ReadStep(tokens, file, progress);

@@ -2,6 +2,7 @@
 #define IPC2581_CAD_CADDATA_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CProgressCtrl.h"
 #include "ipc2581/base/platform/CStdioFile.h"
@@ -26,6 +27,16 @@ public:
     void ReadCadData(CStdioFile & file, CProgressCtrl * progress);
     // Sends the position to the stored control, if there is one.
     void SetProgress(int position);
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Ecad_CadData> {
+    using Object = CIPC2581_Ecad_CadData;
+    static constexpr std::string_view Name = "CIPC2581_Ecad_CadData";
+    static constexpr auto Elements = std::tuple<>{};
+    static constexpr auto Members = std::tuple{
+        Member{"m_arrLayer", &Object::m_arrLayer, "Layer"}, Member{"m_Stackup", &Object::m_Stackup, "Stackup"},
+        Member{"m_Step", &Object::m_Step, "Step"}, Member{"m_pProgressCtrl", &Object::m_pProgressCtrl}};
 };
 
 #endif

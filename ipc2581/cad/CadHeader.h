@@ -2,6 +2,7 @@
 #define IPC2581_CAD_CADHEADER_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CString.h"
 
@@ -17,6 +18,15 @@ public:
 
     CString GetUnit() const { return units; }
     void SetUnit(CString unit) { units = unit; }
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Ecad_CadHeader> {
+    using Object = CIPC2581_Ecad_CadHeader;
+    static constexpr std::string_view Name = "CIPC2581_Ecad_CadHeader";
+    static constexpr auto CadHeader = Element<Object>("CadHeader", Text("units=", &Object::units));
+    static constexpr auto Elements = std::tuple{CadHeader};
+    static constexpr auto Members = std::tuple{Member{"units", &Object::units}};
 };
 
 #endif

@@ -7,6 +7,7 @@
 #include "ipc2581/cad/Placement.h"
 
 using namespace ipc2581::detail;
+using ipc2581::Fields;
 
 CIPC2581_Ecad_CadData_Step_Component::CIPC2581_Ecad_CadData_Step_Component() : Xform(new CIPC2581_Xform()) {}
 
@@ -60,10 +61,10 @@ void CIPC2581_Ecad_CadData_Step_Component::ComponetAdd(CStdioFile & file)
     LineCycle line(file);
     while (line.Next()) {
         if (line.Holds("Xform")) {
-            ScanAttributes(line.Tokens(), {Number("rotation=", Xform->Rotation), Flag("mirror=", Xform->Mirror)});
+            ScanAttributes<Fields<CIPC2581_Xform>::OfComponent>(line.Tokens(), *Xform);
         }
         else if (line.Opens("Location")) {
-            ReadLocation(line.Tokens(), Location);
+            ScanAttributes<Fields<CIPC2581_Ecad_CadData_Step_Component>::Location>(line.Tokens(), *this);
         }
         else if (line.Holds("/Component")) {
             return;

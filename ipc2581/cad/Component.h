@@ -5,6 +5,7 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/PointD.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
@@ -39,6 +40,29 @@ public:
     void Init();
     // Reads the lines behind the opening line up to the one with "/Component".
     void ComponetAdd(CStdioFile & file);
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_Component> {
+    using Object = CIPC2581_Ecad_CadData_Step_Component;
+    static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_Component";
+    static constexpr auto Component = Element<Object>(
+        "Component", Text("refDes=", &Object::RefDes), Text("packageRef=", &Object::PackageRef),
+        Text("layerRef=", &Object::LayerRef), Text("part=", &Object::Part), Text("mountType=", &Object::MountType),
+        Text("standoff=", &Object::Standoff), Number("height=", &Object::Height));
+    static constexpr auto Location = Element<Object>("Location", Number("x=", &Object::Location, &CPointD::X),
+                                                     Number("y=", &Object::Location, &CPointD::Y));
+    static constexpr auto Elements = std::tuple{Component, Location};
+    static constexpr auto Members = std::tuple{Member{"RefDes", &Object::RefDes},
+                                               Member{"PackageRef", &Object::PackageRef},
+                                               Member{"Part", &Object::Part},
+                                               Member{"LayerRef", &Object::LayerRef},
+                                               Member{"MountType", &Object::MountType},
+                                               Member{"Spare", &Object::Spare},
+                                               Member{"Height", &Object::Height},
+                                               Member{"Standoff", &Object::Standoff},
+                                               Member{"Xform", &Object::Xform, "Xform"},
+                                               Member{"Location", &Object::Location}};
 };
 
 // The placed parts of the board, in file order; owned.

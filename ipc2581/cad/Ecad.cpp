@@ -4,6 +4,7 @@
 #include "ipc2581/base/lines/LineTemplate.h"
 
 using namespace ipc2581::detail;
+using ipc2581::Fields;
 
 CIPC2581_Ecad::CIPC2581_Ecad() = default;
 CIPC2581_Ecad::~CIPC2581_Ecad() = default;
@@ -32,5 +33,5 @@ int CIPC2581_Ecad::Export_CadData(CStdioFile & file, int level)
 
 void CIPC2581_Ecad::ReadCadHeader(CArray<CString, CString> & tokens)
 {
-    ScanAttributes(tokens, {Text("units=", m_CadHeader.units)});
+    ScanAttributes<Fields<CIPC2581_Ecad_CadHeader>::CadHeader>(tokens, m_CadHeader);
 }

@@ -2,6 +2,7 @@
 #define IPC2581_CAD_ECAD_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/cad/CadData.h"
@@ -22,6 +23,17 @@ public:
 
     // Takes the unit from the token list of the CadHeader line.
     void ReadCadHeader(CArray<CString, CString> & tokens);
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Ecad> {
+    using Object = CIPC2581_Ecad;
+    static constexpr std::string_view Name = "CIPC2581_Ecad";
+    static constexpr auto Ecad = Element<Object>("Ecad", Text("name=", &Object::name));
+    static constexpr auto Elements = std::tuple{Ecad};
+    static constexpr auto Members =
+        std::tuple{Member{"name", &Object::name}, Member{"m_CadHeader", &Object::m_CadHeader, "CadHeader"},
+                   Member{"m_CadData", &Object::m_CadData, "CadData"}};
 };
 
 #endif

@@ -13,6 +13,7 @@
 #include "ipc2581/draw/PolyLine.h"
 
 using namespace ipc2581::detail;
+using ipc2581::Fields;
 
 using Features = CIPC2581_Ecad_CadData_Step_LayerFeature_Set_Features;
 
@@ -20,11 +21,7 @@ namespace {
 
 void ReadLine(LineCycle & line, CStdioFile & file, CIPC2581_DrawObjArray & shapes)
 {
-    auto stroke = New<CIPC2581_Line>(file);
-    CPointD & start = *stroke->StartPoint->Point;
-    CPointD & end = *stroke->EndPoint->Point;
-    ScanAttributes(line.Tokens(), {Number("startX=", start.X), Number("startY=", start.Y), Number("endX=", end.X),
-                                   Number("endY=", end.Y)});
+    auto stroke = NewFrom<Fields<CIPC2581_Line>::Line>(line, file);
     stroke->Import(file);
     Append(shapes, std::move(stroke));
 }
@@ -32,7 +29,7 @@ void ReadLine(LineCycle & line, CStdioFile & file, CIPC2581_DrawObjArray & shape
 void ReadCircle(LineCycle & line, CStdioFile & file, CIPC2581_DrawObjArray & shapes)
 {
     auto circle = New<CIPC2581_DicDraw_Circle>(file);
-    CArray<CString, CString> tokens;
+    LineTokens tokens;
     circle->Import(line.CopyTokens(tokens));
     Append(shapes, std::move(circle));
 }
@@ -59,11 +56,11 @@ void Features::FeaturesAdd(CStdioFile & file)
 {
     LineCycle line(file);
     while (line.Next()) {
-        if (line.Holds("Xform")) {
+        if (line.Skips("Xform")) {
             continue;
         }
         if (line.Opens("Location")) {
-            ReadLocation(line.Tokens(), Location);
+            ScanAttributes<Fields<Features>::Location>(line.Tokens(), *this);
         }
         else if (line.Opens("Polyline")) {
             ImportShape<CIPC2581_PolyLine>(DrawObjArray, file);

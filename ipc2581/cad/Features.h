@@ -2,6 +2,7 @@
 #define IPC2581_CAD_FEATURES_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/PointD.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
@@ -25,6 +26,17 @@ public:
     // Reads polylines, lines, contours and circles up to the line with "/Features". Lines of other elements meet the
     // same tests: a LineDesc outside a shape makes a line.
     void FeaturesAdd(CStdioFile & file);
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_LayerFeature_Set_Features> {
+    using Object = CIPC2581_Ecad_CadData_Step_LayerFeature_Set_Features;
+    static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_LayerFeature_Set_Features";
+    static constexpr auto Location = Element<Object>("Location", Number("x=", &Object::Location, &CPointD::X),
+                                                     Number("y=", &Object::Location, &CPointD::Y));
+    static constexpr auto Elements = std::tuple{Location};
+    static constexpr auto Members =
+        std::tuple{Member{"Location", &Object::Location}, Member{"DrawObjArray", &Object::DrawObjArray}};
 };
 
 #endif

@@ -5,6 +5,7 @@
 #include "ipc2581/base/lines/LineTemplate.h"
 
 using namespace ipc2581::detail;
+using ipc2581::Fields;
 
 CIPC2581_Ecad_CadData_Step_Hole::CIPC2581_Ecad_CadData_Step_Hole() = default;
 
@@ -49,7 +50,7 @@ void CIPC2581_Ecad_CadData_Step_Hole::LayerHoleAdd(CStdioFile & file)
     LineCycle line(file);
     while (line.Next()) {
         if (line.Opens("Span")) {
-            ScanAttributes(line.Tokens(), {Text("toLayer=", ToLayer), Text("fromLayer=", FromLayer)});
+            ScanAttributes<Fields<CIPC2581_Ecad_CadData_Step_Hole>::Span>(line.Tokens(), *this);
         }
         else if (line.Holds("/Hole") || line.Holds("/LayerHole")) {
             return;
@@ -59,11 +60,8 @@ void CIPC2581_Ecad_CadData_Step_Hole::LayerHoleAdd(CStdioFile & file)
 
 void ipc2581::detail::ReadHole(const TokenList & tokens, CIPC2581_Ecad_CadData_Step_Hole & hole)
 {
-    ScanAttributes(tokens,
-                   {Text("name=", hole.Name), Text("diameter=", hole.Diameter),
-                    Text("platingStatus=", hole.PlatingStatus), Text("plusTol=", hole.PlusTol),
-                    Text("minusTol=", hole.MinusTol)},
-                   {Number("x=", hole.Location.X), Number("y=", hole.Location.Y)});
+    using HoleFields = Fields<CIPC2581_Ecad_CadData_Step_Hole>;
+    ScanAttributesTwice<HoleFields::Hole, HoleFields::HolePlace>(tokens, hole);
 }
 
 CIPC2581_Ecad_CadData_Step_HoleArray::CIPC2581_Ecad_CadData_Step_HoleArray() = default;

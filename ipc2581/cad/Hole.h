@@ -3,6 +3,7 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/PointD.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
@@ -32,6 +33,31 @@ public:
     void Init();
     // Reads the span behind a LayerHole line, up to a line with "/Hole" or "/LayerHole".
     void LayerHoleAdd(CStdioFile & file);
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_Hole> {
+    using Object = CIPC2581_Ecad_CadData_Step_Hole;
+    static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_Hole";
+    static constexpr auto Hole =
+        Element<Object>("Hole", Text("name=", &Object::Name), Text("diameter=", &Object::Diameter),
+                        Text("platingStatus=", &Object::PlatingStatus), Text("plusTol=", &Object::PlusTol),
+                        Text("minusTol=", &Object::MinusTol));
+    static constexpr auto HolePlace = Element<Object>("Hole", Number("x=", &Object::Location, &CPointD::X),
+                                                      Number("y=", &Object::Location, &CPointD::Y));
+    static constexpr auto LayerHole = Hole.Of("LayerHole");
+    static constexpr auto LayerHolePlace = HolePlace.Of("LayerHole");
+    static constexpr auto Span =
+        Element<Object>("Span", Text("toLayer=", &Object::ToLayer), Text("fromLayer=", &Object::FromLayer));
+    static constexpr auto Elements = std::tuple{Hole, HolePlace, LayerHole, LayerHolePlace, Span};
+    static constexpr auto Members = std::tuple{Member{"Name", &Object::Name},
+                                               Member{"Diameter", &Object::Diameter},
+                                               Member{"PlatingStatus", &Object::PlatingStatus},
+                                               Member{"PlusTol", &Object::PlusTol},
+                                               Member{"MinusTol", &Object::MinusTol},
+                                               Member{"Location", &Object::Location},
+                                               Member{"ToLayer", &Object::ToLayer},
+                                               Member{"FromLayer", &Object::FromLayer}};
 };
 
 // A list of holes, for hosts; owned.

@@ -7,6 +7,7 @@
 #include "ipc2581/base/lines/LineTemplate.h"
 
 using namespace ipc2581::detail;
+using ipc2581::Fields;
 
 CIPC2581_Ecad_CadData_Step_Package_LandPattern::CIPC2581_Ecad_CadData_Step_Package_LandPattern() = default;
 CIPC2581_Ecad_CadData_Step_Package_LandPattern::~CIPC2581_Ecad_CadData_Step_Package_LandPattern() = default;
@@ -24,8 +25,7 @@ void CIPC2581_Ecad_CadData_Step_Package_LandPattern::LandPatternAdd(CStdioFile &
     LineCycle line(file);
     while (line.Next()) {
         if (line.Opens("Pad")) {
-            auto pad = New<CIPC2581_Ecad_CadData_Step_Pad>(file);
-            ScanAttributes(line.Tokens(), {Text("pin=", pad->Pin)});
+            auto pad = NewFrom<Fields<CIPC2581_Ecad_CadData_Step_Pad>::Pad>(line, file);
             pad->PadAdd(file);
             Append(PadArray, std::move(pad));
         }

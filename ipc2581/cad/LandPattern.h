@@ -2,6 +2,7 @@
 #define IPC2581_CAD_LANDPATTERN_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/cad/Pad.h"
@@ -20,6 +21,15 @@ public:
 
     // Reads the pads up to the line with "/LandPattern".
     void LandPatternAdd(CStdioFile & file);
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_Package_LandPattern> {
+    using Object = CIPC2581_Ecad_CadData_Step_Package_LandPattern;
+    static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_Package_LandPattern";
+    static constexpr auto Elements = std::tuple<>{};
+    static constexpr auto Members =
+        std::tuple{Member{"PadArray", &Object::PadArray, "Pad"}, Member{"TargetArray", &Object::TargetArray}};
 };
 
 #endif

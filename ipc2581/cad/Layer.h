@@ -3,6 +3,7 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/base/platform/CString.h"
 
@@ -23,6 +24,19 @@ public:
     virtual ~CIPC2581_Ecad_CadData_Layer();
     // Writes the layer as an opening and a closing line and gives 1.
     virtual int Export(CStdioFile & file, int level);
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Ecad_CadData_Layer> {
+    using Object = CIPC2581_Ecad_CadData_Layer;
+    static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Layer";
+    static constexpr auto Layer =
+        Element<Object>("Layer", Text("name=", &Object::name), Text("layerFunction=", &Object::layerFunction),
+                        Text("side=", &Object::side), Text("polarity=", &Object::polarity));
+    static constexpr auto Elements = std::tuple{Layer};
+    static constexpr auto Members = std::tuple{Member{"m_nLayerId", &Object::m_nLayerId}, Member{"name", &Object::name},
+                                               Member{"layerFunction", &Object::layerFunction},
+                                               Member{"side", &Object::side}, Member{"polarity", &Object::polarity}};
 };
 
 // The layers of the board, in file order; owned.

@@ -7,6 +7,7 @@
 #include "ipc2581/base/lines/LineTemplate.h"
 
 using namespace ipc2581::detail;
+using ipc2581::Fields;
 
 using LayerFeature = CIPC2581_Ecad_CadData_Step_LayerFeature;
 using LayerFeatureArray = CIPC2581_Ecad_CadData_Step_LayerFeatureArray;
@@ -31,13 +32,11 @@ void LayerFeature::LayerFeatureAdd(CStdioFile & file)
 {
     LineCycle line(file);
     while (line.Next()) {
-        if (line.Holds("Xform")) {
+        if (line.Skips("Xform")) {
             continue;
         }
         if (line.Opens("Set")) {
-            auto set = New<CIPC2581_Ecad_CadData_Step_LayerFeature_Set>(file);
-            ScanAttributes(line.Tokens(), {Text("net=", set->Net), Flag("testPoint=", set->TestPoint),
-                                           Flag("plate=", set->Plate), Text("padUsage=", set->PadUsage)});
+            auto set = NewFrom<Fields<CIPC2581_Ecad_CadData_Step_LayerFeature_Set>::Set>(line, file);
             set->SetAdd(file);
             const CIPC2581_Ecad_CadData_Step_LayerFeature_Set & added = *Append(SetArray, std::move(set));
             if (!added.ColorRef.IsEmpty()) {

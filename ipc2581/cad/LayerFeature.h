@@ -3,6 +3,7 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/cad/LayerFeatureSet.h"
@@ -25,6 +26,17 @@ public:
     void SetLayerRef(CString ref) { LayerRef = ref; }
     CString GetColorRefId() const { return ColorRefId; }
     void SetColorRefId(CString id) { ColorRefId = id; }
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_LayerFeature> {
+    using Object = CIPC2581_Ecad_CadData_Step_LayerFeature;
+    static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_LayerFeature";
+    static constexpr auto LayerFeature = Element<Object>("LayerFeature", Text("layerRef=", &Object::LayerRef));
+    static constexpr auto Elements = std::tuple{LayerFeature};
+    static constexpr auto Members =
+        std::tuple{Member{"LayerRef", &Object::LayerRef}, Member{"ColorRefId", &Object::ColorRefId},
+                   Member{"SetArray", &Object::SetArray, "Set"}};
 };
 
 // The layer features of the board, in file order; owned.

@@ -7,6 +7,7 @@
 #include "ipc2581/base/lines/LineTemplate.h"
 
 using namespace ipc2581::detail;
+using ipc2581::Fields;
 
 using Set = CIPC2581_Ecad_CadData_Step_LayerFeature_Set;
 
@@ -61,18 +62,18 @@ void Set::SetAdd(CStdioFile & file)
 {
     LineCycle line(file);
     while (line.Next()) {
-        if (line.Holds("Xform")) {
+        if (line.Skips("Xform")) {
             continue;
         }
         if (line.Holds("ColorRef")) {
-            ScanAttributes(line.Tokens(), {Text("id=", ColorRef)});
+            ScanAttributes<Fields<Set>::ColorRef>(line.Tokens(), *this);
         }
         else if (line.Opens("Features")) {
             Features.FeaturesAdd(file);
             Kind = FeaturesKind;
         }
         else if (line.Opens("Pad")) {
-            ScanAttributes(line.Tokens(), {Text("pin=", Pad.Pin)});
+            ScanAttributes<Fields<CIPC2581_Ecad_CadData_Step_Pad>::Pad>(line.Tokens(), Pad);
             Pad.PadAdd(file);
             Kind = PadKind;
         }

@@ -3,6 +3,7 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/cad/Features.h"
@@ -36,6 +37,26 @@ public:
 
 private:
     int ExportContents(CStdioFile & file, int level);
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_LayerFeature_Set> {
+    using Object = CIPC2581_Ecad_CadData_Step_LayerFeature_Set;
+    static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_LayerFeature_Set";
+    static constexpr auto Set =
+        Element<Object>("Set", Text("net=", &Object::Net), Flag("testPoint=", &Object::TestPoint),
+                        Flag("plate=", &Object::Plate), Text("padUsage=", &Object::PadUsage));
+    static constexpr auto ColorRef = Element<Object>("ColorRef", Text("id=", &Object::ColorRef));
+    static constexpr auto Elements = std::tuple{Set, ColorRef};
+    static constexpr auto Members = std::tuple{Member{"Kind", &Object::Kind},
+                                               Member{"Net", &Object::Net},
+                                               Member{"ColorRef", &Object::ColorRef},
+                                               Member{"TestPoint", &Object::TestPoint},
+                                               Member{"Plate", &Object::Plate},
+                                               Member{"PadUsage", &Object::PadUsage},
+                                               Member{"Features", &Object::Features, "Features"},
+                                               Member{"Pad", &Object::Pad, "Pad"},
+                                               Member{"Hole", &Object::Hole, "Hole"}};
 };
 
 // The sets of a layer, in file order; owned.

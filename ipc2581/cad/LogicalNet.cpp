@@ -8,6 +8,7 @@
 #include "ipc2581/base/platform/ObjectBlocks.h"
 
 using namespace ipc2581::detail;
+using ipc2581::Fields;
 
 using PinArray = CIPC2581_Ecad_CadData_Step_LogicalNet_LogicalNetPinArray;
 
@@ -45,9 +46,8 @@ void CIPC2581_Ecad_CadData_Step_LogicalNet::LogicalNetAdd(CStdioFile & file)
     LineCycle line(file);
     while (line.Next()) {
         if (line.Opens("LogicalNetPin")) {
-            auto pin = New<CIPC2581_Ecad_CadData_Step_LogicalNet_LogicalNetPin>(file);
-            ScanAttributes(line.Tokens(), {Text("pin=", pin->Pin), Text("componentRef=", pin->ComponentRef)});
-            Append(*LogicalNetPinArray, std::move(pin));
+            Append(*LogicalNetPinArray,
+                   NewFrom<Fields<CIPC2581_Ecad_CadData_Step_LogicalNet_LogicalNetPin>::LogicalNetPin>(line, file));
         }
         else if (line.Holds("/LogicalNet")) {
             return;

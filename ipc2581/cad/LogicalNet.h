@@ -3,6 +3,7 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/cad/LogicalNetPin.h"
@@ -42,6 +43,17 @@ public:
     {
         LogicalNetPinArray = pins;
     }
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_LogicalNet> {
+    using Object = CIPC2581_Ecad_CadData_Step_LogicalNet;
+    static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_LogicalNet";
+    static constexpr auto LogicalNet = Element<Object>("LogicalNet", Text("name=", &Object::Name));
+    static constexpr auto Elements = std::tuple{LogicalNet};
+    static constexpr auto Members =
+        std::tuple{Member{"Name", &Object::Name}, Member{"NetClass", &Object::NetClass},
+                   Member{"LogicalNetPinArray", &Object::LogicalNetPinArray, "LogicalNetPin"}};
 };
 
 // The logical nets of the board, in file order; owned.

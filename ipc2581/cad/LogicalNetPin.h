@@ -3,6 +3,7 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/base/platform/CString.h"
 
@@ -29,6 +30,17 @@ public:
     void SetPin(CString pin) { Pin = pin; }
     CString GetTitle() const { return Title; }
     void SetTitle(CString title) { Title = title; }
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_LogicalNet_LogicalNetPin> {
+    using Object = CIPC2581_Ecad_CadData_Step_LogicalNet_LogicalNetPin;
+    static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_LogicalNet_LogicalNetPin";
+    static constexpr auto LogicalNetPin =
+        Element<Object>("LogicalNetPin", Text("pin=", &Object::Pin), Text("componentRef=", &Object::ComponentRef));
+    static constexpr auto Elements = std::tuple{LogicalNetPin};
+    static constexpr auto Members = std::tuple{Member{"ComponentRef", &Object::ComponentRef},
+                                               Member{"Pin", &Object::Pin}, Member{"Title", &Object::Title}};
 };
 
 // The pins of a net, in file order; owned.

@@ -12,6 +12,7 @@
 #include "ipc2581/cad/PlainOutline.h"
 
 using namespace ipc2581::detail;
+using ipc2581::Fields;
 
 using Package = CIPC2581_Ecad_CadData_Step_Package;
 using PackageArray = CIPC2581_Ecad_CadData_Step_PackageArray;
@@ -87,9 +88,7 @@ constexpr std::array<PackageType, 48> PackageTypes = {{
 
 std::unique_ptr<CIPC2581_Ecad_CadData_Step_Package_Pin> ReadPin(LineCycle & line, CStdioFile & file)
 {
-    auto pin = New<CIPC2581_Ecad_CadData_Step_Package_Pin>(file);
-    ScanAttributes(line.Tokens(), {Text("number=", pin->number), Text("name=", pin->name), Text("type=", pin->type),
-                                   Text("electricalType=", pin->electricalType)});
+    auto pin = NewFrom<Fields<CIPC2581_Ecad_CadData_Step_Package_Pin>::Pin>(line, file);
     pin->PinAdd(file);
     return pin;
 }

@@ -3,6 +3,7 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/WithoutParts.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
@@ -47,6 +48,23 @@ public:
 
 private:
     explicit CIPC2581_Ecad_CadData_Step_Package(ipc2581::detail::WithoutParts /*tag*/) {}
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_Package> {
+    using Object = CIPC2581_Ecad_CadData_Step_Package;
+    static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_Package";
+    static constexpr auto Package =
+        Element<Object>("Package", Text("name=", &Object::name), Text("type=", &Object::type));
+    static constexpr auto Elements = std::tuple{Package};
+    static constexpr auto Members = std::tuple{Member{"name", &Object::name},
+                                               Member{"type", &Object::type},
+                                               Member{"TypeCode", &Object::TypeCode},
+                                               Member{"Outline", &Object::Outline, "Outline"},
+                                               Member{"LandPattern", &Object::LandPattern, "LandPattern"},
+                                               Member{"SilkScreen", &Object::SilkScreen, "SilkScreen"},
+                                               Member{"AssemblyDrawing", &Object::AssemblyDrawing, "AssemblyDrawing"},
+                                               Member{"PinArray", &Object::PinArray, "Pin"}};
 };
 
 // The packages of the board, in file order; owned.

@@ -2,6 +2,7 @@
 #define IPC2581_CAD_PACKAGEOUTLINE_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/WithoutParts.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
@@ -39,6 +40,15 @@ public:
 
 private:
     explicit CIPC2581_Ecad_CadData_Step_Package_Outline(ipc2581::detail::WithoutParts /*tag*/) {}
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_Package_Outline> {
+    using Object = CIPC2581_Ecad_CadData_Step_Package_Outline;
+    static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_Package_Outline";
+    static constexpr auto Elements = std::tuple<>{};
+    static constexpr auto Members =
+        std::tuple{Member{"LineDesc", &Object::LineDesc, "LineDesc"}, Member{"Polygon", &Object::Polygon, "Polygon"}};
 };
 
 #endif

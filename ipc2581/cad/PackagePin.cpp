@@ -7,6 +7,7 @@
 #include "ipc2581/cad/Placement.h"
 
 using namespace ipc2581::detail;
+using ipc2581::Fields;
 
 using Pin = CIPC2581_Ecad_CadData_Step_Package_Pin;
 using PinArray = CIPC2581_Ecad_CadData_Step_Package_PinArray;
@@ -77,14 +78,13 @@ void Pin::PinAdd(CStdioFile & file)
     while (line.Next()) {
         if (line.Opens("Xform")) {
             // Unlike in a component no word of a file mirrors a pin.
-            ScanAttributes(line.Tokens(),
-                           {Number("rotation=", Xform->Rotation), ControlFlag("mirror=", Xform->Mirror)});
+            ScanAttributes<Fields<CIPC2581_Xform>::OfPin>(line.Tokens(), *Xform);
         }
         else if (line.Opens("Location")) {
-            ReadLocation(line.Tokens(), Location);
+            ScanAttributes<Fields<Pin>::Location>(line.Tokens(), *this);
         }
         else if (line.Opens("StandardPrimitiveRef")) {
-            ReadStandardPrimitiveRef(line.Tokens(), StandardPrimitiveRef);
+            ScanAttributes<Fields<Pin>::StandardPrimitiveRef>(line.Tokens(), *this);
         }
         else if (line.Opens("Outline")) {
             Outline.Import(file);

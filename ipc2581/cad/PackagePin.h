@@ -3,6 +3,7 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/PointD.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
@@ -38,6 +39,29 @@ public:
     void Init();
     // Reads the lines behind the opening line up to the one with "/Pin".
     void PinAdd(CStdioFile & file);
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_Package_Pin> {
+    using Object = CIPC2581_Ecad_CadData_Step_Package_Pin;
+    static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_Package_Pin";
+    static constexpr auto Pin =
+        Element<Object>("Pin", Text("number=", &Object::number), Text("name=", &Object::name),
+                        Text("type=", &Object::type), Text("electricalType=", &Object::electricalType));
+    static constexpr auto Location = Element<Object>("Location", Number("x=", &Object::Location, &CPointD::X),
+                                                     Number("y=", &Object::Location, &CPointD::Y));
+    static constexpr auto StandardPrimitiveRef =
+        Element<Object>("StandardPrimitiveRef", Text("id=", &Object::StandardPrimitiveRef));
+    static constexpr auto Elements = std::tuple{Pin, Location, StandardPrimitiveRef};
+    static constexpr auto Members = std::tuple{Member{"number", &Object::number},
+                                               Member{"name", &Object::name},
+                                               Member{"type", &Object::type},
+                                               Member{"electricalType", &Object::electricalType},
+                                               Member{"SpareText", &Object::SpareText},
+                                               Member{"Xform", &Object::Xform, "Xform"},
+                                               Member{"Location", &Object::Location},
+                                               Member{"StandardPrimitiveRef", &Object::StandardPrimitiveRef},
+                                               Member{"Outline", &Object::Outline, "Outline"}};
 };
 
 // The pins of a package, in file order; owned.

@@ -6,6 +6,7 @@
 #include "ipc2581/cad/Placement.h"
 
 using namespace ipc2581::detail;
+using ipc2581::Fields;
 
 CIPC2581_Ecad_CadData_Step_Pad::CIPC2581_Ecad_CadData_Step_Pad() = default;
 CIPC2581_Ecad_CadData_Step_Pad::CIPC2581_Ecad_CadData_Step_Pad(const CIPC2581_Ecad_CadData_Step_Pad & other) = default;
@@ -43,13 +44,13 @@ void CIPC2581_Ecad_CadData_Step_Pad::PadAdd(CStdioFile & file)
     LineCycle line(file);
     while (line.Next()) {
         if (line.Holds("Xform")) {
-            ScanAttributes(line.Tokens(), {Number("rotation=", Rotation)});
+            ScanAttributes<Fields<CIPC2581_Ecad_CadData_Step_Pad>::Xform>(line.Tokens(), *this);
         }
         else if (line.Opens("Location")) {
-            ReadLocation(line.Tokens(), Location);
+            ScanAttributes<Fields<CIPC2581_Ecad_CadData_Step_Pad>::Location>(line.Tokens(), *this);
         }
         else if (line.Holds("StandardPrimitiveRef")) {
-            ReadStandardPrimitiveRef(line.Tokens(), StandardPrimitiveRefId);
+            ScanAttributes<Fields<CIPC2581_Ecad_CadData_Step_Pad>::StandardPrimitiveRef>(line.Tokens(), *this);
         }
         else if (line.Holds("/Pad") || line.Holds("/LayerPad")) {
             return;

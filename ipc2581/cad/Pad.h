@@ -3,6 +3,7 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/PointD.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
@@ -30,6 +31,28 @@ public:
     void PadAdd(CStdioFile & file);
     CString GetStandardPrimitiveRefId() const { return StandardPrimitiveRefId; }
     void SetStandardPrimitiveRefId(CString id) { StandardPrimitiveRefId = id; }
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_Pad> {
+    using Object = CIPC2581_Ecad_CadData_Step_Pad;
+    static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_Pad";
+    static constexpr auto LayerPad =
+        Element<Object>("LayerPad", Text("layerRef=", &Object::LayerRef), Text("pin=", &Object::Pin));
+    static constexpr auto Pad = Element<Object>("Pad", Text("pin=", &Object::Pin));
+    static constexpr auto Xform = Element<Object>("Xform", Number("rotation=", &Object::Rotation));
+    static constexpr auto Location = Element<Object>("Location", Number("x=", &Object::Location, &CPointD::X),
+                                                     Number("y=", &Object::Location, &CPointD::Y));
+    static constexpr auto StandardPrimitiveRef =
+        Element<Object>("StandardPrimitiveRef", Text("id=", &Object::StandardPrimitiveRefId));
+    static constexpr auto Elements = std::tuple{LayerPad, Pad, Xform, Location, StandardPrimitiveRef};
+    static constexpr auto Members = std::tuple{Member{"UsePinPrefix", &Object::UsePinPrefix},
+                                               Member{"LayerRef", &Object::LayerRef},
+                                               Member{"Pin", &Object::Pin},
+                                               Member{"PinPrefix", &Object::PinPrefix},
+                                               Member{"Rotation", &Object::Rotation},
+                                               Member{"Location", &Object::Location},
+                                               Member{"StandardPrimitiveRefId", &Object::StandardPrimitiveRefId}};
 };
 
 // A list of pads, in file order; owned.

@@ -7,6 +7,7 @@
 #include "ipc2581/base/platform/ObjectBlocks.h"
 
 using namespace ipc2581::detail;
+using ipc2581::Fields;
 
 CIPC2581_Ecad_CadData_Step_PadStack::CIPC2581_Ecad_CadData_Step_PadStack()
     : CIPC2581_Ecad_CadData_Step_PadStack(WithoutParts())
@@ -43,8 +44,7 @@ void CIPC2581_Ecad_CadData_Step_PadStack::PadStackAdd(CStdioFile & file)
             LayerHole->LayerHoleAdd(file);
         }
         else if (line.Opens("LayerPad")) {
-            auto pad = New<CIPC2581_Ecad_CadData_Step_Pad>(file);
-            ScanAttributes(line.Tokens(), {Text("layerRef=", pad->LayerRef), Text("pin=", pad->Pin)});
+            auto pad = NewFrom<Fields<CIPC2581_Ecad_CadData_Step_Pad>::LayerPad>(line, file);
             pad->PadAdd(file);
             Append(*LayerPadArray, std::move(pad));
         }

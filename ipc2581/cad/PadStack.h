@@ -3,6 +3,7 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/WithoutParts.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
@@ -35,6 +36,17 @@ public:
 
 private:
     explicit CIPC2581_Ecad_CadData_Step_PadStack(ipc2581::detail::WithoutParts /*tag*/) {}
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_PadStack> {
+    using Object = CIPC2581_Ecad_CadData_Step_PadStack;
+    static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_PadStack";
+    static constexpr auto PadStack = Element<Object>("PadStack", Text("net=", &Object::NetName));
+    static constexpr auto Elements = std::tuple{PadStack};
+    static constexpr auto Members =
+        std::tuple{Member{"NetName", &Object::NetName}, Member{"LayerPadArray", &Object::LayerPadArray, "LayerPad"},
+                   Member{"LayerHole", &Object::LayerHole, "LayerHole"}};
 };
 
 // The pad stacks of the board, in file order; owned. They are never written.

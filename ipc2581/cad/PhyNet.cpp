@@ -7,6 +7,7 @@
 #include "ipc2581/base/lines/LineTemplate.h"
 
 using namespace ipc2581::detail;
+using ipc2581::Fields;
 
 CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet::CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet() = default;
 CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet::~CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet() = default;
@@ -21,11 +22,8 @@ void CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet::PhyNetAdd(CStdioFile & file)
     LineCycle line(file);
     while (line.Next()) {
         if (line.Opens("PhyNetPoint")) {
-            auto point = New<CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet_PhyNetPoint>(file);
-            ScanAttributes(line.Tokens(),
-                           {Number("x=", point->Location.X), Number("y=", point->Location.Y),
-                            Text("layerRef=", point->LayerRef), Text("netNode=", point->NetNode),
-                            Text("exposure=", point->Exposure), Flag("via=", point->Via), Flag("test=", point->Test)});
+            auto point =
+                NewFrom<Fields<CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet_PhyNetPoint>::PhyNetPoint>(line, file);
             point->PhyNetPointAdd(file);
             Append(PhyNetPointArray, std::move(point));
         }

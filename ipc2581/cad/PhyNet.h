@@ -3,6 +3,7 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/cad/PhyNetPoint.h"
@@ -19,6 +20,16 @@ public:
 
     // Reads the points up to a line with "/PhyNet", which "/PhyNetGroup" is too.
     void PhyNetAdd(CStdioFile & file);
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet> {
+    using Object = CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet;
+    static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet";
+    static constexpr auto PhyNet = Element<Object>("PhyNet", Text("name=", &Object::Name));
+    static constexpr auto Elements = std::tuple{PhyNet};
+    static constexpr auto Members =
+        std::tuple{Member{"Name", &Object::Name}, Member{"PhyNetPointArray", &Object::PhyNetPointArray, "PhyNetPoint"}};
 };
 
 // The physical nets of the group, in file order; owned.

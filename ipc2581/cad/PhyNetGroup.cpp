@@ -7,6 +7,7 @@
 #include "ipc2581/base/lines/LineTemplate.h"
 
 using namespace ipc2581::detail;
+using ipc2581::Fields;
 
 CIPC2581_Ecad_CadData_Step_PhyNetGroup::CIPC2581_Ecad_CadData_Step_PhyNetGroup() = default;
 CIPC2581_Ecad_CadData_Step_PhyNetGroup::~CIPC2581_Ecad_CadData_Step_PhyNetGroup() = default;
@@ -21,8 +22,7 @@ void CIPC2581_Ecad_CadData_Step_PhyNetGroup::PhyNetGroupAdd(CStdioFile & file)
     LineCycle line(file);
     while (line.Next()) {
         if (line.Opens("PhyNet")) {
-            auto net = New<CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet>(file);
-            ScanAttributes(line.Tokens(), {Text("name=", net->Name)});
+            auto net = NewFrom<Fields<CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet>::PhyNet>(line, file);
             net->PhyNetAdd(file);
             Append(PhyNetArray, std::move(net));
         }

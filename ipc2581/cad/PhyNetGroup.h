@@ -2,6 +2,7 @@
 #define IPC2581_CAD_PHYNETGROUP_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/cad/PhyNet.h"
@@ -18,6 +19,16 @@ public:
 
     // Reads the nets up to the line with "/PhyNetGroup".
     void PhyNetGroupAdd(CStdioFile & file);
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_PhyNetGroup> {
+    using Object = CIPC2581_Ecad_CadData_Step_PhyNetGroup;
+    static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_PhyNetGroup";
+    static constexpr auto PhyNetGroup = Element<Object>("PhyNetGroup", Text("name=", &Object::Name));
+    static constexpr auto Elements = std::tuple{PhyNetGroup};
+    static constexpr auto Members =
+        std::tuple{Member{"Name", &Object::Name}, Member{"PhyNetArray", &Object::PhyNetArray, "PhyNet"}};
 };
 
 #endif

@@ -1,10 +1,12 @@
 #include "ipc2581/cad/PhyNetPoint.h"
 
+#include "ipc2581/base/lines/AttributeScan.h"
 #include "ipc2581/base/lines/LineCycle.h"
 #include "ipc2581/base/lines/LineTemplate.h"
 #include "ipc2581/cad/Placement.h"
 
 using namespace ipc2581::detail;
+using ipc2581::Fields;
 
 using PhyNetPoint = CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet_PhyNetPoint;
 
@@ -27,7 +29,7 @@ void PhyNetPoint::PhyNetPointAdd(CStdioFile & file)
     LineCycle line(file);
     while (line.Next()) {
         if (line.Opens("StandardPrimitiveRef")) {
-            ReadStandardPrimitiveRef(line.Tokens(), StandardPrimitiveRefId);
+            ScanAttributes<Fields<PhyNetPoint>::StandardPrimitiveRef>(line.Tokens(), *this);
         }
         else if (line.Holds("/PhyNetPoint")) {
             return;

@@ -3,6 +3,7 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/PointD.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
@@ -28,6 +29,26 @@ public:
 
     // Reads the lines behind the opening line up to the one with "/PhyNetPoint".
     void PhyNetPointAdd(CStdioFile & file);
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet_PhyNetPoint> {
+    using Object = CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet_PhyNetPoint;
+    static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet_PhyNetPoint";
+    static constexpr auto PhyNetPoint = Element<Object>(
+        "PhyNetPoint", Number("x=", &Object::Location, &CPointD::X), Number("y=", &Object::Location, &CPointD::Y),
+        Text("layerRef=", &Object::LayerRef), Text("netNode=", &Object::NetNode), Text("exposure=", &Object::Exposure),
+        Flag("via=", &Object::Via), Flag("test=", &Object::Test));
+    static constexpr auto StandardPrimitiveRef =
+        Element<Object>("StandardPrimitiveRef", Text("id=", &Object::StandardPrimitiveRefId));
+    static constexpr auto Elements = std::tuple{PhyNetPoint, StandardPrimitiveRef};
+    static constexpr auto Members = std::tuple{Member{"Location", &Object::Location},
+                                               Member{"LayerRef", &Object::LayerRef},
+                                               Member{"Exposure", &Object::Exposure},
+                                               Member{"NetNode", &Object::NetNode},
+                                               Member{"Via", &Object::Via},
+                                               Member{"Test", &Object::Test},
+                                               Member{"StandardPrimitiveRefId", &Object::StandardPrimitiveRefId}};
 };
 
 // The points of a net, in file order; owned.

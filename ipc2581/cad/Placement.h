@@ -8,11 +8,7 @@
 // The lines that many elements of a step have in common.
 namespace ipc2581::detail {
 
-// Takes the two coordinates of a line; one that is absent stays as it is.
-void ReadLocation(const TokenList & tokens, CPointD & location);
-
-// Take the id of a StandardPrimitiveRef line, and write that line, also for an empty id.
-void ReadStandardPrimitiveRef(const TokenList & tokens, CString & id);
+// Writes the StandardPrimitiveRef line, also for an empty id.
 void WriteStandardPrimitiveRef(CStdioFile & file, int level, const CString & id);
 
 // Writes the Location line, indented by level + 1 steps. Targets and the datum have forms of their own.

@@ -2,6 +2,7 @@
 #define IPC2581_CAD_PROFILE_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/WithoutParts.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
@@ -31,6 +32,15 @@ public:
 
 private:
     explicit CIPC2581_Ecad_CadData_Step_Profile(ipc2581::detail::WithoutParts /*tag*/) {}
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_Profile> {
+    using Object = CIPC2581_Ecad_CadData_Step_Profile;
+    static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_Profile";
+    static constexpr auto Elements = std::tuple<>{};
+    static constexpr auto Members =
+        std::tuple{Member{"Polygon", &Object::Polygon, "Polygon"}, Member{"Cutouts", &Object::Cutouts, "Cutout"}};
 };
 
 #endif

@@ -3,6 +3,7 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/WithoutParts.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
@@ -32,6 +33,15 @@ public:
 
 private:
     explicit CIPC2581_Ecad_CadData_Step_Package_SilkScreen(ipc2581::detail::WithoutParts /*tag*/) {}
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_Package_SilkScreen> {
+    using Object = CIPC2581_Ecad_CadData_Step_Package_SilkScreen;
+    static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_Package_SilkScreen";
+    static constexpr auto Elements = std::tuple<>{};
+    static constexpr auto Members = std::tuple{Member{"Outline", &Object::Outline}, Member{"Text", &Object::Text},
+                                               Member{"TargetArray", &Object::TargetArray, "Target"}};
 };
 
 // A list of silk screens, for hosts; owned.

@@ -2,11 +2,13 @@
 
 #include <utility>
 
+#include "ipc2581/base/lines/AttributeScan.h"
 #include "ipc2581/base/lines/LineCycle.h"
 #include "ipc2581/cad/Placement.h"
 #include "ipc2581/content/DicDraw_Contour.h"
 
 using namespace ipc2581::detail;
+using ipc2581::Fields;
 
 using SilkScreenTarget = CIPC2581_Ecad_CadData_Step_Package_SilkScreen_Target;
 
@@ -27,7 +29,7 @@ void SilkScreenTarget::TargetAdd(CStdioFile & file)
             Append(DrawObjArray, std::move(contour));
         }
         else if (line.Opens("Location")) {
-            ReadLocation(line.Tokens(), Location);
+            ScanAttributes<Fields<SilkScreenTarget>::Location>(line.Tokens(), *this);
         }
         else if (line.Holds("/Target")) {
             return;

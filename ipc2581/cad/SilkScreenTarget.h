@@ -3,6 +3,7 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/PointD.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
@@ -24,6 +25,17 @@ public:
 
     // Reads up to the line with "/Target". The contours that it makes have the draw type 5.
     void TargetAdd(CStdioFile & file);
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_Package_SilkScreen_Target> {
+    using Object = CIPC2581_Ecad_CadData_Step_Package_SilkScreen_Target;
+    static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_Package_SilkScreen_Target";
+    static constexpr auto Location = Element<Object>("Location", Number("x=", &Object::Location, &CPointD::X),
+                                                     Number("y=", &Object::Location, &CPointD::Y));
+    static constexpr auto Elements = std::tuple{Location};
+    static constexpr auto Members =
+        std::tuple{Member{"Location", &Object::Location}, Member{"DrawObjArray", &Object::DrawObjArray}};
 };
 
 // A list of silk screen targets, for hosts; owned.

@@ -6,6 +6,7 @@
 #include "ipc2581/base/lines/LineCycle.h"
 
 using namespace ipc2581::detail;
+using ipc2581::Fields;
 
 CIPC2581_Ecad_CadData_Stackup::CIPC2581_Ecad_CadData_Stackup() = default;
 CIPC2581_Ecad_CadData_Stackup::~CIPC2581_Ecad_CadData_Stackup() = default;
@@ -17,14 +18,11 @@ int CIPC2581_Ecad_CadData_Stackup::Export(CStdioFile & file, int level)
 
 void CIPC2581_Ecad_CadData_Stackup::ReadStackUp(CArray<CString, CString> & tokens, CStdioFile & file)
 {
-    ScanAttributes(tokens, {Text("overallThickness=", overallThickness), Text("tolPlus=", tolPlus),
-                            Text("tolMinus=", tolMinus), Text("whereMeasured=", whereMeasured)});
+    ScanAttributes<Fields<CIPC2581_Ecad_CadData_Stackup>::Stackup>(tokens, *this);
     LineCycle line(file);
     while (line.Next()) {
         if (line.Opens("StackupGroup")) {
-            auto group = New<CIPC2581_Ecad_CadData_Stackup_StackupGroup>(file);
-            ScanAttributes(line.Tokens(), {Text("name=", group->name), Number("thickness=", group->thickness),
-                                           Number("tolPlus=", group->tolPlus), Number("tolMinus=", group->tolMinus)});
+            auto group = NewFrom<Fields<CIPC2581_Ecad_CadData_Stackup_StackupGroup>::StackupGroup>(line, file);
             // Appended before its lines are read, so that a group is kept however its lines end.
             Append(StackupGroupArray, std::move(group))->StackUpGroupAdd(file);
         }

@@ -2,6 +2,7 @@
 #define IPC2581_CAD_STACKUP_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/cad/StackupGroup.h"
@@ -25,6 +26,20 @@ public:
     // Takes the attributes from the token list of the Stackup line and reads on up to a line with "/Stackup". A group
     // is in the array before its layers are read.
     void ReadStackUp(CArray<CString, CString> & tokens, CStdioFile & file);
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Ecad_CadData_Stackup> {
+    using Object = CIPC2581_Ecad_CadData_Stackup;
+    static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Stackup";
+    static constexpr auto Stackup = Element<Object>(
+        "Stackup", Text("overallThickness=", &Object::overallThickness), Text("tolPlus=", &Object::tolPlus),
+        Text("tolMinus=", &Object::tolMinus), Text("whereMeasured=", &Object::whereMeasured));
+    static constexpr auto Elements = std::tuple{Stackup};
+    static constexpr auto Members =
+        std::tuple{Member{"overallThickness", &Object::overallThickness}, Member{"tolPlus", &Object::tolPlus},
+                   Member{"tolMinus", &Object::tolMinus}, Member{"whereMeasured", &Object::whereMeasured},
+                   Member{"StackupGroupArray", &Object::StackupGroupArray, "StackupGroup"}};
 };
 
 #endif

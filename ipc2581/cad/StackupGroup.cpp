@@ -7,6 +7,7 @@
 #include "ipc2581/base/lines/LineTemplate.h"
 
 using namespace ipc2581::detail;
+using ipc2581::Fields;
 
 CIPC2581_Ecad_CadData_Stackup_StackupGroup::CIPC2581_Ecad_CadData_Stackup_StackupGroup() = default;
 CIPC2581_Ecad_CadData_Stackup_StackupGroup::~CIPC2581_Ecad_CadData_Stackup_StackupGroup() = default;
@@ -21,11 +22,8 @@ void CIPC2581_Ecad_CadData_Stackup_StackupGroup::StackUpGroupAdd(CStdioFile & fi
     LineCycle line(file);
     while (line.Next()) {
         if (line.Opens("StackupLayer")) {
-            auto layer = New<CIPC2581_Ecad_CadData_Stackup_StackupGroup_StackupLayer>(file);
-            ScanAttributes(line.Tokens(),
-                           {Text("layerOrGroupRef=", layer->layerOrGroupRef),
-                            Text("materialType=", layer->materialType), Number("thickness=", layer->thickness)});
-            Append(StackupLayerArray, std::move(layer));
+            Append(StackupLayerArray,
+                   NewFrom<Fields<CIPC2581_Ecad_CadData_Stackup_StackupGroup_StackupLayer>::StackupLayer>(line, file));
         }
         else if (line.Holds("/StackupGroup")) {
             return;

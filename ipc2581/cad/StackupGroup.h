@@ -3,6 +3,7 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/cad/StackupLayer.h"
@@ -23,6 +24,19 @@ public:
 
     // Reads the layers up to the line with "/StackupGroup".
     void StackUpGroupAdd(CStdioFile & file);
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Ecad_CadData_Stackup_StackupGroup> {
+    using Object = CIPC2581_Ecad_CadData_Stackup_StackupGroup;
+    static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Stackup_StackupGroup";
+    static constexpr auto StackupGroup =
+        Element<Object>("StackupGroup", Text("name=", &Object::name), Number("thickness=", &Object::thickness),
+                        Number("tolPlus=", &Object::tolPlus), Number("tolMinus=", &Object::tolMinus));
+    static constexpr auto Elements = std::tuple{StackupGroup};
+    static constexpr auto Members = std::tuple{
+        Member{"name", &Object::name}, Member{"thickness", &Object::thickness}, Member{"tolPlus", &Object::tolPlus},
+        Member{"tolMinus", &Object::tolMinus}, Member{"StackupLayerArray", &Object::StackupLayerArray, "StackupLayer"}};
 };
 
 // The groups of the stackup, in file order; owned.

@@ -3,6 +3,7 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/platform/CString.h"
 
 // A StackupLayer element.
@@ -18,6 +19,19 @@ public:
     CIPC2581_Ecad_CadData_Stackup_StackupGroup_StackupLayer &
     operator=(const CIPC2581_Ecad_CadData_Stackup_StackupGroup_StackupLayer & other);
     virtual ~CIPC2581_Ecad_CadData_Stackup_StackupGroup_StackupLayer();
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Ecad_CadData_Stackup_StackupGroup_StackupLayer> {
+    using Object = CIPC2581_Ecad_CadData_Stackup_StackupGroup_StackupLayer;
+    static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Stackup_StackupGroup_StackupLayer";
+    static constexpr auto StackupLayer =
+        Element<Object>("StackupLayer", Text("layerOrGroupRef=", &Object::layerOrGroupRef),
+                        Text("materialType=", &Object::materialType), Number("thickness=", &Object::thickness));
+    static constexpr auto Elements = std::tuple{StackupLayer};
+    static constexpr auto Members =
+        std::tuple{Member{"layerOrGroupRef", &Object::layerOrGroupRef}, Member{"materialType", &Object::materialType},
+                   Member{"thickness", &Object::thickness}};
 };
 
 // The layers of a stackup group, in file order; owned.

@@ -9,6 +9,7 @@
 #include "ipc2581/cad/Placement.h"
 
 using namespace ipc2581::detail;
+using ipc2581::Fields;
 
 using Step = CIPC2581_Ecad_CadData_Step;
 
@@ -18,16 +19,14 @@ namespace {
 
 std::unique_ptr<CIPC2581_Ecad_CadData_Step_PadStack> ReadPadStack(LineCycle & line, CStdioFile & file)
 {
-    auto padStack = New<CIPC2581_Ecad_CadData_Step_PadStack>(file);
-    ScanAttributes(line.Tokens(), {Text("net=", padStack->NetName)});
+    auto padStack = NewFrom<Fields<CIPC2581_Ecad_CadData_Step_PadStack>::PadStack>(line, file);
     padStack->PadStackAdd(file);
     return padStack;
 }
 
 std::unique_ptr<CIPC2581_Ecad_CadData_Step_Package> ReadPackage(LineCycle & line, CStdioFile & file)
 {
-    auto package = New<CIPC2581_Ecad_CadData_Step_Package>(file);
-    ScanAttributes(line.Tokens(), {Text("name=", package->name), Text("type=", package->type)});
+    auto package = NewFrom<Fields<CIPC2581_Ecad_CadData_Step_Package>::Package>(line, file);
     package->TypeCode = package->GetPackageType(package->type);
     package->PackageAdd(file);
     return package;
@@ -35,27 +34,21 @@ std::unique_ptr<CIPC2581_Ecad_CadData_Step_Package> ReadPackage(LineCycle & line
 
 std::unique_ptr<CIPC2581_Ecad_CadData_Step_Component> ReadComponent(LineCycle & line, CStdioFile & file)
 {
-    auto component = New<CIPC2581_Ecad_CadData_Step_Component>(file);
-    ScanAttributes(line.Tokens(), {Text("refDes=", component->RefDes), Text("packageRef=", component->PackageRef),
-                                   Text("layerRef=", component->LayerRef), Text("part=", component->Part),
-                                   Text("mountType=", component->MountType), Text("standoff=", component->Standoff),
-                                   Number("height=", component->Height)});
+    auto component = NewFrom<Fields<CIPC2581_Ecad_CadData_Step_Component>::Component>(line, file);
     component->ComponetAdd(file);
     return component;
 }
 
 std::unique_ptr<CIPC2581_Ecad_CadData_Step_LogicalNet> ReadLogicalNet(LineCycle & line, CStdioFile & file)
 {
-    auto net = New<CIPC2581_Ecad_CadData_Step_LogicalNet>(file);
-    ScanAttributes(line.Tokens(), {Text("name=", net->Name)});
+    auto net = NewFrom<Fields<CIPC2581_Ecad_CadData_Step_LogicalNet>::LogicalNet>(line, file);
     net->LogicalNetAdd(file);
     return net;
 }
 
 std::unique_ptr<CIPC2581_Ecad_CadData_Step_LayerFeature> ReadLayerFeature(LineCycle & line, CStdioFile & file)
 {
-    auto layerFeature = New<CIPC2581_Ecad_CadData_Step_LayerFeature>(file);
-    ScanAttributes(line.Tokens(), {Text("layerRef=", layerFeature->LayerRef)});
+    auto layerFeature = NewFrom<Fields<CIPC2581_Ecad_CadData_Step_LayerFeature>::LayerFeature>(line, file);
     layerFeature->LayerFeatureAdd(file);
     return layerFeature;
 }
@@ -101,14 +94,14 @@ void Step::Init()
 void Step::ReadStep(CArray<CString, CString> & tokens, CStdioFile & file, CProgressCtrl * progress)
 {
     Progress = progress;
-    ScanAttributes(tokens, {Text("name=", Name)});
+    ScanAttributes<Fields<Step>::Step>(tokens, *this);
     LineCycle line(file);
     while (line.Next()) {
         if (line.Opens("PadStack")) {
             Append(PadStackArray, ReadPadStack(line, file));
         }
         else if (line.Opens("Datum")) {
-            ReadLocation(line.Tokens(), Datum);
+            ScanAttributes<Fields<Step>::Datum>(line.Tokens(), *this);
         }
         else if (line.Opens("Profile")) {
             Profile.ReadProfile(file);
@@ -126,7 +119,7 @@ void Step::ReadStep(CArray<CString, CString> & tokens, CStdioFile & file, CProgr
             SetProgress(60);
         }
         else if (line.Opens("PhyNetGroup")) {
-            ScanAttributes(line.Tokens(), {Text("name=", PhyNetGroup.Name)});
+            ScanAttributes<Fields<CIPC2581_Ecad_CadData_Step_PhyNetGroup>::PhyNetGroup>(line.Tokens(), PhyNetGroup);
             PhyNetGroup.PhyNetGroupAdd(file);
             SetProgress(70);
         }

@@ -2,6 +2,7 @@
 #define IPC2581_CAD_STEP_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/PointD.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CProgressCtrl.h"
@@ -43,6 +44,26 @@ public:
     void ReadStep(CArray<CString, CString> & tokens, CStdioFile & file, CProgressCtrl * progress);
     // Sends the position to the stored control, if there is one.
     void SetProgress(int value);
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step> {
+    using Object = CIPC2581_Ecad_CadData_Step;
+    static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step";
+    static constexpr auto Step = Element<Object>("Step", Text("name=", &Object::Name));
+    static constexpr auto Datum =
+        Element<Object>("Datum", Number("x=", &Object::Datum, &CPointD::X), Number("y=", &Object::Datum, &CPointD::Y));
+    static constexpr auto Elements = std::tuple{Step, Datum};
+    static constexpr auto Members = std::tuple{Member{"Name", &Object::Name},
+                                               Member{"PadStackArray", &Object::PadStackArray, "PadStack"},
+                                               Member{"Datum", &Object::Datum, "Datum"},
+                                               Member{"Profile", &Object::Profile, "Profile"},
+                                               Member{"PackageArray", &Object::PackageArray, "Package"},
+                                               Member{"ComponentArray", &Object::ComponentArray, "Component"},
+                                               Member{"LogicalNetArray", &Object::LogicalNetArray, "LogicalNet"},
+                                               Member{"PhyNetGroup", &Object::PhyNetGroup, "PhyNetGroup"},
+                                               Member{"LayerFeatureArray", &Object::LayerFeatureArray, "LayerFeature"},
+                                               Member{"Progress", &Object::Progress}};
 };
 
 #endif

@@ -1,5 +1,6 @@
 #include "ipc2581/cad/Target.h"
 
+#include "ipc2581/base/lines/AttributeScan.h"
 #include "ipc2581/base/lines/LineCycle.h"
 #include "ipc2581/base/lines/LineTemplate.h"
 #include "ipc2581/base/platform/ObjectBlocks.h"
@@ -9,6 +10,7 @@
 #include "ipc2581/draw/PolyLine.h"
 
 using namespace ipc2581::detail;
+using ipc2581::Fields;
 
 CIPC2581_Ecad_CadData_Step_Target::CIPC2581_Ecad_CadData_Step_Target()
     : CIPC2581_Ecad_CadData_Step_Target(WithoutParts())
@@ -56,7 +58,7 @@ void CIPC2581_Ecad_CadData_Step_Target::TargetAdd(CStdioFile & file)
             ImportShape<CIPC2581_DicDraw_Contour>(DrawObjArray, file);
         }
         else if (line.Opens("Location")) {
-            ReadLocation(line.Tokens(), Location);
+            ScanAttributes<Fields<CIPC2581_Ecad_CadData_Step_Target>::Location>(line.Tokens(), *this);
         }
         else if (line.Opens("Polyline")) {
             ImportShape<CIPC2581_PolyLine>(DrawObjArray, file);

@@ -3,6 +3,7 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/PointD.h"
 #include "ipc2581/base/WithoutParts.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
@@ -43,6 +44,18 @@ public:
 
 private:
     explicit CIPC2581_Ecad_CadData_Step_Target(ipc2581::detail::WithoutParts /*tag*/) {}
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_Target> {
+    using Object = CIPC2581_Ecad_CadData_Step_Target;
+    static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_Target";
+    static constexpr auto Location = Element<Object>("Location", Number("x=", &Object::Location, &CPointD::X),
+                                                     Number("y=", &Object::Location, &CPointD::Y));
+    static constexpr auto Elements = std::tuple{Location};
+    static constexpr auto Members =
+        std::tuple{Member{"Xform", &Object::Xform}, Member{"Location", &Object::Location}, Member{"ID", &Object::ID},
+                   Member{"DrawObjArray", &Object::DrawObjArray}};
 };
 
 // A list of targets, in file order; owned.

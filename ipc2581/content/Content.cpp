@@ -8,6 +8,29 @@
 #include "ipc2581/base/lines/LineTemplate.h"
 
 using namespace ipc2581::detail;
+using ipc2581::Fields;
+
+namespace {
+
+// Takes the unit; true if the line closes the element as well.
+bool ReadOpeningLine(const TokenList & tokens, CIPC2581_Content_DictionaryUser & dictionary)
+{
+    constexpr std::string_view units =
+        std::get<0>(Fields<CIPC2581_Content_DictionaryUser>::DictionaryUser.attributes).word;
+    bool isClosed = false;
+    TakeOrPassOver(tokens, [&] {
+        for (int index = 0; index < tokens.Size() && !isClosed; ++index) {
+            if (HoldsText(tokens[index], units)) {
+                dictionary.Unit = tokens.Value(index);
+            }
+            // The token on which the value has ended.
+            isClosed = HoldsText(tokens[index], "/");
+        }
+    });
+    return isClosed;
+}
+
+}  // namespace
 
 CIPC2581_Content::CIPC2581_Content() : CIPC2581_Content(WithoutParts())
 {
@@ -71,7 +94,7 @@ void CIPC2581_Content::Init()
 
 void CIPC2581_Content::ReadFunctionMode(CArray<CString, CString> & tokens)
 {
-    ScanAttributes(tokens, {Text("mode", FunctionMode), Text("level", FunctionModeLevel)});
+    ScanAttributes<Fields<CIPC2581_Content>::FunctionMode>(tokens, *this);
 }
 
 void CIPC2581_Content::ReadStepRef(CString & token)
@@ -91,12 +114,11 @@ void CIPC2581_Content::ReadBomRef(CString & token)
 
 void CIPC2581_Content::ReadDictionaryStandard(CArray<CString, CString> & tokens, CStdioFile & file)
 {
-    ScanAttributes(tokens, {Text("units", DictionaryStandard->Unit)});
+    ScanAttributes<Fields<CIPC2581_Content_DictionaryStandard>::DictionaryStandard>(tokens, *DictionaryStandard);
     LineCycle line(file, LineForm::Trimmed);
     while (line.Next()) {
         if (line.Opens("EntryStandard")) {
-            auto entry = New<CIPC2581_Content_DictionaryStandard_EntryStandard>(file);
-            ScanAttributes(line.Tokens(), {Text("id", entry->EntryStandardId)});
+            auto entry = NewFrom<Fields<CIPC2581_Content_DictionaryStandard_EntryStandard>::EntryStandard>(line, file);
             entry->Import(file);
             Append(*DictionaryStandard->EntryArray, std::move(entry));
         }
@@ -108,15 +130,8 @@ void CIPC2581_Content::ReadDictionaryStandard(CArray<CString, CString> & tokens,
 
 void CIPC2581_Content::ReadDictionaryUser(CArray<CString, CString> & tokens, CStdioFile & file)
 {
-    const TokenList list(tokens);
-    for (int index = 0; index < list.Size(); ++index) {
-        if (list[index].find("units") != std::string_view::npos) {
-            DictionaryUser->Unit = list.Value(index);
-        }
-        // The token on which the value has ended: a slash in it closes the element on its opening line.
-        if (list[index].find('/') != std::string_view::npos) {
-            return;
-        }
+    if (ReadOpeningLine(tokens, *DictionaryUser)) {
+        return;
     }
     LineCycle line(file, LineForm::Trimmed);
     while (line.Next() && !line.Holds("/DictionaryUser")) {
@@ -126,12 +141,11 @@ void CIPC2581_Content::ReadDictionaryUser(CArray<CString, CString> & tokens, CSt
 void CIPC2581_Content::ReadDictionaryColor(CArray<CString, CString> & tokens, CStdioFile & file)
 {
     // The colour dictionary has no unit: hosts rely on finding it in the standard dictionary.
-    ScanAttributes(tokens, {Text("units", DictionaryStandard->Unit)});
+    ScanAttributes<Fields<CIPC2581_Content_DictionaryStandard>::DictionaryColor>(tokens, *DictionaryStandard);
     LineCycle line(file);
     while (line.Next()) {
         if (line.Opens("EntryColor")) {
-            auto entry = New<CIPC2581_Content_DictionaryColor_EntryColor>(file);
-            ScanAttributes(line.Tokens(), {Text("id", entry->EntryColorId)});
+            auto entry = NewFrom<Fields<CIPC2581_Content_DictionaryColor_EntryColor>::EntryColor>(line, file);
             entry->EntryColorAdd(file);
             Append(*m_DictionaryColor->Entry, std::move(entry));
         }

@@ -2,6 +2,7 @@
 #define IPC2581_CONTENT_CONTENT_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/WithoutParts.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
@@ -71,6 +72,26 @@ public:
 
 private:
     explicit CIPC2581_Content(ipc2581::detail::WithoutParts /*tag*/) {}
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Content> {
+    using Object = CIPC2581_Content;
+    static constexpr std::string_view Name = "CIPC2581_Content";
+    static constexpr auto FunctionMode =
+        Element<Object>("FunctionMode", Text("mode", &Object::FunctionMode), Text("level", &Object::FunctionModeLevel));
+    static constexpr auto Elements = std::tuple{FunctionMode};
+    static constexpr auto Members =
+        std::tuple{Member{"FunctionMode", &Object::FunctionMode},
+                   Member{"FunctionModeLevel", &Object::FunctionModeLevel},
+                   Member{"FunctionModeComment", &Object::FunctionModeComment},
+                   Member{"DictionaryStandard", &Object::DictionaryStandard, "DictionaryStandard"},
+                   Member{"DictionaryUser", &Object::DictionaryUser, "DictionaryUser"},
+                   Member{"StepRef", &Object::StepRef, "StepRef"},
+                   Member{"LayerRef", &Object::LayerRef, "LayerRef"},
+                   Member{"BomRef", &Object::BomRef, "BomRef"},
+                   Member{"SpareRef", &Object::SpareRef},
+                   Member{"m_DictionaryColor", &Object::m_DictionaryColor, "DictionaryColor"}};
 };
 
 #endif

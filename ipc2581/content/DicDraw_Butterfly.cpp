@@ -2,15 +2,15 @@
 
 #include "ipc2581/base/lines/AttributeScan.h"
 #include "ipc2581/base/lines/LineTemplate.h"
-#include "ipc2581/content/PrimitiveRows.h"
 
 using namespace ipc2581::detail;
+using ipc2581::Fields;
 
 CIPC2581_DicDraw_Butterfly::~CIPC2581_DicDraw_Butterfly() = default;
 
 int CIPC2581_DicDraw_Butterfly::Import(CArray<CString, CString> & tokens)
 {
-    ScanAttributes(tokens, {RoundOrSquareWord("shape", Shape), Number("diameter", Size), Number("side", Size)});
+    ScanAttributes<Fields<CIPC2581_DicDraw_Butterfly>::Butterfly>(tokens, *this);
     return 1;
 }
 

@@ -2,6 +2,7 @@
 #define IPC2581_CONTENT_DICDRAW_BUTTERFLY_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/content/Primitive.h"
 
 // The dictionary primitive Butterfly. Written with a capital Shape=, which its reader does not look for; a butterfly
@@ -20,6 +21,18 @@ public:
     int Import(CArray<CString, CString> & tokens) override;
     int Export(CStdioFile & file, int level) override;
     virtual CIPC2581_DicDraw_Butterfly & operator=(const CIPC2581_DicDraw_Butterfly & other) = default;
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_DicDraw_Butterfly> {
+    using Object = CIPC2581_DicDraw_Butterfly;
+    static constexpr std::string_view Name = "CIPC2581_DicDraw_Butterfly";
+    static constexpr auto Butterfly =
+        Element<Object>("Butterfly", Attribute{"shape", Reading::RoundOrSquare, std::tuple{&Object::Shape}},
+                        Number("diameter", &Object::Size), Number("side", &Object::Size));
+    static constexpr auto Elements = std::tuple{Butterfly};
+    static constexpr auto Members = std::tuple{Member{"DrawType", &Object::DrawType}, Member{"Shape", &Object::Shape},
+                                               Member{"Size", &Object::Size}};
 };
 
 #endif

@@ -4,6 +4,7 @@
 #include "ipc2581/base/lines/LineTemplate.h"
 
 using namespace ipc2581::detail;
+using ipc2581::Fields;
 
 CIPC2581_DicDraw_Circle::CIPC2581_DicDraw_Circle() : Primitive(2) {}
 
@@ -16,7 +17,7 @@ CIPC2581_DicDraw_Circle::~CIPC2581_DicDraw_Circle() = default;
 
 int CIPC2581_DicDraw_Circle::Import(CArray<CString, CString> & tokens)
 {
-    ScanAttributes(tokens, {Number("diameter", Diameter)});
+    ScanAttributes<Fields<CIPC2581_DicDraw_Circle>::Circle>(tokens, *this);
     return 1;
 }
 

@@ -2,6 +2,7 @@
 #define IPC2581_CONTENT_DICDRAW_CIRCLE_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/content/Primitive.h"
 
 // The dictionary primitive Circle. The offsets are for hosts alone: neither read nor written nor copied.
@@ -28,6 +29,17 @@ public:
     void SetOffsetX(double value) { OffsetX = value; }
     double GetOffsetY() const { return OffsetY; }
     void SetOffsetY(double value) { OffsetY = value; }
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_DicDraw_Circle> {
+    using Object = CIPC2581_DicDraw_Circle;
+    static constexpr std::string_view Name = "CIPC2581_DicDraw_Circle";
+    static constexpr auto Circle = Element<Object>("Circle", Number("diameter", &Object::Diameter));
+    static constexpr auto Elements = std::tuple{Circle};
+    static constexpr auto Members =
+        std::tuple{Member{"DrawType", &Object::DrawType}, Member{"Diameter", &Object::Diameter},
+                   Member{"OffsetX", &Object::OffsetX}, Member{"OffsetY", &Object::OffsetY}};
 };
 
 #endif

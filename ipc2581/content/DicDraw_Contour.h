@@ -2,6 +2,7 @@
 #define IPC2581_CONTENT_DICDRAW_CONTOUR_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/draw/DrawObj.h"
 
@@ -32,6 +33,15 @@ public:
     CIPC2581_DrawObjArray * GetDicDrawObjArray() const { return DicDrawObjArray; }
     // Copies the list; the argument stays the caller's.
     void SetDicDrawObjArray(CIPC2581_DrawObjArray * shapes) { *DicDrawObjArray = *shapes; }
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_DicDraw_Contour> {
+    using Object = CIPC2581_DicDraw_Contour;
+    static constexpr std::string_view Name = "CIPC2581_DicDraw_Contour";
+    static constexpr auto Elements = std::tuple<>{};
+    static constexpr auto Members =
+        std::tuple{Member{"DrawType", &Object::DrawType}, Member{"DicDrawObjArray", &Object::DicDrawObjArray}};
 };
 
 #endif

@@ -2,6 +2,7 @@
 #define IPC2581_CONTENT_DICDRAW_DIAMOND_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/content/PrimitiveFamilies.h"
 
 // The dictionary primitive Diamond.
@@ -14,6 +15,16 @@ public:
     CIPC2581_DicDraw_Diamond * clone() const override { return new CIPC2581_DicDraw_Diamond(*this); }
     int Export(CStdioFile & file, int level) override { return ExportAs("Diamond", file, level); }
     virtual CIPC2581_DicDraw_Diamond & operator=(const CIPC2581_DicDraw_Diamond & other) = default;
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_DicDraw_Diamond> {
+    using Object = CIPC2581_DicDraw_Diamond;
+    static constexpr std::string_view Name = "CIPC2581_DicDraw_Diamond";
+    static constexpr auto Diamond = Fields<detail::WidthHeightPrimitive>::Size.Of("Diamond");
+    static constexpr auto Elements = std::tuple{Diamond};
+    static constexpr auto Members = std::tuple{Member{"DrawType", &Object::DrawType}, Member{"Width", &Object::Width},
+                                               Member{"Height", &Object::Height}};
 };
 
 #endif

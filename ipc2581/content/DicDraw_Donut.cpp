@@ -2,16 +2,15 @@
 
 #include "ipc2581/base/lines/AttributeScan.h"
 #include "ipc2581/base/lines/LineTemplate.h"
-#include "ipc2581/content/PrimitiveRows.h"
 
 using namespace ipc2581::detail;
+using ipc2581::Fields;
 
 CIPC2581_DicDraw_Donut::~CIPC2581_DicDraw_Donut() = default;
 
 int CIPC2581_DicDraw_Donut::Import(CArray<CString, CString> & tokens)
 {
-    ScanAttributes(tokens, {ShapeWord("shape", Shape), Number("outerDiameter", OuterDiameter),
-                            Number("innerDiameter", InnerDiameter)});
+    ScanAttributes<Fields<CIPC2581_DicDraw_Donut>::Donut>(tokens, *this);
     return 1;
 }
 

@@ -2,6 +2,7 @@
 #define IPC2581_CONTENT_DICDRAW_DONUT_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/content/Primitive.h"
 
 // The dictionary primitive Donut. Written under the name Diamond, with a capital Shape=.
@@ -28,6 +29,19 @@ public:
     void SetOuterDiameter(double value) { OuterDiameter = value; }
     double GetInnerDiameter() const { return InnerDiameter; }
     void SetInnerDiameter(double value) { InnerDiameter = value; }
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_DicDraw_Donut> {
+    using Object = CIPC2581_DicDraw_Donut;
+    static constexpr std::string_view Name = "CIPC2581_DicDraw_Donut";
+    static constexpr auto Donut = Element<Object>(
+        "Donut", Attribute{"shape", Reading::OuterForm, std::tuple{&Object::Shape}},
+        Number("outerDiameter", &Object::OuterDiameter), Number("innerDiameter", &Object::InnerDiameter));
+    static constexpr auto Elements = std::tuple{Donut};
+    static constexpr auto Members =
+        std::tuple{Member{"DrawType", &Object::DrawType}, Member{"Shape", &Object::Shape},
+                   Member{"OuterDiameter", &Object::OuterDiameter}, Member{"InnerDiameter", &Object::InnerDiameter}};
 };
 
 #endif

@@ -4,14 +4,13 @@
 #include "ipc2581/base/lines/LineTemplate.h"
 
 using namespace ipc2581::detail;
+using ipc2581::Fields;
 
 CIPC2581_DicDraw_Moire::~CIPC2581_DicDraw_Moire() = default;
 
 int CIPC2581_DicDraw_Moire::Import(CArray<CString, CString> & tokens)
 {
-    ScanAttributes(tokens, {Number("diameter", Diameter), Number("ringWidth", RingWidth), Number("ringGap", RingGap),
-                            Integer("ringNumber", RingNumber), Number("lineWidth", LineWidth),
-                            Number("lineLength", LineLength), Number("lineAngle", LineAngle)});
+    ScanAttributes<Fields<CIPC2581_DicDraw_Moire>::Moire>(tokens, *this);
     return 1;
 }
 

@@ -2,6 +2,7 @@
 #define IPC2581_CONTENT_DICDRAW_OCTAGON_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/content/PrimitiveFamilies.h"
 
 // The dictionary primitive Octagon.
@@ -14,6 +15,16 @@ public:
     CIPC2581_DicDraw_Octagon * clone() const override { return new CIPC2581_DicDraw_Octagon(*this); }
     int Export(CStdioFile & file, int level) override { return ExportAs("Octagon", file, level); }
     virtual CIPC2581_DicDraw_Octagon & operator=(const CIPC2581_DicDraw_Octagon & other) = default;
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_DicDraw_Octagon> {
+    using Object = CIPC2581_DicDraw_Octagon;
+    static constexpr std::string_view Name = "CIPC2581_DicDraw_Octagon";
+    static constexpr auto Octagon = Fields<detail::LengthPrimitive>::Size.Of("Octagon");
+    static constexpr auto Elements = std::tuple{Octagon};
+    static constexpr auto Members =
+        std::tuple{Member{"DrawType", &Object::DrawType}, Member{"Length", &Object::Length}};
 };
 
 #endif

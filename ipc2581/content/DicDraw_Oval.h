@@ -2,6 +2,7 @@
 #define IPC2581_CONTENT_DICDRAW_OVAL_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/content/PrimitiveFamilies.h"
 
 // The dictionary primitive Oval.
@@ -20,6 +21,16 @@ public:
     void SetWidth(double value) { Width = value; }
     double GetHeight() const { return Height; }
     void SetHeight(double value) { Height = value; }
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_DicDraw_Oval> {
+    using Object = CIPC2581_DicDraw_Oval;
+    static constexpr std::string_view Name = "CIPC2581_DicDraw_Oval";
+    static constexpr auto Oval = Fields<detail::WidthHeightPrimitive>::Size.Of("Oval");
+    static constexpr auto Elements = std::tuple{Oval};
+    static constexpr auto Members = std::tuple{Member{"DrawType", &Object::DrawType}, Member{"Width", &Object::Width},
+                                               Member{"Height", &Object::Height}};
 };
 
 #endif

@@ -2,6 +2,7 @@
 #define IPC2581_CONTENT_DICDRAW_POLYGON_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/content/DictionaryContour.h"
 
 // A Polygon element that hosts fill and the library only writes.
@@ -22,6 +23,15 @@ public:
 
     // Takes a new empty list. The old one lives on: hosts hold pointers to it.
     void Init() { Restart(1); }
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_DicDraw_Polygon> {
+    using Object = CIPC2581_DicDraw_Polygon;
+    static constexpr std::string_view Name = "CIPC2581_DicDraw_Polygon";
+    static constexpr auto Elements = std::tuple<>{};
+    static constexpr auto Members =
+        std::tuple{Member{"DrawType", &Object::DrawType}, Member{"PtArray", &Object::PtArray}};
 };
 
 #endif

@@ -2,6 +2,7 @@
 #define IPC2581_CONTENT_DICDRAW_RECTCENTER_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/content/PrimitiveFamilies.h"
 
 // The dictionary primitive RectCenter.
@@ -20,6 +21,16 @@ public:
     void SetWidth(double value) { Width = value; }
     double GetHeight() const { return Height; }
     void SetHeight(double value) { Height = value; }
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_DicDraw_RectCenter> {
+    using Object = CIPC2581_DicDraw_RectCenter;
+    static constexpr std::string_view Name = "CIPC2581_DicDraw_RectCenter";
+    static constexpr auto RectCenter = Fields<detail::WidthHeightPrimitive>::Size.Of("RectCenter");
+    static constexpr auto Elements = std::tuple{RectCenter};
+    static constexpr auto Members = std::tuple{Member{"DrawType", &Object::DrawType}, Member{"Width", &Object::Width},
+                                               Member{"Height", &Object::Height}};
 };
 
 #endif

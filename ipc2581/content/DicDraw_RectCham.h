@@ -2,6 +2,7 @@
 #define IPC2581_CONTENT_DICDRAW_RECTCHAM_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/content/PrimitiveFamilies.h"
 
 // The dictionary primitive RectCham. A corner flag is set only by "TURE" and written as "TRUE", without a blank between
@@ -41,12 +42,25 @@ public:
     void SetLowerLeft(int value) { LowerLeft = value; }
     int GetLowerRight() const { return LowerRight; }
     void SetLowerRight(int value) { LowerRight = value; }
+};
 
-private:
-    ipc2581::detail::CorneredRect Fields()
-    {
-        return {Width, Height, Chamfer, UpperRight, UpperLeft, LowerLeft, LowerRight};
-    }
+template <>
+struct ipc2581::Fields<CIPC2581_DicDraw_RectCham> {
+    using Object = CIPC2581_DicDraw_RectCham;
+    static constexpr std::string_view Name = "CIPC2581_DicDraw_RectCham";
+    static constexpr auto RectCham =
+        Element<Object>("RectCham", Number("width", &Object::Width), Number("height", &Object::Height),
+                        Number("chamfer", &Object::Chamfer),
+                        Attribute{"upperRight", Reading::CornerFlag, std::tuple{&Object::UpperRight}},
+                        Attribute{"upperLeft", Reading::CornerFlag, std::tuple{&Object::UpperLeft}},
+                        Attribute{"lowerLeft", Reading::CornerFlag, std::tuple{&Object::LowerLeft}},
+                        Attribute{"lowerRight", Reading::CornerFlag, std::tuple{&Object::LowerRight}});
+    static constexpr auto Elements = std::tuple{RectCham};
+    static constexpr auto Members =
+        std::tuple{Member{"DrawType", &Object::DrawType},     Member{"Width", &Object::Width},
+                   Member{"Height", &Object::Height},         Member{"Chamfer", &Object::Chamfer},
+                   Member{"UpperRight", &Object::UpperRight}, Member{"UpperLeft", &Object::UpperLeft},
+                   Member{"LowerLeft", &Object::LowerLeft},   Member{"LowerRight", &Object::LowerRight}};
 };
 
 #endif

@@ -4,13 +4,13 @@
 #include "ipc2581/base/lines/LineTemplate.h"
 
 using namespace ipc2581::detail;
+using ipc2581::Fields;
 
 CIPC2581_DicDraw_RectCorner::~CIPC2581_DicDraw_RectCorner() = default;
 
 int CIPC2581_DicDraw_RectCorner::Import(CArray<CString, CString> & tokens)
 {
-    ScanAttributes(tokens, {Number("lowerLeftX", Lower_LeftX), Number("lowerLeftY", Lower_LeftY),
-                            Number("upperRightX", Upper_RightX), Number("upperRightY", Upper_RightY)});
+    ScanAttributes<Fields<CIPC2581_DicDraw_RectCorner>::RectCorner>(tokens, *this);
     return 1;
 }
 

@@ -2,6 +2,7 @@
 #define IPC2581_CONTENT_DICDRAW_RECTCORNER_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/content/Primitive.h"
 
 // The dictionary primitive RectCorner.
@@ -31,6 +32,20 @@ public:
     void SetUpper_RightX(double value) { Upper_RightX = value; }
     double GetUpper_RightY() const { return Upper_RightY; }
     void SetUpper_RightY(double value) { Upper_RightY = value; }
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_DicDraw_RectCorner> {
+    using Object = CIPC2581_DicDraw_RectCorner;
+    static constexpr std::string_view Name = "CIPC2581_DicDraw_RectCorner";
+    static constexpr auto RectCorner = Element<Object>(
+        "RectCorner", Number("lowerLeftX", &Object::Lower_LeftX), Number("lowerLeftY", &Object::Lower_LeftY),
+        Number("upperRightX", &Object::Upper_RightX), Number("upperRightY", &Object::Upper_RightY));
+    static constexpr auto Elements = std::tuple{RectCorner};
+    static constexpr auto Members =
+        std::tuple{Member{"DrawType", &Object::DrawType}, Member{"Lower_LeftX", &Object::Lower_LeftX},
+                   Member{"Lower_LeftY", &Object::Lower_LeftY}, Member{"Upper_RightX", &Object::Upper_RightX},
+                   Member{"Upper_RightY", &Object::Upper_RightY}};
 };
 
 #endif

@@ -2,17 +2,15 @@
 
 #include "ipc2581/base/lines/AttributeScan.h"
 #include "ipc2581/base/lines/LineTemplate.h"
-#include "ipc2581/content/PrimitiveRows.h"
 
 using namespace ipc2581::detail;
+using ipc2581::Fields;
 
 CIPC2581_DicDraw_Thermal::~CIPC2581_DicDraw_Thermal() = default;
 
 int CIPC2581_DicDraw_Thermal::Import(CArray<CString, CString> & tokens)
 {
-    ScanAttributes(tokens, {ShapeWord("shape", Shape), Number("outerDiameter", OuterDiameter),
-                            Number("innerDiameter", InnerDiameter), Integer("spokeCount", SpokeCount),
-                            Number("gap", Gap), Number("spokeStartAngle", SpokeStartAngle)});
+    ScanAttributes<Fields<CIPC2581_DicDraw_Thermal>::Thermal>(tokens, *this);
     return 1;
 }
 

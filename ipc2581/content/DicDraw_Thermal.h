@@ -2,6 +2,7 @@
 #define IPC2581_CONTENT_DICDRAW_THERMAL_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/content/Primitive.h"
 
 // The dictionary primitive Thermal. The spoke count is read and kept, but always written as 4.
@@ -37,6 +38,25 @@ public:
     void SetGap(double value) { Gap = value; }
     double GetSpokeStartAngle() const { return SpokeStartAngle; }
     void SetSpokeStartAngle(double value) { SpokeStartAngle = value; }
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_DicDraw_Thermal> {
+    using Object = CIPC2581_DicDraw_Thermal;
+    static constexpr std::string_view Name = "CIPC2581_DicDraw_Thermal";
+    static constexpr auto Thermal =
+        Element<Object>("Thermal", Attribute{"shape", Reading::OuterForm, std::tuple{&Object::Shape}},
+                        Number("outerDiameter", &Object::OuterDiameter),
+                        Number("innerDiameter", &Object::InnerDiameter), Integer("spokeCount", &Object::SpokeCount),
+                        Number("gap", &Object::Gap), Number("spokeStartAngle", &Object::SpokeStartAngle));
+    static constexpr auto Elements = std::tuple{Thermal};
+    static constexpr auto Members = std::tuple{Member{"DrawType", &Object::DrawType},
+                                               Member{"Shape", &Object::Shape},
+                                               Member{"OuterDiameter", &Object::OuterDiameter},
+                                               Member{"InnerDiameter", &Object::InnerDiameter},
+                                               Member{"SpokeCount", &Object::SpokeCount},
+                                               Member{"Gap", &Object::Gap},
+                                               Member{"SpokeStartAngle", &Object::SpokeStartAngle}};
 };
 
 #endif

@@ -4,12 +4,13 @@
 #include "ipc2581/base/lines/LineTemplate.h"
 
 using namespace ipc2581::detail;
+using ipc2581::Fields;
 
 CIPC2581_DicDraw_Triangle::~CIPC2581_DicDraw_Triangle() = default;
 
 int CIPC2581_DicDraw_Triangle::Import(CArray<CString, CString> & tokens)
 {
-    ScanAttributes(tokens, {Number("base", Base), Number("height", Height)});
+    ScanAttributes<Fields<CIPC2581_DicDraw_Triangle>::Triangle>(tokens, *this);
     return 1;
 }
 

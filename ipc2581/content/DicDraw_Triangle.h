@@ -2,6 +2,7 @@
 #define IPC2581_CONTENT_DICDRAW_TRIANGLE_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/content/Primitive.h"
 
 // The dictionary primitive Triangle.
@@ -19,6 +20,17 @@ public:
     int Import(CArray<CString, CString> & tokens) override;
     int Export(CStdioFile & file, int level) override;
     virtual CIPC2581_DicDraw_Triangle & operator=(const CIPC2581_DicDraw_Triangle & other) = default;
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_DicDraw_Triangle> {
+    using Object = CIPC2581_DicDraw_Triangle;
+    static constexpr std::string_view Name = "CIPC2581_DicDraw_Triangle";
+    static constexpr auto Triangle =
+        Element<Object>("Triangle", Number("base", &Object::Base), Number("height", &Object::Height));
+    static constexpr auto Elements = std::tuple{Triangle};
+    static constexpr auto Members = std::tuple{Member{"DrawType", &Object::DrawType}, Member{"Base", &Object::Base},
+                                               Member{"Height", &Object::Height}};
 };
 
 #endif

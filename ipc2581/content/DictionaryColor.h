@@ -2,6 +2,7 @@
 #define IPC2581_CONTENT_DICTIONARYCOLOR_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/content/EntryColor.h"
 
@@ -23,6 +24,14 @@ public:
     CIPC2581_Content_DictionaryColor_EntryColorArray * GetEntry() const { return Entry; }
     // Copies the entries; the argument stays the caller's.
     void SetEntry(CIPC2581_Content_DictionaryColor_EntryColorArray * entries) { *Entry = *entries; }
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Content_DictionaryColor> {
+    using Object = CIPC2581_Content_DictionaryColor;
+    static constexpr std::string_view Name = "CIPC2581_Content_DictionaryColor";
+    static constexpr auto Elements = std::tuple<>{};
+    static constexpr auto Members = std::tuple{Member{"Entry", &Object::Entry, "EntryColor"}};
 };
 
 #endif

@@ -3,6 +3,7 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 
 // Base of a second family of dictionary contours, which only writes: hosts fill its objects. It is no CIPC2581_DrawObj
@@ -20,6 +21,14 @@ public:
     virtual CIPC2581_DictionaryDrawObj & operator=(const CIPC2581_DictionaryDrawObj & other);
     // Writes nothing and gives 1.
     virtual int Export(CStdioFile & file, int level);
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_DictionaryDrawObj> {
+    using Object = CIPC2581_DictionaryDrawObj;
+    static constexpr std::string_view Name = "CIPC2581_DictionaryDrawObj";
+    static constexpr auto Elements = std::tuple<>{};
+    static constexpr auto Members = std::tuple{Member{"DrawType", &Object::DrawType}};
 };
 
 // A list of them, which it owns.

@@ -2,6 +2,7 @@
 #define IPC2581_CONTENT_DICTIONARYSTANDARD_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/content/EntryStandard.h"
 
@@ -26,6 +27,17 @@ public:
     CIPC2581_Content_DictionaryStandard_EntryStandardArray * GetEntryArray() const { return EntryArray; }
     // Appends the entry, which becomes the array's.
     void SetEntry(CIPC2581_Content_DictionaryStandard_EntryStandard * entry) { EntryArray->Add(entry); }
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Content_DictionaryStandard> {
+    using Object = CIPC2581_Content_DictionaryStandard;
+    static constexpr std::string_view Name = "CIPC2581_Content_DictionaryStandard";
+    static constexpr auto DictionaryStandard = Element<Object>("DictionaryStandard", Text("units", &Object::Unit));
+    static constexpr auto DictionaryColor = DictionaryStandard.Of("DictionaryColor");
+    static constexpr auto Elements = std::tuple{DictionaryStandard, DictionaryColor};
+    static constexpr auto Members =
+        std::tuple{Member{"Unit", &Object::Unit}, Member{"EntryArray", &Object::EntryArray, "EntryStandard"}};
 };
 
 #endif

@@ -2,6 +2,7 @@
 #define IPC2581_CONTENT_DICTIONARYUSER_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/content/EntryUser.h"
 
@@ -28,6 +29,16 @@ public:
     CIPC2581_Content_DictionaryUser_EntryUserArray * GetEntryArray() const { return EntryArray; }
     // Appends the entry, which becomes the array's.
     void SetEntry(CIPC2581_Content_DictionaryUser_EntryUser * entry) { EntryArray->Add(entry); }
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Content_DictionaryUser> {
+    using Object = CIPC2581_Content_DictionaryUser;
+    static constexpr std::string_view Name = "CIPC2581_Content_DictionaryUser";
+    static constexpr auto DictionaryUser = Element<Object>("DictionaryUser", Text("units", &Object::Unit));
+    static constexpr auto Elements = std::tuple{DictionaryUser};
+    static constexpr auto Members =
+        std::tuple{Member{"Unit", &Object::Unit}, Member{"EntryArray", &Object::EntryArray}};
 };
 
 #endif

@@ -5,6 +5,7 @@
 #include "ipc2581/base/lines/LineTemplate.h"
 
 using namespace ipc2581::detail;
+using ipc2581::Fields;
 
 using EntryColor = CIPC2581_Content_DictionaryColor_EntryColor;
 using EntryColorArray = CIPC2581_Content_DictionaryColor_EntryColorArray;
@@ -37,8 +38,7 @@ void EntryColor::EntryColorAdd(CStdioFile & file)
     LineCycle line(file);
     while (line.Next()) {
         if (line.Opens("Color")) {
-            ScanAttributes(line.Tokens(),
-                           {Integer("r=", Red), Integer("g=", Green), Integer("b=", Blue), Text("id=", ColorRefID)});
+            ScanAttributes<Fields<EntryColor>::Color>(line.Tokens(), *this);
         }
         else if (line.Holds("/EntryColor")) {
             return;

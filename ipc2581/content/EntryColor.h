@@ -3,6 +3,7 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 
@@ -37,6 +38,19 @@ public:
     void SetGreen(int green) { Green = green; }
     int GetBlue() const { return Blue; }
     void SetBlue(int blue) { Blue = blue; }
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Content_DictionaryColor_EntryColor> {
+    using Object = CIPC2581_Content_DictionaryColor_EntryColor;
+    static constexpr std::string_view Name = "CIPC2581_Content_DictionaryColor_EntryColor";
+    static constexpr auto EntryColor = Element<Object>("EntryColor", Text("id", &Object::EntryColorId));
+    static constexpr auto Color = Element<Object>("Color", Integer("r=", &Object::Red), Integer("g=", &Object::Green),
+                                                  Integer("b=", &Object::Blue), Text("id=", &Object::ColorRefID));
+    static constexpr auto Elements = std::tuple{EntryColor, Color};
+    static constexpr auto Members = std::tuple{
+        Member{"EntryColorId", &Object::EntryColorId}, Member{"Red", &Object::Red}, Member{"Green", &Object::Green},
+        Member{"Blue", &Object::Blue}, Member{"ColorRefID", &Object::ColorRefID}};
 };
 
 // The entries of a colour dictionary, owned and copied one by one.

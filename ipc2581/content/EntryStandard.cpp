@@ -71,7 +71,7 @@ void AddShape(const ShapeRow & row, LineCycle & line, CStdioFile & file, CIPC258
         shape->Import(file);
     }
     else {
-        CArray<CString, CString> tokens;
+        LineTokens tokens;
         shape->Import(line.CopyTokens(tokens));
     }
     Append(*shapes, std::move(shape));

@@ -3,6 +3,7 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/draw/DrawObj.h"
@@ -34,6 +35,16 @@ public:
     CIPC2581_DrawObjArray * GetDrawArray() const { return DrawArray; }
     // Copies the list; the argument stays the caller's.
     void SetDrawArray(CIPC2581_DrawObjArray * shapes) { *DrawArray = *shapes; }
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Content_DictionaryStandard_EntryStandard> {
+    using Object = CIPC2581_Content_DictionaryStandard_EntryStandard;
+    static constexpr std::string_view Name = "CIPC2581_Content_DictionaryStandard_EntryStandard";
+    static constexpr auto EntryStandard = Element<Object>("EntryStandard", Text("id", &Object::EntryStandardId));
+    static constexpr auto Elements = std::tuple{EntryStandard};
+    static constexpr auto Members =
+        std::tuple{Member{"EntryStandardId", &Object::EntryStandardId}, Member{"DrawArray", &Object::DrawArray}};
 };
 
 // The entries of a standard dictionary, owned and copied by their clone.

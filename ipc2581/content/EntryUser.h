@@ -3,6 +3,7 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/draw/DrawObj.h"
@@ -29,6 +30,15 @@ public:
     CIPC2581_DrawObjArray * GetDrawObjArray() const { return DrawObjArray; }
     // Takes the list over as it is. The one before is neither deleted nor copied.
     void SetDrawObjArray(CIPC2581_DrawObjArray * shapes) { DrawObjArray = shapes; }
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Content_DictionaryUser_EntryUser> {
+    using Object = CIPC2581_Content_DictionaryUser_EntryUser;
+    static constexpr std::string_view Name = "CIPC2581_Content_DictionaryUser_EntryUser";
+    static constexpr auto Elements = std::tuple<>{};
+    static constexpr auto Members =
+        std::tuple{Member{"ID", &Object::ID}, Member{"DrawObjArray", &Object::DrawObjArray}};
 };
 
 // The entries of a user dictionary, owned and copied by their clone.

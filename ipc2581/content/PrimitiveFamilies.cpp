@@ -2,7 +2,6 @@
 
 #include "ipc2581/base/lines/AttributeScan.h"
 #include "ipc2581/base/lines/LineTemplate.h"
-#include "ipc2581/content/PrimitiveRows.h"
 
 namespace ipc2581::detail {
 namespace {
@@ -18,7 +17,7 @@ WidthHeightPrimitive::~WidthHeightPrimitive() = default;
 
 int WidthHeightPrimitive::Import(CArray<CString, CString> & tokens)
 {
-    ScanAttributes(tokens, {Number("width", Width), Number("height", Height)});
+    ScanAttributes<Fields<WidthHeightPrimitive>::Size>(tokens, *this);
     return 1;
 }
 
@@ -32,7 +31,7 @@ LengthPrimitive::~LengthPrimitive() = default;
 
 int LengthPrimitive::Import(CArray<CString, CString> & tokens)
 {
-    ScanAttributes(tokens, {Number("length", Length)});
+    ScanAttributes<Fields<LengthPrimitive>::Size>(tokens, *this);
     return 1;
 }
 
@@ -40,13 +39,6 @@ int LengthPrimitive::ExportAs(const char * tag, CStdioFile & file, int level) co
 {
     WriteLine(file, "%s<%s length=\"%f\" />\n", Indent(level + 1), tag, Length);
     return 1;
-}
-
-void ReadCorneredRect(CArray<CString, CString> & tokens, Word cornerWord, const CorneredRect & rect)
-{
-    ScanAttributes(tokens, {Number("width", rect.width), Number("height", rect.height), Number(cornerWord, rect.corner),
-                            CornerFlag("upperRight", rect.upperRight), CornerFlag("upperLeft", rect.upperLeft),
-                            CornerFlag("lowerLeft", rect.lowerLeft), CornerFlag("lowerRight", rect.lowerRight)});
 }
 
 void WriteCorneredRect(CStdioFile & file, int level, const char * tag, const char * cornerKey,

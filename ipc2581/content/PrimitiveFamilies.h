@@ -2,12 +2,11 @@
 #define IPC2581_CONTENT_PRIMITIVEFAMILIES_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/content/Primitive.h"
 
 // Primitives that differ in nothing but their name.
 namespace ipc2581::detail {
-
-class Word;
 
 // A diamond, an ellipse, an oval or a centred rectangle.
 class IPC2581_API WidthHeightPrimitive : public Primitive {
@@ -44,20 +43,32 @@ protected:
 
 // The fields of a rectangle with chamfered or rounded corners, whose third one has a name of its own in each.
 struct CorneredRect {
-    double & width;
-    double & height;
-    double & corner;
-    int & upperRight;
-    int & upperLeft;
-    int & lowerLeft;
-    int & lowerRight;
+    double width;
+    double height;
+    double corner;
+    int upperRight;
+    int upperLeft;
+    int lowerLeft;
+    int lowerRight;
 };
 
-// A corner flag is set only by "TURE" and written as "TRUE", without a blank between two of them.
-void ReadCorneredRect(CArray<CString, CString> & tokens, Word cornerWord, const CorneredRect & rect);
+// A corner flag is written as "TRUE", without a blank between two of them.
 void WriteCorneredRect(CStdioFile & file, int level, const char * tag, const char * cornerKey,
                        const CorneredRect & rect);
 
 }  // namespace ipc2581::detail
+
+template <>
+struct ipc2581::Fields<ipc2581::detail::LengthPrimitive> {
+    using Object = ipc2581::detail::LengthPrimitive;
+    static constexpr auto Size = Element<Object>("", Number("length", &Object::Length));
+};
+
+template <>
+struct ipc2581::Fields<ipc2581::detail::WidthHeightPrimitive> {
+    using Object = ipc2581::detail::WidthHeightPrimitive;
+    static constexpr auto Size =
+        Element<Object>("", Number("width", &Object::Width), Number("height", &Object::Height));
+};
 
 #endif

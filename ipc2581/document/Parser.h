@@ -2,6 +2,7 @@
 #define IPC2581_DOCUMENT_PARSER_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/cad/Ecad.h"
 #include "ipc2581/content/Content.h"
 #include "ipc2581/logistics/Bom.h"
@@ -22,6 +23,18 @@ public:
     CIPC2581_Parser(const CIPC2581_Parser &) = delete;
     CIPC2581_Parser & operator=(const CIPC2581_Parser &) = delete;
     virtual ~CIPC2581_Parser();
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Parser> {
+    using Object = CIPC2581_Parser;
+    static constexpr std::string_view Name = "CIPC2581_Parser";
+    static constexpr auto Elements = std::tuple<>{};
+    static constexpr auto Members =
+        std::tuple{Member{"m_Content", &Object::m_Content, "Content"},
+                   Member{"m_LogisticHeader", &Object::m_LogisticHeader, "LogisticHeader"},
+                   Member{"m_HistoryRecord", &Object::m_HistoryRecord, "HistoryRecord"},
+                   Member{"m_Bom", &Object::m_Bom, "Bom"}, Member{"m_Ecad", &Object::m_Ecad, "Ecad"}};
 };
 
 #endif

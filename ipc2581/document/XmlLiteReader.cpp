@@ -5,6 +5,7 @@
 #include "ipc2581/base/lines/LineTemplate.h"
 
 using namespace ipc2581::detail;
+using ipc2581::Fields;
 
 namespace {
 
@@ -28,7 +29,7 @@ int CIPC2581_XmlLiteReader::OpenPath(CString & path, CIPC2581_Parser & root)
         // No return: the scan below finds the end of a file that is not open at once.
         AfxMessageBox("file read error!", 0, 0);
     }
-    CArray<CString, CString> tokens;
+    LineTokens tokens;
     LineCycle line(m_File);
     while (line.Next()) {
         if (line.Holds("Content")) {
@@ -110,6 +111,11 @@ void CIPC2581_XmlLiteReader::SetMemoryLimit(std::uint64_t bytes)
     m_File.Lines().SetModelLimit(bytes);
 }
 
+void CIPC2581_XmlLiteReader::SetObserver(ipc2581::ReadObserver * observer)
+{
+    m_File.Lines().SetObserver(observer);
+}
+
 void CIPC2581_XmlLiteReader::SetProgress(int position)
 {
     SendMessageA(m_pProgressCtrl, PBM_SETPOS, position, 0);
@@ -118,7 +124,7 @@ void CIPC2581_XmlLiteReader::SetProgress(int position)
 void CIPC2581_XmlLiteReader::ContentProcess(CIPC2581_Parser & root)
 {
     CIPC2581_Content & content = root.m_Content;
-    CArray<CString, CString> tokens;
+    LineTokens tokens;
     LineCycle line(m_File, LineForm::Content);
     const auto readName = [&](void (CIPC2581_Content::*read)(CString &), const CStringArray & names) {
         (content.*read)(line.CopyTokens(tokens)[0]);
@@ -157,10 +163,10 @@ void CIPC2581_XmlLiteReader::LogisticHeaderProcess(CIPC2581_Parser & root)
     LineCycle line(m_File);
     while (line.Next()) {
         if (line.Holds("Role")) {
-            ScanAttributes(line.Tokens(), {Text("name", root.m_LogisticHeader.m_strRoleName)});
+            ScanAttributes<Fields<CIPC2581_LogisticHeader>::Role>(line.Tokens(), root.m_LogisticHeader);
         }
         else if (line.Holds("Person")) {
-            ScanAttributes(line.Tokens(), {Text("name", root.m_LogisticHeader.m_strPersonName)});
+            ScanAttributes<Fields<CIPC2581_LogisticHeader>::Person>(line.Tokens(), root.m_LogisticHeader);
         }
         else if (line.Holds("/LogisticHeader")) {
             return;
@@ -170,15 +176,13 @@ void CIPC2581_XmlLiteReader::LogisticHeaderProcess(CIPC2581_Parser & root)
 
 void CIPC2581_XmlLiteReader::HistoryRecordProcess(CArray<CString, CString> & tokens, CIPC2581_Parser & root)
 {
-    CIPC2581_HistoryRecord & record = root.m_HistoryRecord;
-    ScanAttributes(tokens, {Integer("number=", record.number), Text("origination=", record.origination),
-                            Text("toolRef=", record.toolRef), Text("lastChange=", record.lastChange)});
+    ScanAttributes<Fields<CIPC2581_HistoryRecord>::HistoryRecord>(tokens, root.m_HistoryRecord);
 }
 
 void CIPC2581_XmlLiteReader::BomProcess(CArray<CString, CString> & tokens, CIPC2581_Parser & root)
 {
-    ScanAttributes(tokens, {Text("name=", root.m_Bom.name)});
-    CArray<CString, CString> opening;
+    ScanAttributes<Fields<CIPC2581_Bom>::Bom>(tokens, root.m_Bom);
+    LineTokens opening;
     LineCycle line(m_File);
     while (line.Next()) {
         if (line.Holds("BomHeader")) {
@@ -195,8 +199,8 @@ void CIPC2581_XmlLiteReader::BomProcess(CArray<CString, CString> & tokens, CIPC2
 
 void CIPC2581_XmlLiteReader::EcadProcess(CArray<CString, CString> & tokens, CIPC2581_Parser & root)
 {
-    ScanAttributes(tokens, {Text("name=", root.m_Ecad.name)});
-    CArray<CString, CString> opening;
+    ScanAttributes<Fields<CIPC2581_Ecad>::Ecad>(tokens, root.m_Ecad);
+    LineTokens opening;
     LineCycle line(m_File);
     while (line.Next()) {
         if (line.Opens("CadHeader")) {

@@ -2,6 +2,7 @@
 #define IPC2581_DOCUMENT_XMLLITEREADER_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/ReadObserver.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CProgressCtrl.h"
 #include "ipc2581/base/platform/CStdioFile.h"
@@ -40,6 +41,9 @@ public:
     // it ends with CFileException, and the root then holds what was finished before. So does a read of a line that is
     // longer than a sixteenth of the limit and than 128 KiB.
     void SetMemoryLimit(std::uint64_t bytes);
+    // From now on the observer, the host's own, looks on while lines are read, which takes longer then; null, as at
+    // first, ends that. It must not change while a read is running.
+    void SetObserver(ipc2581::ReadObserver * observer);
     // Sends the position to the progress control, if there is one.
     void SetProgress(int position);
 

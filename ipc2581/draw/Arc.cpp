@@ -6,6 +6,7 @@
 #include "ipc2581/base/lines/LineTemplate.h"
 
 using namespace ipc2581::detail;
+using ipc2581::Fields;
 
 CIPC2581_Arc::CIPC2581_Arc() : CIPC2581_Arc(WithoutParts())
 {
@@ -30,12 +31,7 @@ int CIPC2581_Arc::Import(CStdioFile & file)
     LineCycle line(file);
     while (line.Next()) {
         if (line.Holds("Arc")) {
-            // endX and centerX go to the y of their points, where the later of two attributes wins.
-            ScanAttributes(line.Tokens(),
-                           {Number("startX=", StartPoint->Point->X), Number("startY=", StartPoint->Point->Y),
-                            Number("endX=", EndPoint->Point->Y), Number("endY=", EndPoint->Point->Y),
-                            Number("centerX=", CenterPoint->Point->Y), Number("centerY=", CenterPoint->Point->Y),
-                            ControlFlag("clockwise=", Clockwise)});
+            ScanAttributes<Fields<CIPC2581_Arc>::Arc>(line.Tokens(), *this);
         }
         else if (line.Holds("LineDesc")) {
             ReadLineDesc(line.Tokens(), *LineDesc);

@@ -2,6 +2,7 @@
 #define IPC2581_DRAW_ARC_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/WithoutParts.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/draw/DrawObj.h"
@@ -50,6 +51,25 @@ public:
 
 private:
     explicit CIPC2581_Arc(ipc2581::detail::WithoutParts /*tag*/) {}
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Arc> {
+    using Object = CIPC2581_Arc;
+    static constexpr std::string_view Name = "CIPC2581_Arc";
+    static constexpr auto Arc =
+        Element<Object>("Arc", Number("startX=", &Object::StartPoint, &CIPC2581_Point::Point, &CPointD::X),
+                        Number("startY=", &Object::StartPoint, &CIPC2581_Point::Point, &CPointD::Y),
+                        Number("endX=", &Object::EndPoint, &CIPC2581_Point::Point, &CPointD::Y),
+                        Number("endY=", &Object::EndPoint, &CIPC2581_Point::Point, &CPointD::Y),
+                        Number("centerX=", &Object::CenterPoint, &CIPC2581_Point::Point, &CPointD::Y),
+                        Number("centerY=", &Object::CenterPoint, &CIPC2581_Point::Point, &CPointD::Y),
+                        Attribute{"clockwise=", Reading::ControlFlag, std::tuple{&Object::Clockwise}});
+    static constexpr auto Elements = std::tuple{Arc};
+    static constexpr auto Members =
+        std::tuple{Member{"DrawType", &Object::DrawType},   Member{"StartPoint", &Object::StartPoint},
+                   Member{"EndPoint", &Object::EndPoint},   Member{"CenterPoint", &Object::CenterPoint},
+                   Member{"Clockwise", &Object::Clockwise}, Member{"LineDesc", &Object::LineDesc, "LineDesc"}};
 };
 
 #endif

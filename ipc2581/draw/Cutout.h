@@ -3,6 +3,7 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/draw/ContourShape.h"
 
 // A closed contour that cuts a hole out of a shape: the Cutout element. Its begin point and steps are those of every
@@ -29,6 +30,16 @@ public:
     // Empties the cutout. Unlike a polygon it gets a new begin point and a new list of steps: pointers to the old ones
     // are dead.
     void Init();
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Cutout> {
+    using Object = CIPC2581_Cutout;
+    static constexpr std::string_view Name = "CIPC2581_Cutout";
+    static constexpr auto Elements = std::tuple<>{};
+    static constexpr auto Members =
+        std::tuple{Member{"DrawType", &Object::DrawType}, Member{"PolyBegin", &Object::PolyBegin, "PolyBegin"},
+                   Member{"PolyStepArray", &Object::PolyStepArray}};
 };
 
 // A list of cutouts, which it owns, that is a shape itself. No reader makes one, and as a shape it cannot be written:

@@ -3,6 +3,7 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/base/platform/CString.h"
 
@@ -41,6 +42,14 @@ public:
     // -1; any other number gives ROUND.
     static int GetShapeType(CString text);
     static CString GetShapeType(int code);
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_DrawObj> {
+    using Object = CIPC2581_DrawObj;
+    static constexpr std::string_view Name = "CIPC2581_DrawObj";
+    static constexpr auto Elements = std::tuple<>{};
+    static constexpr auto Members = std::tuple{Member{"DrawType", &Object::DrawType}};
 };
 
 // A list of shapes, which it owns.

@@ -2,6 +2,7 @@
 #define IPC2581_DRAW_LINE_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/WithoutParts.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/draw/DrawObj.h"
@@ -46,6 +47,21 @@ public:
 
 private:
     explicit CIPC2581_Line(ipc2581::detail::WithoutParts /*tag*/) {}
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Line> {
+    using Object = CIPC2581_Line;
+    static constexpr std::string_view Name = "CIPC2581_Line";
+    static constexpr auto Line =
+        Element<Object>("Line", Number("startX=", &Object::StartPoint, &CIPC2581_Point::Point, &CPointD::X),
+                        Number("startY=", &Object::StartPoint, &CIPC2581_Point::Point, &CPointD::Y),
+                        Number("endX=", &Object::EndPoint, &CIPC2581_Point::Point, &CPointD::X),
+                        Number("endY=", &Object::EndPoint, &CIPC2581_Point::Point, &CPointD::Y));
+    static constexpr auto Elements = std::tuple{Line};
+    static constexpr auto Members =
+        std::tuple{Member{"DrawType", &Object::DrawType}, Member{"StartPoint", &Object::StartPoint},
+                   Member{"EndPoint", &Object::EndPoint}, Member{"LineDesc", &Object::LineDesc, "LineDesc"}};
 };
 
 #endif

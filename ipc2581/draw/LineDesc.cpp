@@ -4,6 +4,7 @@
 #include "ipc2581/base/lines/LineTemplate.h"
 
 using namespace ipc2581::detail;
+using ipc2581::Fields;
 
 CIPC2581_LineDesc::CIPC2581_LineDesc() = default;
 CIPC2581_LineDesc::CIPC2581_LineDesc(const CIPC2581_LineDesc & other) = default;
@@ -31,5 +32,5 @@ void CIPC2581_LineDesc::Init()
 
 void ipc2581::detail::ReadLineDesc(const TokenList & tokens, CIPC2581_LineDesc & lineDesc)
 {
-    ScanAttributes(tokens, {Text("lineEnd=", lineDesc.LineEnd), Number("lineWidth=", lineDesc.LineWidth)});
+    ScanAttributes<Fields<CIPC2581_LineDesc>::LineDesc>(tokens, lineDesc);
 }

@@ -2,6 +2,7 @@
 #define IPC2581_DRAW_LINEDESC_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/base/platform/CString.h"
 
@@ -25,6 +26,17 @@ public:
     void SetShape(int shape) { Shape = shape; }
     double GetLineWidth() const { return LineWidth; }
     void SetLineWidth(double width) { LineWidth = width; }
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_LineDesc> {
+    using Object = CIPC2581_LineDesc;
+    static constexpr std::string_view Name = "CIPC2581_LineDesc";
+    static constexpr auto LineDesc =
+        Element<Object>("LineDesc", Text("lineEnd=", &Object::LineEnd), Number("lineWidth=", &Object::LineWidth));
+    static constexpr auto Elements = std::tuple{LineDesc};
+    static constexpr auto Members = std::tuple{Member{"Shape", &Object::Shape}, Member{"LineWidth", &Object::LineWidth},
+                                               Member{"LineEnd", &Object::LineEnd}};
 };
 
 namespace ipc2581::detail {

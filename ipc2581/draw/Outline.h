@@ -2,6 +2,7 @@
 #define IPC2581_DRAW_OUTLINE_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/WithoutParts.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/draw/DrawObj.h"
@@ -42,6 +43,16 @@ public:
 
 private:
     explicit CIPC2581_Outline(ipc2581::detail::WithoutParts /*tag*/) {}
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Outline> {
+    using Object = CIPC2581_Outline;
+    static constexpr std::string_view Name = "CIPC2581_Outline";
+    static constexpr auto Elements = std::tuple<>{};
+    static constexpr auto Members =
+        std::tuple{Member{"DrawType", &Object::DrawType}, Member{"Polygon", &Object::Polygon, "Polygon"},
+                   Member{"LineDesc", &Object::LineDesc, "LineDesc"}};
 };
 
 namespace ipc2581::detail {

@@ -2,6 +2,7 @@
 #define IPC2581_DRAW_POINT_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/PointD.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 
@@ -32,6 +33,16 @@ public:
     void SetPoint(CPointD * p) { *Point = *p; }
     void SetPoint_X(double x) { Point->X = x; }
     void SetPoint_Y(double y) { Point->Y = y; }
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Point> {
+    using Object = CIPC2581_Point;
+    static constexpr std::string_view Name = "CIPC2581_Point";
+    static constexpr auto PolyBegin = Element<Object>("PolyBegin", Number("x=", &Object::Point, &CPointD::X),
+                                                      Number("y=", &Object::Point, &CPointD::Y));
+    static constexpr auto Elements = std::tuple{PolyBegin};
+    static constexpr auto Members = std::tuple{Member{"Point", &Object::Point}};
 };
 
 #endif

@@ -6,27 +6,15 @@
 #include "ipc2581/base/lines/LineTemplate.h"
 
 namespace ipc2581::detail {
-namespace {
-
-void StoreDirection(AttributeHit & hit, void * field)
-{
-    // The second word is looked for in a value taken anew, from the token on which the first one ended.
-    const bool isFalse =
-        hit.Take().find("FALSE") != std::string_view::npos || hit.Take().find("false") != std::string_view::npos;
-    *static_cast<int *>(field) = isFalse ? 1 : 0;
-}
-
-}  // namespace
-
 void ReadPolyBegin(const TokenList & tokens, CIPC2581_Point & begin)
 {
-    ScanAttributes(tokens, {Number("x=", begin.Point->X), Number("y=", begin.Point->Y)});
+    ScanAttributes<Fields<CIPC2581_Point>::PolyBegin>(tokens, begin);
 }
 
 void ReadPolyStepSegment(const TokenList & tokens, std::unique_ptr<CIPC2581_PolyStep> step,
                          CIPC2581_PolyStepArray & steps)
 {
-    ScanAttributes(tokens, {Number("x=", step->EndPoint->Point->X), Number("y=", step->EndPoint->Point->Y)});
+    ScanAttributes<Fields<CIPC2581_PolyStep>::PolyStepSegment>(tokens, *step);
     Append(steps, std::move(step));
 }
 
@@ -34,13 +22,7 @@ void ReadPolyStepCurve(const TokenList & tokens, std::unique_ptr<CIPC2581_PolySt
                        CIPC2581_PolyStepArray & steps)
 {
     step->Type = 1;
-    CPointD & end = *step->EndPoint->Point;
-    CPointD & center = *step->CenterPoint->Point;
-    ScanAttributes(tokens, {Number("x=", end.X),
-                            Number("y=", end.Y),
-                            Number("centerX=", center.X),
-                            Number("centerY=", center.Y),
-                            {"clockwise=", &StoreDirection, &step->ClockWise}});
+    ScanAttributes<Fields<CIPC2581_PolyStep>::PolyStepCurve>(tokens, *step);
     Append(steps, std::move(step));
 }
 

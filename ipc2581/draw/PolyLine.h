@@ -2,6 +2,7 @@
 #define IPC2581_DRAW_POLYLINE_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/draw/ContourShape.h"
 #include "ipc2581/draw/LineDesc.h"
 
@@ -33,6 +34,16 @@ public:
     CIPC2581_LineDesc * GetLineDesc() const { return LineDesc; }
     // Copies the value; the argument stays the caller's.
     void SetLineDesc(CIPC2581_LineDesc * lineDesc) { *LineDesc = *lineDesc; }
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_PolyLine> {
+    using Object = CIPC2581_PolyLine;
+    static constexpr std::string_view Name = "CIPC2581_PolyLine";
+    static constexpr auto Elements = std::tuple<>{};
+    static constexpr auto Members =
+        std::tuple{Member{"DrawType", &Object::DrawType}, Member{"PolyBegin", &Object::PolyBegin, "PolyBegin"},
+                   Member{"PolyStepArray", &Object::PolyStepArray}, Member{"LineDesc", &Object::LineDesc, "LineDesc"}};
 };
 
 #endif

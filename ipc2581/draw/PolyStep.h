@@ -3,6 +3,7 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/WithoutParts.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/draw/Point.h"
@@ -49,6 +50,25 @@ public:
 
 private:
     explicit CIPC2581_PolyStep(ipc2581::detail::WithoutParts /*tag*/) {}
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_PolyStep> {
+    using Object = CIPC2581_PolyStep;
+    static constexpr std::string_view Name = "CIPC2581_PolyStep";
+    static constexpr auto PolyStepSegment =
+        Element<Object>("PolyStepSegment", Number("x=", &Object::EndPoint, &CIPC2581_Point::Point, &CPointD::X),
+                        Number("y=", &Object::EndPoint, &CIPC2581_Point::Point, &CPointD::Y));
+    static constexpr auto PolyStepCurve =
+        Element<Object>("PolyStepCurve", Number("x=", &Object::EndPoint, &CIPC2581_Point::Point, &CPointD::X),
+                        Number("y=", &Object::EndPoint, &CIPC2581_Point::Point, &CPointD::Y),
+                        Number("centerX=", &Object::CenterPoint, &CIPC2581_Point::Point, &CPointD::X),
+                        Number("centerY=", &Object::CenterPoint, &CIPC2581_Point::Point, &CPointD::Y),
+                        Attribute{"clockwise=", Reading::Direction, std::tuple{&Object::ClockWise}});
+    static constexpr auto Elements = std::tuple{PolyStepSegment, PolyStepCurve};
+    static constexpr auto Members =
+        std::tuple{Member{"Type", &Object::Type}, Member{"EndPoint", &Object::EndPoint},
+                   Member{"CenterPoint", &Object::CenterPoint}, Member{"ClockWise", &Object::ClockWise}};
 };
 
 // The steps of a contour, owned and copied deeply.

@@ -2,6 +2,7 @@
 #define IPC2581_DRAW_POLYGON_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/draw/ContourShape.h"
 
 // A closed contour: the Polygon element. Nothing closes it, the last step may end anywhere.
@@ -26,6 +27,16 @@ public:
 
     // Empties the polygon; its parts stay the same objects.
     void InIt();
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Polygon> {
+    using Object = CIPC2581_Polygon;
+    static constexpr std::string_view Name = "CIPC2581_Polygon";
+    static constexpr auto Elements = std::tuple<>{};
+    static constexpr auto Members =
+        std::tuple{Member{"DrawType", &Object::DrawType}, Member{"PolyBegin", &Object::PolyBegin, "PolyBegin"},
+                   Member{"PolyStepArray", &Object::PolyStepArray}};
 };
 
 #endif

@@ -3,6 +3,7 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/PointD.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 
@@ -28,6 +29,16 @@ public:
     virtual int Export(CStdioFile & file, int level);
 
     void Init();
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Pt> {
+    using Object = CIPC2581_Pt;
+    static constexpr std::string_view Name = "CIPC2581_Pt";
+    static constexpr auto Elements = std::tuple<>{};
+    static constexpr auto Members =
+        std::tuple{Member{"Type", &Object::Type}, Member{"EndPoint", &Object::EndPoint},
+                   Member{"CenterPoint", &Object::CenterPoint}, Member{"ClockWise", &Object::ClockWise}};
 };
 
 // A contour as a list of such steps, which it owns and copies deeply.

@@ -2,6 +2,7 @@
 #define IPC2581_DRAW_TEXT_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CString.h"
 #include "ipc2581/draw/DrawObj.h"
@@ -61,6 +62,23 @@ public:
     void SetFontRefID(CString id) { FontRefID = id; }
     CString GetColorGroupID() const { return ColorGroupID; }
     void SetColorGroupID(CString id) { ColorGroupID = id; }
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Text> {
+    using Object = CIPC2581_Text;
+    static constexpr std::string_view Name = "CIPC2581_Text";
+    static constexpr auto Elements = std::tuple<>{};
+    static constexpr auto Members = std::tuple{Member{"DrawType", &Object::DrawType},
+                                               Member{"TextString", &Object::TextString},
+                                               Member{"FontSize", &Object::FontSize},
+                                               Member{"Xform", &Object::Xform},
+                                               Member{"BoundingBox_LowLeftX", &Object::BoundingBox_LowLeftX},
+                                               Member{"BoundingBox_LowLeftY", &Object::BoundingBox_LowLeftY},
+                                               Member{"BoundingBox_UppRightX", &Object::BoundingBox_UppRightX},
+                                               Member{"BoundingBox_UppRightY", &Object::BoundingBox_UppRightY},
+                                               Member{"FontRefID", &Object::FontRefID},
+                                               Member{"ColorGroupID", &Object::ColorGroupID}};
 };
 
 #endif

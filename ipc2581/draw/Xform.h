@@ -2,6 +2,7 @@
 #define IPC2581_DRAW_XFORM_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 
@@ -33,6 +34,21 @@ public:
     void SetMirror(int value) { Mirror = value; }
     double GetScale() const { return Scale; }
     void SetScale(double value) { Scale = value; }
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Xform> {
+    using Object = CIPC2581_Xform;
+    static constexpr std::string_view Name = "CIPC2581_Xform";
+    static constexpr auto OfComponent =
+        Element<Object>("Xform", Number("rotation=", &Object::Rotation), Flag("mirror=", &Object::Mirror));
+    static constexpr auto OfPin =
+        Element<Object>("Xform", Number("rotation=", &Object::Rotation),
+                        Attribute{"mirror=", Reading::ControlFlag, std::tuple{&Object::Mirror}});
+    static constexpr auto Elements = std::tuple{OfComponent, OfPin};
+    static constexpr auto Members = std::tuple{Member{"XOffset", &Object::XOffset}, Member{"YOffset", &Object::YOffset},
+                                               Member{"Rotation", &Object::Rotation}, Member{"Mirror", &Object::Mirror},
+                                               Member{"Scale", &Object::Scale}};
 };
 
 #endif

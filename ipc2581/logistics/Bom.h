@@ -2,6 +2,7 @@
 #define IPC2581_LOGISTICS_BOM_H
 
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/logistics/BomItem.h"
@@ -23,6 +24,21 @@ public:
     // Takes the attributes from the token list of a BomItem line and reads on up to the line with "/BomItem", where the
     // item is added; at the end of the file it is dropped.
     void ReadBomItem(CArray<CString, CString> & tokens, CStdioFile & file);
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Bom> {
+    using Object = CIPC2581_Bom;
+    static constexpr std::string_view Name = "CIPC2581_Bom";
+    static constexpr auto Bom = Element<Object>("Bom", Text("name=", &Object::name));
+    static constexpr auto BomHeader =
+        Element<Object>("BomHeader", Text("assembly", &Object::assembly), Text("assembly", &Object::m_strHeaderText2),
+                        Text("assembly", &Object::m_strHeaderText3));
+    static constexpr auto Elements = std::tuple{Bom, BomHeader};
+    static constexpr auto Members = std::tuple{Member{"name", &Object::name}, Member{"assembly", &Object::assembly},
+                                               Member{"m_strHeaderText2", &Object::m_strHeaderText2},
+                                               Member{"m_strHeaderText3", &Object::m_strHeaderText3},
+                                               Member{"m_arrBomItem", &Object::m_arrBomItem, "BomItem"}};
 };
 
 #endif

@@ -3,6 +3,7 @@
 
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/platform/CString.h"
 
 // A RefDes element of a bill of materials: one placement of an item.
@@ -15,6 +16,16 @@ public:
     CIPC2581_Bom_BomItem_RefDes(const CIPC2581_Bom_BomItem_RefDes & other);
     CIPC2581_Bom_BomItem_RefDes & operator=(const CIPC2581_Bom_BomItem_RefDes & other);
     virtual ~CIPC2581_Bom_BomItem_RefDes();
+};
+
+template <>
+struct ipc2581::Fields<CIPC2581_Bom_BomItem_RefDes> {
+    using Object = CIPC2581_Bom_BomItem_RefDes;
+    static constexpr std::string_view Name = "CIPC2581_Bom_BomItem_RefDes";
+    static constexpr auto RefDes =
+        Element<Object>("RefDes", Text("name=", &Object::name), Flag("populate=", &Object::populate));
+    static constexpr auto Elements = std::tuple{RefDes};
+    static constexpr auto Members = std::tuple{Member{"name", &Object::name}, Member{"populate", &Object::populate}};
 };
 
 // The placements of an item, in file order; owned.

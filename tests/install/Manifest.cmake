@@ -1,9 +1,9 @@
-# What lies under PREFIX is what the tree says: every header that a host reaches from the umbrella, the library of this
-# kind, the package files and one program for each folder of hosts/, with its man page and its completion for bash. No
-# more and no less.
+# What lies under PREFIX is what the tree says: every header that a host reaches from the umbrella or one beside it, the
+# library of this kind, the package files and one program for each folder of hosts/, with its man page and its completion
+# for bash. No more and no less.
 cmake_minimum_required(VERSION 3.25)
 
-set(headers ipc2581/ipc2581.h ipc2581/version.h)
+set(headers ipc2581/ipc2581.h ipc2581/version.h ipc2581/fields.h)
 set(next 0)
 list(LENGTH headers count)
 while(next LESS count)

@@ -3,23 +3,23 @@
 #include <cstdint>
 
 #include "ipc2581/base/lines/Scan.h"
-#include "ipc2581/base/platform/Number.h"
 
 namespace ipc2581::detail {
 namespace {
 
-bool IsTrue(std::string_view value)
-{
-    return HoldsText(value, "TRUE");
-}
+// The outer forms, in the order of their codes.
+constexpr std::array<std::string_view, 4> Forms = {"ROUND", "SQUARE", "HEXAGON", "OCTAGON"};
 
-void TestToken(const TokenList & tokens, int & index, Attributes rows)
+void TestToken(const TokenList & tokens, int & index, const AttributeRows & table, void * object)
 {
     const std::string_view token = tokens[index];
-    for (const Attribute & row : rows) {
+    for (const AttributeRow & row : table.rows) {
         if (row.word.IsIn(token)) {
+            if (tokens.Observer() != nullptr) {
+                tokens.Observer()->AttributeTaken(row.word.Text(), row.reading, token);
+            }
             AttributeHit hit(tokens, index);
-            row.store(hit, row.field);
+            row.store(hit, object);
             return;
         }
     }
@@ -37,24 +37,47 @@ bool IsTail(const char * at, const char * end)
     return at == end || SkipBlanks(at, end) == end;
 }
 
-// A token of the form key="value" has one "=", so a word that ends in one is held exactly if the key and its "=" end in
-// it.
-void TestPlain(std::string_view keyWithEqual, AttributeHit & value, Attributes rows)
-{
-    const std::uint64_t tail = Word::Tail(keyWithEqual.data() + keyWithEqual.size());
-    for (const Attribute & row : rows) {
-        if (row.word.MayEnd(tail) && row.word.Ends(keyWithEqual)) {
-            row.store(value, row.field);
+// The attributes of a line stand in the order of the table more often than not, so that the row behind the one that was
+// hit last is tried first.
+class PlainRows {
+public:
+    PlainRows(const AttributeRows & table, void * object) : m_table(table), m_object(object) {}
+
+    // A token of the form key="value" has one "=", so a word that ends in one is held exactly if the key and its "="
+    // end in it.
+    void Test(std::string_view keyWithEqual, AttributeHit & hit)
+    {
+        const std::uint64_t tail = Word::Tail(keyWithEqual.data() + keyWithEqual.size());
+        const std::size_t size = m_table.rows.size();
+        if (m_table.areApart && m_next < size && IsHit(m_table.rows[m_next], tail, keyWithEqual)) {
+            m_table.rows[m_next].store(hit, m_object);
+            ++m_next;
             return;
         }
+        for (std::size_t i = 0; i < size; ++i) {
+            if (IsHit(m_table.rows[i], tail, keyWithEqual)) {
+                m_table.rows[i].store(hit, m_object);
+                m_next = i + 1;
+                return;
+            }
+        }
     }
-}
+
+private:
+    static bool IsHit(const AttributeRow & row, std::uint64_t tail, std::string_view keyWithEqual)
+    {
+        return row.word.MayEnd(tail) && row.word.Ends(keyWithEqual);
+    }
+
+    const AttributeRows & m_table;
+    void * m_object;
+    std::size_t m_next = 0;
+};
 
 // Scans what stands behind the first token of a line as long as it has the plain form; false from there on.
-bool ScanPlain(const TokenList & tokens, std::string_view rest, Attributes first, Attributes second)
+bool ScanPlain(const TokenList & tokens, std::string_view rest, PlainRows first, PlainRows second)
 {
     const char * const end = rest.data() + rest.size();
-    AttributeHit value(tokens);
     SpecialWalk walk(rest.data(), end);
     walk.Skip();
     for (const char * key = rest.data() + 1; key < end;) {
@@ -72,12 +95,10 @@ bool ScanPlain(const TokenList & tokens, std::string_view rest, Attributes first
         if (isLast && !IsTail(behind, end)) {
             return false;
         }
-        value.SetPlain({equal + 2, static_cast<std::size_t>(quote - equal - 2)});
+        AttributeHit hit(tokens, {equal + 2, static_cast<std::size_t>(quote - equal - 2)});
         const std::string_view keyWithEqual(key, static_cast<std::size_t>(equal + 1 - key));
-        TestPlain(keyWithEqual, value, first);
-        if (second.size() != 0) {
-            TestPlain(keyWithEqual, value, second);
-        }
+        first.Test(keyWithEqual, hit);
+        second.Test(keyWithEqual, hit);
         if (isLast) {
             return true;
         }
@@ -87,65 +108,51 @@ bool ScanPlain(const TokenList & tokens, std::string_view rest, Attributes first
     return true;
 }
 
-// Any other word may be held by the first token, or by one without "=".
-bool AreAttributes(Attributes rows)
-{
-    for (const Attribute & row : rows) {
-        if (!row.word.IsAttribute()) {
-            return false;
-        }
-    }
-    return true;
-}
-
 }  // namespace
 
-void StoreText(AttributeHit & hit, void * field)
+bool TakeControlFlag(AttributeHit & hit)
 {
-    hit.TakeInto(*static_cast<CString *>(field));
+    return hit.Take() == "\x01";
 }
 
-void StoreNumber(AttributeHit & hit, void * field)
+bool TakeCornerFlag(AttributeHit & hit)
 {
-    *static_cast<double *>(field) = hit.TakeNumber();
+    return HoldsText(hit.Take(), "TURE");
 }
 
-void StoreInteger(AttributeHit & hit, void * field)
+// The second word is looked for in a value taken anew, from the token on which the first one ended.
+bool TakeDirection(AttributeHit & hit)
 {
-    *static_cast<int *>(field) = ParseInteger(hit.Take());
+    return HoldsText(hit.Take(), "FALSE") || HoldsText(hit.Take(), "false");
 }
 
-void StoreBoolFlag(AttributeHit & hit, void * field)
+void TakeForm(const AttributeHit & hit, int knownForms, int & form)
 {
-    *static_cast<bool *>(field) = IsTrue(hit.Take());
+    for (int code = 0; code < knownForms; ++code) {
+        if (HoldsText(hit.Token(), Forms[static_cast<std::size_t>(code)])) {
+            form = code;
+            return;
+        }
+    }
 }
 
-void StoreIntFlag(AttributeHit & hit, void * field)
-{
-    *static_cast<int *>(field) = IsTrue(hit.Take()) ? 1 : 0;
-}
-
-void StoreControlFlag(AttributeHit & hit, void * field)
-{
-    constexpr std::string_view control = "\x01";
-    *static_cast<int *>(field) = hit.Take() == control ? 1 : 0;
-}
-
-void ScanAttributes(const TokenList & tokens, Attributes first, Attributes second)
+void ScanRows(const TokenList & tokens, const AttributeRows & first, const AttributeRows & second, void * object)
 {
     std::string_view rest;
-    const bool mayBePlain = tokens.HasRest(rest) && AreAttributes(first) && AreAttributes(second);
-    if (!mayBePlain || !ScanPlain(tokens, rest, first, second)) {
-        ScanTokens(tokens, first, second);
+    const bool mayBePlain = first.areAttributes && second.areAttributes && tokens.HasRest(rest);
+    if (!mayBePlain || !ScanPlain(tokens, rest, {first, object}, {second, object})) {
+        ScanTokens(tokens, first, second, object);
     }
 }
 
-void ScanTokens(const TokenList & tokens, Attributes first, Attributes second)
+void ScanTokens(const TokenList & tokens, const AttributeRows & first, const AttributeRows & second, void * object)
 {
-    for (int index = 0; index < tokens.Size(); ++index) {
-        TestToken(tokens, index, first);
-        TestToken(tokens, index, second);
-    }
+    TakeOrPassOver(tokens, [&] {
+        for (int index = 0; index < tokens.Size(); ++index) {
+            TestToken(tokens, index, first, object);
+            TestToken(tokens, index, second, object);
+        }
+    });
 }
 
 }  // namespace ipc2581::detail

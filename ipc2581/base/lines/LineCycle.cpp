@@ -26,27 +26,69 @@ std::string_view FromFirstBracket(std::string_view line)
 
 // A file class of the host's own is read through its operations; the lines of a plain one need no copy.
 LineCycle::LineCycle(CStdioFile & file, LineForm form)
-    : m_file(file), m_lines(file.Lines()), m_form(form), m_isPlainFile(IsPlainFile(file))
+    : m_file(file),
+      m_lines(file.Lines()),
+      m_observer(m_lines.Observer()),
+      m_form(form),
+      m_isPlainFile(IsPlainFile(file)),
+      m_isDirect(m_isPlainFile && m_observer == nullptr)
 {
+    if (m_observer != nullptr) {
+        m_observer->LoopBegins();
+    }
 }
 
 bool LineCycle::Next()
 {
     m_lines.CheckModelLimit();
-    if (!ReadLine()) {
+    if (!m_isDirect) {
+        return NextAside();
+    }
+    if (!m_lines.NextLine(m_line)) {
         return false;
     }
-    if (m_form == LineForm::Plain || !TestFormOfItsOwn()) {
-        TestFirstToken();
-    }
+    TestLine();
     return true;
 }
 
-CArray<CString, CString> & LineCycle::CopyTokens(CArray<CString, CString> & tokens)
+inline void LineCycle::TestLine()
+{
+    if (m_form == LineForm::Plain || !TestFormOfItsOwn()) {
+        TestFirstToken();
+    }
+}
+
+LineTokens & LineCycle::CopyTokens(LineTokens & tokens)
 {
     tokens.RemoveAll();
+    tokens.reader = Tokens().Reader();
     Tokens().AppendTo(tokens);
     return tokens;
+}
+
+// As Next, for a file of the host's own and for one that somebody looks at.
+bool LineCycle::NextAside()
+{
+    while (m_isPlainFile ? m_lines.NextLine(m_line) : ReadHostLine()) {
+        if (m_observer == nullptr) {
+            TestLine();
+            return true;
+        }
+        m_observer->LineTaken(m_line);
+        const ReadStop stop = m_line.empty() ? ReadStop::EmptyLine : ReadStop::BlankLine;
+        try {
+            TestLine();
+            // The observer is told of tokens, which the scan of plain lines does not make.
+            m_restAt = TokenList::NoPlainRest;
+            return true;
+        }
+        catch (const CInvalidArgException &) {
+            if (!m_observer->PassOver(stop)) {
+                throw;
+            }
+        }
+    }
+    return false;
 }
 
 bool LineCycle::ReadHostLine()

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string_view>
 
+#include "ipc2581/base/ReadObserver.h"
 #include "ipc2581/base/lines/LineFile.h"
 #include "ipc2581/base/lines/TokenList.h"
 #include "ipc2581/base/lines/Word.h"
@@ -42,7 +43,7 @@ enum class LineForm {
 //     LineCycle line(file);
 //     while (line.Next()) {
 //         if (line.Opens("Span")) {
-//             ScanAttributes(line.Tokens(), {Text("toLayer=", ToLayer), Text("fromLayer=", FromLayer)});
+//             ScanAttributes<ipc2581::Fields<Hole>::Span>(line.Tokens(), *this);
 //         }
 //         else if (line.Holds("/Hole")) {
 //             return;
@@ -53,14 +54,42 @@ enum class LineForm {
 class LineCycle {
 public:
     explicit LineCycle(CStdioFile & file, LineForm form = LineForm::Plain);
+    LineCycle(const LineCycle &) = delete;
+    LineCycle & operator=(const LineCycle &) = delete;
+    ~LineCycle()
+    {
+        if (m_observer != nullptr) {
+            m_observer->LoopEnds();
+        }
+    }
 
     // Takes the next line; false at the end of the file. Throws CInvalidArgException for a line of blanks only, and
     // CFileException if the lines before have made more than the limit of the file allows.
     bool Next();
     // The tag test: the first token holds the word anywhere, so that "Bom" is found in "/BomItem" too.
-    bool Holds(Word word) const { return word.IsIn(m_tested, m_testedSet); }
+    bool Holds(Word word) const
+    {
+        if (!word.IsIn(m_tested, m_testedSet)) {
+            return false;
+        }
+        if (m_observer != nullptr) {
+            m_observer->TestHit(word.Text());
+        }
+        return true;
+    }
     // The opening test: the first token holds the word and no slash.
     bool Opens(Word word) const { return (m_testedSet & SetOf('/')) == 0 && Holds(word); }
+    // The tag test of an element that the loop passes over, whatever tests stand behind.
+    bool Skips(Word word) const
+    {
+        if (!word.IsIn(m_tested, m_testedSet)) {
+            return false;
+        }
+        if (m_observer != nullptr) {
+            m_observer->LineSkipped(word.Text());
+        }
+        return true;
+    }
     // The tokens of the line.
     const TokenList & Tokens()
     {
@@ -75,11 +104,12 @@ public:
     }
     // The tokens as a list of their own, for an operation that reads on in the file and takes one. What the list held
     // goes; it is returned.
-    CArray<CString, CString> & CopyTokens(CArray<CString, CString> & tokens);
+    LineTokens & CopyTokens(LineTokens & tokens);
 
 private:
-    bool ReadLine() { return m_isPlainFile ? m_lines.NextLine(m_line) : ReadHostLine(); }
+    bool NextAside();
     bool ReadHostLine();
+    void TestLine();
     bool TestFormOfItsOwn();
     void TestWholeLine();
     void TestFirstToken();
@@ -87,8 +117,11 @@ private:
 
     CStdioFile & m_file;
     LineFile & m_lines;
+    ReadObserver * const m_observer;
     const LineForm m_form;
     const bool m_isPlainFile;
+    // Neither observed nor of a file class of the host's own.
+    const bool m_isDirect;
     std::string_view m_line;
     // What the tests look at, with its set of characters, and where the line goes on behind it.
     std::string_view m_tested;

@@ -67,6 +67,10 @@ public:
         }
     }
 
+    // Who looks on while lines are read; null, as at first, for nobody.
+    void SetObserver(ReadObserver * observer) { m_tokens.SetObserver(observer); }
+    ReadObserver * Observer() const { return m_tokens.Observer(); }
+
     // What the reader of the current line works with: kept here, so that no line needs fresh storage.
     TokenList & Tokens() { return m_tokens; }
     ObjectBlocks & Blocks() { return m_blocks; }

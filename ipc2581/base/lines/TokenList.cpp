@@ -25,8 +25,11 @@ std::string_view Stripped(std::string_view text, Test test)
 
 }  // namespace
 
-TokenList::TokenList(const CArray<CString, CString> & tokens, ObjectBlocks * blocks) : m_blocks(blocks)
+TokenList::TokenList(const CArray<CString, CString> & tokens)
 {
+    if (const auto * const ofLine = dynamic_cast<const LineTokens *>(&tokens)) {
+        m_reader = ofLine->reader;
+    }
     m_tokens.reserve(static_cast<std::size_t>(tokens.GetSize()));
     for (std::int64_t i = 0; i < tokens.GetSize(); ++i) {
         m_tokens.emplace_back(tokens.GetAt(i));

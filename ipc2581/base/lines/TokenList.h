@@ -10,6 +10,12 @@
 #include "ipc2581/base/platform/CString.h"
 #include "ipc2581/base/platform/ObjectBlocks.h"
 
+namespace ipc2581 {
+
+class ReadObserver;
+
+}  // namespace ipc2581
+
 namespace ipc2581::detail {
 
 constexpr bool IsBracket(char ch)
@@ -17,16 +23,28 @@ constexpr bool IsBracket(char ch)
     return ch == '<' || ch == '>';
 }
 
+// What the tokens of a file know of their reader: where it takes room for long texts, and who looks on; null if there
+// is none.
+struct TokenReader {
+    ObjectBlocks * blocks = nullptr;
+    ReadObserver * observer = nullptr;
+};
+
+// The tokens of a line as a list of their own, for an operation that takes such a list, with their reader.
+class LineTokens final : public CArray<CString, CString> {
+public:
+    TokenReader reader;
+};
+
 // The tokens of one line, as views into it. The line must stay while the list is used; the storage is used again
 // for the next line.
 class TokenList {
 public:
     TokenList() = default;
-    // The tokens of a file, whose reader takes room for long texts from these blocks.
-    explicit TokenList(ObjectBlocks & blocks) : m_blocks(&blocks) {}
-    // The tokens of a list, which must stay as well; a reader that has its line as such a list adds the blocks of its
-    // file. Every scan takes a list as it is.
-    TokenList(const CArray<CString, CString> & tokens, ObjectBlocks * blocks = nullptr);
+    // The tokens of a file.
+    explicit TokenList(ObjectBlocks & blocks) : m_reader{&blocks, nullptr} {}
+    // The tokens of a list, which must stay as well. Every scan takes a list as it is.
+    TokenList(const CArray<CString, CString> & tokens);
 
     // A line that is cut on runs of blanks, once somebody asks for its tokens. Every "<" and ">" goes, wherever it
     // stands; a tab is no blank and a "/" stays. A token may be empty: a bracket that stands alone. Its first token,
@@ -69,9 +87,13 @@ public:
     std::string_view Value(int & index) const;
 
     // Where the texts of the tokens' owner go; null if it has no blocks.
-    ObjectBlocks * Blocks() const { return m_blocks; }
+    ObjectBlocks * Blocks() const { return m_reader.blocks; }
+    const TokenReader & Reader() const { return m_reader; }
+    // Who looks on while they are read; null for nobody.
+    ReadObserver * Observer() const { return m_reader.observer; }
+    void SetObserver(ReadObserver * observer) { m_reader.observer = observer; }
 
-    // The tokens as a list of their own.
+    // Adds the tokens to a list of their own.
     void AppendTo(CArray<CString, CString> & tokens) const;
 
 private:
@@ -85,7 +107,7 @@ private:
     std::string_view RightPart(std::string_view token) const;
     std::string_view WithoutBrackets(std::string_view token) const;
 
-    ObjectBlocks * m_blocks = nullptr;
+    TokenReader m_reader;
     std::string_view m_line;
     std::size_t m_restAt = NoPlainRest;
     mutable bool m_isCut = true;

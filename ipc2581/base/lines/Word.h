@@ -63,8 +63,11 @@ constexpr bool HoldsText(std::string_view text, std::string_view word)
 class Word {
 public:
     template <std::size_t Size>
-    consteval Word(const char (&text)[Size])
-        : m_text(text, Size - 1), m_set(SetOf(m_text)), m_isAttribute(m_text.find('=') == m_text.size() - 1)
+    consteval Word(const char (&text)[Size]) : Word(std::string_view(text, Size - 1))
+    {
+    }
+    consteval explicit Word(std::string_view text)
+        : m_text(text), m_set(SetOf(m_text)), m_isAttribute(m_text.find('=') == m_text.size() - 1)
     {
         for (std::size_t i = 0; i < sizeof(m_tail) && i < m_text.size(); ++i) {
             const auto ch = static_cast<unsigned char>(m_text[m_text.size() - 1 - i]);

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include "ipc2581/base/lines/LineFile.h"
 #include "ipc2581/base/lines/TokenList.h"
 #include "ipc2581/base/platform/Afx.h"
 #include "ipc2581/base/platform/CArray.h"
@@ -18,6 +19,7 @@ namespace {
 
 using ipc2581::detail::LineCycle;
 using ipc2581::detail::LineForm;
+using ipc2581::detail::LineTokens;
 using ipc2581::detail::TokenList;
 using ipc2581::tests::Lines;
 
@@ -200,6 +202,19 @@ TEST(LineCycle, HoldsFindsAWordAnywhereInTheFirstToken)
     EXPECT_FALSE(cycle.Holds("Bom/"));
 }
 
+TEST(LineCycle, SkipsTestsAsHoldsDoes)
+{
+    Lines file({"</Xform x=\"Location\">", "<Features Xform>"});
+    LineCycle cycle(file.File());
+    ASSERT_TRUE(cycle.Next());
+    EXPECT_TRUE(cycle.Skips("Xform"));
+    EXPECT_TRUE(cycle.Skips("/Xf"));
+    EXPECT_FALSE(cycle.Skips("Location"));
+    EXPECT_FALSE(cycle.Skips("xform"));
+    ASSERT_TRUE(cycle.Next());
+    EXPECT_FALSE(cycle.Skips("Xform"));
+}
+
 TEST(LineCycle, HoldsLooksAtTheFirstTokenOnly)
 {
     Lines file({"<X name=\"Bom\" Ecad>", "< Bom>"});
@@ -364,10 +379,12 @@ TEST(LineCycle, CopiesItsTokens)
 {
     Lines file({"<A b=\"c\" d=\"e\">", "<F>", "</A>"});
     LineCycle cycle(file.File());
-    CArray<CString, CString> tokens;
+    LineTokens tokens;
     tokens.Add("before");
     ASSERT_TRUE(cycle.Next());
     EXPECT_EQ(&cycle.CopyTokens(tokens), &tokens);
+    EXPECT_EQ(tokens.reader.blocks, &file.File().Lines().Blocks());
+    EXPECT_EQ(tokens.reader.observer, nullptr);
     LineCycle inner(file.File());
     ASSERT_TRUE(inner.Next());
     ASSERT_EQ(tokens.GetSize(), 3);

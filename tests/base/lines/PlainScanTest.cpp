@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cstdint>
 #include <cstdlib>
@@ -7,11 +8,14 @@
 #include <random>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
 
+#include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/lines/AttributeScan.h"
 #include "ipc2581/base/lines/LineCycle.h"
@@ -26,18 +30,22 @@
 
 namespace {
 
-using ipc2581::detail::Attribute;
+using ipc2581::Attribute;
+using ipc2581::Element;
+using ipc2581::Flag;
+using ipc2581::Integer;
+using ipc2581::Number;
+using ipc2581::Reading;
+using ipc2581::Text;
 using ipc2581::detail::AttributeHit;
-using ipc2581::detail::Attributes;
-using ipc2581::detail::ControlFlag;
-using ipc2581::detail::Flag;
-using ipc2581::detail::Integer;
+using ipc2581::detail::AttributeRow;
+using ipc2581::detail::AttributeRows;
 using ipc2581::detail::LineCycle;
 using ipc2581::detail::LineForm;
-using ipc2581::detail::Number;
-using ipc2581::detail::ScanAttributes;
+using ipc2581::detail::RowsOf;
+using ipc2581::detail::ScanRows;
 using ipc2581::detail::ScanTokens;
-using ipc2581::detail::Text;
+using ipc2581::detail::TableOf;
 using ipc2581::detail::TokenList;
 using ipc2581::detail::Word;
 using ipc2581::tests::Bytes;
@@ -56,19 +64,13 @@ constexpr bool IsSlow = HasSanitizer;
 constexpr std::uintmax_t LargeBoard = 200000;
 
 // Enough to meet what is rare; where each line is slow, fewer, so that the test stays one of seconds.
-constexpr int ManyLines = IsSlow ? 20000 : 1000000;
+constexpr int ManyLines = IsSlow ? 20000 : 600000;
 
 struct TwoValues {
     std::string first;
     std::string second;
     bool operator==(const TwoValues &) const = default;
 };
-
-void TakeTwice(AttributeHit & hit, void * field)
-{
-    std::string first(hit.Take());
-    *static_cast<TwoValues *>(field) = {std::move(first), std::string(hit.Take())};
-}
 
 // Fields of every kind, under words that are short and long and stand inside one another.
 struct Fields {
@@ -80,6 +82,7 @@ struct Fields {
     double lowerLeftX = 99;
     int number = 99;
     int mirror = 99;
+    int turn = 99;
     int via = 99;
     bool test = true;
     TwoValues clockwise;
@@ -89,8 +92,8 @@ struct Fields {
         const auto bits = [](double value) { return std::bit_cast<std::uint64_t>(value); };
         return isThrown == other.isThrown && refDes == other.refDes && componentRef == other.componentRef &&
                rest == other.rest && bits(x) == bits(other.x) && bits(lowerLeftX) == bits(other.lowerLeftX) &&
-               number == other.number && mirror == other.mirror && via == other.via && test == other.test &&
-               clockwise == other.clockwise;
+               number == other.number && mirror == other.mirror && turn == other.turn && via == other.via &&
+               test == other.test && clockwise == other.clockwise;
     }
 };
 
@@ -98,51 +101,94 @@ std::ostream & operator<<(std::ostream & out, const Fields & fields)
 {
     return out << (fields.isThrown ? "thrown, " : "") << "refDes " << fields.refDes << ", componentRef "
                << fields.componentRef << ", rest " << fields.rest << ", x " << fields.x << ", lowerLeftX "
-               << fields.lowerLeftX << ", number " << fields.number << ", mirror " << fields.mirror << ", via "
-               << fields.via << ", test " << fields.test << ", clockwise " << fields.clockwise.first << " and "
-               << fields.clockwise.second;
+               << fields.lowerLeftX << ", number " << fields.number << ", mirror " << fields.mirror << ", turn "
+               << fields.turn << ", via " << fields.via << ", test " << fields.test << ", clockwise "
+               << fields.clockwise.first << " and " << fields.clockwise.second;
 }
 
-// Which rows a scan gets.
-enum class Form { Single, CatchAll, Double, Words, DoubleWords };
+constexpr auto Single =
+    Element<Fields>("A", Text("refDes=", &Fields::refDes), Text("componentRef=", &Fields::componentRef),
+                    Number("lowerLeftX=", &Fields::lowerLeftX), Number("x=", &Fields::x),
+                    Integer("number=", &Fields::number), Flag("test=", &Fields::test), Flag("via=", &Fields::via),
+                    Attribute{"mirror=", Reading::ControlFlag, std::tuple{&Fields::mirror}});
+constexpr auto CatchAll =
+    Element<Fields>("A", Text("Ref=", &Fields::componentRef), Number("X=", &Fields::x), Text("=", &Fields::rest));
+constexpr auto DoubleFirst =
+    Element<Fields>("A", Text("refDes=", &Fields::refDes), Text("componentRef=", &Fields::componentRef),
+                    Integer("number=", &Fields::number), Number("lowerLeftX=", &Fields::lowerLeftX));
+constexpr auto DoubleSecond =
+    Element<Fields>("A", Number("x=", &Fields::x), Text("Des=", &Fields::rest), Flag("via=", &Fields::via));
+constexpr auto Words =
+    Element<Fields>("A", Number("lowerLeftX=", &Fields::lowerLeftX), Text("refDes", &Fields::refDes),
+                    Number("x=", &Fields::x), Text("Ref", &Fields::componentRef), Text("/", &Fields::rest));
+constexpr auto DoubleWordsFirst = Element<Fields>("A", Number("x=", &Fields::x), Text("refDes=", &Fields::refDes));
+constexpr auto DoubleWordsSecond = Element<Fields>(
+    "A", Flag("via=", &Fields::via), Text("component", &Fields::componentRef), Integer("e", &Fields::number));
+// Words that end in one another, the shorter one first and last.
+constexpr auto ShortFirst =
+    Element<Fields>("A", Text("=", &Fields::rest), Number("X=", &Fields::x), Number("LeftX=", &Fields::lowerLeftX),
+                    Integer("lowerLeftX=", &Fields::number));
+constexpr auto ShortLast =
+    Element<Fields>("A", Number("lowerLeftX=", &Fields::lowerLeftX), Text("componentRef=", &Fields::componentRef),
+                    Number("LeftX=", &Fields::x), Text("Ref=", &Fields::refDes), Integer("X=", &Fields::number),
+                    Text("refDes=", &Fields::rest), Flag("test=", &Fields::test), Flag("t=", &Fields::via));
+// The same word for two fields.
+constexpr auto Same = Element<Fields>("A", Text("refDes=", &Fields::refDes), Text("refDes=", &Fields::rest),
+                                      Number("x=", &Fields::x), Number("x=", &Fields::lowerLeftX),
+                                      Attribute{"clockwise=", Reading::Direction, std::tuple{&Fields::turn}});
+constexpr auto SameSecond = Element<Fields>("A", Integer("x=", &Fields::number), Text("Ref=", &Fields::componentRef));
 
-// Calls the scan with the rows of the form and tells what it left in the fields.
+void TakeTwice(AttributeHit & hit, void * object)
+{
+    std::string first(hit.Take());
+    static_cast<Fields *>(object)->clockwise = {std::move(first), std::string(hit.Take())};
+}
+
+// Those of a table, with one that takes its value twice behind them.
+template <std::size_t... indexes>
+constexpr auto WithTakeTwice(const std::array<AttributeRow, sizeof...(indexes)> & rows,
+                             std::index_sequence<indexes...> /*all*/)
+{
+    return std::array{rows[indexes]..., AttributeRow{Word("clockwise="), Reading::Direction, &TakeTwice}};
+}
+
+constexpr auto SingleRows = WithTakeTwice(RowsOf<Single>, std::make_index_sequence<RowsOf<Single>.size()>());
+
+// The tables that a scan gets.
+struct Form {
+    AttributeRows first;
+    AttributeRows second = {};
+};
+
+constexpr Form SingleForm = {AttributeRows(SingleRows)};
+constexpr Form Forms[] = {SingleForm,
+                          {TableOf<CatchAll>},
+                          {TableOf<DoubleFirst>, TableOf<DoubleSecond>},
+                          {TableOf<Words>},
+                          {TableOf<DoubleWordsFirst>, TableOf<DoubleWordsSecond>},
+                          {TableOf<ShortFirst>},
+                          {TableOf<ShortLast>},
+                          {TableOf<Same>, TableOf<SameSecond>}};
+
+// Calls the scan with the tables of the form and tells what it left in the fields.
 template <typename Scan>
-Fields Scanned(Form form, Scan scan)
+Fields Scanned(const Form & form, Scan scan)
 {
     Fields fields;
     try {
-        switch (form) {
-        case Form::Single:
-            scan({Text("refDes=", fields.refDes), Text("componentRef=", fields.componentRef),
-                  Number("lowerLeftX=", fields.lowerLeftX), Number("x=", fields.x), Integer("number=", fields.number),
-                  Flag("test=", fields.test), Flag("via=", fields.via), ControlFlag("mirror=", fields.mirror),
-                  Attribute{"clockwise=", &TakeTwice, &fields.clockwise}},
-                 {});
-            break;
-        case Form::CatchAll:
-            scan({Text("Ref=", fields.componentRef), Number("X=", fields.x), Text("=", fields.rest)}, {});
-            break;
-        case Form::Double:
-            scan({Text("refDes=", fields.refDes), Text("componentRef=", fields.componentRef),
-                  Integer("number=", fields.number), Number("lowerLeftX=", fields.lowerLeftX)},
-                 {Number("x=", fields.x), Text("Des=", fields.rest), Flag("via=", fields.via)});
-            break;
-        case Form::Words:
-            scan({Number("lowerLeftX=", fields.lowerLeftX), Text("refDes", fields.refDes), Number("x=", fields.x),
-                  Text("Ref", fields.componentRef), Text("/", fields.rest)},
-                 {});
-            break;
-        case Form::DoubleWords:
-            scan({Number("x=", fields.x), Text("refDes=", fields.refDes)},
-                 {Flag("via=", fields.via), Text("component", fields.componentRef), Integer("e", fields.number)});
-            break;
-        }
+        scan(form.first, form.second, &fields);
     }
     catch (const CInvalidArgException &) {
         fields.isThrown = true;
     }
     return fields;
+}
+
+Fields ScannedByTokens(const Form & form, const TokenList & tokens)
+{
+    return Scanned(form, [&tokens](const AttributeRows & first, const AttributeRows & second, Fields * fields) {
+        ScanTokens(tokens, first, second, fields);
+    });
 }
 
 // Words that readers test first tokens for, and some that only these lines hold.
@@ -217,12 +263,13 @@ bool Agrees(LineCycle & cycle, LiteralTurn & literal, const std::string & line)
             return false;
         }
     }
-    for (const Form form : {Form::Single, Form::CatchAll, Form::Double, Form::Words, Form::DoubleWords}) {
-        const Fields expected = Scanned(
-            form, [&literal](Attributes first, Attributes second) { ScanTokens(literal.Tokens(), first, second); });
-        const Fields fields = Scanned(form, [&cycle](Attributes first, Attributes second) {
-            second.size() != 0 ? ScanAttributes(cycle.Tokens(), first, second) : ScanAttributes(cycle.Tokens(), first);
-        });
+    const TokenList literalTokens(literal.Tokens());
+    for (const Form & form : Forms) {
+        const Fields expected = ScannedByTokens(form, literalTokens);
+        const Fields fields =
+            Scanned(form, [&cycle](const AttributeRows & first, const AttributeRows & second, Fields * scanned) {
+                ScanRows(cycle.Tokens(), first, second, scanned);
+            });
         if (!(fields == expected)) {
             EXPECT_EQ(fields, expected) << testing::PrintToString(line);
             return false;
@@ -313,10 +360,42 @@ private:
         }
         return std::string(OneOf(values));
     }
+    std::string OpeningTag()
+    {
+        return std::string(Below(4) * 3, ' ')
+            .append(OneOf({"<Step", "<StepRef", "<Pad", "<LayerPad", "</Step", "<Line", "<x=\"1\"", "<", "Pad>"}));
+    }
+    std::string Ending()
+    {
+        return std::string(OneOf({">", "/>", " />", " >", "", " ", "/", "/>  ", "></Step>", ">text</Step>"}));
+    }
+    // Attributes as a table has them, forwards or backwards, with gaps, repetitions and others between.
+    std::string OrderedLine()
+    {
+        static const Pieces keys = {"refDes", "componentRef", "number", "lowerLeftX", "x",
+                                    "test",   "via",          "mirror", "clockwise",  "LeftX"};
+        std::string line = OpeningTag();
+        const bool isBackwards = Chance(3);
+        for (std::size_t i = 0; i < keys.size(); ++i) {
+            if (Chance(4)) {
+                continue;
+            }
+            const std::string_view key = keys[isBackwards ? keys.size() - 1 - i : i];
+            for (unsigned count = Chance(8) ? 2 : 1; count > 0; --count) {
+                line.append(" ").append(key).append("=\"").append(Value()).append("\"");
+            }
+            if (Chance(6)) {
+                line.append(" note=\"").append(Value()).append("\"");
+            }
+        }
+        return line.append(Ending());
+    }
     std::string RealLine()
     {
-        std::string line(Below(4) * 3, ' ');
-        line.append(OneOf({"<Step", "<StepRef", "<Pad", "<LayerPad", "</Step", "<Line", "<x=\"1\"", "<", "Pad>"}));
+        if (Chance(3)) {
+            return OrderedLine();
+        }
+        std::string line = OpeningTag();
         for (unsigned count = Below(6); count > 0; --count) {
             static const Pieces keys = {"refDes",  "componentRef", "lowerLeftX", "x",     "centerX", "number",
                                         "test",    "via",          "mirror",     "X",     "Ref",     "clockwise",
@@ -324,7 +403,7 @@ private:
             line.append(1 + (Chance(8) ? Below(40) : 0), ' ').append(OneOf(keys)).append("=\"");
             line.append(Value()).append("\"");
         }
-        return line.append(OneOf({">", "/>", " />", " >", "", " ", "/", "/>  ", "></Step>", ">text</Step>"}));
+        return line.append(Ending());
     }
     std::string PiecedLine()
     {
@@ -440,8 +519,7 @@ TEST(PlainScanLines, AreOfEveryKind)
     LineMaker maker(2581);
     for (int i = 0; i < Count; ++i) {
         LiteralTurn turn(maker.Line(), LineForm::WholeLine);
-        const Fields fields = Scanned(
-            Form::Single, [&turn](Attributes first, Attributes second) { ScanTokens(turn.Tokens(), first, second); });
+        const Fields fields = ScannedByTokens(SingleForm, turn.Tokens());
         thrown += fields.isThrown ? 1 : 0;
         filled += !fields.isThrown && !(fields == Fields()) ? 1 : 0;
         bool isPlain = turn.Tokens().GetSize() > 1;

@@ -1,0 +1,97 @@
+#ifndef IPC2581_BASE_FIELDTABLE_H
+#define IPC2581_BASE_FIELDTABLE_H
+
+#include <string_view>
+#include <tuple>
+
+// What the tables of the fields are made of, which stand beside the classes: ipc2581/fields.h asks them.
+namespace ipc2581 {
+
+// How a value is read from its attribute.
+enum class Reading {
+    Text,           // as it stands
+    Number,         // as atof reads it
+    Integer,        // as atoi reads it
+    Flag,           // set if the value holds "TRUE" in upper case, else cleared
+    CornerFlag,     // set if the value holds "TURE": that is the word, "TRUE" sets nothing, and nothing clears it
+    ControlFlag,    // set if the value is the one character with the code 1, which no real file carries, else cleared
+    Direction,      // turned round: 1 if the value holds "FALSE" or "false", else 0
+    OuterForm,      // the code of ROUND, SQUARE, HEXAGON or OCTAGON, if the token holds one; no value is taken
+    RoundOrSquare,  // the same for shapes that know the first two alone
+};
+
+// What an attribute gives to an object. A token that holds the word anywhere is taken for the attribute; so most words
+// end in "=", and one that does not is wide: it is found in longer names and in values too. The member is reached by
+// steps, from the object to a member of a part of it.
+template <typename... Steps>
+struct Attribute {
+    std::string_view word;
+    Reading reading;
+    std::tuple<Steps...> member;
+};
+
+template <typename... Steps>
+constexpr Attribute<Steps...> Text(std::string_view word, Steps... member)
+{
+    return {word, Reading::Text, {member...}};
+}
+template <typename... Steps>
+constexpr Attribute<Steps...> Number(std::string_view word, Steps... member)
+{
+    return {word, Reading::Number, {member...}};
+}
+template <typename... Steps>
+constexpr Attribute<Steps...> Integer(std::string_view word, Steps... member)
+{
+    return {word, Reading::Integer, {member...}};
+}
+template <typename... Steps>
+constexpr Attribute<Steps...> Flag(std::string_view word, Steps... member)
+{
+    return {word, Reading::Flag, {member...}};
+}
+
+// What an object takes from the opening line of an element, in the order in which a token is tested for the attributes:
+// the first one whose word it holds takes its value.
+template <typename Class, typename... Attributes>
+struct ElementTable {
+    using Object = Class;
+
+    std::string_view name;
+    std::tuple<Attributes...> attributes;
+
+    // The same from an element of another name.
+    constexpr ElementTable Of(std::string_view other) const { return {other, attributes}; }
+};
+
+template <typename Class, typename... Attributes>
+constexpr ElementTable<Class, Attributes...> Element(std::string_view name, Attributes... attributes)
+{
+    return {name, {attributes...}};
+}
+
+// A public member of a class.
+template <typename Class, typename Type>
+struct Member {
+    std::string_view name;
+    Type Class::*pointer;
+    // The element that a part, or each object of a list, is read from; empty for what no element of its own fills.
+    std::string_view element = {};
+};
+
+template <typename Class, typename Type>
+Member(const char *, Type Class::*) -> Member<Class, Type>;
+template <typename Class, typename Type>
+Member(const char *, Type Class::*, const char *) -> Member<Class, Type>;
+
+// The table of a class, a specialisation beside each class of the model:
+//
+//     Name      of the class
+//     Elements  what the object itself takes from attributes, one entry for each element, as an ElementTable
+//     Members   all public members, in the order of their declaration, those of the bases first, as a Member
+template <typename Class>
+struct Fields;
+
+}  // namespace ipc2581
+
+#endif
