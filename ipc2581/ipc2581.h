@@ -3,6 +3,7 @@
 
 // Everything that a host needs: read a file with CIPC2581_XmlLiteReader into a CIPC2581_Parser, walk its public
 // members, write it back.
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/PointD.h"

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/lines/AttributeScan.h"
 #include "ipc2581/base/lines/LineCycle.h"
 #include "ipc2581/base/lines/LineTemplate.h"
@@ -10,12 +11,6 @@ using namespace ipc2581::detail;
 using ipc2581::Fields;
 
 using Set = CIPC2581_Ecad_CadData_Step_LayerFeature_Set;
-
-namespace {
-
-enum SetKind { FeaturesKind, PadKind, HoleKind };
-
-}  // namespace
 
 Set::CIPC2581_Ecad_CadData_Step_LayerFeature_Set() = default;
 Set::CIPC2581_Ecad_CadData_Step_LayerFeature_Set(const Set & other) = default;
@@ -37,10 +32,10 @@ int Set::ExportContents(CStdioFile & file, int level)
     const std::string_view testPoint = TrueOrFalse(TestPoint);
     const std::string_view plate = TrueOrFalse(Plate);
     switch (Kind) {
-    case FeaturesKind:
+    case ipc2581::SetKinds::Features:
         WriteLine(file, "%s<Set net=\"%s\">\n", Indent(level + 1), Net);
         return Features.Export(file, level + 1);
-    case PadKind:
+    case ipc2581::SetKinds::Pad:
         if (Net.IsEmpty()) {
             WriteLine(file, "%s<Set testPoint=\"%s\" plate=\"%s\" padUsage=\"%s\">\n", Indent(level + 1), testPoint,
                       plate, PadUsage);
@@ -50,7 +45,7 @@ int Set::ExportContents(CStdioFile & file, int level)
                       Net, testPoint, plate, PadUsage);
         }
         return Pad.Export(file, level + 1);
-    case HoleKind:
+    case ipc2581::SetKinds::Hole:
         WriteLine(file, "%s<Set>\n", Indent(level + 1));
         return Hole.Export(file, level + 1);
     default:
@@ -70,16 +65,16 @@ void Set::SetAdd(CStdioFile & file)
         }
         else if (line.Opens("Features")) {
             Features.FeaturesAdd(file);
-            Kind = FeaturesKind;
+            Kind = ipc2581::SetKinds::Features;
         }
         else if (line.Opens("Pad")) {
             ScanAttributes<Fields<CIPC2581_Ecad_CadData_Step_Pad>::Pad>(line.Tokens(), Pad);
             Pad.PadAdd(file);
-            Kind = PadKind;
+            Kind = ipc2581::SetKinds::Pad;
         }
         else if (line.Opens("Hole")) {
             ReadHole(line.Tokens(), Hole);
-            Kind = HoleKind;
+            Kind = ipc2581::SetKinds::Hole;
         }
         else if (line.Holds("/Set")) {
             return;

@@ -1,6 +1,7 @@
 #ifndef IPC2581_CAD_LAYERFEATURESET_H
 #define IPC2581_CAD_LAYERFEATURESET_H
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
 #include "ipc2581/base/FieldTable.h"
@@ -14,7 +15,7 @@
 // tells which of them was read last, and only that one is written.
 class IPC2581_API CIPC2581_Ecad_CadData_Step_LayerFeature_Set : public CIPC2581_XmlDataAdd_Function {
 public:
-    int Kind = 0;  // 0 Features, 1 Pad, 2 Hole
+    int Kind = ipc2581::SetKinds::Features;
     CString Net;
     CString ColorRef;        // climbs to the layer feature, which writes it
     bool TestPoint = false;  // these three are written with a pad alone

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/lines/AttributeScan.h"
 #include "ipc2581/base/lines/LineCycle.h"
 #include "ipc2581/cad/Placement.h"
@@ -24,7 +25,7 @@ void SilkScreenTarget::TargetAdd(CStdioFile & file)
         if (line.Opens("Contour")) {
             auto contour = New<CIPC2581_DicDraw_Contour>(file);
             // Not the contour's own type: hosts tell the contours of these targets by it.
-            contour->DrawType = 5;
+            contour->DrawType = ipc2581::DrawTypes::SilkScreenContour;
             contour->Import(file);
             Append(DrawObjArray, std::move(contour));
         }

@@ -16,10 +16,10 @@ int CIPC2581_DicDraw_Butterfly::Import(CArray<CString, CString> & tokens)
 
 int CIPC2581_DicDraw_Butterfly::Export(CStdioFile & file, int level)
 {
-    if (Shape == 0) {
+    if (Shape == ipc2581::OuterForms::Round) {
         WriteLine(file, "%s<Butterfly Shape=\"%s\" diameter=\"%f\" />\n", Indent(level + 1), GetShapeType(Shape), Size);
     }
-    else if (Shape == 1) {
+    else if (Shape == ipc2581::OuterForms::Square) {
         WriteLine(file, "%s<Butterfly Shape=\"%s\" side=\"%f\" />\n", Indent(level + 1), GetShapeType(Shape), Size);
     }
     else {

@@ -1,6 +1,7 @@
 #ifndef IPC2581_CONTENT_DICDRAW_BUTTERFLY_H
 #define IPC2581_CONTENT_DICDRAW_BUTTERFLY_H
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/Export.h"
 #include "ipc2581/base/FieldTable.h"
 #include "ipc2581/content/Primitive.h"
@@ -9,10 +10,10 @@
 // whose shape was never read is not written at all.
 class IPC2581_API CIPC2581_DicDraw_Butterfly : public ipc2581::detail::Primitive {
 public:
-    int Shape = -1;  // code of the outer form, -1 where none was read
+    int Shape = ipc2581::OuterForms::Unknown;  // code of the outer form, -1 where none was read
     double Size = 0.0;
 
-    CIPC2581_DicDraw_Butterfly() : Primitive(1) {}
+    CIPC2581_DicDraw_Butterfly() : Primitive(ipc2581::DrawTypes::Butterfly) {}
     CIPC2581_DicDraw_Butterfly(const CIPC2581_DicDraw_Butterfly & other) = default;
     ~CIPC2581_DicDraw_Butterfly() override;
     using CIPC2581_DrawObj::operator=;

@@ -1,12 +1,13 @@
 #include "ipc2581/content/DicDraw_Circle.h"
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/lines/AttributeScan.h"
 #include "ipc2581/base/lines/LineTemplate.h"
 
 using namespace ipc2581::detail;
 using ipc2581::Fields;
 
-CIPC2581_DicDraw_Circle::CIPC2581_DicDraw_Circle() : Primitive(2) {}
+CIPC2581_DicDraw_Circle::CIPC2581_DicDraw_Circle() : Primitive(ipc2581::DrawTypes::Circle) {}
 
 CIPC2581_DicDraw_Circle::CIPC2581_DicDraw_Circle(const CIPC2581_DicDraw_Circle & other) : CIPC2581_DicDraw_Circle()
 {

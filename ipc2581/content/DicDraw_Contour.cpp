@@ -1,5 +1,6 @@
 #include "ipc2581/content/DicDraw_Contour.h"
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/OwnedPart.h"
 #include "ipc2581/base/lines/LineCycle.h"
 #include "ipc2581/base/lines/LineTemplate.h"
@@ -12,13 +13,13 @@ using namespace ipc2581::detail;
 
 CIPC2581_DicDraw_Contour::CIPC2581_DicDraw_Contour() : DicDrawObjArray(new CIPC2581_DrawObjArray())
 {
-    DrawType = 3;
+    DrawType = ipc2581::DrawTypes::Contour;
 }
 
 CIPC2581_DicDraw_Contour::CIPC2581_DicDraw_Contour(ObjectBlocks & blocks)
     : DicDrawObjArray(MakeFrom<CIPC2581_DrawObjArray>(blocks))
 {
-    DrawType = 3;
+    DrawType = ipc2581::DrawTypes::Contour;
 }
 
 CIPC2581_DicDraw_Contour::CIPC2581_DicDraw_Contour(const CIPC2581_DicDraw_Contour & other) : CIPC2581_DicDraw_Contour()
@@ -72,6 +73,6 @@ CIPC2581_DicDraw_Contour & CIPC2581_DicDraw_Contour::operator=(const CIPC2581_Di
 
 void CIPC2581_DicDraw_Contour::Init()
 {
-    DrawType = 3;
+    DrawType = ipc2581::DrawTypes::Contour;
     EmptyOrCreate(DicDrawObjArray);
 }

@@ -1,6 +1,7 @@
 #ifndef IPC2581_CONTENT_DICDRAW_CUTOUT_H
 #define IPC2581_CONTENT_DICDRAW_CUTOUT_H
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/Export.h"
 #include "ipc2581/base/FieldTable.h"
 #include "ipc2581/content/DictionaryContour.h"
@@ -8,7 +9,7 @@
 // A Cutout element that hosts fill and the library only writes.
 class IPC2581_API CIPC2581_DicDraw_Cutout : public ipc2581::detail::DictionaryContour {
 public:
-    CIPC2581_DicDraw_Cutout() : DictionaryContour(2) {}
+    CIPC2581_DicDraw_Cutout() : DictionaryContour(ipc2581::DictionaryDrawTypes::Cutout) {}
     CIPC2581_DicDraw_Cutout(const CIPC2581_DicDraw_Cutout & other) : CIPC2581_DicDraw_Cutout() { CopyContour(other); }
     ~CIPC2581_DicDraw_Cutout() override;
     using CIPC2581_DictionaryDrawObj::clone;
@@ -19,7 +20,7 @@ public:
     virtual CIPC2581_DicDraw_Cutout & operator=(const CIPC2581_DicDraw_Cutout & other);
 
     // Takes a new empty list. The old one lives on: hosts hold pointers to it.
-    void Init() { Restart(2); }
+    void Init() { Restart(ipc2581::DictionaryDrawTypes::Cutout); }
 };
 
 template <>

@@ -1,6 +1,7 @@
 #ifndef IPC2581_CONTENT_DICDRAW_DIAMOND_H
 #define IPC2581_CONTENT_DICDRAW_DIAMOND_H
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/Export.h"
 #include "ipc2581/base/FieldTable.h"
 #include "ipc2581/content/PrimitiveFamilies.h"
@@ -8,7 +9,7 @@
 // The dictionary primitive Diamond.
 class IPC2581_API CIPC2581_DicDraw_Diamond : public ipc2581::detail::WidthHeightPrimitive {
 public:
-    CIPC2581_DicDraw_Diamond() : WidthHeightPrimitive(4) {}
+    CIPC2581_DicDraw_Diamond() : WidthHeightPrimitive(ipc2581::DrawTypes::Diamond) {}
     CIPC2581_DicDraw_Diamond(const CIPC2581_DicDraw_Diamond & other) = default;
     ~CIPC2581_DicDraw_Diamond() override;
     using CIPC2581_DrawObj::operator=;

@@ -1,6 +1,7 @@
 #ifndef IPC2581_CONTENT_DICDRAW_DONUT_H
 #define IPC2581_CONTENT_DICDRAW_DONUT_H
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/Export.h"
 #include "ipc2581/base/FieldTable.h"
 #include "ipc2581/content/Primitive.h"
@@ -8,11 +9,11 @@
 // The dictionary primitive Donut. Written under the name Diamond, with a capital Shape=.
 class IPC2581_API CIPC2581_DicDraw_Donut : public ipc2581::detail::Primitive {
 public:
-    int Shape = -1;  // code of the outer form, -1 where none was read
+    int Shape = ipc2581::OuterForms::Unknown;  // code of the outer form, -1 where none was read
     double OuterDiameter = 0.0;
     double InnerDiameter = 0.0;
 
-    CIPC2581_DicDraw_Donut() : Primitive(5) {}
+    CIPC2581_DicDraw_Donut() : Primitive(ipc2581::DrawTypes::Donut) {}
     CIPC2581_DicDraw_Donut(const CIPC2581_DicDraw_Donut & other) = default;
     ~CIPC2581_DicDraw_Donut() override;
     using CIPC2581_DrawObj::operator=;

@@ -1,6 +1,7 @@
 #ifndef IPC2581_CONTENT_DICDRAW_ELLIPSE_H
 #define IPC2581_CONTENT_DICDRAW_ELLIPSE_H
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/Export.h"
 #include "ipc2581/base/FieldTable.h"
 #include "ipc2581/content/PrimitiveFamilies.h"
@@ -8,7 +9,7 @@
 // The dictionary primitive Ellipse.
 class IPC2581_API CIPC2581_DicDraw_Ellipse : public ipc2581::detail::WidthHeightPrimitive {
 public:
-    CIPC2581_DicDraw_Ellipse() : WidthHeightPrimitive(6) {}
+    CIPC2581_DicDraw_Ellipse() : WidthHeightPrimitive(ipc2581::DrawTypes::Ellipse) {}
     CIPC2581_DicDraw_Ellipse(const CIPC2581_DicDraw_Ellipse & other) = default;
     ~CIPC2581_DicDraw_Ellipse() override;
     using CIPC2581_DrawObj::operator=;

@@ -1,6 +1,7 @@
 #ifndef IPC2581_CONTENT_DICDRAW_HEXAGON_H
 #define IPC2581_CONTENT_DICDRAW_HEXAGON_H
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/Export.h"
 #include "ipc2581/base/FieldTable.h"
 #include "ipc2581/content/PrimitiveFamilies.h"
@@ -8,7 +9,7 @@
 // The dictionary primitive Hexagon.
 class IPC2581_API CIPC2581_DicDraw_Hexagon : public ipc2581::detail::LengthPrimitive {
 public:
-    CIPC2581_DicDraw_Hexagon() : LengthPrimitive(7) {}
+    CIPC2581_DicDraw_Hexagon() : LengthPrimitive(ipc2581::DrawTypes::Hexagon) {}
     CIPC2581_DicDraw_Hexagon(const CIPC2581_DicDraw_Hexagon & other) = default;
     ~CIPC2581_DicDraw_Hexagon() override;
     using CIPC2581_DrawObj::operator=;

@@ -1,6 +1,7 @@
 #ifndef IPC2581_CONTENT_DICDRAW_MOIRE_H
 #define IPC2581_CONTENT_DICDRAW_MOIRE_H
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/Export.h"
 #include "ipc2581/base/FieldTable.h"
 #include "ipc2581/content/Primitive.h"
@@ -16,7 +17,7 @@ public:
     double LineLength = 0.0;
     double LineAngle = 0.0;
 
-    CIPC2581_DicDraw_Moire() : Primitive(8) {}
+    CIPC2581_DicDraw_Moire() : Primitive(ipc2581::DrawTypes::Moire) {}
     CIPC2581_DicDraw_Moire(const CIPC2581_DicDraw_Moire & other) = default;
     ~CIPC2581_DicDraw_Moire() override;
     using CIPC2581_DrawObj::operator=;

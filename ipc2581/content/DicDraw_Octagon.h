@@ -1,6 +1,7 @@
 #ifndef IPC2581_CONTENT_DICDRAW_OCTAGON_H
 #define IPC2581_CONTENT_DICDRAW_OCTAGON_H
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/Export.h"
 #include "ipc2581/base/FieldTable.h"
 #include "ipc2581/content/PrimitiveFamilies.h"
@@ -8,7 +9,7 @@
 // The dictionary primitive Octagon.
 class IPC2581_API CIPC2581_DicDraw_Octagon : public ipc2581::detail::LengthPrimitive {
 public:
-    CIPC2581_DicDraw_Octagon() : LengthPrimitive(9) {}
+    CIPC2581_DicDraw_Octagon() : LengthPrimitive(ipc2581::DrawTypes::Octagon) {}
     CIPC2581_DicDraw_Octagon(const CIPC2581_DicDraw_Octagon & other) = default;
     ~CIPC2581_DicDraw_Octagon() override;
     using CIPC2581_DrawObj::operator=;

@@ -1,6 +1,7 @@
 #ifndef IPC2581_CONTENT_DICDRAW_OVAL_H
 #define IPC2581_CONTENT_DICDRAW_OVAL_H
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/Export.h"
 #include "ipc2581/base/FieldTable.h"
 #include "ipc2581/content/PrimitiveFamilies.h"
@@ -8,7 +9,7 @@
 // The dictionary primitive Oval.
 class IPC2581_API CIPC2581_DicDraw_Oval : public ipc2581::detail::WidthHeightPrimitive {
 public:
-    CIPC2581_DicDraw_Oval() : WidthHeightPrimitive(10) {}
+    CIPC2581_DicDraw_Oval() : WidthHeightPrimitive(ipc2581::DrawTypes::Oval) {}
     CIPC2581_DicDraw_Oval(const CIPC2581_DicDraw_Oval & other) = default;
     ~CIPC2581_DicDraw_Oval() override;
     using CIPC2581_DrawObj::operator=;

@@ -1,6 +1,7 @@
 #ifndef IPC2581_CONTENT_DICDRAW_POLYGON_H
 #define IPC2581_CONTENT_DICDRAW_POLYGON_H
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/Export.h"
 #include "ipc2581/base/FieldTable.h"
 #include "ipc2581/content/DictionaryContour.h"
@@ -8,7 +9,7 @@
 // A Polygon element that hosts fill and the library only writes.
 class IPC2581_API CIPC2581_DicDraw_Polygon : public ipc2581::detail::DictionaryContour {
 public:
-    CIPC2581_DicDraw_Polygon() : DictionaryContour(1) {}
+    CIPC2581_DicDraw_Polygon() : DictionaryContour(ipc2581::DictionaryDrawTypes::Polygon) {}
     CIPC2581_DicDraw_Polygon(const CIPC2581_DicDraw_Polygon & other) : CIPC2581_DicDraw_Polygon()
     {
         CopyContour(other);
@@ -22,7 +23,7 @@ public:
     virtual CIPC2581_DicDraw_Polygon & operator=(const CIPC2581_DicDraw_Polygon & other);
 
     // Takes a new empty list. The old one lives on: hosts hold pointers to it.
-    void Init() { Restart(1); }
+    void Init() { Restart(ipc2581::DictionaryDrawTypes::Polygon); }
 };
 
 template <>

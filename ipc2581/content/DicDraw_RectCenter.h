@@ -1,6 +1,7 @@
 #ifndef IPC2581_CONTENT_DICDRAW_RECTCENTER_H
 #define IPC2581_CONTENT_DICDRAW_RECTCENTER_H
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/Export.h"
 #include "ipc2581/base/FieldTable.h"
 #include "ipc2581/content/PrimitiveFamilies.h"
@@ -8,7 +9,7 @@
 // The dictionary primitive RectCenter.
 class IPC2581_API CIPC2581_DicDraw_RectCenter : public ipc2581::detail::WidthHeightPrimitive {
 public:
-    CIPC2581_DicDraw_RectCenter() : WidthHeightPrimitive(11) {}
+    CIPC2581_DicDraw_RectCenter() : WidthHeightPrimitive(ipc2581::DrawTypes::RectCenter) {}
     CIPC2581_DicDraw_RectCenter(const CIPC2581_DicDraw_RectCenter & other) = default;
     ~CIPC2581_DicDraw_RectCenter() override;
     using CIPC2581_DrawObj::operator=;

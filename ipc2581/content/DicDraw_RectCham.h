@@ -1,6 +1,7 @@
 #ifndef IPC2581_CONTENT_DICDRAW_RECTCHAM_H
 #define IPC2581_CONTENT_DICDRAW_RECTCHAM_H
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/Export.h"
 #include "ipc2581/base/FieldTable.h"
 #include "ipc2581/content/PrimitiveFamilies.h"
@@ -17,7 +18,7 @@ public:
     int LowerLeft = 0;
     int LowerRight = 0;
 
-    CIPC2581_DicDraw_RectCham() : Primitive(12) {}
+    CIPC2581_DicDraw_RectCham() : Primitive(ipc2581::DrawTypes::RectCham) {}
     CIPC2581_DicDraw_RectCham(const CIPC2581_DicDraw_RectCham & other) = default;
     ~CIPC2581_DicDraw_RectCham() override;
     using CIPC2581_DrawObj::operator=;

@@ -1,6 +1,7 @@
 #ifndef IPC2581_CONTENT_DICDRAW_RECTCORNER_H
 #define IPC2581_CONTENT_DICDRAW_RECTCORNER_H
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/Export.h"
 #include "ipc2581/base/FieldTable.h"
 #include "ipc2581/content/Primitive.h"
@@ -13,7 +14,7 @@ public:
     double Upper_RightX = 0.0;
     double Upper_RightY = 0.0;
 
-    CIPC2581_DicDraw_RectCorner() : Primitive(13) {}
+    CIPC2581_DicDraw_RectCorner() : Primitive(ipc2581::DrawTypes::RectCorner) {}
     CIPC2581_DicDraw_RectCorner(const CIPC2581_DicDraw_RectCorner & other) = default;
     ~CIPC2581_DicDraw_RectCorner() override;
     using CIPC2581_DrawObj::operator=;

@@ -1,6 +1,7 @@
 #ifndef IPC2581_CONTENT_DICDRAW_RECTROUND_H
 #define IPC2581_CONTENT_DICDRAW_RECTROUND_H
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/Export.h"
 #include "ipc2581/base/FieldTable.h"
 #include "ipc2581/content/PrimitiveFamilies.h"
@@ -17,7 +18,7 @@ public:
     int LowerLeft = 0;
     int LowerRight = 0;
 
-    CIPC2581_DicDraw_RectRound() : Primitive(14) {}
+    CIPC2581_DicDraw_RectRound() : Primitive(ipc2581::DrawTypes::RectRound) {}
     CIPC2581_DicDraw_RectRound(const CIPC2581_DicDraw_RectRound & other) = default;
     ~CIPC2581_DicDraw_RectRound() override;
     using CIPC2581_DrawObj::operator=;

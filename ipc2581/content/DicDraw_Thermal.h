@@ -1,6 +1,7 @@
 #ifndef IPC2581_CONTENT_DICDRAW_THERMAL_H
 #define IPC2581_CONTENT_DICDRAW_THERMAL_H
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/Export.h"
 #include "ipc2581/base/FieldTable.h"
 #include "ipc2581/content/Primitive.h"
@@ -8,14 +9,14 @@
 // The dictionary primitive Thermal. The spoke count is read and kept, but always written as 4.
 class IPC2581_API CIPC2581_DicDraw_Thermal : public ipc2581::detail::Primitive {
 public:
-    int Shape = -1;  // code of the outer form, -1 where none was read
+    int Shape = ipc2581::OuterForms::Unknown;  // code of the outer form, -1 where none was read
     double OuterDiameter = 0.0;
     double InnerDiameter = 0.0;
     int SpokeCount = 0;
     double Gap = 0.0;
     double SpokeStartAngle = 0.0;
 
-    CIPC2581_DicDraw_Thermal() : Primitive(15) {}
+    CIPC2581_DicDraw_Thermal() : Primitive(ipc2581::DrawTypes::Thermal) {}
     CIPC2581_DicDraw_Thermal(const CIPC2581_DicDraw_Thermal & other) = default;
     ~CIPC2581_DicDraw_Thermal() override;
     using CIPC2581_DrawObj::operator=;

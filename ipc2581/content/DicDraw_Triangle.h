@@ -1,6 +1,7 @@
 #ifndef IPC2581_CONTENT_DICDRAW_TRIANGLE_H
 #define IPC2581_CONTENT_DICDRAW_TRIANGLE_H
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/Export.h"
 #include "ipc2581/base/FieldTable.h"
 #include "ipc2581/content/Primitive.h"
@@ -11,7 +12,7 @@ public:
     double Base = 0.0;
     double Height = 0.0;
 
-    CIPC2581_DicDraw_Triangle() : Primitive(16) {}
+    CIPC2581_DicDraw_Triangle() : Primitive(ipc2581::DrawTypes::Triangle) {}
     CIPC2581_DicDraw_Triangle(const CIPC2581_DicDraw_Triangle & other) = default;
     ~CIPC2581_DicDraw_Triangle() override;
     using CIPC2581_DrawObj::operator=;

@@ -1,6 +1,7 @@
 #ifndef IPC2581_CONTENT_DICTIONARYDRAWOBJ_H
 #define IPC2581_CONTENT_DICTIONARYDRAWOBJ_H
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
 #include "ipc2581/base/FieldTable.h"
@@ -10,7 +11,7 @@
 // and has draw types of its own: 0 the base, 1 a polygon, 2 a cutout.
 class IPC2581_API CIPC2581_DictionaryDrawObj {
 public:
-    int DrawType = 0;
+    int DrawType = ipc2581::DictionaryDrawTypes::Plain;
 
     CIPC2581_DictionaryDrawObj();
     CIPC2581_DictionaryDrawObj(const CIPC2581_DictionaryDrawObj & other);

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/lines/LineTemplate.h"
 #include "ipc2581/draw/PolyContour.h"
 
@@ -12,7 +13,7 @@ CIPC2581_Cutout::CIPC2581_Cutout()
     CIPC2581_Cutout::Init();
 }
 
-CIPC2581_Cutout::CIPC2581_Cutout(ObjectBlocks & blocks) : ContourShape(blocks, 23) {}
+CIPC2581_Cutout::CIPC2581_Cutout(ObjectBlocks & blocks) : ContourShape(blocks, ipc2581::DrawTypes::Cutout) {}
 
 CIPC2581_Cutout::CIPC2581_Cutout(const CIPC2581_Cutout & other) : CIPC2581_Cutout()
 {
@@ -48,7 +49,7 @@ CIPC2581_Cutout & CIPC2581_Cutout::operator=(const CIPC2581_Cutout & other)
 
 void CIPC2581_Cutout::Init()
 {
-    DrawType = 23;
+    DrawType = ipc2581::DrawTypes::Cutout;
     // New parts, unlike in a polygon: hosts rely on the getters giving new objects behind Init.
     delete PolyBegin;
     PolyBegin = nullptr;
@@ -60,7 +61,7 @@ void CIPC2581_Cutout::Init()
 
 CIPC2581_CutoutArray::CIPC2581_CutoutArray()
 {
-    DrawType = 24;
+    DrawType = ipc2581::DrawTypes::CutoutArray;
 }
 
 // The draw type of a copy stays that of a plain shape.

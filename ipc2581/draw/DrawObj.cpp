@@ -1,16 +1,11 @@
 #include "ipc2581/draw/DrawObj.h"
 
-#include <array>
 #include <cmath>
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/lines/LineTemplate.h"
 
-namespace {
-
-constexpr int PlainDrawType = 17;
-constexpr std::array<const char *, 4> ShapeTypes = {"ROUND", "SQUARE", "HEXAGON", "OCTAGON"};
-
-}  // namespace
+using ipc2581::OuterFormWords;
 
 CIPC2581_DrawObj::CIPC2581_DrawObj() = default;
 CIPC2581_DrawObj::CIPC2581_DrawObj(const CIPC2581_DrawObj & other) = default;
@@ -42,7 +37,7 @@ int CIPC2581_DrawObj::Export(CStdioFile & /*file*/, int /*level*/)
 
 void CIPC2581_DrawObj::Init()
 {
-    DrawType = PlainDrawType;
+    DrawType = ipc2581::DrawTypes::Plain;
 }
 
 double CIPC2581_DrawObj::Distance(double x1, double y1, double x2, double y2)
@@ -52,18 +47,18 @@ double CIPC2581_DrawObj::Distance(double x1, double y1, double x2, double y2)
 
 int CIPC2581_DrawObj::GetShapeType(CString text)
 {
-    for (std::size_t code = 0; code < ShapeTypes.size(); ++code) {
-        if (text == ShapeTypes[code]) {
+    for (std::size_t code = 0; code < OuterFormWords.size(); ++code) {
+        if (text == OuterFormWords[code]) {
             return static_cast<int>(code);
         }
     }
-    return -1;
+    return ipc2581::OuterForms::Unknown;
 }
 
 CString CIPC2581_DrawObj::GetShapeType(int code)
 {
-    const bool isKnown = code >= 0 && code < static_cast<int>(ShapeTypes.size());
-    return ShapeTypes[isKnown ? static_cast<std::size_t>(code) : 0];
+    const bool isKnown = code >= 0 && code < static_cast<int>(OuterFormWords.size());
+    return CString(OuterFormWords[isKnown ? static_cast<std::size_t>(code) : 0]);
 }
 
 CIPC2581_DrawObjArray::CIPC2581_DrawObjArray() = default;

@@ -1,6 +1,7 @@
 #ifndef IPC2581_DRAW_DRAWOBJ_H
 #define IPC2581_DRAW_DRAWOBJ_H
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
 #include "ipc2581/base/FieldTable.h"
@@ -13,7 +14,7 @@
 // arc and a text. Coordinates are in the document's own units throughout.
 class IPC2581_API CIPC2581_DrawObj {
 public:
-    int DrawType = 17;
+    int DrawType = ipc2581::DrawTypes::Plain;
 
     CIPC2581_DrawObj();
     CIPC2581_DrawObj(const CIPC2581_DrawObj & other);

@@ -1,5 +1,6 @@
 #include "ipc2581/draw/Line.h"
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/OwnedPart.h"
 #include "ipc2581/base/lines/LineCycle.h"
 #include "ipc2581/base/lines/LineTemplate.h"
@@ -14,7 +15,7 @@ CIPC2581_Line::CIPC2581_Line() : CIPC2581_Line(WithoutParts())
 
 CIPC2581_Line::CIPC2581_Line(ObjectBlocks & blocks) : CIPC2581_Line(WithoutParts())
 {
-    DrawType = 18;
+    DrawType = ipc2581::DrawTypes::Line;
     StartPoint = MakeFrom<CIPC2581_Point>(blocks);
     EndPoint = MakeFrom<CIPC2581_Point>(blocks);
     LineDesc = MakeFrom<CIPC2581_LineDesc>(blocks);
@@ -74,7 +75,7 @@ CIPC2581_Line & CIPC2581_Line::operator=(const CIPC2581_Line & other)
 
 void CIPC2581_Line::Init()
 {
-    DrawType = 18;
+    DrawType = ipc2581::DrawTypes::Line;
     ResetOrCreate(StartPoint);
     ResetOrCreate(EndPoint);
     ResetOrCreate(LineDesc);

@@ -1,5 +1,6 @@
 #include "ipc2581/draw/Outline.h"
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/OwnedPart.h"
 #include "ipc2581/base/lines/LineCycle.h"
 #include "ipc2581/base/lines/LineTemplate.h"
@@ -14,7 +15,7 @@ CIPC2581_Outline::CIPC2581_Outline() : CIPC2581_Outline(WithoutParts())
 
 CIPC2581_Outline::CIPC2581_Outline(ObjectBlocks & blocks) : CIPC2581_Outline(WithoutParts())
 {
-    DrawType = 19;
+    DrawType = ipc2581::DrawTypes::Outline;
     Polygon = MakeFrom<CIPC2581_Polygon>(blocks);
     LineDesc = MakeFrom<CIPC2581_LineDesc>(blocks);
 }
@@ -64,7 +65,7 @@ CIPC2581_Outline & CIPC2581_Outline::operator=(const CIPC2581_Outline & other)
 
 void CIPC2581_Outline::InIt()
 {
-    DrawType = 19;
+    DrawType = ipc2581::DrawTypes::Outline;
     ResetOrCreate(Polygon);
     ResetOrCreate(LineDesc);
 }

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/lines/AttributeScan.h"
 #include "ipc2581/base/lines/LineTemplate.h"
 
@@ -21,7 +22,7 @@ void ReadPolyStepSegment(const TokenList & tokens, std::unique_ptr<CIPC2581_Poly
 void ReadPolyStepCurve(const TokenList & tokens, std::unique_ptr<CIPC2581_PolyStep> step,
                        CIPC2581_PolyStepArray & steps)
 {
-    step->Type = 1;
+    step->Type = StepTypes::Curve;
     ScanAttributes<Fields<CIPC2581_PolyStep>::PolyStepCurve>(tokens, *step);
     Append(steps, std::move(step));
 }

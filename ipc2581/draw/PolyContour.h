@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/lines/LineCycle.h"
 #include "ipc2581/base/lines/TokenList.h"
@@ -36,7 +37,7 @@ void DeleteEqualNeighbours(CExPtrArray<Step *, Step *> & steps)
 {
     int i = 0;
     while (i + 1 < steps.GetSize()) {
-        if (*steps.GetAt(i) == *steps.GetAt(i + 1) && steps.GetAt(i + 1)->Type != 1) {
+        if (*steps.GetAt(i) == *steps.GetAt(i + 1) && steps.GetAt(i + 1)->Type != StepTypes::Curve) {
             steps.DeleteAt(i + 1, 1);
         }
         else {

@@ -1,5 +1,6 @@
 #include "ipc2581/draw/PolyLine.h"
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/OwnedPart.h"
 #include "ipc2581/base/lines/LineTemplate.h"
 #include "ipc2581/base/platform/ObjectBlocks.h"
@@ -13,7 +14,7 @@ CIPC2581_PolyLine::CIPC2581_PolyLine()
 }
 
 CIPC2581_PolyLine::CIPC2581_PolyLine(ObjectBlocks & blocks)
-    : ContourShape(blocks, 20), LineDesc(MakeFrom<CIPC2581_LineDesc>(blocks))
+    : ContourShape(blocks, ipc2581::DrawTypes::PolyLine), LineDesc(MakeFrom<CIPC2581_LineDesc>(blocks))
 {
 }
 
@@ -71,7 +72,7 @@ CIPC2581_PolyLine & CIPC2581_PolyLine::operator=(const CIPC2581_PolyLine & other
 
 void CIPC2581_PolyLine::Init()
 {
-    DrawType = 20;
+    DrawType = ipc2581::DrawTypes::PolyLine;
     ResetOrCreate(PolyBegin);
     EmptyOrCreate(PolyStepArray);
     ResetOrCreate(LineDesc);

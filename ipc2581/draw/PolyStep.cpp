@@ -42,7 +42,7 @@ int CIPC2581_PolyStep::operator!=(const CIPC2581_PolyStep & /*other*/) const
 
 int CIPC2581_PolyStep::Export(CStdioFile & file, int level)
 {
-    if (Type == 0) {
+    if (Type == ipc2581::StepTypes::Segment) {
         WritePolyStepSegment(file, level, *EndPoint->Point);
     }
     else {
@@ -69,7 +69,7 @@ CIPC2581_PolyStep * CIPC2581_PolyStep::clone() const
 
 void CIPC2581_PolyStep::Init()
 {
-    Type = 0;
+    Type = ipc2581::StepTypes::Segment;
     ResetOrCreate(EndPoint);
     ResetOrCreate(CenterPoint);
     ClockWise = 1;

@@ -1,6 +1,7 @@
 #ifndef IPC2581_DRAW_POLYSTEP_H
 #define IPC2581_DRAW_POLYSTEP_H
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
 #include "ipc2581/base/FieldTable.h"
@@ -11,7 +12,7 @@
 // One step of a contour: a PolyStepSegment or a PolyStepCurve.
 class IPC2581_API CIPC2581_PolyStep {
 public:
-    int Type = 0;  // 0 a segment; anything else is written as a curve
+    int Type = ipc2581::StepTypes::Segment;  // 0 a segment; anything else is written as a curve
     // Owned and never null. A segment has a centre too, which is not written.
     CIPC2581_Point * EndPoint = nullptr;
     CIPC2581_Point * CenterPoint = nullptr;

@@ -1,5 +1,6 @@
 #include "ipc2581/draw/Polygon.h"
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/OwnedPart.h"
 #include "ipc2581/base/lines/LineTemplate.h"
 #include "ipc2581/draw/PolyContour.h"
@@ -11,7 +12,7 @@ CIPC2581_Polygon::CIPC2581_Polygon()
     CIPC2581_Polygon::InIt();
 }
 
-CIPC2581_Polygon::CIPC2581_Polygon(ObjectBlocks & blocks) : ContourShape(blocks, 22) {}
+CIPC2581_Polygon::CIPC2581_Polygon(ObjectBlocks & blocks) : ContourShape(blocks, ipc2581::DrawTypes::Polygon) {}
 
 CIPC2581_Polygon::CIPC2581_Polygon(const CIPC2581_Polygon & other) : CIPC2581_Polygon()
 {
@@ -47,7 +48,7 @@ CIPC2581_Polygon & CIPC2581_Polygon::operator=(const CIPC2581_Polygon & other)
 
 void CIPC2581_Polygon::InIt()
 {
-    DrawType = 22;
+    DrawType = ipc2581::DrawTypes::Polygon;
     ResetOrCreate(PolyBegin);
     EmptyOrCreate(PolyStepArray);
 }

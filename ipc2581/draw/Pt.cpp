@@ -30,10 +30,10 @@ int CIPC2581_Pt::operator!=(const CIPC2581_Pt & other) const
 
 int CIPC2581_Pt::Export(CStdioFile & file, int level)
 {
-    if (Type == 0) {
+    if (Type == ipc2581::StepTypes::Segment) {
         WritePolyStepSegment(file, level, EndPoint);
     }
-    else if (Type == 1) {
+    else if (Type == ipc2581::StepTypes::Curve) {
         WritePolyStepCurve(file, level, EndPoint, CenterPoint, ClockWise);
     }
     else {
@@ -45,7 +45,7 @@ int CIPC2581_Pt::Export(CStdioFile & file, int level)
 
 void CIPC2581_Pt::Init()
 {
-    Type = 0;
+    Type = ipc2581::StepTypes::Segment;
     EndPoint.SetData(0.0, 0.0);
     CenterPoint.SetData(0.0, 0.0);
     ClockWise = 1;

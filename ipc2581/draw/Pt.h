@@ -1,6 +1,7 @@
 #ifndef IPC2581_DRAW_PT_H
 #define IPC2581_DRAW_PT_H
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/Export.h"
 #include "ipc2581/base/FieldTable.h"
@@ -11,7 +12,7 @@
 // into the list of a CIPC2581_DicDraw_Polygon or CIPC2581_DicDraw_Cutout.
 class IPC2581_API CIPC2581_Pt {
 public:
-    int Type = 0;  // 0 a segment, 1 a curve; anything else is not written
+    int Type = ipc2581::StepTypes::Segment;  // 0 a segment, 1 a curve; anything else is not written
     CPointD EndPoint;
     CPointD CenterPoint;
     int ClockWise = 1;  // 1 is written as TRUE, anything else as FALSE

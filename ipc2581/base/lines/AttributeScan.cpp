@@ -2,13 +2,11 @@
 
 #include <cstdint>
 
+#include "ipc2581/base/Codes.h"
 #include "ipc2581/base/lines/Scan.h"
 
 namespace ipc2581::detail {
 namespace {
-
-// The outer forms, in the order of their codes.
-constexpr std::array<std::string_view, 4> Forms = {"ROUND", "SQUARE", "HEXAGON", "OCTAGON"};
 
 void TestToken(const TokenList & tokens, int & index, const AttributeRows & table, void * object)
 {
@@ -37,55 +35,71 @@ bool IsTail(const char * at, const char * end)
     return at == end || SkipBlanks(at, end) == end;
 }
 
-// The attributes of a line stand in the order of the table more often than not, so that the row behind the one that was
-// hit last is tried first.
-class PlainRows {
-public:
-    PlainRows(const AttributeRows & table, void * object) : m_table(table), m_object(object) {}
-
-    // A token of the form key="value" has one "=", so a word that ends in one is held exactly if the key and its "="
-    // end in it.
-    void Test(std::string_view keyWithEqual, AttributeHit & hit)
-    {
-        const std::uint64_t tail = Word::Tail(keyWithEqual.data() + keyWithEqual.size());
-        const std::size_t size = m_table.rows.size();
-        if (m_table.areApart && m_next < size && IsHit(m_table.rows[m_next], tail, keyWithEqual)) {
-            m_table.rows[m_next].store(hit, m_object);
-            ++m_next;
-            return;
-        }
-        for (std::size_t i = 0; i < size; ++i) {
-            if (IsHit(m_table.rows[i], tail, keyWithEqual)) {
-                m_table.rows[i].store(hit, m_object);
-                m_next = i + 1;
-                return;
-            }
+// Gives the value to the first row of the table that the key hits, and returns the row behind that one; null if there
+// is none. An attribute of the form key="value" has one "=", so a word that ends in one is held exactly if the key and
+// its "=" end in it.
+const AttributeRow * TakePlain(const AttributeRows & table, std::string_view keyWithEqual, AttributeHit & hit,
+                               void * object)
+{
+    const std::uint64_t tail = Word::Tail(keyWithEqual.data() + keyWithEqual.size());
+    for (const AttributeRow & row : table.rows) {
+        if (row.word.MayEnd(tail) && row.word.Ends(keyWithEqual)) {
+            row.store(hit, object);
+            return &row + 1;
         }
     }
+    return nullptr;
+}
 
-private:
-    static bool IsHit(const AttributeRow & row, std::uint64_t tail, std::string_view keyWithEqual)
-    {
-        return row.word.MayEnd(tail) && row.word.Ends(keyWithEqual);
+// Attributes stand in the order of their table more often than not. Takes those from the key on that do and that have a
+// short value, and returns where the first other one begins; null if the line ends before. It stands on the row that
+// is next.
+const char * TakeInOrder(const TokenList & tokens, const char * key, const char * end, const AttributeRow *& next,
+                         const AttributeRow * rowsEnd, void * object)
+{
+    while (next != rowsEnd && next->key.IsAt(key)) {
+        const char * const value = key + next->key.Size();
+        const char * const quote = FindNearSpecial(value);
+        if (quote == nullptr || *quote != '"' || quote >= end) {
+            return key;
+        }
+        const char * const behind = quote + 1;
+        const bool isLast = behind == end || *behind != ' ';
+        if (isLast && !IsTail(behind, end)) {
+            return key;
+        }
+        AttributeHit hit(tokens, {value, static_cast<std::size_t>(quote - value)});
+        next->store(hit, object);
+        ++next;
+        if (isLast) {
+            return nullptr;
+        }
+        key = behind + 1;
     }
-
-    const AttributeRows & m_table;
-    void * m_object;
-    std::size_t m_next = 0;
-};
+    return key;
+}
 
 // Scans what stands behind the first token of a line as long as it has the plain form; false from there on.
-bool ScanPlain(const TokenList & tokens, std::string_view rest, PlainRows first, PlainRows second)
+bool ScanPlain(const TokenList & tokens, std::string_view rest, const AttributeRows & first,
+               const AttributeRows * second, void * object)
 {
     const char * const end = rest.data() + rest.size();
+    // Where a key can hit one row at most, the order of the table does not count.
+    const bool mayBeInOrder = first.areApart && second == nullptr;
+    const AttributeRow * const rowsEnd = first.rows.data() + first.rows.size();
+    const AttributeRow * next = mayBeInOrder ? first.rows.data() : rowsEnd;
     SpecialWalk walk(rest.data(), end);
-    walk.Skip();
-    for (const char * key = rest.data() + 1; key < end;) {
+    const char * key = rest.data() + 1;
+    for (;;) {
+        key = TakeInOrder(tokens, key, end, next, rowsEnd, object);
+        if (key == nullptr || key >= end) {
+            return true;
+        }
         const auto [equal, quote] = walk.FirstAndThird(key);
         const bool isAttribute = equal != key && *equal == '=' && equal[1] == '"' && *quote == '"' && quote < end;
         if (!isAttribute) {
             if (equal == key && *equal == ' ') {
-                walk.Restart(++key);
+                ++key;
                 continue;
             }
             return equal == key ? IsTail(equal, end) : equal >= end;
@@ -97,15 +111,16 @@ bool ScanPlain(const TokenList & tokens, std::string_view rest, PlainRows first,
         }
         AttributeHit hit(tokens, {equal + 2, static_cast<std::size_t>(quote - equal - 2)});
         const std::string_view keyWithEqual(key, static_cast<std::size_t>(equal + 1 - key));
-        first.Test(keyWithEqual, hit);
-        second.Test(keyWithEqual, hit);
+        const AttributeRow * const following = TakePlain(first, keyWithEqual, hit, object);
+        next = mayBeInOrder && following != nullptr ? following : next;
+        if (second != nullptr) {
+            TakePlain(*second, keyWithEqual, hit, object);
+        }
         if (isLast) {
             return true;
         }
-        walk.Skip();
         key = behind + 1;
     }
-    return true;
 }
 
 }  // namespace
@@ -129,28 +144,30 @@ bool TakeDirection(AttributeHit & hit)
 void TakeForm(const AttributeHit & hit, int knownForms, int & form)
 {
     for (int code = 0; code < knownForms; ++code) {
-        if (HoldsText(hit.Token(), Forms[static_cast<std::size_t>(code)])) {
+        if (HoldsText(hit.Token(), OuterFormWords[static_cast<std::size_t>(code)])) {
             form = code;
             return;
         }
     }
 }
 
-void ScanRows(const TokenList & tokens, const AttributeRows & first, const AttributeRows & second, void * object)
+void ScanRows(const TokenList & tokens, const AttributeRows & first, const AttributeRows * second, void * object)
 {
     std::string_view rest;
-    const bool mayBePlain = first.areAttributes && second.areAttributes && tokens.HasRest(rest);
-    if (!mayBePlain || !ScanPlain(tokens, rest, {first, object}, {second, object})) {
+    const bool mayBePlain = first.areAttributes && (second == nullptr || second->areAttributes) && tokens.HasRest(rest);
+    if (!mayBePlain || !ScanPlain(tokens, rest, first, second, object)) {
         ScanTokens(tokens, first, second, object);
     }
 }
 
-void ScanTokens(const TokenList & tokens, const AttributeRows & first, const AttributeRows & second, void * object)
+void ScanTokens(const TokenList & tokens, const AttributeRows & first, const AttributeRows * second, void * object)
 {
     TakeOrPassOver(tokens, [&] {
         for (int index = 0; index < tokens.Size(); ++index) {
             TestToken(tokens, index, first, object);
-            TestToken(tokens, index, second, object);
+            if (second != nullptr) {
+                TestToken(tokens, index, *second, object);
+            }
         }
     });
 }

@@ -12,6 +12,7 @@
 #include "ipc2581/base/FieldTable.h"
 #include "ipc2581/base/ReadObserver.h"
 #include "ipc2581/base/lines/LineCycle.h"
+#include "ipc2581/base/lines/Scan.h"
 #include "ipc2581/base/lines/TokenList.h"
 #include "ipc2581/base/lines/Word.h"
 #include "ipc2581/base/platform/Afx.h"
@@ -56,6 +57,8 @@ struct AttributeRow {
     Word word;
     Reading reading;
     void (*store)(AttributeHit & hit, void * object);
+    // The word with the quote behind it.
+    ShortKey key;
 };
 
 // The rows of a table, made when the library is compiled.
@@ -135,12 +138,17 @@ void StoreAttribute(AttributeHit & hit, void * object)
         attribute.member);
 }
 
-template <const auto & element, std::size_t... indexes>
-constexpr auto MakeRows(std::index_sequence<indexes...> /*all*/)
+template <const auto & element, std::size_t index>
+consteval AttributeRow MakeRow()
 {
-    return std::array{AttributeRow{Word(std::get<indexes>(element.attributes).word),
-                                   std::get<indexes>(element.attributes).reading,
-                                   &StoreAttribute<element, indexes>}...};
+    constexpr auto & attribute = std::get<index>(element.attributes);
+    return {Word(attribute.word), attribute.reading, &StoreAttribute<element, index>, ShortKey(attribute.word, '"')};
+}
+
+template <const auto & element, std::size_t... indexes>
+consteval auto MakeRows(std::index_sequence<indexes...> /*all*/)
+{
+    return std::array{MakeRow<element, indexes>()...};
 }
 
 template <const auto & element>
@@ -150,7 +158,7 @@ inline constexpr auto
 template <const auto & element>
 inline constexpr AttributeRows TableOf{RowsOf<element>};
 
-void ScanRows(const TokenList & tokens, const AttributeRows & first, const AttributeRows & second, void * object);
+void ScanRows(const TokenList & tokens, const AttributeRows & first, const AttributeRows * second, void * object);
 
 // Walks the tokens from the first one on. Each is tested against the attributes of the element in their order, and the
 // first word that the token holds takes its value. A repeated attribute overwrites, an absent one leaves its member as
@@ -161,8 +169,7 @@ void ScanRows(const TokenList & tokens, const AttributeRows & first, const Attri
 template <const auto & element>
 void ScanAttributes(const TokenList & tokens, typename std::remove_cvref_t<decltype(element)>::Object & object)
 {
-    static constexpr AttributeRows none;
-    ScanRows(tokens, TableOf<element>, none, &object);
+    ScanRows(tokens, TableOf<element>, nullptr, &object);
 }
 
 // The double form: after each token has passed the first table, the token on which the scan then stands is tested
@@ -170,7 +177,7 @@ void ScanAttributes(const TokenList & tokens, typename std::remove_cvref_t<declt
 template <const auto & first, const auto & second>
 void ScanAttributesTwice(const TokenList & tokens, typename std::remove_cvref_t<decltype(first)>::Object & object)
 {
-    ScanRows(tokens, TableOf<first>, TableOf<second>, &object);
+    ScanRows(tokens, TableOf<first>, &TableOf<second>, &object);
 }
 
 // Makes an object, for what is read from the file, from the opening line of its element.
@@ -198,7 +205,7 @@ void TakeOrPassOver(const TokenList & tokens, Take take)
 }
 
 // The scan by the token list alone, which the scan of plain lines must agree with on every input.
-void ScanTokens(const TokenList & tokens, const AttributeRows & first, const AttributeRows & second, void * object);
+void ScanTokens(const TokenList & tokens, const AttributeRows & first, const AttributeRows * second, void * object);
 
 }  // namespace ipc2581::detail
 

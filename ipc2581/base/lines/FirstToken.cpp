@@ -10,6 +10,8 @@ FirstToken Examine(std::string_view token)
 {
     FirstToken examined;
     examined.set = SetOf(token);
+    examined.size = static_cast<std::uint32_t>(token.size());
+    examined.mayHavePlainRest = (examined.set & SetOf('=')) == 0;
     if (!token.empty() && IsBracket(token.front())) {
         examined.front = 1;
         token.remove_prefix(1);
@@ -29,14 +31,14 @@ const FirstToken & FirstTokenMemory::FindLong(std::string_view token)
 }
 
 // The place beside an entry keeps what was in it, so that two tokens that take turns do not drive each other out.
-const FirstToken & FirstTokenMemory::FindBeside(Entry & entry, const ShortText & text, std::string_view token)
+const FirstToken & FirstTokenMemory::FindBeside(Entry & entry, std::string_view token)
 {
+    const ShortText text(token);
     Entry & beside = m_entries[static_cast<std::size_t>(&entry - m_entries.data()) ^ 1];
     if (beside.Is(text, token.size())) {
         return beside.token;
     }
     beside = entry;
-    entry.size = token.size();
     entry.token = Examine(token);
     text.StoreAt(entry.text.data());
     return entry.token;

@@ -21,7 +21,9 @@ namespace ipc2581::detail {
 struct FirstToken {
     std::uint8_t front = 0;  // brackets at either end, which are no part of the text
     std::uint8_t back = 0;
-    bool isDirty = false;  // there are brackets inside too
+    bool isDirty = false;          // there are brackets inside too
+    bool mayHavePlainRest = true;  // there is no "=" in it
+    std::uint32_t size = 0;        // with its brackets, of one that is remembered
     CharacterSet set = 0;
 };
 
@@ -108,23 +110,22 @@ public:
         }
         const ShortText text(token);
         Entry & entry = m_entries[text.Hash()];
-        return entry.Is(text, token.size()) ? entry.token : FindBeside(entry, text, token);
+        return entry.Is(text, token.size()) ? entry.token : FindBeside(entry, token);
     }
 
 private:
     struct Entry {
         std::array<char, ShortText::Size> text = {};
-        std::size_t size = 0;
         FirstToken token;
 
         bool Is(const ShortText & other, std::size_t otherSize) const
         {
-            return other.IsAt(text.data()) && size == otherSize;
+            return other.IsAt(text.data()) && token.size == otherSize;
         }
     };
 
     const FirstToken & FindLong(std::string_view token);
-    const FirstToken & FindBeside(Entry & entry, const ShortText & text, std::string_view token);
+    const FirstToken & FindBeside(Entry & entry, std::string_view token);
 
     std::array<Entry, ShortText::Hashes> m_entries;
     FirstToken m_long;

@@ -22,6 +22,12 @@ std::string_view FromFirstBracket(std::string_view line)
     return bracket == std::string_view::npos ? line : line.substr(bracket);
 }
 
+// A line that is empty may stand nowhere.
+LineStart LookAt(std::string_view line)
+{
+    return line.empty() ? LineStart() : LineStart(line.data());
+}
+
 }  // namespace
 
 // A file class of the host's own is read through its operations; the lines of a plain one need no copy.
@@ -31,7 +37,7 @@ LineCycle::LineCycle(CStdioFile & file, LineForm form)
       m_observer(m_lines.Observer()),
       m_form(form),
       m_isPlainFile(IsPlainFile(file)),
-      m_isDirect(m_isPlainFile && m_observer == nullptr)
+      m_isExpecting(m_isPlainFile && m_observer == nullptr && form == LineForm::Plain)
 {
     if (m_observer != nullptr) {
         m_observer->LoopBegins();
@@ -41,21 +47,29 @@ LineCycle::LineCycle(CStdioFile & file, LineForm form)
 bool LineCycle::Next()
 {
     m_lines.CheckModelLimit();
-    if (!m_isDirect) {
-        return NextAside();
+    if (m_isExpecting) {
+        if (const LineHead * const head = m_lines.NextExpectedLine(m_line)) {
+            m_isWhole = false;
+            m_tested = {m_line.data() + head->tested, head->testedSize};
+            m_testedSet = head->set;
+            m_restAt = head->plainRestAt;
+            return true;
+        }
     }
-    if (!m_lines.NextLine(m_line)) {
-        return false;
-    }
-    TestLine();
-    return true;
+    return NextUnexpected();
 }
 
-inline void LineCycle::TestLine()
+[[gnu::noinline]] bool LineCycle::NextUnexpected()
 {
-    if (m_form == LineForm::Plain || !TestFormOfItsOwn()) {
-        TestFirstToken();
+    if (m_observer != nullptr || !m_isPlainFile) {
+        return NextAside();
     }
+    LineStart look;
+    if (!m_lines.NextLine(m_line, look)) {
+        return false;
+    }
+    TestLine(look);
+    return true;
 }
 
 LineTokens & LineCycle::CopyTokens(LineTokens & tokens)
@@ -66,18 +80,18 @@ LineTokens & LineCycle::CopyTokens(LineTokens & tokens)
     return tokens;
 }
 
-// As Next, for a file of the host's own and for one that somebody looks at.
+// As Next, for a file class of the host's own and for a file that somebody looks at.
 bool LineCycle::NextAside()
 {
     while (m_isPlainFile ? m_lines.NextLine(m_line) : ReadHostLine()) {
         if (m_observer == nullptr) {
-            TestLine();
+            TestLine(LookAt(m_line));
             return true;
         }
         m_observer->LineTaken(m_line);
         const ReadStop stop = m_line.empty() ? ReadStop::EmptyLine : ReadStop::BlankLine;
         try {
-            TestLine();
+            TestLine(LookAt(m_line));
             // The observer is told of tokens, which the scan of plain lines does not make.
             m_restAt = TokenList::NoPlainRest;
             return true;
@@ -102,29 +116,39 @@ bool LineCycle::ReadHostLine()
     return isRead;
 }
 
-// Brings a line that is not plain into the form for the test of its first token; true if it has been tested already.
-bool LineCycle::TestFormOfItsOwn()
+inline void LineCycle::TestLine(const LineStart & look)
+{
+    if (m_form == LineForm::Plain) {
+        TestFirstToken(look);
+    }
+    else {
+        TestFormOfItsOwn();
+    }
+}
+
+// Brings a line that is not plain into its form.
+void LineCycle::TestFormOfItsOwn()
 {
     switch (m_form) {
     case LineForm::Plain:
-        return false;
+        break;
     case LineForm::Content:
         m_line = FromFirstBracket(m_line);
         if (m_line.find(' ') != std::string_view::npos) {
-            return false;
+            break;
         }
         BlankBothEnds();
         TestWholeLine();
-        return true;
+        return;
     case LineForm::Trimmed:
         m_line = Trimmed(m_line);
-        return false;
+        break;
     case LineForm::WholeLine:
         TestWholeLine();
         m_isWhole = m_line.find(' ') == std::string_view::npos;
-        return true;
+        return;
     }
-    return false;
+    TestFirstToken(LookAt(m_line));
 }
 
 void LineCycle::TestWholeLine()
@@ -136,11 +160,11 @@ void LineCycle::TestWholeLine()
 }
 
 // Finds the first token without a token list, which a line that no test hits never needs.
-inline void LineCycle::TestFirstToken()
+inline void LineCycle::TestFirstToken(const LineStart & look)
 {
     const char * const begin = m_line.data();
     const char * const end = begin + m_line.size();
-    const auto [start, tokenEnd] = FindToken(begin, end);
+    const auto [start, tokenEnd] = look.FirstToken(begin, end);
     if (start == end && start != begin) {
         AfxThrowInvalidArgException();
     }
@@ -157,8 +181,12 @@ inline void LineCycle::TestFirstToken()
         m_tested = Tokens()[0];
         return;
     }
-    m_restAt = (found.set & SetOf('=')) == 0 ? static_cast<std::size_t>(tokenEnd - begin) : TokenList::NoPlainRest;
+    m_restAt = found.mayHavePlainRest ? static_cast<std::size_t>(tokenEnd - begin) : TokenList::NoPlainRest;
     m_tested = {token.data() + found.front, token.size() - found.front - found.back};
+    if (m_isExpecting) {
+        const std::size_t tokenAt = static_cast<std::size_t>(start - begin);
+        m_lines.Heads().Remember({begin, tokenAt + token.size()}, tokenAt, found, m_restAt);
+    }
 }
 
 void LineCycle::BlankBothEnds()

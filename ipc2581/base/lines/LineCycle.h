@@ -107,12 +107,13 @@ public:
     LineTokens & CopyTokens(LineTokens & tokens);
 
 private:
+    bool NextUnexpected();
     bool NextAside();
     bool ReadHostLine();
-    void TestLine();
-    bool TestFormOfItsOwn();
+    void TestLine(const LineStart & look);
+    void TestFormOfItsOwn();
     void TestWholeLine();
-    void TestFirstToken();
+    void TestFirstToken(const LineStart & look);
     void BlankBothEnds();
 
     CStdioFile & m_file;
@@ -120,8 +121,8 @@ private:
     ReadObserver * const m_observer;
     const LineForm m_form;
     const bool m_isPlainFile;
-    // Neither observed nor of a file class of the host's own.
-    const bool m_isDirect;
+    // The heads of its lines are remembered: of plain lines of a plain file that nobody looks at.
+    const bool m_isExpecting;
     std::string_view m_line;
     // What the tests look at, with its set of characters, and where the line goes on behind it.
     std::string_view m_tested;

@@ -11,6 +11,7 @@
 #include <typeinfo>
 
 #include "ipc2581/base/lines/FirstToken.h"
+#include "ipc2581/base/lines/LineHead.h"
 #include "ipc2581/base/lines/Scan.h"
 #include "ipc2581/base/lines/TokenList.h"
 #include "ipc2581/base/platform/CStdioFile.h"
@@ -33,16 +34,53 @@ public:
 
     // The next line without its line end; false and an empty line at the end of the file. The line stays valid until
     // the next call on this object, with ReadAhead bytes in front of its first and behind its last one.
-    bool NextLine(std::string_view & line)
+    // The look at its start is for who goes on with it.
+    bool NextLine(std::string_view & line, LineStart & look)
     {
         const char * const start = m_buffer + m_begin;
         const char * const end = m_buffer + m_end;
-        const char * const found = m_isWriting ? end : FindLineFeed(start, end);
-        if (found == end) {
-            return NextLineFromFile(line);
+        if (start != end && !m_isWriting) {
+            look = LineStart(start);
+            const char * const found = look.LineFeed(start, end);
+            if (found != end) {
+                TakeLine(found, line);
+                return true;
+            }
         }
-        TakeLine(found, line);
-        return true;
+        const bool isRead = NextLineFromFile(line);
+        look = line.empty() ? LineStart() : LineStart(line.data());
+        return isRead;
+    }
+    // The next line, if it stands in the buffer and begins as one did behind a line like the last; else null, and no
+    // line is taken.
+    const LineHead * NextExpectedLine(std::string_view & line)
+    {
+        const char * const start = m_buffer + m_begin;
+        const char * const end = m_buffer + m_end;
+        const LineHead * const head = start == end || m_isWriting ? nullptr : m_heads.Expected(start);
+        if (head == nullptr) {
+            return nullptr;
+        }
+        const char * lineFeed = start + head->size;
+        if (*lineFeed == ' ') {
+            lineFeed = FindLineFeed(lineFeed, end);
+        }
+        else {
+            lineFeed += *lineFeed == '\r' ? 1 : 0;
+            // A line without a blank has no tokens.
+            lineFeed = *lineFeed == '\n' && head->isIndented ? lineFeed : end;
+        }
+        if (lineFeed >= end) {
+            return nullptr;
+        }
+        m_heads.TakeExpected();
+        TakeLine(lineFeed, line);
+        return head;
+    }
+    bool NextLine(std::string_view & line)
+    {
+        LineStart look;
+        return NextLine(line, look);
     }
     std::size_t Read(char * bytes, std::size_t count);
 
@@ -75,6 +113,7 @@ public:
     TokenList & Tokens() { return m_tokens; }
     ObjectBlocks & Blocks() { return m_blocks; }
     FirstTokenMemory & FirstTokens() { return m_firstTokens; }
+    LineHeads & Heads() { return m_heads; }
     std::string & Scratch() { return m_scratch; }
     std::string & HostLine() { return m_hostLine; }
 
@@ -123,6 +162,7 @@ private:
     std::uint64_t m_modelLimit = UINT64_MAX;
     TokenList m_tokens{m_blocks};
     FirstTokenMemory m_firstTokens;
+    LineHeads m_heads;
     std::string m_scratch;
     std::string m_hostLine;
 };

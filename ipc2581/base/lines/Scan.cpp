@@ -16,11 +16,7 @@ std::pair<const char *, const char *> SpecialWalk::FirstAndFarThird(const char *
     const char * const first = find(at);
     const char * const second = find(std::min(first + 1, m_end));
     const char * const third = find(std::min(second + 1, m_end));
-    if (third == m_end) {
-        return {at, at};
-    }
-    Restart(third + 1);
-    return {first, third};
+    return third == m_end ? std::pair(at, at) : std::pair(first, third);
 }
 
 }  // namespace ipc2581::detail

@@ -35,6 +35,7 @@ using ipc2581::detail::ScanAttributes;
 using ipc2581::detail::ScanAttributesTwice;
 using ipc2581::detail::ScanRows;
 using ipc2581::detail::ScanTokens;
+using ipc2581::detail::ShortKey;
 using ipc2581::detail::TableOf;
 using ipc2581::detail::TokenList;
 using ipc2581::detail::Word;
@@ -272,7 +273,7 @@ TEST_P(AttributeScan, NoRowsChangeNothing)
 {
     WithTokens("<A name=\"open", [](const TokenList & tokens) {
         Item item;
-        ScanRows(tokens, AttributeRows(), AttributeRows(), &item);
+        ScanRows(tokens, AttributeRows(), nullptr, &item);
         EXPECT_EQ(item.name, "before");
     });
     EXPECT_EQ(Name("<A>"), "before");
@@ -308,12 +309,12 @@ TEST_P(AttributeScan, ARowMayTakeItsValueTwice)
         values.emplace_back(hit.Take());
         *static_cast<Values *>(object) = values;
     };
-    static constexpr std::array<AttributeRow, 1> rows = {AttributeRow{Word("clock"), Reading::Text, takeTwice}};
+    static constexpr std::array<AttributeRow, 1> rows = {
+        AttributeRow{Word("clock"), Reading::Text, takeTwice, ShortKey("clock", '"')}};
     const auto scan = [](std::string_view line) {
         Values values;
-        WithTokens(line, [&values](const TokenList & tokens) {
-            ScanRows(tokens, AttributeRows(rows), AttributeRows(), &values);
-        });
+        WithTokens(line,
+                   [&values](const TokenList & tokens) { ScanRows(tokens, AttributeRows(rows), nullptr, &values); });
         return values;
     };
     EXPECT_EQ(scan("<A clock=\"FALSE\" x>"), (Values{"FAL", "FALSE", "FALSE"}));
@@ -614,7 +615,7 @@ TEST(AttributeScanOfAFile, AgreesWithTheScanOfTokensOnEveryLine)
     while (cycle.Next()) {
         const Result expected = ResultOf([&cycle](Item & item) {
             LineTokens tokens;
-            ScanTokens(cycle.CopyTokens(tokens), TableOf<NameAndA>, TableOf<XAndY>, &item);
+            ScanTokens(cycle.CopyTokens(tokens), TableOf<NameAndA>, &TableOf<XAndY>, &item);
         });
         const Result result =
             ResultOf([&cycle](Item & item) { ScanAttributesTwice<NameAndA, XAndY>(cycle.Tokens(), item); });

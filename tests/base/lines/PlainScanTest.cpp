@@ -45,6 +45,7 @@ using ipc2581::detail::LineForm;
 using ipc2581::detail::RowsOf;
 using ipc2581::detail::ScanRows;
 using ipc2581::detail::ScanTokens;
+using ipc2581::detail::ShortKey;
 using ipc2581::detail::TableOf;
 using ipc2581::detail::TokenList;
 using ipc2581::detail::Word;
@@ -149,7 +150,8 @@ template <std::size_t... indexes>
 constexpr auto WithTakeTwice(const std::array<AttributeRow, sizeof...(indexes)> & rows,
                              std::index_sequence<indexes...> /*all*/)
 {
-    return std::array{rows[indexes]..., AttributeRow{Word("clockwise="), Reading::Direction, &TakeTwice}};
+    return std::array{rows[indexes]...,
+                      AttributeRow{Word("clockwise="), Reading::Direction, &TakeTwice, ShortKey("clockwise=", '"')}};
 }
 
 constexpr auto SingleRows = WithTakeTwice(RowsOf<Single>, std::make_index_sequence<RowsOf<Single>.size()>());
@@ -157,18 +159,18 @@ constexpr auto SingleRows = WithTakeTwice(RowsOf<Single>, std::make_index_sequen
 // The tables that a scan gets.
 struct Form {
     AttributeRows first;
-    AttributeRows second = {};
+    const AttributeRows * second = nullptr;
 };
 
 constexpr Form SingleForm = {AttributeRows(SingleRows)};
 constexpr Form Forms[] = {SingleForm,
                           {TableOf<CatchAll>},
-                          {TableOf<DoubleFirst>, TableOf<DoubleSecond>},
+                          {TableOf<DoubleFirst>, &TableOf<DoubleSecond>},
                           {TableOf<Words>},
-                          {TableOf<DoubleWordsFirst>, TableOf<DoubleWordsSecond>},
+                          {TableOf<DoubleWordsFirst>, &TableOf<DoubleWordsSecond>},
                           {TableOf<ShortFirst>},
                           {TableOf<ShortLast>},
-                          {TableOf<Same>, TableOf<SameSecond>}};
+                          {TableOf<Same>, &TableOf<SameSecond>}};
 
 // Calls the scan with the tables of the form and tells what it left in the fields.
 template <typename Scan>
@@ -186,7 +188,7 @@ Fields Scanned(const Form & form, Scan scan)
 
 Fields ScannedByTokens(const Form & form, const TokenList & tokens)
 {
-    return Scanned(form, [&tokens](const AttributeRows & first, const AttributeRows & second, Fields * fields) {
+    return Scanned(form, [&tokens](const AttributeRows & first, const AttributeRows * second, Fields * fields) {
         ScanTokens(tokens, first, second, fields);
     });
 }
@@ -267,7 +269,7 @@ bool Agrees(LineCycle & cycle, LiteralTurn & literal, const std::string & line)
     for (const Form & form : Forms) {
         const Fields expected = ScannedByTokens(form, literalTokens);
         const Fields fields =
-            Scanned(form, [&cycle](const AttributeRows & first, const AttributeRows & second, Fields * scanned) {
+            Scanned(form, [&cycle](const AttributeRows & first, const AttributeRows * second, Fields * scanned) {
                 ScanRows(cycle.Tokens(), first, second, scanned);
             });
         if (!(fields == expected)) {

@@ -14,9 +14,13 @@ namespace {
 
 using ipc2581::detail::FindBlank;
 using ipc2581::detail::FindLineFeed;
-using ipc2581::detail::FindToken;
+using ipc2581::detail::FindNearSpecial;
+using ipc2581::detail::HeadBits;
+using ipc2581::detail::HeadSize;
+using ipc2581::detail::LineStart;
 using ipc2581::detail::Ordinary;
 using ipc2581::detail::ReadAhead;
+using ipc2581::detail::ShortKey;
 using ipc2581::detail::SkipBlanks;
 using ipc2581::detail::SpecialWalk;
 
@@ -110,7 +114,7 @@ std::string RunsOfBlanks(std::mt19937 & random)
     return text;
 }
 
-TEST(FindToken, FindsTheFirstRunOfOtherCharactersThanBlanks)
+TEST(LineStart, FindsTheFirstRunOfOtherCharactersThanBlanks)
 {
     std::mt19937 random(2581);
     for (int i = 0; i < 50000; ++i) {
@@ -118,13 +122,92 @@ TEST(FindToken, FindsTheFirstRunOfOtherCharactersThanBlanks)
         for (const char behind : {' ', '<', '\n'}) {
             const std::string buffer = text + std::string(ReadAhead, behind);
             const char * const begin = buffer.data();
-            const auto [start, end] = FindToken(begin, begin + text.size());
+            const auto [start, end] = LineStart(begin).FirstToken(begin, begin + text.size());
             const std::size_t expectedStart = std::min(text.find_first_not_of(' '), text.size());
             const std::size_t expectedEnd = std::min(text.find(' ', expectedStart), text.size());
             ASSERT_EQ(static_cast<std::size_t>(start - begin), expectedStart) << text;
             ASSERT_EQ(static_cast<std::size_t>(end - begin), expectedEnd) << text;
         }
     }
+}
+
+TEST(LineStart, FindsTheLineFeedHoweverFarItIs)
+{
+    std::mt19937 random(2581);
+    for (int i = 0; i < 50000; ++i) {
+        const std::string text = RunsOfBlanks(random);
+        for (const char behind : {' ', '<', '\n'}) {
+            const std::string buffer = text + std::string(ReadAhead, behind);
+            const char * const begin = buffer.data();
+            const char * const found = LineStart(begin).LineFeed(begin, begin + text.size());
+            ASSERT_EQ(static_cast<std::size_t>(found - begin), std::min(text.find('\n'), text.size())) << text;
+        }
+    }
+}
+
+TEST(LineStart, FindsNothingInAnEmptyLine)
+{
+    const std::string buffer(ReadAhead, '\n');
+    EXPECT_EQ(LineStart(buffer.data()).LineFeed(buffer.data(), buffer.data()), buffer.data());
+    EXPECT_EQ(LineStart().FirstToken(buffer.data(), buffer.data()), std::pair(buffer.data(), buffer.data()));
+}
+
+TEST(HeadBits, ComparesSoManyBytes)
+{
+    const std::string text = "      <PolyStepSegment x=\"1\" y=\"2\"/> and further on to its end";
+    for (std::size_t size = 1; size <= HeadSize; ++size) {
+        const HeadBits bits(size);
+        EXPECT_TRUE(bits.AreEqual(text.data(), text.data())) << size;
+        for (std::size_t at = 0; at < HeadSize; ++at) {
+            std::string other = text;
+            other[at] = '\0';
+            EXPECT_EQ(bits.AreEqual(text.data(), other.data()), at >= size) << size << ' ' << at;
+        }
+    }
+}
+
+TEST(HeadBits, OfNoTextAreEqualToNothing)
+{
+    const std::string text(HeadSize + ReadAhead, '\0');
+    EXPECT_FALSE(HeadBits().AreEqual(text.data(), text.data()));
+}
+
+TEST(ShortKey, IsAtATextThatBeginsWithItAndTheCharacterBehind)
+{
+    constexpr ShortKey key("x=", '"');
+    EXPECT_EQ(key.Size(), 3U);
+    const auto isAt = [&key](const char * text) { return key.IsAt((text + std::string(ReadAhead, 'a')).c_str()); };
+    EXPECT_TRUE(isAt("x=\"1\""));
+    EXPECT_TRUE(isAt("x=\""));
+    EXPECT_FALSE(isAt("x='"));
+    EXPECT_FALSE(isAt("X=\""));
+    EXPECT_FALSE(isAt(" x=\""));
+    EXPECT_FALSE(isAt("x\""));
+}
+
+TEST(ShortKey, TakesFifteenCharactersAndNoMore)
+{
+    constexpr ShortKey fits("electricalType=", '"');
+    constexpr ShortKey isTooLong("layerOrGroupRef=", '"');
+    const std::string margin(ReadAhead, 'a');
+    EXPECT_TRUE(fits.IsAt(("electricalType=\"" + margin).c_str()));
+    EXPECT_FALSE(fits.IsAt(("electricalTypo=\"" + margin).c_str()));
+    EXPECT_FALSE(isTooLong.IsAt(("layerOrGroupRef=\"" + margin).c_str()));
+    EXPECT_FALSE(isTooLong.IsAt(std::string(ReadAhead, '\0').c_str()));
+}
+
+TEST(FindNearSpecial, LooksAtSixteenCharacters)
+{
+    for (std::size_t at = 0; at < 32; ++at) {
+        for (int ch = 0; ch < 256; ++ch) {
+            std::string text(at, 'a');
+            text += static_cast<char>(ch);
+            text += std::string(ReadAhead, 'a');
+            const bool isNear = at < 16 && !IsOrdinary(static_cast<char>(ch));
+            EXPECT_EQ(FindNearSpecial(text.data()), isNear ? text.data() + at : nullptr) << at << ' ' << ch;
+        }
+    }
+    EXPECT_EQ(*FindNearSpecial("12\"<                                    "), '"');
 }
 
 // The places of the characters that are not ordinary.
@@ -175,12 +258,8 @@ TEST(SpecialWalk, TakesThreeAtATime)
             ASSERT_EQ(FirstAndThird(walk, begin, from), Places(specials[next], specials[next + 2])) << text;
             from = specials[next + 2] + 1;
             next += 3;
-            if (next < specials.size() && random() % 2 == 0) {
-                walk.Skip();
+            for (std::size_t skipped = random() % 4; skipped > 0 && next < specials.size(); --skipped) {
                 from = specials[next++] + 1;
-            }
-            if (random() % 4 == 0) {
-                walk.Restart(begin + from);
             }
         }
         ASSERT_EQ(FirstAndThird(walk, begin, from), Places(from, from)) << text;
@@ -196,7 +275,6 @@ TEST(SpecialWalk, FindsTheThirdHoweverFarItIs)
         SpecialWalk walk(buffer.data(), buffer.data() + text.size());
         const auto gap = static_cast<std::ptrdiff_t>(distance);
         EXPECT_EQ(FirstAndThird(walk, buffer.data(), 0), Places(1, gap + 3)) << distance;
-        walk.Skip();
         EXPECT_EQ(FirstAndThird(walk, buffer.data(), gap + 5), Places(gap + 8, 2 * gap + 10)) << distance;
     }
 }
