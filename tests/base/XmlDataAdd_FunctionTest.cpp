@@ -13,14 +13,15 @@
 #include "ipc2581/base/platform/CString.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
 using ipc2581::tests::IsVirtual;
 using ipc2581::tests::Str;
+using ipc2581::tests::Texts;
 using Function = CIPC2581_XmlDataAdd_Function;
 using List = CArray<CString, CString>;
-using Texts = std::vector<std::string>;
 
 Texts All(const List & tokens)
 {
@@ -48,7 +49,7 @@ struct Value {
 
 void PrintTo(const Value & value, std::ostream * out)
 {
-    *out << '"' << value.text << "\" at " << value.index;
+    *out << '"' << value.text << R"(" at )" << value.index;
 }
 
 Value ValueOf(const Texts & texts, int index = 0)
@@ -111,7 +112,7 @@ TEST(XmlDataAddFunction, CopyingLeavesADerivedClassAlone)
 
 TEST(XmlDataAddFunction, CutsALineOnBlanks)
 {
-    EXPECT_EQ(Cut("<Pad x=\"1.0\" y=\"2.0\"/>"), (Texts{"Pad", "x=\"1.0\"", "y=\"2.0\"/"}));
+    EXPECT_EQ(Cut(R"(<Pad x="1.0" y="2.0"/>)"), (Texts{"Pad", R"(x="1.0")", R"(y="2.0"/)"}));
     EXPECT_EQ(Cut("one two"), (Texts{"one", "two"}));
 }
 
@@ -136,19 +137,19 @@ TEST(XmlDataAddFunction, BlankAloneSeparates)
 TEST(XmlDataAddFunction, BracketsAreDroppedWhereverTheyStand)
 {
     EXPECT_EQ(Cut("</Pad>"), Texts{"/Pad"});
-    EXPECT_EQ(Cut("<<a>>b<c> d=\"x<y>z\"/>"), (Texts{"abc", "d=\"xyz\"/"}));
+    EXPECT_EQ(Cut(R"(<<a>>b<c> d="x<y>z"/>)"), (Texts{"abc", R"(d="xyz"/)"}));
     EXPECT_EQ(Cut("<a>text</a> <b/>"), (Texts{"atext/a", "b/"}));
     EXPECT_EQ(Cut("><a"), Texts{"a"});
 }
 
 TEST(XmlDataAddFunction, SlashesQuotesAndEntitiesStay)
 {
-    EXPECT_EQ(Cut("a/b=\"/\" 'c' &lt;d&gt; <!--e-->"), (Texts{"a/b=\"/\"", "'c'", "&lt;d&gt;", "!--e--"}));
+    EXPECT_EQ(Cut(R"(a/b="/" 'c' &lt;d&gt; <!--e-->)"), (Texts{R"(a/b="/")", "'c'", "&lt;d&gt;", "!--e--"}));
 }
 
 TEST(XmlDataAddFunction, TokenOfBracketsAloneIsEmptyAndKept)
 {
-    EXPECT_EQ(Cut("<Pad x=\"1.0\" >"), (Texts{"Pad", "x=\"1.0\"", ""}));
+    EXPECT_EQ(Cut(R"(<Pad x="1.0" >)"), (Texts{"Pad", R"(x="1.0")", ""}));
     EXPECT_EQ(Cut("< Pad"), (Texts{"", "Pad"}));
     EXPECT_EQ(Cut("a <> >> b"), (Texts{"a", "", "", "b"}));
 }
@@ -184,38 +185,38 @@ TEST(XmlDataAddFunction, ValueFollowsFromQuotesAndTheFirstEqualSign)
         Value value;
     };
     const std::vector<Case> cases = {
-        {{"name=\"R1\""}, {"R1", 0}},
-        {{"name=\"R1\"/"}, {"R1", 0}},
-        {{"name=\"\""}, {"", 0}},
-        {{"name=\"A/B\""}, {"AB", 0}},
-        {{"name=\"A/\""}, {"A", 0}},
-        {{"name=\"//\"/"}, {"", 0}},
-        {{"name=\"a=b\""}, {"a=b", 0}},
-        {{"name=\"=\""}, {"=", 0}},
-        {{"\"R1\""}, {"R1", 0}},
-        {{"R\"1\""}, {"R1", 0}},
-        {{"name=\"two", "words\""}, {"two words", 1}},
-        {{"name=\"one", "two", "three\"/"}, {"one two three", 2}},
-        {{"name=\"a", "b=c\""}, {"a c", 1}},
-        {{"name=\"a", "b=c=d", "e\""}, {"a c=d e", 2}},
-        {{"name=\"", "\""}, {" ", 1}},
-        {{"name=\"", "a", "\""}, {" a ", 2}},
-        {{"name=plain", "other=\"x\""}, {"plain x", 1}},
-        {{"name=plain", "more", "other=\"x\"", "y=\"2\""}, {"plain more x", 2}},
-        {{"name=", "\"x\""}, {" x", 1}},
-        {{"a=\"1\"b=\"2\""}, {"1b=2", 0}},
-        {{"plain", "next\""}, {"plain next", 1}},
-        {{"pl/ain", "ne/xt", "\""}, {"plain next ", 2}},
-        {{"", "\""}, {" ", 1}},
-        {{"name=\"a", "", "b\""}, {"a  b", 2}},
-        {{"name=\"a", "b\"c\"d\""}, {"a bcd", 1}},
-        {{"name='R1'", "x=\"2\""}, {"'R1' 2", 1}},
-        {{"name=\"&lt;&amp;\""}, {"&lt;&amp;", 0}},
-        {{"name=\"'a'\""}, {"'a'", 0}},
+        {{R"(name="R1")"}, {"R1", 0}},
+        {{R"(name="R1"/)"}, {"R1", 0}},
+        {{R"(name="")"}, {"", 0}},
+        {{R"(name="A/B")"}, {"AB", 0}},
+        {{R"(name="A/")"}, {"A", 0}},
+        {{R"(name="//"/)"}, {"", 0}},
+        {{R"(name="a=b")"}, {"a=b", 0}},
+        {{R"(name="=")"}, {"=", 0}},
+        {{R"("R1")"}, {"R1", 0}},
+        {{R"(R"1")"}, {"R1", 0}},
+        {{R"(name="two)", R"(words")"}, {"two words", 1}},
+        {{R"(name="one)", "two", R"(three"/)"}, {"one two three", 2}},
+        {{R"(name="a)", R"(b=c")"}, {"a c", 1}},
+        {{R"(name="a)", "b=c=d", R"(e")"}, {"a c=d e", 2}},
+        {{R"(name=")", R"(")"}, {" ", 1}},
+        {{R"(name=")", "a", R"(")"}, {" a ", 2}},
+        {{"name=plain", R"(other="x")"}, {"plain x", 1}},
+        {{"name=plain", "more", R"(other="x")", R"(y="2")"}, {"plain more x", 2}},
+        {{"name=", R"("x")"}, {" x", 1}},
+        {{R"(a="1"b="2")"}, {"1b=2", 0}},
+        {{"plain", R"(next")"}, {"plain next", 1}},
+        {{"pl/ain", "ne/xt", R"(")"}, {"plain next ", 2}},
+        {{"", R"(")"}, {" ", 1}},
+        {{R"(name="a)", "", R"(b")"}, {"a  b", 2}},
+        {{R"(name="a)", R"(b"c"d")"}, {"a bcd", 1}},
+        {{"name='R1'", R"(x="2")"}, {"'R1' 2", 1}},
+        {{R"(name="&lt;&amp;")"}, {"&lt;&amp;", 0}},
+        {{R"(name="'a'")"}, {"'a'", 0}},
         {{"name=\"\tx\""}, {"\tx", 0}},
-        {{"\"name=x\""}, {"x", 0}},
-        {{"name=\"a\"b\"c"}, {"abc", 0}},
-        {{"<Layer>name=\"<A>\"</Layer>"}, {"<A><Layer>", 0}},
+        {{R"("name=x")"}, {"x", 0}},
+        {{R"(name="a"b"c)"}, {"abc", 0}},
+        {{R"(<Layer>name="<A>"</Layer>)"}, {"<A><Layer>", 0}},
     };
     for (const auto & [tokens, value] : cases) {
         EXPECT_EQ(ValueOf(tokens), value) << tokens.front();
@@ -224,7 +225,7 @@ TEST(XmlDataAddFunction, ValueFollowsFromQuotesAndTheFirstEqualSign)
 
 TEST(XmlDataAddFunction, ValueBeginsAtTheIndex)
 {
-    const Texts tokens{"Pad", "x=\"1\"", "name=\"two", "words\"", "y=\"2\"/"};
+    const Texts tokens{"Pad", R"(x="1")", R"(name="two)", R"(words")", R"(y="2"/)"};
     EXPECT_EQ(ValueOf(tokens, 1), (Value{"1", 1}));
     EXPECT_EQ(ValueOf(tokens, 2), (Value{"two words", 3}));
     EXPECT_EQ(ValueOf(tokens, 4), (Value{"2", 4}));
@@ -233,14 +234,14 @@ TEST(XmlDataAddFunction, ValueBeginsAtTheIndex)
 TEST(XmlDataAddFunction, IndexGrowsByTheNumberOfFurtherTokens)
 {
     for (int further = 0; further < 40; ++further) {
-        Texts tokens{"first=\"1\"", "name=\"x"};
+        Texts tokens{R"(first="1")", R"(name="x)"};
         std::string expected = "x";
         for (int i = 0; i < further; ++i) {
             tokens.emplace_back("y");
             expected += " y";
         }
-        tokens.back() += "\"";
-        tokens.emplace_back("last=\"1\"");
+        tokens.back() += R"(")";
+        tokens.emplace_back(R"(last="1")");
         EXPECT_EQ(ValueOf(tokens, 1), (Value{expected, 1 + further}));
     }
 }
@@ -252,9 +253,9 @@ TEST(XmlDataAddFunction, BlanksInsideAValueComeBackAsOne)
         Value value;
     };
     for (const auto & [line, value] :
-         {Case{"<A name=\"two    words\"/>", {"two words", 2}}, Case{"<A name=\"  lead\">", {" lead", 2}},
-          Case{"<A name=\"trail   \">", {"trail ", 2}}, Case{"<A name=\"    \" />", {" ", 2}},
-          Case{"<A name=\"a<b> c\">", {"ab c", 2}}}) {
+         {Case{R"(<A name="two    words"/>)", {"two words", 2}}, Case{R"(<A name="  lead">)", {" lead", 2}},
+          Case{R"(<A name="trail   ">)", {"trail ", 2}}, Case{R"(<A name="    " />)", {" ", 2}},
+          Case{R"(<A name="a<b> c">)", {"ab c", 2}}}) {
         EXPECT_EQ(ValueOf(Cut(line), 1), value) << line;
     }
 }
@@ -263,8 +264,8 @@ TEST(XmlDataAddFunction, ValueAtAnIndexOutOfRangeRaises)
 {
     for (const int index : {INT32_MIN, -1, 2, INT32_MAX}) {
         List tokens;
-        tokens.Add(CString("a=\"1\""));
-        tokens.Add(CString("b=\"2\""));
+        tokens.Add(CString(R"(a="1")"));
+        tokens.Add(CString(R"(b="2")"));
         int changed = index;
         EXPECT_THROW(Function().RightValueDataUse(tokens, changed), CInvalidArgException) << index;
         EXPECT_EQ(changed, index);
@@ -274,9 +275,11 @@ TEST(XmlDataAddFunction, ValueAtAnIndexOutOfRangeRaises)
 
 TEST(XmlDataAddFunction, ValueThatIsCutOffRaises)
 {
-    const std::vector<Texts> lists = {{"name=plain"},  {"name=\"open"},        {"plain"},         {""},
-                                      {"name=\""},     {"name='R1'"},          {"name=\"a", "b"}, {"name=a", "b", "c"},
-                                      {"name=plain/"}, {"name=\"a", "b=c", ""}};
+    const std::vector<Texts> lists = {{"name=plain"},      {R"(name="open)"},
+                                      {"plain"},           {""},
+                                      {R"(name=")"},       {"name='R1'"},
+                                      {R"(name="a)", "b"}, {"name=a", "b", "c"},
+                                      {"name=plain/"},     {R"(name="a)", "b=c", ""}};
     for (const Texts & tokens : lists) {
         EXPECT_THROW(ValueOf(tokens), CInvalidArgException) << tokens.front();
     }
@@ -285,14 +288,14 @@ TEST(XmlDataAddFunction, ValueThatIsCutOffRaises)
 TEST(XmlDataAddFunction, ValueMayBeLong)
 {
     const std::string text(100'000, 'x');
-    EXPECT_EQ(ValueOf({"name=\"" + text + "/", text + "\"/"}), (Value{text + ' ' + text, 1}));
+    EXPECT_EQ(ValueOf({R"(name=")" + text + "/", text + R"("/)"}), (Value{text + ' ' + text, 1}));
 }
 
 TEST(XmlDataAddFunction, RightDataLosesQuotesAndSlashes)
 {
     const std::vector<std::pair<std::string_view, std::string_view>> cases = {
-        {"\"A/B\"/", "AB"}, {"name=\"a/\"", "name=a"}, {"plain", "plain"}, {"", ""},
-        {"/\"/\"", ""},     {"<a='b'>", "<a='b'>"}};
+        {R"("A/B"/)", "AB"}, {R"(name="a/")", "name=a"}, {"plain", "plain"}, {"", ""},
+        {R"(/"/")", ""},     {"<a='b'>", "<a='b'>"}};
     for (const auto & [before, after] : cases) {
         CString text(before);
         EXPECT_EQ(Function().RightDataUse(text), after);
@@ -302,7 +305,7 @@ TEST(XmlDataAddFunction, RightDataLosesQuotesAndSlashes)
 
 TEST(XmlDataAddFunction, RightDataIsACopy)
 {
-    CString text("\"a\"");
+    CString text(R"("a")");
     const CString result = Function().RightDataUse(text);
     text = "other";
     EXPECT_EQ(result, "a");
@@ -311,7 +314,7 @@ TEST(XmlDataAddFunction, RightDataIsACopy)
 TEST(XmlDataAddFunction, MidDataIsTheBody)
 {
     EXPECT_EQ(Body("<Tag>body</Tag>"), "body");
-    EXPECT_EQ(Body("<Tag a=\"1\">two words</Tag>"), "two words");
+    EXPECT_EQ(Body(R"(<Tag a="1">two words</Tag>)"), "two words");
     EXPECT_EQ(Body("<Tag></Tag>"), "");
 }
 
@@ -346,7 +349,7 @@ TEST(XmlDataAddFunction, MidDataOfAnEmptyTextRaises)
 
 TEST(XmlDataAddFunction, TextThatHoldsTheWordTrueIsTrue)
 {
-    for (const std::string_view text : {"TRUE", "\"TRUE\"", "UNTRUE", "xTRUEx", "FALSE TRUE", "TRTRUE"}) {
+    for (const std::string_view text : {"TRUE", R"("TRUE")", "UNTRUE", "xTRUEx", "FALSE TRUE", "TRTRUE"}) {
         EXPECT_TRUE(IsTrue(text)) << text;
     }
     for (const std::string_view text : {"", "true", "True", "tRUE", "FALSE", "TRU", "TR UE", "1", "YES"}) {
@@ -356,7 +359,7 @@ TEST(XmlDataAddFunction, TextThatHoldsTheWordTrueIsTrue)
 
 TEST(XmlDataAddFunction, MayCutAnElementOfTheListThatItFills)
 {
-    for (const char * const text : {"a b", "<Pad x=\"1\" y=\"2\"/>"}) {
+    for (const char * const text : {"a b", R"(<Pad x="1" y="2"/>)"}) {
         CArray<CString, CString> tokens;
         CString line(text);
         tokens.Add(line);

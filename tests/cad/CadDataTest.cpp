@@ -15,16 +15,18 @@
 #include "ipc2581/cad/Layer.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Below;
 using ipc2581::tests::Export;
 using ipc2581::tests::Exported;
+using ipc2581::tests::Joined;
 using ipc2581::tests::Lines;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Str;
-
-using Texts = std::vector<std::string>;
+using ipc2581::tests::Texts;
 
 class Behind : public CIPC2581_Ecad_CadData {
 public:
@@ -104,8 +106,17 @@ TEST(CadData, HasItsOperationsInOrder)
 
 TEST(CadData, ReadsLayersStackupAndStep)
 {
-    Read read("<Layer name=\"L1\"/>\n<Layer name=\"L2\">\n</Layer>\n<Stackup overallThickness=\"1.6\">\n</Stackup>\n"
-              "<Step name=\"board\">\n</Step>\n</CadData>\n<Behind/>\n");
+    Read read(Below(R"(
+<Layer name="L1"/>
+<Layer name="L2">
+</Layer>
+<Stackup overallThickness="1.6">
+</Stackup>
+<Step name="board">
+</Step>
+</CadData>
+<Behind/>
+)"));
     EXPECT_EQ(read.Contents(), (Texts{"Layer L1", "Layer L2", "Stackup 1.6", "Step board"}));
     EXPECT_EQ(read.bar.positions, (std::vector<int>{22, 22, 25, 30}));
     EXPECT_EQ(read.Rest(), Texts{"<Behind/>"});
@@ -113,7 +124,13 @@ TEST(CadData, ReadsLayersStackupAndStep)
 
 TEST(CadData, GoesOnBehindItsChildren)
 {
-    Read read("<Step name=\"s\">\n</Step>\n<Stackup overallThickness=\"1\">\n</Stackup>\n<Layer name=\"L\"/>\n");
+    Read read(Below(R"(
+<Step name="s">
+</Step>
+<Stackup overallThickness="1">
+</Stackup>
+<Layer name="L"/>
+)"));
     EXPECT_EQ(read.Contents(), (Texts{"Layer L", "Stackup 1", "Step s"}));
     EXPECT_EQ(read.bar.positions, (std::vector<int>{30, 25, 22}));
 }
@@ -140,15 +157,20 @@ TEST(CadData, KeepsTheBarOfTheLastRead)
 
 TEST(CadData, HandsTheBarToTheStep)
 {
-    Read read("<Step>\n<Component refDes=\"R1\">\n</Component>\n</Step>\n");
+    Read read(Below(R"(
+<Step>
+<Component refDes="R1">
+</Component>
+</Step>
+)"));
     EXPECT_EQ(read.data.m_Step.Progress, &read.bar);
     EXPECT_EQ(read.bar.positions, (std::vector<int>{30, 50}));
 }
 
 TEST(CadData, SendsPositionsBehindLayerAndStackupAndInFrontOfTheStep)
 {
-    Lines lines({"<Layer name=\"L\"/>", "<Stackup overallThickness=\"1\">", "<StackupGroup name=\"g\">",
-                 "</StackupGroup>", "</Stackup>", "<Step name=\"s\">", "</Step>"});
+    Lines lines({R"(<Layer name="L"/>)", R"(<Stackup overallThickness="1">)", R"(<StackupGroup name="g">)",
+                 "</StackupGroup>", "</Stackup>", R"(<Step name="s">)", "</Step>"});
     Bar bar;
     CIPC2581_Ecad_CadData data;
     bar.look = [&data] {
@@ -162,8 +184,17 @@ TEST(CadData, SendsPositionsBehindLayerAndStackupAndInFrontOfTheStep)
 
 TEST(CadData, TwoStepsFillOneObject)
 {
-    Read read("<Step name=\"a\">\n<Component refDes=\"R1\">\n</Component>\n</Step>\n"
-              "<Step name=\"b\">\n<Component refDes=\"R2\">\n</Component>\n</Step>\n</CadData>\n");
+    Read read(Below(R"(
+<Step name="a">
+<Component refDes="R1">
+</Component>
+</Step>
+<Step name="b">
+<Component refDes="R2">
+</Component>
+</Step>
+</CadData>
+)"));
     EXPECT_EQ(read.bar.positions, (std::vector<int>{30, 50, 30, 50}));
     EXPECT_EQ(read.data.m_Step.Name, "b");
     EXPECT_EQ(read.data.m_Step.ComponentArray.GetSize(), 2);
@@ -171,30 +202,55 @@ TEST(CadData, TwoStepsFillOneObject)
 
 TEST(CadData, AFirstTokenWithTwoWordsGoesToTheEarlierRow)
 {
-    EXPECT_EQ(Read("<StackupLayer name=\"a\" overallThickness=\"1\">\n").Contents(), Texts{"Layer a"});
-    EXPECT_EQ(Read("<StepLayer name=\"a\">\n").Contents(), Texts{"Layer a"});
-    EXPECT_EQ(Read("<StepStackup name=\"a\" overallThickness=\"1\">\n").Contents(), Texts{"Stackup 1"});
+    EXPECT_EQ(Read(Joined({R"(<StackupLayer name="a" overallThickness="1">)"})).Contents(), Texts{"Layer a"});
+    EXPECT_EQ(Read(Joined({R"(<StepLayer name="a">)"})).Contents(), Texts{"Layer a"});
+    EXPECT_EQ(Read(Joined({R"(<StepStackup name="a" overallThickness="1">)"})).Contents(), Texts{"Stackup 1"});
 }
 
 TEST(CadData, AWordAnywhereInTheFirstTokenCounts)
 {
-    EXPECT_EQ(Read("<LayerFeature name=\"a\">\n<xLayer name=\"b\">\n<StepRef name=\"c\">\n").Contents(),
+    EXPECT_EQ(Read(Below(R"(
+<LayerFeature name="a">
+<xLayer name="b">
+<StepRef name="c">
+)"))
+                  .Contents(),
               (Texts{"Layer a", "Layer b", "Step c"}));
-    EXPECT_EQ(Read("<x name=\"Layer\">\n<layer name=\"b\">\n<x Step name=\"s\">\n< Layer name=\"c\">\n").Contents(),
+    EXPECT_EQ(Read(Below(R"(
+<x name="Layer">
+<layer name="b">
+<x Step name="s">
+< Layer name="c">
+)"))
+                  .Contents(),
               Texts{});
 }
 
 TEST(CadData, ASlashInTheFirstTokenOpensNothing)
 {
-    Read read("<Layer/>\n</Layer>\n</Layer name=\"a\">\n<Stackup/>\n</Stackup overallThickness=\"1\">\n<Step/>\n"
-              "</Step name=\"s\">\n<Layer name=\"L\"/>\n");
+    Read read(Below(R"(
+<Layer/>
+</Layer>
+</Layer name="a">
+<Stackup/>
+</Stackup overallThickness="1">
+<Step/>
+</Step name="s">
+<Layer name="L"/>
+)"));
     EXPECT_EQ(read.Contents(), Texts{"Layer L"});
     EXPECT_EQ(read.bar.positions, std::vector<int>{22});
 }
 
 TEST(CadData, ASelfClosingLineWithABlankOpens)
 {
-    Read read("<Layer />\n<Stackup overallThickness=\"1\"/>\n<Step name=\"s\"/>\n</Stackup>\n<Step />\n");
+    Read read(Below(R"(
+<Layer />
+<Stackup overallThickness="1"/>
+<Step name="s"/>
+</Stackup>
+<Step />
+)"));
     EXPECT_EQ(read.Contents(), (Texts{"Layer ", "Stackup 1"}));
     EXPECT_EQ(read.bar.positions, (std::vector<int>{22, 25, 30}));
 }
@@ -202,22 +258,30 @@ TEST(CadData, ASelfClosingLineWithABlankOpens)
 TEST(CadData, EndsAtItsClosingLineWhateverElseThatHolds)
 {
     for (const std::string_view line : {"</CadData>", "</CadDataLayer>", "<Step/CadData x>", "</CadDataStackup>"}) {
-        Read read(std::string(line) + "\n<Layer name=\"late\">\n");
+        Read read(Joined({line, R"(<Layer name="late">)"}));
         EXPECT_EQ(read.Contents(), Texts{}) << line;
-        EXPECT_EQ(read.Rest(), Texts{"<Layer name=\"late\">"}) << line;
+        EXPECT_EQ(read.Rest(), Texts{R"(<Layer name="late">)"}) << line;
     }
 }
 
 TEST(CadData, IgnoresOtherLines)
 {
-    Read read("\n<CadData>\n</Ecad>\n<Component refDes=\"R1\">\ntext\n<Layer name=\"L\"/>\n<Span fromLayer=\"a\"/>\n");
+    Read read(Below(R"(
+
+<CadData>
+</Ecad>
+<Component refDes="R1">
+text
+<Layer name="L"/>
+<Span fromLayer="a"/>
+)"));
     EXPECT_EQ(read.Contents(), Texts{"Layer L"});
     EXPECT_EQ(read.data.m_Step.ComponentArray.GetSize(), 0);
 }
 
 TEST(CadData, ALineOfBlanksThrows)
 {
-    Lines lines({"<Layer name=\"L\"/>", "   ", "<Layer/>"});
+    Lines lines({R"(<Layer name="L"/>)", "   ", "<Layer/>"});
     CIPC2581_Ecad_CadData data;
     EXPECT_THROW(data.ReadCadData(lines.File(), nullptr), CInvalidArgException);
     EXPECT_EQ(data.m_arrLayer.GetSize(), 1);
@@ -225,7 +289,7 @@ TEST(CadData, ALineOfBlanksThrows)
 
 TEST(CadData, ALayerWithACutValueIsNotKept)
 {
-    Lines lines({"<Layer name=\"L\"/>", "<Layer name=\"M\" side=\"open"});
+    Lines lines({R"(<Layer name="L"/>)", R"(<Layer name="M" side="open)"});
     CIPC2581_Ecad_CadData data;
     EXPECT_THROW(data.ReadCadData(lines.File(), nullptr), CInvalidArgException);
     EXPECT_EQ(data.m_arrLayer.GetSize(), 1);
@@ -233,9 +297,9 @@ TEST(CadData, ALayerWithACutValueIsNotKept)
 
 TEST(CadData, TheEndOfTheFileEndsItAtEveryDepth)
 {
-    EXPECT_EQ(Read("<Layer name=\"L\"/>\n").Contents(), Texts{"Layer L"});
-    EXPECT_EQ(Read("<Stackup overallThickness=\"1\">\n<StackupGroup>\n").Contents(), Texts{"Stackup 1"});
-    EXPECT_EQ(Read("<Step name=\"s\">\n<Component>\n").Contents(), Texts{"Step s"});
+    EXPECT_EQ(Read(Joined({R"(<Layer name="L"/>)"})).Contents(), Texts{"Layer L"});
+    EXPECT_EQ(Read(Joined({R"(<Stackup overallThickness="1">)", "<StackupGroup>"})).Contents(), Texts{"Stackup 1"});
+    EXPECT_EQ(Read(Joined({R"(<Step name="s">)", "<Component>"})).Contents(), Texts{"Step s"});
     EXPECT_EQ(Read("").Contents(), Texts{});
 }
 
@@ -249,30 +313,34 @@ TEST(CadData, WritesLayersAndStepButNoStackup)
         layer->name = name;
         data.m_arrLayer.Add(layer);
     }
-    EXPECT_EQ(Exported(data, 0),
-              (Export{1, "   <CadData>\n"
-                         "      <Layer name=\"TOP\" layerFunction=\"\" side=\"\" polarity=\"POSITIVE\">\n"
-                         "      </Layer>\n"
-                         "      <Layer name=\"BOTTOM\" layerFunction=\"\" side=\"\" polarity=\"POSITIVE\">\n"
-                         "      </Layer>\n"
-                         "      <Step name=\"\">\n"
-                         "         <Datum x=\"0.000000\" y=\"0.000000\" />\n"
-                         "         <Profile>\n"
-                         "            <Polygon>\n"
-                         "               <PolyBegin x=\"0.000000\" y=\"0.000000\" />\n"
-                         "            </Polygon>\n"
-                         "         </Profile>\n"
-                         "         <PhyNetGroup name=\"\">\n"
-                         "         </PhyNetGroup>\n"
-                         "      </Step>\n"
-                         "   </CadData>\n"}));
+    EXPECT_EQ(Exported(data, 0), (Export{1, Below(R"(
+   <CadData>
+      <Layer name="TOP" layerFunction="" side="" polarity="POSITIVE">
+      </Layer>
+      <Layer name="BOTTOM" layerFunction="" side="" polarity="POSITIVE">
+      </Layer>
+      <Step name="">
+         <Datum x="0.000000" y="0.000000" />
+         <Profile>
+            <Polygon>
+               <PolyBegin x="0.000000" y="0.000000" />
+            </Polygon>
+         </Profile>
+         <PhyNetGroup name="">
+         </PhyNetGroup>
+      </Step>
+   </CadData>
+)")}));
 }
 
 TEST(CadData, WritesAtTheNextLevel)
 {
     CIPC2581_Ecad_CadData data;
     const std::string text = Exported(data, 1).text;
-    EXPECT_EQ(text.substr(0, text.find("Datum")), "      <CadData>\n         <Step name=\"\">\n            <");
+    EXPECT_EQ(text.substr(0, text.find("Datum")), Below(R"(
+      <CadData>
+         <Step name="">
+            <)"));
     EXPECT_EQ(text.substr(text.find("</Step>")), "</Step>\n      </CadData>\n");
 }
 
@@ -292,10 +360,11 @@ TEST(CadData, StopsAtALayerThatRefuses)
     data.m_arrLayer.Add(new CIPC2581_Ecad_CadData_Layer);
     data.m_arrLayer.Add(new RefusingLayer);
     data.m_arrLayer.Add(new CIPC2581_Ecad_CadData_Layer);
-    EXPECT_EQ(Exported(data, 0),
-              (Export{0, "   <CadData>\n"
-                         "      <Layer name=\"\" layerFunction=\"\" side=\"\" polarity=\"POSITIVE\">\n"
-                         "      </Layer>\n"}));
+    EXPECT_EQ(Exported(data, 0), (Export{0, Below(R"(
+   <CadData>
+      <Layer name="" layerFunction="" side="" polarity="POSITIVE">
+      </Layer>
+)")}));
 }
 
 TEST(CadData, StopsAtAStepThatRefuses)

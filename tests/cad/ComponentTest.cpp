@@ -16,18 +16,21 @@
 #include "ipc2581/draw/Xform.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Below;
 using ipc2581::tests::Export;
 using ipc2581::tests::Exported;
+using ipc2581::tests::Joined;
 using ipc2581::tests::Lines;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Str;
+using ipc2581::tests::Texts;
 
 using Component = CIPC2581_Ecad_CadData_Step_Component;
 using ComponentArray = CIPC2581_Ecad_CadData_Step_ComponentArray;
-using Texts = std::vector<std::string>;
 
 template <typename Model>
 class Behind : public Model {
@@ -193,7 +196,12 @@ TEST(Component, DeletesItsTransform)
 
 TEST(Component, ReadsTransformAndLocation)
 {
-    Read read("<Xform rotation=\"90\" mirror=\"TRUE\"/>\n<Location x=\"1.5\" y=\"-2\"/>\n</Component>\n<Behind/>\n");
+    Read read(Below(R"(
+<Xform rotation="90" mirror="TRUE"/>
+<Location x="1.5" y="-2"/>
+</Component>
+<Behind/>
+)"));
     EXPECT_EQ(read.Placement(), (Numbers{90, 1, 1.5, -2}));
     EXPECT_EQ(read.Rest(), Texts{"<Behind/>"});
 }
@@ -201,32 +209,32 @@ TEST(Component, ReadsTransformAndLocation)
 TEST(Component, ReadsWhatALineSays)
 {
     const std::vector<std::pair<std::string_view, Numbers>> rows = {
-        {"<Xform rotation=\"90\"/>", {90, 1, 8, 9}},
-        {"<Xform mirror=\"TRUE\"/>", {7, 1, 8, 9}},
-        {"<Xform mirror=\"FALSE\"/>", {7, 0, 8, 9}},
-        {"<Xform mirror=\"true\"/>", {7, 0, 8, 9}},
-        {"<Xform mirror=\"1\" rotation=\"-1.5e1\" >", {-15, 0, 8, 9}},
-        {"<Xform mirror=\"xTRUEx\" rotation=\"z\" >", {0, 1, 8, 9}},
-        {"<Xform xOffset=\"5\" scale=\"2\" Rotation=\"3\" rotation =\"4\">", {7, 1, 8, 9}},
-        {"<Xform mirror=rotation=\"5\" >", {0, 1, 8, 9}},
-        {"<Xform rotation=\"1\" rotation=\"2\" >", {2, 1, 8, 9}},
-        {"</Xform rotation=\"4\">", {4, 1, 8, 9}},
-        {"<xXformx_rotation=\"6\" >", {6, 1, 8, 9}},
+        {R"(<Xform rotation="90"/>)", {90, 1, 8, 9}},
+        {R"(<Xform mirror="TRUE"/>)", {7, 1, 8, 9}},
+        {R"(<Xform mirror="FALSE"/>)", {7, 0, 8, 9}},
+        {R"(<Xform mirror="true"/>)", {7, 0, 8, 9}},
+        {R"(<Xform mirror="1" rotation="-1.5e1" >)", {-15, 0, 8, 9}},
+        {R"(<Xform mirror="xTRUEx" rotation="z" >)", {0, 1, 8, 9}},
+        {R"(<Xform xOffset="5" scale="2" Rotation="3" rotation ="4">)", {7, 1, 8, 9}},
+        {R"(<Xform mirror=rotation="5" >)", {0, 1, 8, 9}},
+        {R"(<Xform rotation="1" rotation="2" >)", {2, 1, 8, 9}},
+        {R"(</Xform rotation="4">)", {4, 1, 8, 9}},
+        {R"(<xXformx_rotation="6" >)", {6, 1, 8, 9}},
         {"<Xform>", {7, 1, 8, 9}},
         {"<Xform/>", {7, 1, 8, 9}},
-        {"<Location x=\"1\"/>", {7, 1, 1, 9}},
-        {"<Location y=\"2\"/>", {7, 1, 8, 2}},
-        {"<Location y=\"2\" x=\"z\"/>", {7, 1, 0, 2}},
-        {"<Location X=\"1\" y =\"2\">", {7, 1, 8, 9}},
-        {"<Location y=x=\"1\" >", {7, 1, 0, 9}},
-        {"<Location max=\"3\" >", {7, 1, 3, 9}},
-        {"<xLocationx_y=\"3\" >", {7, 1, 8, 3}},
-        {"</Location x=\"1\">", {7, 1, 8, 9}},
-        {"<Location/x y=\"1\" >", {7, 1, 8, 9}},
+        {R"(<Location x="1"/>)", {7, 1, 1, 9}},
+        {R"(<Location y="2"/>)", {7, 1, 8, 2}},
+        {R"(<Location y="2" x="z"/>)", {7, 1, 0, 2}},
+        {R"(<Location X="1" y ="2">)", {7, 1, 8, 9}},
+        {R"(<Location y=x="1" >)", {7, 1, 0, 9}},
+        {R"(<Location max="3" >)", {7, 1, 3, 9}},
+        {R"(<xLocationx_y="3" >)", {7, 1, 8, 3}},
+        {R"(</Location x="1">)", {7, 1, 8, 9}},
+        {R"(<Location/x y="1" >)", {7, 1, 8, 9}},
         {"<Location/>", {7, 1, 8, 9}},
-        {"<LocationXform x=\"1\" rotation=\"2\" >", {2, 1, 8, 9}},
-        {"<location x=\"1\">", {7, 1, 8, 9}},
-        {"<a Xform rotation=\"1\">", {7, 1, 8, 9}},
+        {R"(<LocationXform x="1" rotation="2" >)", {2, 1, 8, 9}},
+        {R"(<location x="1">)", {7, 1, 8, 9}},
+        {R"(<a Xform rotation="1">)", {7, 1, 8, 9}},
         {"", {7, 1, 8, 9}},
     };
     for (const auto & [line, placement] : rows) {
@@ -236,7 +244,7 @@ TEST(Component, ReadsWhatALineSays)
 
 TEST(Component, AnAbsentMirrorStaysZero)
 {
-    Lines lines({"<Xform rotation=\"90\"/>", "</Component>"});
+    Lines lines({R"(<Xform rotation="90"/>)", "</Component>"});
     Component part;
     part.ComponetAdd(lines.File());
     EXPECT_EQ(part.Xform->Mirror, 0);
@@ -246,23 +254,29 @@ TEST(Component, AnAbsentMirrorStaysZero)
 TEST(Component, EndsAtItsClosingWordAnywhereInTheFirstToken)
 {
     for (const std::string_view line :
-         {"</Component>", "</ComponentX y>", "<x/Component>", "</ComponentLocation x=\"1\">", "   </Component>"}) {
-        Read read(std::string(line) + "\n<Location x=\"1\"/>\n");
+         {"</Component>", "</ComponentX y>", "<x/Component>", R"(</ComponentLocation x="1">)", "   </Component>"}) {
+        Read read(Joined({line, R"(<Location x="1"/>)"}));
         EXPECT_EQ(read.Placement(), (Numbers{7, 1, 8, 9})) << line;
-        EXPECT_EQ(read.Rest(), Texts{"<Location x=\"1\"/>"}) << line;
+        EXPECT_EQ(read.Rest(), Texts{R"(<Location x="1"/>)"}) << line;
     }
 }
 
 TEST(Component, AnXformWordComesInFrontOfTheClosingWord)
 {
-    Read read("</ComponentXform rotation=\"1\">\n<Location x=\"2\"/>\n");
+    Read read(Joined({R"(</ComponentXform rotation="1">)", R"(<Location x="2"/>)"}));
     EXPECT_EQ(read.Placement(), (Numbers{1, 1, 2, 9}));
 }
 
 TEST(Component, RunsOnOverTheLinesOfOthers)
 {
-    Read read(
-        "<Component refDes=\"R2\">\n</Step>\n</LogicalNet>\n<Location x=\"1\" y=\"2\"/>\n</Component>\n<Behind/>\n");
+    Read read(Below(R"(
+<Component refDes="R2">
+</Step>
+</LogicalNet>
+<Location x="1" y="2"/>
+</Component>
+<Behind/>
+)"));
     EXPECT_EQ(read.Placement(), (Numbers{7, 1, 1, 2}));
     EXPECT_EQ(read.part.RefDes, "");
     EXPECT_EQ(read.Rest(), Texts{"<Behind/>"});
@@ -276,7 +290,7 @@ TEST(Component, TheEndOfTheFileEndsIt)
 
 TEST(Component, ALineOfBlanksThrows)
 {
-    Lines lines({"<Location x=\"1\"/>", "  ", "</Component>"});
+    Lines lines({R"(<Location x="1"/>)", "  ", "</Component>"});
     Component part;
     EXPECT_THROW(part.ComponetAdd(lines.File()), CInvalidArgException);
     EXPECT_EQ(part.Location.GetX(), 1);
@@ -285,7 +299,7 @@ TEST(Component, ALineOfBlanksThrows)
 TEST(Component, ACutValueThrows)
 {
     for (const std::string_view line :
-         {"<Xform rotation=\"1", "<Xform mirror=\"TRUE", "<Location x=\"1", "<Location y="}) {
+         {R"(<Xform rotation="1)", R"(<Xform mirror="TRUE)", R"(<Location x="1)", "<Location y="}) {
         Lines lines({line});
         Component part;
         EXPECT_THROW(part.ComponetAdd(lines.File()), CInvalidArgException) << line;
@@ -296,23 +310,23 @@ TEST(Component, WritesItsLines)
 {
     Component part;
     Fill(part);
-    EXPECT_EQ(Exported(part, 0),
-              (Export{1, "   <Component refDes=\"R1\" packageRef=\"P1\" layerRef=\"TOP\" part=\"X\" mountType=\"SMT\""
-                         " standoff=\"0.1\" height=\"0.0\">\n"
-                         "      <Xform rotation=\"90.000000\"/>\n"
-                         "      <Location x=\"3.000000\" y=\"4.500000\"/>\n"
-                         "   </Component>\n"}));
+    EXPECT_EQ(Exported(part, 0), (Export{1, Below(R"(
+   <Component refDes="R1" packageRef="P1" layerRef="TOP" part="X" mountType="SMT" standoff="0.1" height="0.0">
+      <Xform rotation="90.000000"/>
+      <Location x="3.000000" y="4.500000"/>
+   </Component>
+)")}));
 }
 
 TEST(Component, WritesItsDefaults)
 {
     Component part;
-    EXPECT_EQ(Exported(part, 2),
-              (Export{1, "         <Component refDes=\"\" packageRef=\"\" layerRef=\"\" part=\"\" mountType=\"OTHER\""
-                         " standoff=\"\" height=\"0.0\">\n"
-                         "            <Xform rotation=\"0.000000\"/>\n"
-                         "            <Location x=\"0.000000\" y=\"0.000000\"/>\n"
-                         "         </Component>\n"}));
+    EXPECT_EQ(Exported(part, 2), (Export{1, Below(R"(
+         <Component refDes="" packageRef="" layerRef="" part="" mountType="OTHER" standoff="" height="0.0">
+            <Xform rotation="0.000000"/>
+            <Location x="0.000000" y="0.000000"/>
+         </Component>
+)")}));
 }
 
 class RefusingXform : public CIPC2581_Xform {
@@ -329,9 +343,13 @@ TEST(Component, StopsAtATransformThatRefuses)
     Component part;
     delete part.Xform;
     part.Xform = new RefusingXform;
-    EXPECT_EQ(Exported(part, 0),
-              (Export{0, "   <Component refDes=\"\" packageRef=\"\" layerRef=\"\" part=\"\" mountType=\"OTHER\""
-                         " standoff=\"\" height=\"0.0\">\nxform 1\n"}));
+    EXPECT_EQ(
+        Exported(part, 0),
+        (Export{
+            0,
+            Joined(
+                {R"(   <Component refDes="" packageRef="" layerRef="" part="" mountType="OTHER" standoff="" height="0.0">)",
+                 "xform 1"})}));
 }
 
 TEST(ComponentArray, IsAnOwningArrayWithAnExport)

@@ -18,17 +18,19 @@
 #include "ipc2581/document/XmlLiteReader.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Below;
 using ipc2581::tests::Export;
 using ipc2581::tests::Exported;
+using ipc2581::tests::Joined;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Str;
 using ipc2581::tests::TempFolder;
+using ipc2581::tests::Texts;
 using ipc2581::tests::Tokens;
-
-using Texts = std::vector<std::string>;
 
 // Its own operation stands behind all those of the class.
 template <typename Model>
@@ -77,9 +79,9 @@ std::string StepLines(const std::string & indent)
 {
     std::string lines;
     for (const std::string_view line :
-         {"<Step name=\"\">", "   <Datum x=\"0.000000\" y=\"0.000000\" />", "   <Profile>", "      <Polygon>",
-          "         <PolyBegin x=\"0.000000\" y=\"0.000000\" />", "      </Polygon>", "   </Profile>",
-          "   <PhyNetGroup name=\"\">", "   </PhyNetGroup>", "</Step>"}) {
+         {R"(<Step name="">)", R"(   <Datum x="0.000000" y="0.000000" />)", "   <Profile>", "      <Polygon>",
+          R"(         <PolyBegin x="0.000000" y="0.000000" />)", "      </Polygon>", "   </Profile>",
+          R"(   <PhyNetGroup name="">)", "   </PhyNetGroup>", "</Step>"}) {
         lines.append(indent).append(line).append("\n");
     }
     return lines;
@@ -111,14 +113,14 @@ TEST(Ecad, HasItsOperationsInOrder)
 TEST(Ecad, TakesItsNameFromItsLine)
 {
     const std::vector<std::pair<std::string_view, std::string_view>> rows = {
-        {"<Ecad name=\"Design\">", "Design"},
-        {"<Ecad name=\"two  words\">", "two words"},
-        {"<Ecad filename=\"f\" >", "f"},
-        {"<Ecad name=\"a\" name=\"b\">", "b"},
-        {"<Ecad name =\"a\">", ""},
+        {R"(<Ecad name="Design">)", "Design"},
+        {R"(<Ecad name="two  words">)", "two words"},
+        {R"(<Ecad filename="f" >)", "f"},
+        {R"(<Ecad name="a" name="b">)", "b"},
+        {R"(<Ecad name ="a">)", ""},
         {"<Ecad>", ""},
-        {"<Ecad Name=\"a\">", ""},
-        {"<Ecad_name=\"t\" >", "t"},
+        {R"(<Ecad Name="a">)", ""},
+        {R"(<Ecad_name="t" >)", "t"},
     };
     for (const auto & [line, name] : rows) {
         Document document;
@@ -130,21 +132,26 @@ TEST(Ecad, TakesItsNameFromItsLine)
 TEST(Ecad, ALineWithoutANameKeepsTheFormer)
 {
     Document document;
-    document.Open("<Ecad name=\"a\">\n</Ecad>\n<Ecad x=\"1\">\n</Ecad>\n");
+    document.Open(Below(R"(
+<Ecad name="a">
+</Ecad>
+<Ecad x="1">
+</Ecad>
+)"));
     EXPECT_EQ(document.ecad.name, "a");
 }
 
 TEST(Ecad, ReadsTheUnits)
 {
     const std::vector<std::pair<std::string_view, std::string_view>> rows = {
-        {"<CadHeader units=\"MILLIMETER\">", "MILLIMETER"},
-        {"<CadHeader units=\"INCH\"/>", "INCH"},
+        {R"(<CadHeader units="MILLIMETER">)", "MILLIMETER"},
+        {R"(<CadHeader units="INCH"/>)", "INCH"},
         {"<CadHeader>", ""},
-        {"<CadHeader Units=\"INCH\">", ""},
-        {"<CadHeader units =\"INCH\">", ""},
-        {"<CadHeader units=\"a\" units=\"b\">", "b"},
-        {"<xCadHeaderx subunits=\"c\" >", "c"},
-        {"<CadHeader_units=\"t\" >", "t"},
+        {R"(<CadHeader Units="INCH">)", ""},
+        {R"(<CadHeader units ="INCH">)", ""},
+        {R"(<CadHeader units="a" units="b">)", "b"},
+        {R"(<xCadHeaderx subunits="c" >)", "c"},
+        {R"(<CadHeader_units="t" >)", "t"},
     };
     for (const auto & [line, units] : rows) {
         Document document;
@@ -156,7 +163,7 @@ TEST(Ecad, ReadsTheUnits)
 
 TEST(Ecad, ASlashInTheFirstTokenIsNoHeader)
 {
-    for (const std::string_view line : {"<CadHeader/>", "</CadHeader units=\"INCH\">", "</CadHeader>"}) {
+    for (const std::string_view line : {"<CadHeader/>", R"(</CadHeader units="INCH">)", "</CadHeader>"}) {
         Document document;
         document.Open("<Ecad>\n" + std::string(line) + "\n</Ecad>\n");
         EXPECT_EQ(document.ecad.m_CadHeader.units, "") << line;
@@ -168,8 +175,16 @@ TEST(Ecad, ASlashInTheFirstTokenIsNoHeader)
 TEST(Ecad, ASecondHeaderOverwritesTheUnits)
 {
     Document document;
-    document.Open("<Ecad>\n<CadHeader units=\"INCH\">\n</CadHeader>\n<CadHeader units=\"MICRON\">\n</CadHeader>\n"
-                  "<CadHeader>\n</CadHeader>\n</Ecad>\n");
+    document.Open(Below(R"(
+<Ecad>
+<CadHeader units="INCH">
+</CadHeader>
+<CadHeader units="MICRON">
+</CadHeader>
+<CadHeader>
+</CadHeader>
+</Ecad>
+)"));
     EXPECT_EQ(document.ecad.m_CadHeader.units, "MICRON");
     EXPECT_EQ(document.bar.positions, (std::vector<int>{8, 10, 10, 10}));
 }
@@ -177,8 +192,15 @@ TEST(Ecad, ASecondHeaderOverwritesTheUnits)
 TEST(Ecad, WhatAHeaderHoldsIsDropped)
 {
     Document document;
-    document.Open("<Ecad name=\"e\">\n<CadHeader units=\"INCH\">\n<Note name=\"s\" units=\"x\">\n<Layer name=\"l\"/>\n"
-                  "</Note>\n</CadHeader>\n</Ecad>\n");
+    document.Open(Below(R"(
+<Ecad name="e">
+<CadHeader units="INCH">
+<Note name="s" units="x">
+<Layer name="l"/>
+</Note>
+</CadHeader>
+</Ecad>
+)"));
     EXPECT_EQ(document.ecad.name, "e");
     EXPECT_EQ(document.ecad.m_CadHeader.units, "INCH");
     EXPECT_EQ(document.ecad.m_CadData.m_arrLayer.GetSize(), 0);
@@ -187,7 +209,13 @@ TEST(Ecad, WhatAHeaderHoldsIsDropped)
 TEST(Ecad, ReadsTheData)
 {
     Document document;
-    document.Open("<Ecad>\n<CadData>\n<Layer name=\"L\"/>\n</CadData>\n</Ecad>\n");
+    document.Open(Below(R"(
+<Ecad>
+<CadData>
+<Layer name="L"/>
+</CadData>
+</Ecad>
+)"));
     EXPECT_EQ(document.ecad.m_CadData.m_arrLayer.GetSize(), 1);
     EXPECT_EQ(document.ecad.m_CadData.m_pProgressCtrl, &document.bar);
     EXPECT_EQ(document.bar.positions, (std::vector<int>{8, 20, 22}));
@@ -197,7 +225,14 @@ TEST(Ecad, ReadsTheDataWithoutABar)
 {
     Document document;
     document.reader.m_pProgressCtrl = nullptr;
-    document.Open("<Ecad>\n<CadHeader units=\"INCH\">\n<CadData>\n<Layer name=\"L\"/>\n</CadData>\n</Ecad>\n");
+    document.Open(Below(R"(
+<Ecad>
+<CadHeader units="INCH">
+<CadData>
+<Layer name="L"/>
+</CadData>
+</Ecad>
+)"));
     EXPECT_EQ(document.ecad.m_CadHeader.units, "INCH");
     EXPECT_EQ(document.ecad.m_CadData.m_arrLayer.GetSize(), 1);
     EXPECT_EQ(document.ecad.m_CadData.m_pProgressCtrl, nullptr);
@@ -208,7 +243,11 @@ TEST(Ecad, ASlashInTheFirstTokenIsNoData)
 {
     for (const std::string_view line : {"<CadData/>", "</CadData>", "</CadData >"}) {
         Document document;
-        document.Open("<Ecad>\n" + std::string(line) + "\n<Layer name=\"L\"/>\n</Ecad>\n");
+        document.Open("<Ecad>\n" + std::string(line) + Below(R"(
+
+<Layer name="L"/>
+</Ecad>
+)"));
         EXPECT_EQ(document.ecad.m_CadData.m_arrLayer.GetSize(), 0) << line;
         EXPECT_EQ(document.bar.positions, std::vector<int>{8}) << line;
     }
@@ -220,8 +259,16 @@ TEST(Ecad, Position10ComesBehindTheUnitsAnd20InFrontOfTheData)
     document.bar.look = [&ecad = document.ecad] {
         return Str(ecad.m_CadHeader.units) + (ecad.m_CadData.m_pProgressCtrl == nullptr ? "-" : "+");
     };
-    document.Open(
-        "<Ecad>\n<CadHeader units=\"INCH\">\n</CadHeader>\n<CadData>\n<Layer/>\n<Layer>\n</CadData>\n</Ecad>\n");
+    document.Open(Below(R"(
+<Ecad>
+<CadHeader units="INCH">
+</CadHeader>
+<CadData>
+<Layer/>
+<Layer>
+</CadData>
+</Ecad>
+)"));
     EXPECT_EQ(document.bar.positions, (std::vector<int>{8, 10, 20, 22}));
     EXPECT_EQ(document.bar.seen, (Texts{"-", "INCH-", "INCH-", "INCH+"}));
 }
@@ -229,7 +276,12 @@ TEST(Ecad, Position10ComesBehindTheUnitsAnd20InFrontOfTheData)
 TEST(Ecad, AFirstTokenWithTwoWordsGoesToTheEarlierRow)
 {
     Document document;
-    document.Open("<Ecad>\n<CadDataCadHeader units=\"INCH\">\n<Layer name=\"L\"/>\n</Ecad>\n");
+    document.Open(Below(R"(
+<Ecad>
+<CadDataCadHeader units="INCH">
+<Layer name="L"/>
+</Ecad>
+)"));
     EXPECT_EQ(document.ecad.m_CadHeader.units, "INCH");
     EXPECT_EQ(document.bar.positions, (std::vector<int>{8, 10}));
 }
@@ -238,7 +290,7 @@ TEST(Ecad, EndsAtItsClosingLineWhateverElseThatHolds)
 {
     for (const std::string_view line : {"</Ecad>", "</Ecadx y>", "<x/Ecad>", "</EcadCadHeader>", "</EcadCadData x>"}) {
         Document document;
-        document.Open("<Ecad>\n" + std::string(line) + "\n<HistoryRecord number=\"4\"/>\n");
+        document.Open(Joined({"<Ecad>", line, R"(<HistoryRecord number="4"/>)"}));
         EXPECT_EQ(document.root.m_HistoryRecord.number, 4) << line;
     }
 }
@@ -246,8 +298,15 @@ TEST(Ecad, EndsAtItsClosingLineWhateverElseThatHolds)
 TEST(Ecad, IgnoresOtherLines)
 {
     Document document;
-    document.Open("<Ecad name=\"e\">\n\n<Ecad name=\"f\">\n<HistoryRecord number=\"4\"/>\n<x CadData CadHeader>\n"
-                  "<cadData>\n</Ecad>\n");
+    document.Open(Below(R"(
+<Ecad name="e">
+
+<Ecad name="f">
+<HistoryRecord number="4"/>
+<x CadData CadHeader>
+<cadData>
+</Ecad>
+)"));
     EXPECT_EQ(document.ecad.name, "e");
     EXPECT_EQ(document.root.m_HistoryRecord.number, 0);
     EXPECT_EQ(document.bar.positions, std::vector<int>{8});
@@ -256,7 +315,13 @@ TEST(Ecad, IgnoresOtherLines)
 TEST(Ecad, TheEndOfTheFileEndsIt)
 {
     Document document;
-    EXPECT_EQ(document.Open("<Ecad name=\"e\">\n<CadHeader units=\"INCH\">\n<CadData>\n<Layer name=\"L\"/>\n"), 1);
+    EXPECT_EQ(document.Open(Below(R"(
+<Ecad name="e">
+<CadHeader units="INCH">
+<CadData>
+<Layer name="L"/>
+)")),
+              1);
     EXPECT_EQ(document.ecad.name, "e");
     EXPECT_EQ(document.ecad.m_CadData.m_arrLayer.GetSize(), 1);
 }
@@ -264,7 +329,8 @@ TEST(Ecad, TheEndOfTheFileEndsIt)
 TEST(Ecad, ALineOfBlanksThrows)
 {
     Document document;
-    EXPECT_THROW(document.Open("<Ecad name=\"e\">\n<CadHeader units=\"INCH\">\n  \n</Ecad>\n"), CInvalidArgException);
+    EXPECT_THROW(document.Open(Joined({R"(<Ecad name="e">)", R"(<CadHeader units="INCH">)", "  ", "</Ecad>"})),
+                 CInvalidArgException);
     EXPECT_EQ(document.ecad.m_CadHeader.units, "INCH");
     Document inside;
     EXPECT_THROW(inside.Open("<Ecad>\n<CadData>\n<Layer>\n  \n</CadData>\n</Ecad>\n"), CInvalidArgException);
@@ -274,17 +340,22 @@ TEST(Ecad, ALineOfBlanksThrows)
 TEST(Ecad, ACutValueThrows)
 {
     Document document;
-    EXPECT_THROW(document.Open("<Ecad name=\"open\n</Ecad>\n"), CInvalidArgException);
-    EXPECT_THROW(document.Open("<Ecad>\n<CadHeader units=\"open\n</Ecad>\n"), CInvalidArgException);
+    EXPECT_THROW(document.Open(Joined({R"(<Ecad name="open)", "</Ecad>"})), CInvalidArgException);
+    EXPECT_THROW(document.Open(Below(R"(
+<Ecad>
+<CadHeader units="open
+</Ecad>
+)")),
+                 CInvalidArgException);
 }
 
 TEST(Ecad, ReadCadHeaderTakesTheUnits)
 {
     CIPC2581_Ecad ecad;
-    Tokens tokens("<CadHeader units=\"INCH\">");
+    Tokens tokens(R"(<CadHeader units="INCH">)");
     ecad.ReadCadHeader(tokens);
     EXPECT_EQ(ecad.m_CadHeader.units, "INCH");
-    Tokens other("<CadHeader x=\"1\">");
+    Tokens other(R"(<CadHeader x="1">)");
     ecad.ReadCadHeader(other);
     EXPECT_EQ(ecad.m_CadHeader.units, "INCH");
 }
@@ -294,11 +365,12 @@ TEST(Ecad, WritesItsLines)
     CIPC2581_Ecad ecad;
     ecad.name = "Design & <x>";
     ecad.m_CadHeader.units = "INCH";
-    EXPECT_EQ(Exported(ecad, 0), (Export{1, "   <Ecad name=\"Design & <x>\">\n"
-                                            "      <CadHeader units=\"INCH\">\n"
-                                            "      </CadHeader>\n"
-                                            "      <CadData>\n" +
-                                                StepLines("         ") +
+    EXPECT_EQ(Exported(ecad, 0), (Export{1, Below(R"(
+   <Ecad name="Design & <x>">
+      <CadHeader units="INCH">
+      </CadHeader>
+      <CadData>
+)") + StepLines("         ") +
                                                 "      </CadData>\n"
                                                 "   </Ecad>\n"}));
 }
@@ -306,11 +378,12 @@ TEST(Ecad, WritesItsLines)
 TEST(Ecad, WritesItsLinesWhereEverythingIsEmpty)
 {
     CIPC2581_Ecad ecad;
-    EXPECT_EQ(Exported(ecad, 1), (Export{1, "      <Ecad name=\"\">\n"
-                                            "         <CadHeader units=\"\">\n"
-                                            "         </CadHeader>\n"
-                                            "         <CadData>\n" +
-                                                StepLines("            ") +
+    EXPECT_EQ(Exported(ecad, 1), (Export{1, Below(R"(
+      <Ecad name="">
+         <CadHeader units="">
+         </CadHeader>
+         <CadData>
+)") + StepLines("            ") +
                                                 "         </CadData>\n"
                                                 "      </Ecad>\n"}));
 }
@@ -325,8 +398,12 @@ TEST(Ecad, WritesItsHeaderAlone)
     EXPECT_EQ(ecad.Export_CadHeader(file, 0), 1);
     EXPECT_EQ(ecad.Export_CadHeader(file, 2), 1);
     file.Close();
-    EXPECT_EQ(ipc2581::tests::Bytes(folder.Path("x")), "   <CadHeader units=\"INCH\">\n   </CadHeader>\n"
-                                                       "         <CadHeader units=\"INCH\">\n         </CadHeader>\n");
+    EXPECT_EQ(ipc2581::tests::Bytes(folder.Path("x")), Below(R"(
+   <CadHeader units="INCH">
+   </CadHeader>
+         <CadHeader units="INCH">
+         </CadHeader>
+)"));
 }
 
 TEST(Ecad, WritesItsDataAtTheGivenLevel)
@@ -361,16 +438,25 @@ public:
 TEST(Ecad, WritesItsPartsThroughTheirVirtualOperations)
 {
     HostEcad ecad;
-    EXPECT_EQ(Exported(ecad, 3), (Export{1, "            <Ecad name=\"\">\nheader 4\ndata 4\n            </Ecad>\n"}));
+    EXPECT_EQ(Exported(ecad, 3), (Export{1, Below(R"(
+            <Ecad name="">
+header 4
+data 4
+            </Ecad>
+)")}));
 }
 
 TEST(Ecad, StopsAtAPartThatRefuses)
 {
     HostEcad ecad;
     ecad.data = 0;
-    EXPECT_EQ(Exported(ecad, 0), (Export{0, "   <Ecad name=\"\">\nheader 1\ndata 1\n"}));
+    EXPECT_EQ(Exported(ecad, 0), (Export{0, Below(R"(
+   <Ecad name="">
+header 1
+data 1
+)")}));
     ecad.header = 0;
-    EXPECT_EQ(Exported(ecad, 0), (Export{0, "   <Ecad name=\"\">\nheader 1\n"}));
+    EXPECT_EQ(Exported(ecad, 0), (Export{0, Joined({R"(   <Ecad name="">)", "header 1"})}));
 }
 
 class RefusingComponent : public CIPC2581_Ecad_CadData_Step_Component {

@@ -20,6 +20,7 @@
 #include "tests/cad/Models.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
@@ -31,7 +32,7 @@ using Line = CIPC2581_Line;
 using PolyLine = CIPC2581_PolyLine;
 
 // Reads the lines under a Features line and gives those that are left.
-TextLines Read(Features & features, std::initializer_list<std::string_view> lines)
+Texts Read(Features & features, std::initializer_list<std::string_view> lines)
 {
     Lines file(lines);
     features.FeaturesAdd(file);
@@ -88,14 +89,14 @@ TEST(Features, HasExportBehindItsDestructor)
 TEST(Features, ReadsItsFourShapesInTheirOrder)
 {
     Features features;
-    EXPECT_EQ(Read(features, {"<Location x=\"1\" y=\"2\"/>", "<Circle diameter=\"3\"/>", "<Contour>", "<Polygon>",
-                              "<PolyBegin x=\"1\" y=\"1\"/>", "<PolyStepSegment x=\"2\" y=\"2\"/>", "</Polygon>",
-                              "</Contour>", "<Line startX=\"1\" startY=\"2\" endX=\"3\" endY=\"4\">",
-                              "<LineDesc lineEnd=\"SQUARE\" lineWidth=\"0.5\"/>", "</Line>", "<Polyline>",
-                              "<PolyBegin x=\"5\" y=\"6\"/>", "<PolyStepSegment x=\"7\" y=\"8\"/>",
-                              "<LineDesc lineEnd=\"FLAT\" lineWidth=\"0.25\"/>", "</Polyline>",
-                              "<Circle diameter=\"9\"/>", "</Features>", "left"}),
-              TextLines{"left"});
+    EXPECT_EQ(Read(features, {R"(<Location x="1" y="2"/>)", R"(<Circle diameter="3"/>)", "<Contour>", "<Polygon>",
+                              R"(<PolyBegin x="1" y="1"/>)", R"(<PolyStepSegment x="2" y="2"/>)", "</Polygon>",
+                              "</Contour>", R"(<Line startX="1" startY="2" endX="3" endY="4">)",
+                              R"(<LineDesc lineEnd="SQUARE" lineWidth="0.5"/>)", "</Line>", "<Polyline>",
+                              R"(<PolyBegin x="5" y="6"/>)", R"(<PolyStepSegment x="7" y="8"/>)",
+                              R"(<LineDesc lineEnd="FLAT" lineWidth="0.25"/>)", "</Polyline>",
+                              R"(<Circle diameter="9"/>)", "</Features>", "left"}),
+              Texts{"left"});
     ExpectAt(features, 1.0, 2.0);
     ASSERT_EQ(DrawTypes(features), (std::vector<int>{2, 3, 18, 20, 2}));
     EXPECT_EQ(At<Circle>(features, 0).Diameter, 3.0);
@@ -106,33 +107,35 @@ TEST(Features, ReadsItsFourShapesInTheirOrder)
     EXPECT_EQ(At<PolyLine>(features, 3).PolyStepArray->GetSize(), 1);
     EXPECT_EQ(At<PolyLine>(features, 3).LineDesc->LineEnd, "FLAT");
     EXPECT_EQ(At<Circle>(features, 4).Diameter, 9.0);
-    ExpectExport(features, "   <Features>\n"
-                           "      <Location x=\"1.000000\" y=\"2.000000\"/>\n"
-                           "      <Circle diameter=\"3.000000\" />\n"
-                           "      <Contour>\n"
-                           "         <Polygon>\n"
-                           "            <PolyBegin x=\"1.000000\" y=\"1.000000\" />\n"
-                           "            <PolyStepSegment x=\"2.000000\" y=\"2.000000\" />\n"
-                           "         </Polygon>\n"
-                           "      </Contour>\n"
-                           "      <Line startX=\"1.000000\" startY=\"2.000000\" endX=\"3.000000\" endY=\"4.000000\">\n"
-                           "         <LineDesc lineEnd=\"SQUARE\" lineWidth=\"0.500000\" />\n"
-                           "      </Line>\n"
-                           "      <Polyline>\n"
-                           "         <PolyBegin x=\"5.000000\" y=\"6.000000\" />\n"
-                           "         <PolyStepSegment x=\"7.000000\" y=\"8.000000\" />\n"
-                           "         <LineDesc lineEnd=\"FLAT\" lineWidth=\"0.250000\" />\n"
-                           "      </Polyline>\n"
-                           "      <Circle diameter=\"9.000000\" />\n"
-                           "   </Features>\n");
+    ExpectExport(features, Below(R"(
+   <Features>
+      <Location x="1.000000" y="2.000000"/>
+      <Circle diameter="3.000000" />
+      <Contour>
+         <Polygon>
+            <PolyBegin x="1.000000" y="1.000000" />
+            <PolyStepSegment x="2.000000" y="2.000000" />
+         </Polygon>
+      </Contour>
+      <Line startX="1.000000" startY="2.000000" endX="3.000000" endY="4.000000">
+         <LineDesc lineEnd="SQUARE" lineWidth="0.500000" />
+      </Line>
+      <Polyline>
+         <PolyBegin x="5.000000" y="6.000000" />
+         <PolyStepSegment x="7.000000" y="8.000000" />
+         <LineDesc lineEnd="FLAT" lineWidth="0.250000" />
+      </Polyline>
+      <Circle diameter="9.000000" />
+   </Features>
+)"));
 }
 
 TEST(Features, PassesOverAnyTransformFirst)
 {
     Features features;
-    EXPECT_EQ(Read(features, {"<Xform rotation=\"90\" x=\"1\"/>", "<LocationXform x=\"1\" y=\"2\">",
-                              "<XformCircle diameter=\"1\">", "<Xform/>", "</FeaturesXform>", "</Features>", "left"}),
-              TextLines{"left"});
+    EXPECT_EQ(Read(features, {R"(<Xform rotation="90" x="1"/>)", R"(<LocationXform x="1" y="2">)",
+                              R"(<XformCircle diameter="1">)", "<Xform/>", "</FeaturesXform>", "</Features>", "left"}),
+              Texts{"left"});
     ExpectAt(features, 0.0, 0.0);
     EXPECT_TRUE(features.DrawObjArray.IsEmpty());
 }
@@ -145,19 +148,19 @@ TEST(Features, TestsForItsElementsInTheirOrder)
         std::vector<int> types;
         double x;
     } rows[] = {
-        {"<PolylineLocation x=\"1\">", "</Polyline>", {}, 1.0},
-        {"<CircleLocation x=\"1\" diameter=\"2\">", "</Circle>", {}, 1.0},
-        {"<LinePolyline startX=\"1\" x=\"1\">", "</Polyline>", {20}, 0.0},
-        {"<ContourPolyline x=\"1\">", "</Polyline>", {20}, 0.0},
-        {"<ContourLine startX=\"1\" x=\"1\">", "</Line>", {18}, 0.0},
-        {"<CircleLine diameter=\"1\">", "</Line>", {18}, 0.0},
-        {"<CircleContour diameter=\"1\">", "</Contour>", {3}, 0.0},
-        {"<RoundCircle diameter=\"1\">", "</Circle>", {2}, 0.0},
+        {R"(<PolylineLocation x="1">)", "</Polyline>", {}, 1.0},
+        {R"(<CircleLocation x="1" diameter="2">)", "</Circle>", {}, 1.0},
+        {R"(<LinePolyline startX="1" x="1">)", "</Polyline>", {20}, 0.0},
+        {R"(<ContourPolyline x="1">)", "</Polyline>", {20}, 0.0},
+        {R"(<ContourLine startX="1" x="1">)", "</Line>", {18}, 0.0},
+        {R"(<CircleLine diameter="1">)", "</Line>", {18}, 0.0},
+        {R"(<CircleContour diameter="1">)", "</Contour>", {3}, 0.0},
+        {R"(<RoundCircle diameter="1">)", "</Circle>", {2}, 0.0},
     };
     for (const auto & row : rows) {
         SCOPED_TRACE(row.line);
         Features features;
-        EXPECT_EQ(Read(features, {row.line, row.closing, "</Features>", "left"}), TextLines{"left"});
+        EXPECT_EQ(Read(features, {row.line, row.closing, "</Features>", "left"}), Texts{"left"});
         EXPECT_EQ(DrawTypes(features), row.types);
         EXPECT_EQ(features.Location.GetX(), row.x);
     }
@@ -167,12 +170,12 @@ TEST(Features, ATestThatTheSlashTurnsAwayFallsThroughToTheEnd)
 {
     for (const char * const word : {"Location", "Polyline", "Line", "Contour", "Circle"}) {
         SCOPED_TRACE(word);
-        const std::string attributes = " x=\"1\" diameter=\"2\">";
+        const std::string attributes = R"( x="1" diameter="2">)";
         Features features;
         EXPECT_EQ(Read(features,
                        {"<" + std::string(word) + "/>", "<" + std::string(word) + "/" + attributes,
                         "</" + std::string(word) + attributes, "</Features" + std::string(word) + attributes, "left"}),
-                  TextLines{"left"});
+                  Texts{"left"});
         ExpectAt(features, 0.0, 0.0);
         EXPECT_TRUE(features.DrawObjArray.IsEmpty());
     }
@@ -182,16 +185,16 @@ TEST(Features, ScansItsLocationForXBeforeY)
 {
     Features features;
     Read(features,
-         {"<Locationy=\"4\" x=\"3\">", "<Location y=\"9\"x=\"8\">", "<Location X=\"5\" yy =\"6\"/>", "</Features>"});
+         {R"(<Locationy="4" x="3">)", R"(<Location y="9"x="8">)", R"(<Location X="5" yy ="6"/>)", "</Features>"});
     ExpectAt(features, 9.0, 4.0);
 }
 
 TEST(Features, TakesTheLastOfItsLocationsAlsoInsideAnUnknownElement)
 {
     Features features;
-    Read(features, {"<Location x=\"1\" y=\"2\"/>", "<Location x=\"3\"/>", "</Features>"});
+    Read(features, {R"(<Location x="1" y="2"/>)", R"(<Location x="3"/>)", "</Features>"});
     ExpectAt(features, 3.0, 2.0);
-    Read(features, {"<UserSpecial>", "<Location x=\"5\" y=\"bad\"/>", "</UserSpecial>", "</Features>"});
+    Read(features, {"<UserSpecial>", R"(<Location x="5" y="bad"/>)", "</UserSpecial>", "</Features>"});
     ExpectAt(features, 5.0, 0.0);
 }
 
@@ -201,17 +204,17 @@ TEST(Features, ScansTheLineOfALine)
         const char * line;
         Ends ends;
     } rows[] = {
-        {"<Line endY=\"4\" endX=\"3\" startY=\"2\" startX=\"1\">", {1.0, 2.0, 3.0, 4.0}},
+        {R"(<Line endY="4" endX="3" startY="2" startX="1">)", {1.0, 2.0, 3.0, 4.0}},
         {"<Line>", {0.0, 0.0, 0.0, 0.0}},
-        {"<Line startY=\"2\">", {0.0, 2.0, 0.0, 0.0}},
-        {"<Line x=\"1\" y=\"2\" StartX=\"3\" startXs=\"4\" endX =\"5\">", {0.0, 0.0, 0.0, 0.0}},
-        {"<LinestartX=\"1\" bendX=\"2\">", {1.0, 0.0, 2.0, 0.0}},
-        {"<Line startX=\"one\" endX=\"1e2\">", {0.0, 0.0, 100.0, 0.0}},
-        {"<Line startX=\"1 startY=2\" endX=\"3\">", {1.0, 0.0, 3.0, 0.0}},
-        {"<Line startY=\"2\"startX=\"1\">", {2.0, 0.0, 0.0, 0.0}},
-        {"<Line endX=\"3\"startY=\"2\">", {0.0, 3.0, 0.0, 0.0}},
-        {"<Line endY=\"4\"endX=\"3\">", {0.0, 0.0, 4.0, 0.0}},
-        {"<Line endY=\"4\"startX=\"3\">", {4.0, 0.0, 0.0, 0.0}},
+        {R"(<Line startY="2">)", {0.0, 2.0, 0.0, 0.0}},
+        {R"(<Line x="1" y="2" StartX="3" startXs="4" endX ="5">)", {0.0, 0.0, 0.0, 0.0}},
+        {R"(<LinestartX="1" bendX="2">)", {1.0, 0.0, 2.0, 0.0}},
+        {R"(<Line startX="one" endX="1e2">)", {0.0, 0.0, 100.0, 0.0}},
+        {R"(<Line startX="1 startY=2" endX="3">)", {1.0, 0.0, 3.0, 0.0}},
+        {R"(<Line startY="2"startX="1">)", {2.0, 0.0, 0.0, 0.0}},
+        {R"(<Line endX="3"startY="2">)", {0.0, 3.0, 0.0, 0.0}},
+        {R"(<Line endY="4"endX="3">)", {0.0, 0.0, 4.0, 0.0}},
+        {R"(<Line endY="4"startX="3">)", {4.0, 0.0, 0.0, 0.0}},
     };
     for (const auto & row : rows) {
         SCOPED_TRACE(row.line);
@@ -226,11 +229,11 @@ TEST(Features, ScansTheLineOfALine)
 TEST(Features, ALineDescriptionInAnUnknownElementMakesALine)
 {
     Features features;
-    EXPECT_EQ(Read(features, {"<UserSpecial>", "<LineDesc lineEnd=\"SQUARE\" lineWidth=\"0.5\"/>", "</UserSpecial>",
-                              "<Circle diameter=\"1\"/>", "<Line startX=\"1\" startY=\"2\">",
-                              "<LineDesc lineEnd=\"FLAT\" lineWidth=\"0.25\"/>", "</Line>", "<Circle diameter=\"2\"/>",
+    EXPECT_EQ(Read(features, {"<UserSpecial>", R"(<LineDesc lineEnd="SQUARE" lineWidth="0.5"/>)", "</UserSpecial>",
+                              R"(<Circle diameter="1"/>)", R"(<Line startX="1" startY="2">)",
+                              R"(<LineDesc lineEnd="FLAT" lineWidth="0.25"/>)", "</Line>", R"(<Circle diameter="2"/>)",
                               "</Features>", "left"}),
-              TextLines{"left"});
+              Texts{"left"});
     ASSERT_EQ(DrawTypes(features), (std::vector<int>{18, 2}));
     EXPECT_EQ(EndsOf(At<Line>(features, 0)), (Ends{0.0, 0.0, 0.0, 0.0}));
     EXPECT_EQ(At<Line>(features, 0).LineDesc->LineEnd, "FLAT");
@@ -241,7 +244,7 @@ TEST(Features, ALineDescriptionInAnUnknownElementMakesALine)
 TEST(Features, ALineDescriptionOutsideAShapeMakesALineToo)
 {
     Features features;
-    EXPECT_EQ(Read(features, {"<LineDesc lineEnd=\"SQUARE\"/>", "</Features>", "</Set>"}), TextLines{});
+    EXPECT_EQ(Read(features, {R"(<LineDesc lineEnd="SQUARE"/>)", "</Features>", "</Set>"}), Texts{});
     ASSERT_EQ(DrawTypes(features), std::vector<int>{18});
     EXPECT_EQ(At<Line>(features, 0).LineDesc->LineEnd, "ROUND");
 }
@@ -249,8 +252,8 @@ TEST(Features, ALineDescriptionOutsideAShapeMakesALineToo)
 TEST(Features, ASelfClosedLineReadsOnToTheEndOfTheNextOne)
 {
     Features features;
-    Read(features, {"<Line startX=\"1\" startY=\"2\"/>", "<Circle diameter=\"1\"/>", "<Line startX=\"3\">", "</Line>",
-                    "<Circle diameter=\"2\"/>", "</Features>"});
+    Read(features, {R"(<Line startX="1" startY="2"/>)", R"(<Circle diameter="1"/>)", R"(<Line startX="3">)", "</Line>",
+                    R"(<Circle diameter="2"/>)", "</Features>"});
     ASSERT_EQ(DrawTypes(features), (std::vector<int>{18, 2}));
     EXPECT_EQ(At<Line>(features, 0).StartPoint->GetPoint_X(), 1.0);
     EXPECT_EQ(At<Circle>(features, 1).Diameter, 2.0);
@@ -259,7 +262,7 @@ TEST(Features, ASelfClosedLineReadsOnToTheEndOfTheNextOne)
 TEST(Features, ACircleReadsNoFurtherLine)
 {
     Features features;
-    Read(features, {"<Circle diameter=\"1\">", "</Circle>", "<Circle diameter=\"2\"/>", "<Circle>", "</Features>"});
+    Read(features, {R"(<Circle diameter="1">)", "</Circle>", R"(<Circle diameter="2"/>)", "<Circle>", "</Features>"});
     ASSERT_EQ(DrawTypes(features), (std::vector<int>{2, 2, 2}));
     EXPECT_EQ(At<Circle>(features, 0).Diameter, 1.0);
     EXPECT_EQ(At<Circle>(features, 1).Diameter, 2.0);
@@ -270,10 +273,10 @@ TEST(Features, IgnoresOtherShapesAndEmptyLines)
 {
     Features features;
     EXPECT_EQ(
-        Read(features, {"", "<RectCenter width=\"1\" height=\"2\"/>", "<Polygon>", "<PolyBegin x=\"1\"/>", "</Polygon>",
-                        "<Arc startX=\"1\">", "</Arc>", "<circle diameter=\"1\"/>", "< Circle diameter=\"1\">",
-                        "<Text Circle=\"a\"/>", "</features>", "</Set>", "</Features>", "left"}),
-        TextLines{"left"});
+        Read(features, {"", R"(<RectCenter width="1" height="2"/>)", "<Polygon>", R"(<PolyBegin x="1"/>)", "</Polygon>",
+                        R"(<Arc startX="1">)", "</Arc>", R"(<circle diameter="1"/>)", R"(< Circle diameter="1">)",
+                        R"(<Text Circle="a"/>)", "</features>", "</Set>", "</Features>", "left"}),
+        Texts{"left"});
     ExpectAt(features, 0.0, 0.0);
     EXPECT_TRUE(features.DrawObjArray.IsEmpty());
 }
@@ -281,35 +284,35 @@ TEST(Features, IgnoresOtherShapesAndEmptyLines)
 TEST(Features, TakesAPolyLineWithACapitalLForALine)
 {
     Features features;
-    EXPECT_EQ(Read(features, {"<PolyLine>", "<PolyBegin x=\"1\"/>", "</PolyLine>", "<Circle diameter=\"1\"/>",
+    EXPECT_EQ(Read(features, {"<PolyLine>", R"(<PolyBegin x="1"/>)", "</PolyLine>", R"(<Circle diameter="1"/>)",
                               "</Line>", "</Features>", "left"}),
-              TextLines{"left"});
+              Texts{"left"});
     EXPECT_EQ(DrawTypes(features), std::vector<int>{18});
 }
 
 TEST(Features, EndsWhateverElseTheFirstTokenHolds)
 {
-    for (const char * const closing : {"</Features>", "</FeaturesEnd x=\"1\">", "x/Features", "\t</Features>"}) {
+    for (const char * const closing : {"</Features>", R"(</FeaturesEnd x="1">)", "x/Features", "\t</Features>"}) {
         Features features;
-        EXPECT_EQ(Read(features, {closing, "left"}), TextLines{"left"}) << closing;
+        EXPECT_EQ(Read(features, {closing, "left"}), Texts{"left"}) << closing;
     }
 }
 
-const TextLines kFeaturesLines = {"<Location x=\"1\"/>",
-                                  "<Polyline>",
-                                  "<PolyBegin x=\"1\"/>",
-                                  "</Polyline>",
-                                  "<Line endX=\"1\">",
-                                  "<LineDesc/>",
-                                  "</Line>",
-                                  "<Contour>",
-                                  "<Polygon>",
-                                  "</Polygon>",
-                                  "<Cutout>",
-                                  "</Cutout>",
-                                  "</Contour>",
-                                  "<Circle diameter=\"1\"/>",
-                                  "</Features>"};
+const Texts kFeaturesLines = {R"(<Location x="1"/>)",
+                              "<Polyline>",
+                              R"(<PolyBegin x="1"/>)",
+                              "</Polyline>",
+                              R"(<Line endX="1">)",
+                              "<LineDesc/>",
+                              "</Line>",
+                              "<Contour>",
+                              "<Polygon>",
+                              "</Polygon>",
+                              "<Cutout>",
+                              "</Cutout>",
+                              "</Contour>",
+                              R"(<Circle diameter="1"/>)",
+                              "</Features>"};
 
 TEST(Features, EndsQuietlyAtTheEndOfTheFile)
 {
@@ -331,10 +334,10 @@ TEST(Features, ThrowsForALineOfBlanks)
 TEST(Features, LosesTheShapeInHandWithAnException)
 {
     for (const char * const line :
-         {"<Polyline>", "<Line startX=\"1\">", "<Line startX=\"1>", "<Contour>", "<Circle diameter=\"1>"}) {
+         {"<Polyline>", R"(<Line startX="1">)", R"(<Line startX="1>)", "<Contour>", R"(<Circle diameter="1>)"}) {
         SCOPED_TRACE(line);
         Features features;
-        EXPECT_THROW(Read(features, {"<Circle diameter=\"1\"/>", line, "  ", "</Features>"}), CInvalidArgException);
+        EXPECT_THROW(Read(features, {R"(<Circle diameter="1"/>)", line, "  ", "</Features>"}), CInvalidArgException);
         EXPECT_EQ(DrawTypes(features), std::vector<int>{2});
     }
 }
@@ -342,9 +345,11 @@ TEST(Features, LosesTheShapeInHandWithAnException)
 TEST(Features, WritesItsLocationAlsoWhenItIsEmpty)
 {
     Features features;
-    ExpectExport(features, "   <Features>\n"
-                           "      <Location x=\"0.000000\" y=\"0.000000\"/>\n"
-                           "   </Features>\n");
+    ExpectExport(features, Below(R"(
+   <Features>
+      <Location x="0.000000" y="0.000000"/>
+   </Features>
+)"));
 }
 
 TEST(Features, StopsAtTheFirstShapeThatGivesZero)
@@ -353,9 +358,12 @@ TEST(Features, StopsAtTheFirstShapeThatGivesZero)
     features.DrawObjArray.Add(new Writing<CIPC2581_DrawObj>("first"));
     features.DrawObjArray.Add(new Writing<CIPC2581_DrawObj>("second", 0));
     features.DrawObjArray.Add(new Circle);
-    EXPECT_EQ(Exported(features), (Export{0, "   <Features>\n"
-                                             "      <Location x=\"0.000000\" y=\"0.000000\"/>\n"
-                                             "first at 1\nsecond at 1\n"}));
+    EXPECT_EQ(Exported(features), (Export{0, Below(R"(
+   <Features>
+      <Location x="0.000000" y="0.000000"/>
+first at 1
+second at 1
+)")}));
 }
 
 TEST(Features, CopiesItsShapesThroughTheirClones)
@@ -363,7 +371,7 @@ TEST(Features, CopiesItsShapesThroughTheirClones)
     int deleted = 0;
     Features source;
     Read(source,
-         {"<Location x=\"1\" y=\"2\"/>", "<Circle diameter=\"3\"/>", "<Line startX=\"1\">", "</Line>", "</Features>"});
+         {R"(<Location x="1" y="2"/>)", R"(<Circle diameter="3"/>)", R"(<Line startX="1">)", "</Line>", "</Features>"});
     const Features copy(source);
     Features target;
     target.DrawObjArray.Add(new Counted<Circle>(deleted));
@@ -385,7 +393,7 @@ TEST(Features, AssignmentToItselfKeepsItsShapes)
 {
     Features features;
     Read(features,
-         {"<Location x=\"1\" y=\"2\"/>", "<Circle diameter=\"3\"/>", "<Line startX=\"1\">", "</Line>", "</Features>"});
+         {R"(<Location x="1" y="2"/>)", R"(<Circle diameter="3"/>)", R"(<Line startX="1">)", "</Line>", "</Features>"});
     const Features & same = features;
     features = same;
     ExpectAt(features, 1.0, 2.0);

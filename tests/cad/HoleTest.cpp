@@ -12,6 +12,7 @@
 #include "tests/cad/Models.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
@@ -20,7 +21,7 @@ using Hole = CIPC2581_Ecad_CadData_Step_Hole;
 using HoleArray = CIPC2581_Ecad_CadData_Step_HoleArray;
 
 // Reads the lines under a LayerHole line and gives those that are left.
-TextLines Read(Hole & hole, std::initializer_list<std::string_view> lines)
+Texts Read(Hole & hole, std::initializer_list<std::string_view> lines)
 {
     Lines file(lines);
     hole.LayerHoleAdd(file);
@@ -124,7 +125,7 @@ TEST(Hole, AssignmentToItselfChangesNothing)
 TEST(Hole, ReadsItsSpan)
 {
     Hole hole;
-    EXPECT_EQ(Read(hole, {"<Span fromLayer=\"TOP\" toLayer=\"BOTTOM\"/>", "</Hole>", "left"}), TextLines{"left"});
+    EXPECT_EQ(Read(hole, {R"(<Span fromLayer="TOP" toLayer="BOTTOM"/>)", "</Hole>", "left"}), Texts{"left"});
     EXPECT_EQ(hole.ToLayer, "BOTTOM");
     EXPECT_EQ(hole.FromLayer, "TOP");
     EXPECT_EQ(hole.Name, "");
@@ -133,7 +134,7 @@ TEST(Hole, ReadsItsSpan)
 TEST(Hole, TestsForToLayerBeforeFromLayer)
 {
     Hole hole;
-    Read(hole, {"<Span fromLayer=\"A\"toLayer=\"B\">", "</Hole>"});
+    Read(hole, {R"(<Span fromLayer="A"toLayer="B">)", "</Hole>"});
     EXPECT_EQ(hole.ToLayer, "AtoLayer=B");
     EXPECT_EQ(hole.FromLayer, "");
 }
@@ -141,7 +142,7 @@ TEST(Hole, TestsForToLayerBeforeFromLayer)
 TEST(Hole, ScansItsSpanFromTheFirstTokenForWordsWithAnEqualSign)
 {
     Hole hole;
-    Read(hole, {"<SpantoLayer=\"A B\" toLayers=\"C\" fromLayer name=\"D\">", "</Hole>"});
+    Read(hole, {R"(<SpantoLayer="A B" toLayers="C" fromLayer name="D">)", "</Hole>"});
     EXPECT_EQ(hole.ToLayer, "A B");
     EXPECT_EQ(hole.FromLayer, "");
     EXPECT_EQ(hole.Name, "");
@@ -149,10 +150,10 @@ TEST(Hole, ScansItsSpanFromTheFirstTokenForWordsWithAnEqualSign)
 
 TEST(Hole, ASlashTurnsASpanAway)
 {
-    for (const char * const closing : {"</HoleSpan toLayer=\"B\">", "</LayerHoleSpan toLayer=\"B\">"}) {
+    for (const char * const closing : {R"(</HoleSpan toLayer="B">)", R"(</LayerHoleSpan toLayer="B">)"}) {
         Hole hole;
-        EXPECT_EQ(Read(hole, {"<Span/>", "<Span/ toLayer=\"B\">", "</Span toLayer=\"B\">", closing, "left"}),
-                  TextLines{"left"})
+        EXPECT_EQ(Read(hole, {"<Span/>", R"(<Span/ toLayer="B">)", R"(</Span toLayer="B">)", closing, "left"}),
+                  Texts{"left"})
             << closing;
         EXPECT_EQ(hole.ToLayer, "");
     }
@@ -160,23 +161,23 @@ TEST(Hole, ASlashTurnsASpanAway)
 
 TEST(Hole, EndsAtBothItsClosingTags)
 {
-    for (const char * const closing : {"</Hole>", "</LayerHole>", "</Holes>", "</LayerHoles x=\"1\">"}) {
+    for (const char * const closing : {"</Hole>", "</LayerHole>", "</Holes>", R"(</LayerHoles x="1">)"}) {
         Hole hole;
-        EXPECT_EQ(Read(hole, {closing, "left"}), TextLines{"left"}) << closing;
+        EXPECT_EQ(Read(hole, {closing, "left"}), Texts{"left"}) << closing;
     }
 }
 
 TEST(Hole, IgnoresEverythingElse)
 {
     Hole hole;
-    EXPECT_EQ(Read(hole, {"", "<LayerPad layerRef=\"TOP\">", "</LayerPad>", "<Hole name=\"H\" x=\"1\"/>", "</PadStack>",
-                          "<span toLayer=\"B\">", "< Span toLayer=\"B\">", "</hole>", "</LayerHole>", "left"}),
-              TextLines{"left"});
+    EXPECT_EQ(Read(hole, {"", R"(<LayerPad layerRef="TOP">)", "</LayerPad>", R"(<Hole name="H" x="1"/>)", "</PadStack>",
+                          R"(<span toLayer="B">)", R"(< Span toLayer="B">)", "</hole>", "</LayerHole>", "left"}),
+              Texts{"left"});
     ExpectEmptyTexts(hole);
     ExpectAt(hole, 0.0, 0.0);
 }
 
-const TextLines kHoleLines = {"<Special>", "<Span toLayer=\"B\"/>", "</LayerHole>"};
+const Texts kHoleLines = {"<Special>", R"(<Span toLayer="B"/>)", "</LayerHole>"};
 
 TEST(Hole, EndsQuietlyAtTheEndOfTheFile)
 {
@@ -195,23 +196,26 @@ TEST(Hole, ThrowsForALineOfBlanks)
 TEST(Hole, ThrowsForAValueThatItsLineDoesNotClose)
 {
     Hole hole;
-    EXPECT_THROW(Read(hole, {"<Span toLayer=\"B>", "</Hole>"}), CInvalidArgException);
+    EXPECT_THROW(Read(hole, {R"(<Span toLayer="B>)", "</Hole>"}), CInvalidArgException);
     EXPECT_THROW(Read(hole, {"<Span fromLayer=B>", "</Hole>"}), CInvalidArgException);
 }
 
 TEST(Hole, WritesOneLine)
 {
     Hole hole;
-    ExpectExport(hole, "   <Hole name=\"\" diameter=\"\" platingStatus=\"\" plusTol=\"\" minusTol=\"\" x=\"0.000000\" "
-                       "y=\"0.000000\" />\n");
+    ExpectExport(
+        hole,
+        Joined(
+            {R"(   <Hole name="" diameter="" platingStatus="" plusTol="" minusTol="" x="0.000000" y="0.000000" />)"}));
 }
 
 TEST(Hole, WritesItsTextsAsTheyAreAndNoSpan)
 {
     Hole hole;
     Fill(hole);
-    const char * const line = "   <Hole name=\"H1\" diameter=\"0.30\" platingStatus=\"PLATED\" plusTol=\"0.1\" "
-                              "minusTol=\"0.2\" x=\"1.500000\" y=\"-2.000000\" />\n";
+    const char * const line = Below(R"(
+   <Hole name="H1" diameter="0.30" platingStatus="PLATED" plusTol="0.1" minusTol="0.2" x="1.500000" y="-2.000000" />
+)");
     ExpectExport(hole, line);
     hole.ToLayer = "";
     hole.FromLayer = "";

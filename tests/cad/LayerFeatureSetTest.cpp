@@ -19,6 +19,7 @@
 #include "tests/cad/Models.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
@@ -28,7 +29,7 @@ using Set = CIPC2581_Ecad_CadData_Step_LayerFeature_Set;
 using SetArray = CIPC2581_Ecad_CadData_Step_LayerFeature_SetArray;
 
 // Reads the lines under a Set line and gives those that are left.
-TextLines Read(Set & set, std::initializer_list<std::string_view> lines)
+Texts Read(Set & set, std::initializer_list<std::string_view> lines)
 {
     Lines file(lines);
     set.SetAdd(file);
@@ -51,9 +52,9 @@ void ExpectAt(const Hole & hole, double x, double y)
 
 void Fill(Set & set)
 {
-    Read(set, {"<ColorRef id=\"C1\"/>", "<Features>", "<Location x=\"1\" y=\"2\"/>", "<Circle diameter=\"3\"/>",
-               "</Features>", "<Pad pin=\"4\">", "<Location x=\"5\" y=\"6\"/>", "</Pad>",
-               "<Hole name=\"H\" diameter=\"0.3\" x=\"7\" y=\"8\"/>", "</Set>"});
+    Read(set, {R"(<ColorRef id="C1"/>)", "<Features>", R"(<Location x="1" y="2"/>)", R"(<Circle diameter="3"/>)",
+               "</Features>", R"(<Pad pin="4">)", R"(<Location x="5" y="6"/>)", "</Pad>",
+               R"(<Hole name="H" diameter="0.3" x="7" y="8"/>)", "</Set>"});
     set.Net = "GND";
     set.TestPoint = true;
     set.Plate = true;
@@ -139,13 +140,13 @@ TEST(LayerFeatureSet, IsOfTheKindThatItReadLast)
     const std::string_view features[] = {"<Features>", "</Features>"};
     Set set;
     set.Kind = 7;
-    Read(set, {"<ColorRef id=\"C1\"/>", "<Xform rotation=\"90\"/>", "</Set>"});
+    Read(set, {R"(<ColorRef id="C1"/>)", R"(<Xform rotation="90"/>)", "</Set>"});
     EXPECT_EQ(set.Kind, 7);
     Read(set, {features[0], features[1], "</Set>"});
     EXPECT_EQ(set.Kind, 0);
-    Read(set, {"<Pad pin=\"1\">", "</Pad>", "</Set>"});
+    Read(set, {R"(<Pad pin="1">)", "</Pad>", "</Set>"});
     EXPECT_EQ(set.Kind, 1);
-    Read(set, {"<Hole name=\"H\"/>", "</Set>"});
+    Read(set, {R"(<Hole name="H"/>)", "</Set>"});
     EXPECT_EQ(set.Kind, 2);
     Read(set, {features[0], features[1], "</Set>"});
     EXPECT_EQ(set.Kind, 0);
@@ -156,10 +157,10 @@ TEST(LayerFeatureSet, IsOfTheKindThatItReadLast)
 TEST(LayerFeatureSet, KeepsTheKindsApart)
 {
     Set set;
-    EXPECT_EQ(Read(set, {"<Hole name=\"H\" x=\"1\"/>", "<Pad pin=\"1\">", "<Location x=\"2\" y=\"3\"/>", "</Pad>",
-                         "<Features>", "<Location x=\"4\" y=\"5\"/>", "<Circle diameter=\"1\"/>", "</Features>",
+    EXPECT_EQ(Read(set, {R"(<Hole name="H" x="1"/>)", R"(<Pad pin="1">)", R"(<Location x="2" y="3"/>)", "</Pad>",
+                         "<Features>", R"(<Location x="4" y="5"/>)", R"(<Circle diameter="1"/>)", "</Features>",
                          "</Set>", "left"}),
-              TextLines{"left"});
+              Texts{"left"});
     ExpectAt(set.Hole, 1.0, 0.0);
     EXPECT_EQ(set.Pad.Location.GetX(), 2.0);
     EXPECT_EQ(set.Features.Location.GetX(), 4.0);
@@ -170,7 +171,7 @@ TEST(LayerFeatureSet, KeepsTheKindsApart)
 TEST(LayerFeatureSet, ASecondBlockOfFeaturesAddsToTheFirst)
 {
     Set set;
-    Read(set, {"<Features>", "<Circle diameter=\"1\"/>", "</Features>", "<Features>", "<Circle diameter=\"2\"/>",
+    Read(set, {"<Features>", R"(<Circle diameter="1"/>)", "</Features>", "<Features>", R"(<Circle diameter="2"/>)",
                "</Features>", "</Set>"});
     EXPECT_EQ(set.Features.DrawObjArray.GetSize(), 2);
 }
@@ -178,8 +179,8 @@ TEST(LayerFeatureSet, ASecondBlockOfFeaturesAddsToTheFirst)
 TEST(LayerFeatureSet, ASecondPadOrHoleWritesOverTheFieldsThatItNames)
 {
     Set set;
-    Read(set, {"<Pad pin=\"1\">", "<Location x=\"1\" y=\"2\"/>", "</Pad>", "<Pad>", "<Location x=\"3\"/>", "</Pad>",
-               "<Hole name=\"H1\" diameter=\"1\" x=\"1\" y=\"2\"/>", "<Hole diameter=\"2\" x=\"3\"/>", "</Set>"});
+    Read(set, {R"(<Pad pin="1">)", R"(<Location x="1" y="2"/>)", "</Pad>", "<Pad>", R"(<Location x="3"/>)", "</Pad>",
+               R"(<Hole name="H1" diameter="1" x="1" y="2"/>)", R"(<Hole diameter="2" x="3"/>)", "</Set>"});
     EXPECT_EQ(set.Pad.Pin, "1");
     EXPECT_EQ(set.Pad.Location.GetX(), 3.0);
     EXPECT_EQ(set.Pad.Location.GetY(), 2.0);
@@ -190,19 +191,19 @@ TEST(LayerFeatureSet, ASecondPadOrHoleWritesOverTheFieldsThatItNames)
 TEST(LayerFeatureSet, TakesTheLastColourWhateverSlashItsLineHas)
 {
     Set set;
-    EXPECT_EQ(Read(set, {"<ColorRef id=\"C1\"/>", "<ColorRefid=\"C2\" />", "<ColorRef ids=\"C3\" Id=\"C4\">", "left"}),
-              TextLines{});
+    EXPECT_EQ(Read(set, {R"(<ColorRef id="C1"/>)", R"(<ColorRefid="C2" />)", R"(<ColorRef ids="C3" Id="C4">)", "left"}),
+              Texts{});
     EXPECT_EQ(set.ColorRef, "C2");
-    EXPECT_EQ(Read(set, {"</ColorRef id=\"C5\">", "</SetColorRef grid=\"C 6\">", "</Set>", "left"}), TextLines{"left"});
+    EXPECT_EQ(Read(set, {R"(</ColorRef id="C5">)", R"(</SetColorRef grid="C 6">)", "</Set>", "left"}), Texts{"left"});
     EXPECT_EQ(set.ColorRef, "C 6");
 }
 
 TEST(LayerFeatureSet, PassesOverAnyTransformFirst)
 {
     Set set;
-    EXPECT_EQ(Read(set, {"<Xform rotation=\"90\" x=\"1\"/>", "<ColorRefXform id=\"C1\">", "<XformHole name=\"H\">",
+    EXPECT_EQ(Read(set, {R"(<Xform rotation="90" x="1"/>)", R"(<ColorRefXform id="C1">)", R"(<XformHole name="H">)",
                          "<Xform/>", "</SetXform>", "</Set>", "left"}),
-              TextLines{"left"});
+              Texts{"left"});
     EXPECT_EQ(set.ColorRef, "");
     EXPECT_EQ(set.Hole.Name, "");
     EXPECT_EQ(set.Kind, 0);
@@ -212,7 +213,7 @@ TEST(LayerFeatureSet, TestsForTheColourBeforeTheFeatures)
 {
     Set set;
     set.Kind = 7;
-    EXPECT_EQ(Read(set, {"<FeaturesColorRef id=\"C1\">", "</Set>", "left"}), TextLines{"left"});
+    EXPECT_EQ(Read(set, {R"(<FeaturesColorRef id="C1">)", "</Set>", "left"}), Texts{"left"});
     EXPECT_EQ(set.ColorRef, "C1");
     EXPECT_EQ(set.Kind, 7);
 }
@@ -221,7 +222,7 @@ TEST(LayerFeatureSet, TestsForTheFeaturesBeforeThePad)
 {
     Set set;
     set.Kind = 7;
-    Read(set, {"<PadFeatures pin=\"1\">", "<Circle diameter=\"1\"/>", "</Features>", "</Set>"});
+    Read(set, {R"(<PadFeatures pin="1">)", R"(<Circle diameter="1"/>)", "</Features>", "</Set>"});
     EXPECT_EQ(set.Kind, 0);
     EXPECT_EQ(set.Pad.Pin, "");
     EXPECT_EQ(set.Features.DrawObjArray.GetSize(), 1);
@@ -230,7 +231,7 @@ TEST(LayerFeatureSet, TestsForTheFeaturesBeforeThePad)
 TEST(LayerFeatureSet, TestsForThePadBeforeTheHole)
 {
     Set set;
-    Read(set, {"<HolePad pin=\"1\" name=\"H\">", "</Pad>", "</Set>"});
+    Read(set, {R"(<HolePad pin="1" name="H">)", "</Pad>", "</Set>"});
     EXPECT_EQ(set.Kind, 1);
     EXPECT_EQ(set.Pad.Pin, "1");
     EXPECT_EQ(set.Hole.Name, "");
@@ -240,12 +241,12 @@ TEST(LayerFeatureSet, ATestThatTheSlashTurnsAwayFallsThroughToTheEnd)
 {
     for (const char * const word : {"Features", "Pad", "Hole"}) {
         SCOPED_TRACE(word);
-        const std::string attributes = " pin=\"1\" name=\"H\" x=\"2\">";
+        const std::string attributes = R"( pin="1" name="H" x="2">)";
         Set set;
         set.Kind = 7;
         EXPECT_EQ(Read(set, {"<" + std::string(word) + "/>", "<" + std::string(word) + "/" + attributes,
                              "</" + std::string(word) + attributes, "</Set" + std::string(word) + attributes, "left"}),
-                  TextLines{"left"});
+                  Texts{"left"});
         EXPECT_EQ(set.Kind, 7);
         EXPECT_EQ(set.Pad.Pin, "");
         EXPECT_EQ(set.Hole.Name, "");
@@ -255,9 +256,10 @@ TEST(LayerFeatureSet, ATestThatTheSlashTurnsAwayFallsThroughToTheEnd)
 TEST(LayerFeatureSet, IgnoresEmptyAndUnknownLines)
 {
     Set set;
-    EXPECT_EQ(Read(set, {"", "<Set net=\"A\">", "<Location x=\"1\"/>", "<Circle diameter=\"1\"/>", "<hole name=\"H\">",
-                         "< Hole name=\"H\">", "<Span toLayer=\"B\"/>", "</LayerFeature>", "</set>", "</Set>", "left"}),
-              TextLines{"left"});
+    EXPECT_EQ(
+        Read(set, {"", R"(<Set net="A">)", R"(<Location x="1"/>)", R"(<Circle diameter="1"/>)", R"(<hole name="H">)",
+                   R"(< Hole name="H">)", R"(<Span toLayer="B"/>)", "</LayerFeature>", "</set>", "</Set>", "left"}),
+        Texts{"left"});
     EXPECT_EQ(set.Net, "");
     EXPECT_EQ(set.Hole.Name, "");
     EXPECT_EQ(set.Hole.ToLayer, "");
@@ -270,11 +272,11 @@ TEST(LayerFeatureSet, TakesThePinOfAPadLine)
         const char * line;
         const char * pin;
     } rows[] = {
-        {"<Pad pin=\"1\" x=\"5\" layerRef=\"TOP\">", "1"},
-        {"<Padpin=\"1\" >", "1"},
-        {"<Pad pin=\"U1.2 a\" spin=\"3\">", "3"},
-        {"<Pad pins=\"1\" Pin=\"2\" pin =\"3\">", ""},
-        {"<Pad pin=\"U1.2\">", "U1.2"},
+        {R"(<Pad pin="1" x="5" layerRef="TOP">)", "1"},
+        {R"(<Padpin="1" >)", "1"},
+        {R"(<Pad pin="U1.2 a" spin="3">)", "3"},
+        {R"(<Pad pins="1" Pin="2" pin ="3">)", ""},
+        {R"(<Pad pin="U1.2">)", "U1.2"},
     };
     for (const auto & row : rows) {
         SCOPED_TRACE(row.line);
@@ -296,35 +298,35 @@ TEST(LayerFeatureSet, ScansTheLineOfAHoleTwiceInEachStep)
         double x;
         double y;
     } rows[] = {
-        {"<Hole y=\"2\" minusTol=\"e\" plusTol=\"d\" platingStatus=\"c\" diameter=\"b\" name=\"a\" x=\"1\"/>",
+        {R"(<Hole y="2" minusTol="e" plusTol="d" platingStatus="c" diameter="b" name="a" x="1"/>)",
          {"a", "b", "c", "d", "e"},
          1.0,
          2.0},
         // Every token counts, the first one too, and only words with their equal sign.
-        {"<Holename=\"a\" Name=\"b\" diameters=\"c\" platingStatus plusTol =\"d\" minusTols=\"e\" X=\"1\" yy =\"2\">",
+        {R"(<Holename="a" Name="b" diameters="c" platingStatus plusTol ="d" minusTols="e" X="1" yy ="2">)",
          {"a", "", "", "", ""},
          0.0,
          0.0},
         // In the chain of the texts the first word that fits takes the token.
-        {"<Hole diameter=\"b\"name=\"a\">", {"bname=a", "", "", "", ""}, 0.0, 0.0},
-        {"<Hole platingStatus=\"c\"diameter=\"b\">", {"", "cdiameter=b", "", "", ""}, 0.0, 0.0},
-        {"<Hole plusTol=\"d\"platingStatus=\"c\">", {"", "", "dplatingStatus=c", "", ""}, 0.0, 0.0},
-        {"<Hole minusTol=\"e\"plusTol=\"d\">", {"", "", "", "eplusTol=d", ""}, 0.0, 0.0},
+        {R"(<Hole diameter="b"name="a">)", {"bname=a", "", "", "", ""}, 0.0, 0.0},
+        {R"(<Hole platingStatus="c"diameter="b">)", {"", "cdiameter=b", "", "", ""}, 0.0, 0.0},
+        {R"(<Hole plusTol="d"platingStatus="c">)", {"", "", "dplatingStatus=c", "", ""}, 0.0, 0.0},
+        {R"(<Hole minusTol="e"plusTol="d">)", {"", "", "", "eplusTol=d", ""}, 0.0, 0.0},
         // x goes before y.
-        {"<Hole y=\"2\"x=\"1\">", {}, 2.0, 0.0},
+        {R"(<Hole y="2"x="1">)", {}, 2.0, 0.0},
         // The token of a text is tested for a coordinate too.
-        {"<Hole name=\"3\"x=\"4\">", {"3x=4", "", "", "", ""}, 3.0, 0.0},
-        {"<Hole platingStatus=\"5\"y=\"6\">", {"", "", "5y=6", "", ""}, 0.0, 5.0},
+        {R"(<Hole name="3"x="4">)", {"3x=4", "", "", "", ""}, 3.0, 0.0},
+        {R"(<Hole platingStatus="5"y="6">)", {"", "", "5y=6", "", ""}, 0.0, 5.0},
         // So is the token on which a value that runs on has ended, from where the number runs on itself.
-        {"<Hole name=\"H x=5\" y=\"2\" diameter=\"1\">", {"H 5", "1", "", "", ""}, 5.0, 0.0},
-        {"<Hole diameter=\"a y=7\" name=\"b\">", {"", "a 7", "", "", ""}, 0.0, 7.0},
-        {"<Hole name=\"two words\" x=\"1\" y=\"2\" />", {"two words", "", "", "", ""}, 1.0, 2.0},
-        {"<Hole x=\"1 name=2\" diameter=\"3\">", {"", "3", "", "", ""}, 1.0, 0.0},
+        {R"(<Hole name="H x=5" y="2" diameter="1">)", {"H 5", "1", "", "", ""}, 5.0, 0.0},
+        {R"(<Hole diameter="a y=7" name="b">)", {"", "a 7", "", "", ""}, 0.0, 7.0},
+        {R"(<Hole name="two words" x="1" y="2" />)", {"two words", "", "", "", ""}, 1.0, 2.0},
+        {R"(<Hole x="1 name=2" diameter="3">)", {"", "3", "", "", ""}, 1.0, 0.0},
     };
     for (const auto & row : rows) {
         SCOPED_TRACE(row.line);
         Set set;
-        EXPECT_EQ(Read(set, {row.line, "</Set>", "left"}), TextLines{"left"});
+        EXPECT_EQ(Read(set, {row.line, "</Set>", "left"}), Texts{"left"});
         EXPECT_EQ(set.Kind, 2);
         EXPECT_EQ(TextsOf(set.Hole), row.texts);
         ExpectAt(set.Hole, row.x, row.y);
@@ -334,18 +336,18 @@ TEST(LayerFeatureSet, ScansTheLineOfAHoleTwiceInEachStep)
 TEST(LayerFeatureSet, KeepsTheLastValueOfASelfClosingHoleClean)
 {
     Set set;
-    Read(set, {"<Hole x=\"1\" y=\"2\" name=\"H\" diameter=\"0.300\" platingStatus=\"VIA\" plusTol=\"0\" "
-               "minusTol=\"0.10\"/>",
+    Read(set, {R"(<Hole x="1" y="2" name="H" diameter="0.300" platingStatus="VIA" plusTol="0" minusTol="0.10"/>)",
                "</Hole>", "</Set>"});
     EXPECT_EQ(TextsOf(set.Hole), (Five{"H", "0.300", "VIA", "0", "0.10"}));
-    ExpectExport(set, "   <Set>\n"
-                      "      <Hole name=\"H\" diameter=\"0.300\" platingStatus=\"VIA\" plusTol=\"0\" minusTol=\"0.10\" "
-                      "x=\"1.000000\" y=\"2.000000\" />\n"
-                      "   </Set>\n");
+    ExpectExport(set, Below(R"(
+   <Set>
+      <Hole name="H" diameter="0.300" platingStatus="VIA" plusTol="0" minusTol="0.10" x="1.000000" y="2.000000" />
+   </Set>
+)"));
 }
 
-const TextLines kSetLines = {"<ColorRef id=\"C\"/>", "<Features>", "<Circle diameter=\"1\"/>", "</Features>",
-                             "<Pad pin=\"1\">",      "</Pad>",     "<Hole name=\"H\"/>",       "</Set>"};
+const Texts kSetLines = {R"(<ColorRef id="C"/>)", "<Features>", R"(<Circle diameter="1"/>)", "</Features>",
+                         R"(<Pad pin="1">)",      "</Pad>",     R"(<Hole name="H"/>)",       "</Set>"};
 
 TEST(LayerFeatureSet, EndsQuietlyAtTheEndOfTheFile)
 {
@@ -368,8 +370,8 @@ TEST(LayerFeatureSet, ThrowsForALineOfBlanks)
 
 TEST(LayerFeatureSet, ThrowsForAnAttributeThatItsLineDoesNotClose)
 {
-    for (const char * const line : {"<ColorRef id=\"C>", "<Pad pin=1>", "<Hole name=\"H>", "<Hole x=\"1>",
-                                    "<Hole name=\"H x=5\">", "<Hole minusTol=\"1 y=2\"/>"}) {
+    for (const char * const line : {R"(<ColorRef id="C>)", "<Pad pin=1>", R"(<Hole name="H>)", R"(<Hole x="1>)",
+                                    R"(<Hole name="H x=5">)", R"(<Hole minusTol="1 y=2"/>)"}) {
         Set set;
         EXPECT_THROW(Read(set, {line, "</Pad>", "</Set>"}), CInvalidArgException) << line;
     }
@@ -378,27 +380,31 @@ TEST(LayerFeatureSet, ThrowsForAnAttributeThatItsLineDoesNotClose)
 TEST(LayerFeatureSet, ASelfClosedPadReadsOnToTheNextEndOfAPad)
 {
     Set set;
-    EXPECT_EQ(Read(set, {"<Pad pin=\"1\" />", "<Location x=\"1\" y=\"2\"/>", "</Set>", "<Set>", "<Pad pin=\"2\">",
+    EXPECT_EQ(Read(set, {R"(<Pad pin="1" />)", R"(<Location x="1" y="2"/>)", "</Set>", "<Set>", R"(<Pad pin="2">)",
                          "</Pad>", "</Set>", "left"}),
-              TextLines{"left"});
+              Texts{"left"});
     EXPECT_EQ(set.Pad.Pin, "1");
     EXPECT_EQ(set.Pad.Location.GetX(), 1.0);
 }
 
-const std::string kFeatures = "      <Features>\n"
-                              "         <Location x=\"0.000000\" y=\"0.000000\"/>\n"
-                              "      </Features>\n"
-                              "   </Set>\n";
+const std::string kFeatures = Below(R"(
+      <Features>
+         <Location x="0.000000" y="0.000000"/>
+      </Features>
+   </Set>
+)");
 
-const std::string kPad = "      <Pad pin=\"1\">\n"
-                         "         <Location x=\"0.000000\" y=\"0.000000\"/>\n"
-                         "         <StandardPrimitiveRef id=\"\"/>\n"
-                         "      </Pad>\n"
-                         "   </Set>\n";
+const std::string kPad = Below(R"(
+      <Pad pin="1">
+         <Location x="0.000000" y="0.000000"/>
+         <StandardPrimitiveRef id=""/>
+      </Pad>
+   </Set>
+)");
 
-const std::string kHole = "      <Hole name=\"H\" diameter=\"\" platingStatus=\"\" plusTol=\"\" minusTol=\"\" "
-                          "x=\"0.000000\" y=\"0.000000\" />\n"
-                          "   </Set>\n";
+const std::string kHole =
+    Joined({R"(      <Hole name="H" diameter="" platingStatus="" plusTol="" minusTol="" x="0.000000" y="0.000000" />)",
+            "   </Set>"});
 
 // A set that holds something for each kind.
 void FillForWriting(Set & set, int kind)
@@ -413,27 +419,27 @@ TEST(LayerFeatureSet, WritesFeaturesWithTheNetAlone)
 {
     Set set;
     FillForWriting(set, 0);
-    ExpectExport(set, "   <Set net=\"\">\n" + kFeatures);
+    ExpectExport(set, Joined({R"(   <Set net="">)"}) + kFeatures);
     set.Net = "GND";
     set.TestPoint = true;
     set.Plate = true;
     set.PadUsage = "VIA";
-    ExpectExport(set, "   <Set net=\"GND\">\n" + kFeatures);
+    ExpectExport(set, Joined({R"(   <Set net="GND">)"}) + kFeatures);
 }
 
 TEST(LayerFeatureSet, WritesAPadWithItsFlags)
 {
     Set set;
     FillForWriting(set, 1);
-    ExpectExport(set, "   <Set testPoint=\"FALSE\" plate=\"FALSE\" padUsage=\"\">\n" + kPad);
+    ExpectExport(set, Joined({R"(   <Set testPoint="FALSE" plate="FALSE" padUsage="">)"}) + kPad);
     set.TestPoint = true;
     set.PadUsage = "VIA";
-    ExpectExport(set, "   <Set testPoint=\"TRUE\" plate=\"FALSE\" padUsage=\"VIA\">\n" + kPad);
+    ExpectExport(set, Joined({R"(   <Set testPoint="TRUE" plate="FALSE" padUsage="VIA">)"}) + kPad);
     set.Net = "GND";
-    ExpectExport(set, "   <Set net=\"GND\" testPoint=\"TRUE\" plate=\"FALSE\" padUsage=\"VIA\">\n" + kPad);
+    ExpectExport(set, Joined({R"(   <Set net="GND" testPoint="TRUE" plate="FALSE" padUsage="VIA">)"}) + kPad);
     set.TestPoint = false;
     set.Plate = true;
-    ExpectExport(set, "   <Set net=\"GND\" testPoint=\"FALSE\" plate=\"TRUE\" padUsage=\"VIA\">\n" + kPad);
+    ExpectExport(set, Joined({R"(   <Set net="GND" testPoint="FALSE" plate="TRUE" padUsage="VIA">)"}) + kPad);
 }
 
 TEST(LayerFeatureSet, WritesAHoleWithNothingOfTheSet)
@@ -461,9 +467,11 @@ TEST(LayerFeatureSet, StopsWhenItsFeaturesGiveZero)
 {
     Set set;
     set.Features.DrawObjArray.Add(new CIPC2581_DrawObj);
-    EXPECT_EQ(Exported(set), (Export{0, "   <Set net=\"\">\n"
-                                        "      <Features>\n"
-                                        "         <Location x=\"0.000000\" y=\"0.000000\"/>\n"}));
+    EXPECT_EQ(Exported(set), (Export{0, Below(R"(
+   <Set net="">
+      <Features>
+         <Location x="0.000000" y="0.000000"/>
+)")}));
     set.Kind = 1;
     EXPECT_EQ(Exported(set).result, 1);
 }

@@ -15,6 +15,7 @@
 #include "tests/cad/Models.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
@@ -24,7 +25,7 @@ using LayerFeatureArray = CIPC2581_Ecad_CadData_Step_LayerFeatureArray;
 using Set = CIPC2581_Ecad_CadData_Step_LayerFeature_Set;
 
 // Reads the lines under a LayerFeature line and gives those that are left.
-TextLines Read(LayerFeature & feature, std::initializer_list<std::string_view> lines)
+Texts Read(LayerFeature & feature, std::initializer_list<std::string_view> lines)
 {
     Lines file(lines);
     feature.LayerFeatureAdd(file);
@@ -39,15 +40,17 @@ void ReadBack(LayerFeature & feature, const std::string & text)
     EXPECT_TRUE(file.Rest().empty());
 }
 
-const std::string kEmptySet = "      <Set net=\"\">\n"
-                              "         <Features>\n"
-                              "            <Location x=\"0.000000\" y=\"0.000000\"/>\n"
-                              "         </Features>\n"
-                              "      </Set>\n";
+const std::string kEmptySet = Below(R"(
+      <Set net="">
+         <Features>
+            <Location x="0.000000" y="0.000000"/>
+         </Features>
+      </Set>
+)");
 
 std::string ColourSet(const std::string & id)
 {
-    return "      <Set>\n         <ColorRef id=\"" + id + "\" />\n      </Set>\n";
+    return Joined({"      <Set>", R"(         <ColorRef id=")" + id + R"(" />)", "      </Set>"});
 }
 
 TEST(LayerFeature, StartsEmpty)
@@ -86,10 +89,10 @@ TEST(LayerFeature, GivesItsReferencesOutByValue)
 TEST(LayerFeature, ReadsItsSetsInTheirOrder)
 {
     LayerFeature feature;
-    EXPECT_EQ(Read(feature, {"<Set net=\"A\">", "<Features>", "<Circle diameter=\"1\"/>", "</Features>", "</Set>",
-                             "<Set net=\"B\" padUsage=\"VIA\" testPoint=\"TRUE\" plate=\"TRUE\">", "<Pad pin=\"1\">",
-                             "</Pad>", "</Set>", "<Set>", "<Hole name=\"H\"/>", "</Set>", "</LayerFeature>", "left"}),
-              TextLines{"left"});
+    EXPECT_EQ(Read(feature, {R"(<Set net="A">)", "<Features>", R"(<Circle diameter="1"/>)", "</Features>", "</Set>",
+                             R"(<Set net="B" padUsage="VIA" testPoint="TRUE" plate="TRUE">)", R"(<Pad pin="1">)",
+                             "</Pad>", "</Set>", "<Set>", R"(<Hole name="H"/>)", "</Set>", "</LayerFeature>", "left"}),
+              Texts{"left"});
     ASSERT_EQ(feature.SetArray.GetSize(), 3);
     EXPECT_EQ(feature.SetArray.GetAt(0)->Net, "A");
     EXPECT_EQ(feature.SetArray.GetAt(0)->Kind, 0);
@@ -115,26 +118,26 @@ TEST(LayerFeature, ScansTheLineOfASet)
         bool plate;
         const char * padUsage;
     } rows[] = {
-        {"<Set padUsage=\"VIA\" plate=\"TRUE\" net=\"A\">", "A", false, true, "VIA"},
-        {"<Set testPoint=\"TRUE\">", "", true, false, ""},
-        {"<Set testPoint=\"NOTTRUEYET\" plate=\"xTRUE\">", "", true, true, ""},
-        {"<Set testPoint=\"true\" plate=\"True\">", "", false, false, ""},
-        {"<Set testPoint=\"FALSE\" plate=\"1\">", "", false, false, ""},
-        {"<Set testPoint=\"TRUE\" testPoint=\"FALSE\" plate=\"TRUE\" plate=\"\">", "", false, false, ""},
-        {"<Set testPoint=\"FALSE\" testPoint=\"TRUE\" net=\"A\" net=\"B\">", "B", true, false, ""},
+        {R"(<Set padUsage="VIA" plate="TRUE" net="A">)", "A", false, true, "VIA"},
+        {R"(<Set testPoint="TRUE">)", "", true, false, ""},
+        {R"(<Set testPoint="NOTTRUEYET" plate="xTRUE">)", "", true, true, ""},
+        {R"(<Set testPoint="true" plate="True">)", "", false, false, ""},
+        {R"(<Set testPoint="FALSE" plate="1">)", "", false, false, ""},
+        {R"(<Set testPoint="TRUE" testPoint="FALSE" plate="TRUE" plate="">)", "", false, false, ""},
+        {R"(<Set testPoint="FALSE" testPoint="TRUE" net="A" net="B">)", "B", true, false, ""},
         // Any token that holds the word with its equal sign counts, the first one too.
-        {"<Setnet=\"A\" template=\"TRUE\">", "A", false, true, ""},
-        {"<Set net =\"A\" Net=\"B\" testpoint=\"TRUE\" plates=\"TRUE\" padUsage>", "", false, false, ""},
+        {R"(<Setnet="A" template="TRUE">)", "A", false, true, ""},
+        {R"(<Set net ="A" Net="B" testpoint="TRUE" plates="TRUE" padUsage>)", "", false, false, ""},
         // A value that runs on takes the tokens up to its quote with it.
-        {"<Set net=\"A plate=TRUE b\" padUsage=\"c d\">", "A TRUE b", false, false, "c d"},
-        {"<Set testPoint=\"a TRUE\" plate=\"b c\">", "", true, false, ""},
+        {R"(<Set net="A plate=TRUE b" padUsage="c d">)", "A TRUE b", false, false, "c d"},
+        {R"(<Set testPoint="a TRUE" plate="b c">)", "", true, false, ""},
         // The order of the tests decides for a token with two words.
-        {"<Set testPoint=\"TRUE\"net=\"A\">", "TRUEnet=A", false, false, ""},
-        {"<Set plate=\"TRUE\"testPoint=\"FALSE\">", "", true, false, ""},
-        {"<Set padUsage=\"TRUE\"plate=\"FALSE\">", "", false, true, ""},
-        {"<Set padUsage=\"TRUE\"testPoint=\"FALSE\">", "", true, false, ""},
-        {"<Set padUsage=\"VIA\"net=\"A\">", "VIAnet=A", false, false, ""},
-        {"<Set plate=\"TRUE\"net=\"A\">", "TRUEnet=A", false, false, ""},
+        {R"(<Set testPoint="TRUE"net="A">)", "TRUEnet=A", false, false, ""},
+        {R"(<Set plate="TRUE"testPoint="FALSE">)", "", true, false, ""},
+        {R"(<Set padUsage="TRUE"plate="FALSE">)", "", false, true, ""},
+        {R"(<Set padUsage="TRUE"testPoint="FALSE">)", "", true, false, ""},
+        {R"(<Set padUsage="VIA"net="A">)", "VIAnet=A", false, false, ""},
+        {R"(<Set plate="TRUE"net="A">)", "TRUEnet=A", false, false, ""},
     };
     for (const auto & row : rows) {
         SCOPED_TRACE(row.line);
@@ -152,9 +155,9 @@ TEST(LayerFeature, ScansTheLineOfASet)
 TEST(LayerFeature, PassesOverAnyTransformFirst)
 {
     LayerFeature feature;
-    EXPECT_EQ(Read(feature, {"<Xform rotation=\"90\"/>", "<XformSet net=\"A\">", "<Xform/>", "</LayerFeatureXform>",
-                             "</SetXform>", "<Set net=\"B\">", "</Set>", "</LayerFeature>", "left"}),
-              TextLines{"left"});
+    EXPECT_EQ(Read(feature, {R"(<Xform rotation="90"/>)", R"(<XformSet net="A">)", "<Xform/>", "</LayerFeatureXform>",
+                             "</SetXform>", R"(<Set net="B">)", "</Set>", "</LayerFeature>", "left"}),
+              Texts{"left"});
     ASSERT_EQ(feature.SetArray.GetSize(), 1);
     EXPECT_EQ(feature.SetArray.GetAt(0)->Net, "B");
 }
@@ -162,15 +165,15 @@ TEST(LayerFeature, PassesOverAnyTransformFirst)
 TEST(LayerFeature, ASlashTurnsASetAway)
 {
     LayerFeature feature;
-    EXPECT_EQ(Read(feature, {"<Set/>", "</Set>", "<Set/ net=\"A\">", "</LayerFeatureSet net=\"A\">", "left"}),
-              TextLines{"left"});
+    EXPECT_EQ(Read(feature, {"<Set/>", "</Set>", R"(<Set/ net="A">)", R"(</LayerFeatureSet net="A">)", "left"}),
+              Texts{"left"});
     EXPECT_TRUE(feature.SetArray.IsEmpty());
 }
 
 TEST(LayerFeature, ASelfClosedSetTakesTheLinesOfTheNextOne)
 {
     LayerFeature feature;
-    Read(feature, {"<Set net=\"A\" />", "<Set net=\"B\">", "<Hole name=\"H\"/>", "</Set>", "</LayerFeature>"});
+    Read(feature, {R"(<Set net="A" />)", R"(<Set net="B">)", R"(<Hole name="H"/>)", "</Set>", "</LayerFeature>"});
     ASSERT_EQ(feature.SetArray.GetSize(), 1);
     EXPECT_EQ(feature.SetArray.GetAt(0)->Net, "A");
     EXPECT_EQ(feature.SetArray.GetAt(0)->Hole.Name, "H");
@@ -179,10 +182,10 @@ TEST(LayerFeature, ASelfClosedSetTakesTheLinesOfTheNextOne)
 TEST(LayerFeature, IgnoresEmptyAndUnknownLines)
 {
     LayerFeature feature;
-    EXPECT_EQ(
-        Read(feature, {"", "<ColorRef id=\"C1\"/>", "<Features>", "<Pad pin=\"1\">", "</Pad>", "</Features>",
-                       "<set net=\"A\">", "< Set net=\"A\">", "</Step>", "</layerfeature>", "</LayerFeature>", "left"}),
-        TextLines{"left"});
+    EXPECT_EQ(Read(feature,
+                   {"", R"(<ColorRef id="C1"/>)", "<Features>", R"(<Pad pin="1">)", "</Pad>", "</Features>",
+                    R"(<set net="A">)", R"(< Set net="A">)", "</Step>", "</layerfeature>", "</LayerFeature>", "left"}),
+              Texts{"left"});
     EXPECT_TRUE(feature.SetArray.IsEmpty());
     EXPECT_EQ(feature.ColorRefId, "");
 }
@@ -193,16 +196,16 @@ TEST(LayerFeature, TakesTheLastColourOfItsSets)
     feature.ColorRefId = "C0";
     Read(feature, {"<Set>", "</Set>"});
     EXPECT_EQ(feature.ColorRefId, "C0");
-    Read(feature, {"<Set>", "<ColorRef id=\"C1\"/>", "</Set>"});
+    Read(feature, {"<Set>", R"(<ColorRef id="C1"/>)", "</Set>"});
     EXPECT_EQ(feature.ColorRefId, "C1");
-    Read(feature, {"<Set>", "<ColorRef id=\"C2\"/>", "</Set>", "<Set>", "<ColorRef id=\"\"/>", "</Set>", "<Set>",
+    Read(feature, {"<Set>", R"(<ColorRef id="C2"/>)", "</Set>", "<Set>", R"(<ColorRef id=""/>)", "</Set>", "<Set>",
                    "</Set>", "</LayerFeature>"});
     EXPECT_EQ(feature.ColorRefId, "C2");
     EXPECT_EQ(feature.SetArray.GetAt(2)->ColorRef, "C2");
 }
 
-const TextLines kFeatureLines = {"<Set net=\"A\">", "<ColorRef id=\"C1\"/>", "<Features>", "</Features>",
-                                 "</Set>",          "<Set net=\"B\">",       "</Set>",     "</LayerFeature>"};
+const Texts kFeatureLines = {R"(<Set net="A">)", R"(<ColorRef id="C1"/>)", "<Features>", "</Features>",
+                             "</Set>",           R"(<Set net="B">)",       "</Set>",     "</LayerFeature>"};
 
 TEST(LayerFeature, EndsQuietlyAtTheEndOfTheFile)
 {
@@ -222,8 +225,8 @@ TEST(LayerFeature, ThrowsForALineOfBlanks)
 TEST(LayerFeature, LosesTheSetInHandWithAnException)
 {
     LayerFeature feature;
-    EXPECT_THROW(Read(feature, {"<Set net=\"A\">", "<ColorRef id=\"C1\"/>", "</Set>", "<Set net=\"B\">",
-                                "<ColorRef id=\"C2\"/>", "<Features>", "<Polyline>", " "}),
+    EXPECT_THROW(Read(feature, {R"(<Set net="A">)", R"(<ColorRef id="C1"/>)", "</Set>", R"(<Set net="B">)",
+                                R"(<ColorRef id="C2"/>)", "<Features>", "<Polyline>", " "}),
                  CInvalidArgException);
     ASSERT_EQ(feature.SetArray.GetSize(), 1);
     EXPECT_EQ(feature.SetArray.GetAt(0)->Net, "A");
@@ -233,7 +236,7 @@ TEST(LayerFeature, LosesTheSetInHandWithAnException)
 TEST(LayerFeature, ThrowsForAnAttributeThatItsLineDoesNotClose)
 {
     for (const char * const line :
-         {"<Set net=\"A>", "<Set testPoint=TRUE>", "<Set plate=\"TRUE>", "<Set padUsage=\"V>"}) {
+         {R"(<Set net="A>)", "<Set testPoint=TRUE>", R"(<Set plate="TRUE>)", R"(<Set padUsage="V>)"}) {
         LayerFeature feature;
         EXPECT_THROW(Read(feature, {line, "</Set>"}), CInvalidArgException) << line;
         EXPECT_TRUE(feature.SetArray.IsEmpty());
@@ -243,10 +246,10 @@ TEST(LayerFeature, ThrowsForAnAttributeThatItsLineDoesNotClose)
 TEST(LayerFeature, WritesItsColourInASetOfItsOwn)
 {
     LayerFeature feature;
-    ExpectExport(feature, "   <LayerFeature layerRef=\"\">\n" + ColourSet("") + "   </LayerFeature>\n");
+    ExpectExport(feature, Joined({R"(   <LayerFeature layerRef="">)"}) + ColourSet("") + "   </LayerFeature>\n");
     feature.LayerRef = "TOP";
     feature.ColorRefId = "C1";
-    ExpectExport(feature, "   <LayerFeature layerRef=\"TOP\">\n" + ColourSet("C1") + "   </LayerFeature>\n");
+    ExpectExport(feature, Joined({R"(   <LayerFeature layerRef="TOP">)"}) + ColourSet("C1") + "   </LayerFeature>\n");
 }
 
 TEST(LayerFeature, WritesItsSetsBehindItsColour)
@@ -256,12 +259,12 @@ TEST(LayerFeature, WritesItsSetsBehindItsColour)
     feature.SetArray.Add(new Set);
     feature.SetArray.GetAt(1)->Kind = 2;
     feature.SetArray.GetAt(1)->ColorRef = "C9";
-    ExpectExport(feature, "   <LayerFeature layerRef=\"\">\n" + ColourSet("") + kEmptySet +
-                              "      <Set>\n"
-                              "         <Hole name=\"\" diameter=\"\" platingStatus=\"\" plusTol=\"\" minusTol=\"\" "
-                              "x=\"0.000000\" y=\"0.000000\" />\n"
-                              "      </Set>\n"
-                              "   </LayerFeature>\n");
+    ExpectExport(feature, Joined({R"(   <LayerFeature layerRef="">)"}) + ColourSet("") + kEmptySet + Below(R"(
+      <Set>
+         <Hole name="" diameter="" platingStatus="" plusTol="" minusTol="" x="0.000000" y="0.000000" />
+      </Set>
+   </LayerFeature>
+)"));
 }
 
 TEST(LayerFeature, StopsAtTheFirstSetThatGivesZero)
@@ -269,28 +272,30 @@ TEST(LayerFeature, StopsAtTheFirstSetThatGivesZero)
     LayerFeature feature;
     feature.SetArray.Add(new Writing<Set>("first", 0));
     feature.SetArray.Add(new Writing<Set>("second"));
-    EXPECT_EQ(Exported(feature), (Export{0, "   <LayerFeature layerRef=\"\">\n" + ColourSet("") + "first at 1\n"}));
+    EXPECT_EQ(Exported(feature),
+              (Export{0, Joined({R"(   <LayerFeature layerRef="">)"}) + ColourSet("") + "first at 1\n"}));
 }
 
 TEST(LayerFeature, GetsOneMoreSetInEachCycle)
 {
     LayerFeature first;
-    Read(first, {"<Set>", "<ColorRef id=\"C1\"/>", "</Set>", "</LayerFeature>"});
+    Read(first, {"<Set>", R"(<ColorRef id="C1"/>)", "</Set>", "</LayerFeature>"});
     const std::string body = ColourSet("C1") + kEmptySet;
-    EXPECT_EQ(Written(first), "   <LayerFeature layerRef=\"\">\n" + body + "   </LayerFeature>\n");
+    EXPECT_EQ(Written(first), Joined({R"(   <LayerFeature layerRef="">)"}) + body + "   </LayerFeature>\n");
     LayerFeature second;
     ReadBack(second, Written(first));
     ASSERT_EQ(second.SetArray.GetSize(), 2);
     EXPECT_EQ(second.ColorRefId, "C1");
     EXPECT_EQ(second.SetArray.GetAt(0)->ColorRef, "C1");
     EXPECT_EQ(second.SetArray.GetAt(0)->Kind, 0);
-    EXPECT_EQ(Written(second), "   <LayerFeature layerRef=\"\">\n" + body + kEmptySet + "   </LayerFeature>\n");
+    EXPECT_EQ(Written(second),
+              Joined({R"(   <LayerFeature layerRef="">)"}) + body + kEmptySet + "   </LayerFeature>\n");
     LayerFeature third;
     ReadBack(third, Written(second));
     EXPECT_EQ(third.SetArray.GetSize(), 3);
     EXPECT_EQ(third.ColorRefId, "C1");
     EXPECT_EQ(Written(third),
-              "   <LayerFeature layerRef=\"\">\n" + body + kEmptySet + kEmptySet + "   </LayerFeature>\n");
+              Joined({R"(   <LayerFeature layerRef="">)"}) + body + kEmptySet + kEmptySet + "   </LayerFeature>\n");
 }
 
 TEST(LayerFeatureArray, OwnsItsElements)

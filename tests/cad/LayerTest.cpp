@@ -13,18 +13,21 @@
 #include "ipc2581/cad/CadData.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Below;
 using ipc2581::tests::Export;
 using ipc2581::tests::Exported;
+using ipc2581::tests::Joined;
 using ipc2581::tests::Lines;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Str;
+using ipc2581::tests::Texts;
 
 using Layer = CIPC2581_Ecad_CadData_Layer;
 using LayerArray = CIPC2581_Ecad_CadData_LayerArray;
-using Texts = std::vector<std::string>;
 
 template <typename Model>
 class Behind : public Model {
@@ -102,19 +105,19 @@ TEST(Layer, CopiesAllFields)
 TEST(Layer, ReadsItsAttributes)
 {
     const std::vector<std::pair<std::string_view, Texts>> rows = {
-        {"<Layer name=\"L1\" layerFunction=\"SIGNAL\" side=\"TOP\" polarity=\"NEGATIVE\">",
+        {R"(<Layer name="L1" layerFunction="SIGNAL" side="TOP" polarity="NEGATIVE">)",
          {"L1", "SIGNAL", "TOP", "NEGATIVE"}},
-        {"<Layer polarity=\"x\" side=\"any\" layerFunction=\"y z\" name=\"a b\" >", {"a b", "y z", "any", "x"}},
-        {"<Layer name=\"L1\" layerFunction=\"SIGNAL\" side=\"TOP\"/>", {"L1", "SIGNAL", "TOP", "POSITIVE"}},
+        {R"(<Layer polarity="x" side="any" layerFunction="y z" name="a b" >)", {"a b", "y z", "any", "x"}},
+        {R"(<Layer name="L1" layerFunction="SIGNAL" side="TOP"/>)", {"L1", "SIGNAL", "TOP", "POSITIVE"}},
         {"<Layer>", {"", "", "", "POSITIVE"}},
         {"<Layer />", {"", "", "", "POSITIVE"}},
-        {"<Layer polarity=\"\" >", {"", "", "", ""}},
-        {"<Layer filename=\"x\" outside=\"y\" >", {"x", "", "y", "POSITIVE"}},
-        {"<Layer layerFunction=\"name\" side=\"polarity\" >", {"", "name", "polarity", "POSITIVE"}},
-        {"<Layer name =\"a\" Side=\"b\" kind=\"side\" LayerFunction=\"c\">", {"", "", "", "POSITIVE"}},
-        {"<Layer name=\"a\" name=\"b\">", {"b", "", "", "POSITIVE"}},
-        {"<Layer_name=\"t\" >", {"t", "", "", "POSITIVE"}},
-        {"<Layer name=\"a/b\" >", {"ab", "", "", "POSITIVE"}},
+        {R"(<Layer polarity="" >)", {"", "", "", ""}},
+        {R"(<Layer filename="x" outside="y" >)", {"x", "", "y", "POSITIVE"}},
+        {R"(<Layer layerFunction="name" side="polarity" >)", {"", "name", "polarity", "POSITIVE"}},
+        {R"(<Layer name ="a" Side="b" kind="side" LayerFunction="c">)", {"", "", "", "POSITIVE"}},
+        {R"(<Layer name="a" name="b">)", {"b", "", "", "POSITIVE"}},
+        {R"(<Layer_name="t" >)", {"t", "", "", "POSITIVE"}},
+        {R"(<Layer name="a/b" >)", {"ab", "", "", "POSITIVE"}},
     };
     for (const auto & [line, fields] : rows) {
         EXPECT_EQ(Read(line), fields) << line;
@@ -128,7 +131,7 @@ TEST(Layer, ATokenWithTwoWordsGoesToTheEarlierRow)
         for (std::size_t later = earlier + 1; later < words.size(); ++later) {
             Texts expected = {"", "", "", "POSITIVE"};
             expected[earlier] = words[earlier] + "v";
-            EXPECT_EQ(Read("<Layer " + words[later] + words[earlier] + "\"v\" >"), expected) << words[later];
+            EXPECT_EQ(Read("<Layer " + words[later] + words[earlier] + R"("v" >)"), expected) << words[later];
         }
     }
 }
@@ -137,11 +140,11 @@ TEST(Layer, WritesTwoLines)
 {
     Layer layer = Filled();
     EXPECT_EQ(Exported(layer, 0),
-              (Export{1, "   <Layer name=\"n\" layerFunction=\"f\" side=\"s\" polarity=\"p\">\n   </Layer>\n"}));
+              (Export{1, Joined({R"(   <Layer name="n" layerFunction="f" side="s" polarity="p">)", "   </Layer>"})}));
     Layer empty;
     EXPECT_EQ(Exported(empty, 2),
-              (Export{1, "         <Layer name=\"\" layerFunction=\"\" side=\"\" polarity=\"POSITIVE\">\n"
-                         "         </Layer>\n"}));
+              (Export{1, Joined({R"(         <Layer name="" layerFunction="" side="" polarity="POSITIVE">)",
+                                 "         </Layer>"})}));
 }
 
 TEST(LayerArray, IsAnOwningArrayWithAnExport)
@@ -204,10 +207,12 @@ TEST(LayerArray, WritesItsLayersAtItsOwnLevel)
     EXPECT_EQ(Exported(layers, 1), (Export{1, ""}));
     layers.Add(new Layer(Filled()));
     layers.Add(new Layer);
-    EXPECT_EQ(Exported(layers, 1),
-              (Export{1, "      <Layer name=\"n\" layerFunction=\"f\" side=\"s\" polarity=\"p\">\n      </Layer>\n"
-                         "      <Layer name=\"\" layerFunction=\"\" side=\"\" polarity=\"POSITIVE\">\n"
-                         "      </Layer>\n"}));
+    EXPECT_EQ(Exported(layers, 1), (Export{1, Below(R"(
+      <Layer name="n" layerFunction="f" side="s" polarity="p">
+      </Layer>
+      <Layer name="" layerFunction="" side="" polarity="POSITIVE">
+      </Layer>
+)")}));
 }
 
 TEST(LayerArray, StopsAtTheFirstThatRefuses)

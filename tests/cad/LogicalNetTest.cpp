@@ -15,20 +15,23 @@
 #include "ipc2581/cad/LogicalNetPin.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Below;
 using ipc2581::tests::Export;
 using ipc2581::tests::Exported;
+using ipc2581::tests::Joined;
 using ipc2581::tests::Lines;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Str;
+using ipc2581::tests::Texts;
 
 using Net = CIPC2581_Ecad_CadData_Step_LogicalNet;
 using NetArray = CIPC2581_Ecad_CadData_Step_LogicalNetArray;
 using Pin = CIPC2581_Ecad_CadData_Step_LogicalNet_LogicalNetPin;
 using PinArray = CIPC2581_Ecad_CadData_Step_LogicalNet_LogicalNetPinArray;
-using Texts = std::vector<std::string>;
 
 template <typename Model>
 class Behind : public Model {
@@ -192,8 +195,12 @@ TEST(LogicalNet, DeletesItsPins)
 
 TEST(LogicalNet, ReadsItsPins)
 {
-    Read read("<LogicalNetPin componentRef=\"R1\" pin=\"1\"/>\n<LogicalNetPin pin=\"A 2\" componentRef=\"U1\" />\n"
-              "</LogicalNet>\n<Behind/>\n");
+    Read read(Below(R"(
+<LogicalNetPin componentRef="R1" pin="1"/>
+<LogicalNetPin pin="A 2" componentRef="U1" />
+</LogicalNet>
+<Behind/>
+)"));
     EXPECT_EQ(read.Pins(), (Texts{"R1.1", "U1.A 2"}));
     EXPECT_EQ(read.Rest(), Texts{"<Behind/>"});
 }
@@ -201,16 +208,16 @@ TEST(LogicalNet, ReadsItsPins)
 TEST(LogicalNet, APinIsWhatItsLineSays)
 {
     const std::vector<std::pair<std::string_view, std::string_view>> rows = {
-        {"<LogicalNetPin pin=\"1\"/>", ".1"},
-        {"<LogicalNetPin componentRef=\"R1\" >", "R1."},
+        {R"(<LogicalNetPin pin="1"/>)", ".1"},
+        {R"(<LogicalNetPin componentRef="R1" >)", "R1."},
         {"<LogicalNetPin>", "."},
         {"<LogicalNetPin />", "."},
-        {"<LogicalNetPin Pin=\"1\" pin =\"2\" title=\"t\" kind=\"pin\" >", "."},
-        {"<LogicalNetPin spin=\"1\" mycomponentRef=\"R\" >", "R.1"},
-        {"<LogicalNetPin componentRef=pin=\"1\" >", ".pin=1"},
-        {"<LogicalNetPin pin=\"1\" pin=\"2\" >", ".2"},
-        {"<xLogicalNetPin_pin=\"1\" >", ".1"},
-        {"<LogicalNetPin pin=\"1/2\" >", ".12"},
+        {R"(<LogicalNetPin Pin="1" pin ="2" title="t" kind="pin" >)", "."},
+        {R"(<LogicalNetPin spin="1" mycomponentRef="R" >)", "R.1"},
+        {R"(<LogicalNetPin componentRef=pin="1" >)", ".pin=1"},
+        {R"(<LogicalNetPin pin="1" pin="2" >)", ".2"},
+        {R"(<xLogicalNetPin_pin="1" >)", ".1"},
+        {R"(<LogicalNetPin pin="1/2" >)", ".12"},
     };
     for (const auto & [line, pin] : rows) {
         EXPECT_EQ(Read(std::string(line) + "\n</LogicalNet>\n").Pins(), Texts{std::string(pin)}) << line;
@@ -219,30 +226,48 @@ TEST(LogicalNet, APinIsWhatItsLineSays)
 
 TEST(LogicalNet, OtherLinesAreIgnored)
 {
-    Read read("\n<LogicalNet name=\"x\">\n<LogicalNetPin/>\n<x LogicalNetPin pin=\"1\">\n</Step>\n<logicalNetPin>\n"
-              "<Pin number=\"1\">\n</LogicalNet>\n<Behind/>\n");
+    Read read(Below(R"(
+
+<LogicalNet name="x">
+<LogicalNetPin/>
+<x LogicalNetPin pin="1">
+</Step>
+<logicalNetPin>
+<Pin number="1">
+</LogicalNet>
+<Behind/>
+)"));
     EXPECT_EQ(read.Pins(), Texts{});
     EXPECT_EQ(read.net.Name, "");
 }
 
 TEST(LogicalNet, ALineThatIsNeitherPinNorClosingIsPassedOver)
 {
-    Read read("<LogicalNetPin/>\n<LogicalNetPin/x pin=\"1\">\n</LogicalNet>\n<Behind/>\n");
+    Read read(Below(R"(
+<LogicalNetPin/>
+<LogicalNetPin/x pin="1">
+</LogicalNet>
+<Behind/>
+)"));
     EXPECT_EQ(read.Pins(), Texts{});
     EXPECT_EQ(read.Rest(), Texts{"<Behind/>"});
 }
 
 TEST(LogicalNet, TheClosingLineOfAPinEndsIt)
 {
-    Read read("<LogicalNetPin pin=\"1\" >\n</LogicalNetPin>\n<LogicalNetPin pin=\"2\" >\n");
+    Read read(Below(R"(
+<LogicalNetPin pin="1" >
+</LogicalNetPin>
+<LogicalNetPin pin="2" >
+)"));
     EXPECT_EQ(read.Pins(), Texts{".1"});
-    EXPECT_EQ(read.Rest(), Texts{"<LogicalNetPin pin=\"2\" >"});
+    EXPECT_EQ(read.Rest(), Texts{R"(<LogicalNetPin pin="2" >)"});
 }
 
 TEST(LogicalNet, EndsAtItsClosingWordAnywhereInTheFirstToken)
 {
     for (const std::string_view line :
-         {"</LogicalNet>", "</LogicalNetX y>", "<x/LogicalNet>", "</LogicalNetPin pin=\"1\">", "   </LogicalNet>"}) {
+         {"</LogicalNet>", "</LogicalNetX y>", "<x/LogicalNet>", R"(</LogicalNetPin pin="1">)", "   </LogicalNet>"}) {
         Read read(std::string(line) + "\n<LogicalNetPin>\n");
         EXPECT_EQ(read.Pins(), Texts{}) << line;
         EXPECT_EQ(read.Rest(), Texts{"<LogicalNetPin>"}) << line;
@@ -251,14 +276,19 @@ TEST(LogicalNet, EndsAtItsClosingWordAnywhereInTheFirstToken)
 
 TEST(LogicalNet, TakesThePinsOfTheNetsItRunsInto)
 {
-    Read read("<LogicalNet name=\"b\">\n<LogicalNetPin pin=\"1\"/>\n</LogicalNet>\n<Behind/>\n");
+    Read read(Below(R"(
+<LogicalNet name="b">
+<LogicalNetPin pin="1"/>
+</LogicalNet>
+<Behind/>
+)"));
     EXPECT_EQ(read.Pins(), Texts{".1"});
     EXPECT_EQ(read.Rest(), Texts{"<Behind/>"});
 }
 
 TEST(LogicalNet, TheEndOfTheFileEndsIt)
 {
-    EXPECT_EQ(Read("<LogicalNetPin pin=\"1\"/>").Pins(), Texts{".1"});
+    EXPECT_EQ(Read(R"(<LogicalNetPin pin="1"/>)").Pins(), Texts{".1"});
     EXPECT_EQ(Read("").Pins(), Texts{});
 }
 
@@ -272,7 +302,7 @@ TEST(LogicalNet, ALineOfBlanksThrows)
 
 TEST(LogicalNet, APinWithACutValueIsNotKept)
 {
-    Lines lines({"<LogicalNetPin>", "<LogicalNetPin pin=\"1\" componentRef=\"open"});
+    Lines lines({"<LogicalNetPin>", R"(<LogicalNetPin pin="1" componentRef="open)"});
     Net net;
     EXPECT_THROW(net.LogicalNetAdd(lines.File()), CInvalidArgException);
     EXPECT_EQ(net.LogicalNetPinArray->GetSize(), 1);
@@ -286,12 +316,14 @@ TEST(LogicalNet, WritesItsLines)
     net.LogicalNetPinArray->Add(NewPin("1", "R1"));
     net.LogicalNetPinArray->Add(NewPin("2", ""));
     net.LogicalNetPinArray->GetAt(0)->Title = "title";
-    EXPECT_EQ(Exported(net, 0), (Export{1, "   <LogicalNet name=\"GND & co\">\n"
-                                           "      <LogicalNetPin pin=\"1\" componentRef=\"R1\" />\n"
-                                           "      <LogicalNetPin pin=\"2\" componentRef=\"\" />\n"
-                                           "   </LogicalNet>\n"}));
+    EXPECT_EQ(Exported(net, 0), (Export{1, Below(R"(
+   <LogicalNet name="GND & co">
+      <LogicalNetPin pin="1" componentRef="R1" />
+      <LogicalNetPin pin="2" componentRef="" />
+   </LogicalNet>
+)")}));
     Net empty;
-    EXPECT_EQ(Exported(empty, 1), (Export{1, "      <LogicalNet name=\"\">\n      </LogicalNet>\n"}));
+    EXPECT_EQ(Exported(empty, 1), (Export{1, Joined({R"(      <LogicalNet name="">)", "      </LogicalNet>"})}));
 }
 
 // Writes its name and its level in place of its lines.
@@ -315,7 +347,11 @@ TEST(LogicalNet, StopsAtAPinThatRefuses)
     net.LogicalNetPinArray->Add(new Marked<Pin>(1));
     net.LogicalNetPinArray->Add(new Marked<Pin>(0));
     net.LogicalNetPinArray->Add(new Marked<Pin>(1));
-    EXPECT_EQ(Exported(net, 0), (Export{0, "   <LogicalNet name=\"\">\nmark 1\nmark 1\n"}));
+    EXPECT_EQ(Exported(net, 0), (Export{0, Below(R"(
+   <LogicalNet name="">
+mark 1
+mark 1
+)")}));
 }
 
 TEST(LogicalNetArray, IsAnOwningArrayWithAnExport)
@@ -398,11 +434,11 @@ TEST(LogicalNetPin, CopiesAndResetsItsTexts)
 TEST(LogicalNetPin, WritesOneLine)
 {
     Pin pin;
-    EXPECT_EQ(Exported(pin, 0), (Export{1, "   <LogicalNetPin pin=\"\" componentRef=\"\" />\n"}));
+    EXPECT_EQ(Exported(pin, 0), (Export{1, Joined({R"(   <LogicalNetPin pin="" componentRef="" />)"})}));
     pin.Pin = "1";
     pin.ComponentRef = "U1";
     pin.Title = "t";
-    EXPECT_EQ(Exported(pin, 2), (Export{1, "         <LogicalNetPin pin=\"1\" componentRef=\"U1\" />\n"}));
+    EXPECT_EQ(Exported(pin, 2), (Export{1, Joined({R"(         <LogicalNetPin pin="1" componentRef="U1" />)"})}));
 }
 
 TEST(LogicalNetPinArray, IsAnOwningArrayWithAnExport)

@@ -18,10 +18,9 @@
 #include "ipc2581/base/platform/CString.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace ipc2581::tests {
-
-using TextLines = std::vector<std::string>;
 
 // The first virtual operation that a class adds behind a virtual destructor.
 constexpr std::size_t kFirstSlot = 2;
@@ -45,16 +44,6 @@ template <typename Class, typename Base>
 bool IsA(const Base * object)
 {
     return typeid(*object) == typeid(Class);
-}
-
-// The lines as the bytes of a file.
-inline std::string Joined(const TextLines & lines)
-{
-    std::string bytes;
-    for (const std::string & line : lines) {
-        bytes.append(line).append("\n");
-    }
-    return bytes;
 }
 
 // The text with each line moved three blanks to the right for each level.
@@ -81,11 +70,11 @@ void ExpectExport(Model & model, std::string_view text, int result = 1)
 // Calls read with a file that ends behind each of the lines in turn, and with the number of lines in it; nothing is
 // thrown and nothing is left.
 template <typename Reader>
-void ForEachEndOfFile(const TextLines & lines, Reader read)
+void ForEachEndOfFile(const Texts & lines, Reader read)
 {
     for (std::size_t count = 0; count <= lines.size(); ++count) {
         SCOPED_TRACE("the file ends behind " + std::to_string(count) + " lines");
-        Lines file(Joined({lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(count)}));
+        Lines file(Joined(Texts(lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(count))));
         EXPECT_NO_THROW(read(file.File(), count));
         EXPECT_TRUE(file.Rest().empty());
     }
@@ -93,11 +82,11 @@ void ForEachEndOfFile(const TextLines & lines, Reader read)
 
 // Calls read with a line of blanks in front of each of the lines in turn: each time that throws.
 template <typename Reader>
-void ExpectLineOfBlanksThrows(const TextLines & lines, Reader read)
+void ExpectLineOfBlanksThrows(const Texts & lines, Reader read)
 {
     for (std::size_t count = 0; count < lines.size(); ++count) {
         SCOPED_TRACE("blanks behind " + std::to_string(count) + " lines");
-        TextLines blanked = lines;
+        Texts blanked = lines;
         blanked.insert(blanked.begin() + static_cast<std::ptrdiff_t>(count), "   ");
         Lines file(Joined(blanked));
         EXPECT_THROW(read(file.File()), CInvalidArgException);

@@ -28,6 +28,7 @@
 #include "tests/cad/Models.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
@@ -43,37 +44,35 @@ using SilkScreenTarget = CIPC2581_Ecad_CadData_Step_Package_SilkScreen_Target;
 using SilkScreenTargetArray = CIPC2581_Ecad_CadData_Step_Package_SilkScreen_TargetArray;
 using Target = CIPC2581_Ecad_CadData_Step_Target;
 
-using Texts = std::initializer_list<std::string_view>;
-
-TextLines Read(PackageOutline & outline, Texts lines)
+Texts Read(PackageOutline & outline, LineList lines)
 {
     Lines file(lines);
     EXPECT_EQ(outline.Import(file), 1);
     return file.Rest();
 }
 
-TextLines Read(Package & package, Texts lines)
+Texts Read(Package & package, LineList lines)
 {
     Lines file(lines);
     package.PackageAdd(file);
     return file.Rest();
 }
 
-TextLines Read(LandPattern & pattern, Texts lines)
+Texts Read(LandPattern & pattern, LineList lines)
 {
     Lines file(lines);
     pattern.LandPatternAdd(file);
     return file.Rest();
 }
 
-TextLines Read(SilkScreen & silkScreen, Texts lines)
+Texts Read(SilkScreen & silkScreen, LineList lines)
 {
     Lines file(lines);
     silkScreen.SilkScreenAdd(file);
     return file.Rest();
 }
 
-TextLines Read(SilkScreenTarget & target, Texts lines)
+Texts Read(SilkScreenTarget & target, LineList lines)
 {
     Lines file(lines);
     target.TargetAdd(file);
@@ -102,17 +101,23 @@ Target * TargetThatStops()
     return target.release();
 }
 
-const char * const kTarget = "   <Target>\n"
-                             "      <Location x=\"0.000000\" y=\"0.000000\" />\n"
-                             "   </Target>\n";
+const char * const kTarget = Below(R"(
+   <Target>
+      <Location x="0.000000" y="0.000000" />
+   </Target>
+)");
 
-const char * const kStoppedTarget = "   <Target>\n"
-                                    "      <Location x=\"0.000000\" y=\"0.000000\" />\n";
+const char * const kStoppedTarget = Below(R"(
+   <Target>
+      <Location x="0.000000" y="0.000000" />
+)");
 
-const char * const kPad = "   <Pad>\n"
-                          "      <Location x=\"0.000000\" y=\"0.000000\"/>\n"
-                          "      <StandardPrimitiveRef id=\"\"/>\n"
-                          "   </Pad>\n";
+const char * const kPad = Below(R"(
+   <Pad>
+      <Location x="0.000000" y="0.000000"/>
+      <StandardPrimitiveRef id=""/>
+   </Pad>
+)");
 
 // Shapes that count how often they are assigned through their virtual operation.
 class AssignedLineDesc : public CIPC2581_LineDesc {
@@ -136,12 +141,12 @@ public:
     int assignments = 0;
 };
 
-const Texts kFilledOutline = {"<LineDesc lineEnd=\"SQUARE\" lineWidth=\"0.5\"/>",
-                              "<Polygon>",
-                              "<PolyBegin x=\"1\" y=\"2\"/>",
-                              "<PolyStepSegment x=\"3\" y=\"4\"/>",
-                              "</Polygon>",
-                              "</Outline>"};
+const LineList kFilledOutline = {R"(<LineDesc lineEnd="SQUARE" lineWidth="0.5"/>)",
+                                 "<Polygon>",
+                                 R"(<PolyBegin x="1" y="2"/>)",
+                                 R"(<PolyStepSegment x="3" y="4"/>)",
+                                 "</Polygon>",
+                                 "</Outline>"};
 
 void ExpectFilled(const PackageOutline & outline)
 {
@@ -289,16 +294,16 @@ TEST(PackageOutline, DeletesItsParts)
 TEST(PackageOutline, ReadsItsLineDescriptionAndItsPolygon)
 {
     PackageOutline outline;
-    EXPECT_EQ(Read(outline, {"<Polygon>", "<PolyBegin x=\"1\" y=\"2\"/>", "<PolyStepSegment x=\"3\" y=\"4\"/>",
-                             "</Polygon>", "<LineDesc lineEnd=\"SQUARE\" lineWidth=\"0.5\"/>", "</Outline>", "left"}),
-              TextLines{"left"});
+    EXPECT_EQ(Read(outline, {"<Polygon>", R"(<PolyBegin x="1" y="2"/>)", R"(<PolyStepSegment x="3" y="4"/>)",
+                             "</Polygon>", R"(<LineDesc lineEnd="SQUARE" lineWidth="0.5"/>)", "</Outline>", "left"}),
+              Texts{"left"});
     ExpectFilled(outline);
 }
 
 TEST(PackageOutline, KeepsTheRoundEndWithoutALineDescription)
 {
     PackageOutline outline;
-    Read(outline, {"<Polygon>", "<PolyStepSegment x=\"3\" y=\"4\"/>", "</Polygon>", "</Outline>"});
+    Read(outline, {"<Polygon>", R"(<PolyStepSegment x="3" y="4"/>)", "</Polygon>", "</Outline>"});
     EXPECT_EQ(outline.LineDesc->LineEnd, "ROUND");
     EXPECT_EQ(Steps(outline), 1);
 }
@@ -306,8 +311,8 @@ TEST(PackageOutline, KeepsTheRoundEndWithoutALineDescription)
 TEST(PackageOutline, LeavesWhatALineDescriptionDoesNotName)
 {
     PackageOutline outline;
-    Read(outline,
-         {"<LineDesc lineEnd=\"SQUARE\"/>", "<LineDesc lineWidth=\"0.5\"/>", "<LineDesc width=\"3\"/>", "</Outline>"});
+    Read(outline, {R"(<LineDesc lineEnd="SQUARE"/>)", R"(<LineDesc lineWidth="0.5"/>)", R"(<LineDesc width="3"/>)",
+                   "</Outline>"});
     EXPECT_EQ(outline.LineDesc->LineEnd, "SQUARE");
     EXPECT_EQ(outline.LineDesc->LineWidth, 0.5);
 }
@@ -315,7 +320,7 @@ TEST(PackageOutline, LeavesWhatALineDescriptionDoesNotName)
 TEST(PackageOutline, TestsForTheLineEndBeforeTheLineWidth)
 {
     PackageOutline outline;
-    Read(outline, {"<LineDesc lineWidth=\"2\"lineEnd=\"SQUARE\">", "</Outline>"});
+    Read(outline, {R"(<LineDesc lineWidth="2"lineEnd="SQUARE">)", "</Outline>"});
     EXPECT_EQ(outline.LineDesc->LineEnd, "2lineEnd=SQUARE");
     EXPECT_EQ(outline.LineDesc->LineWidth, 0.0);
 }
@@ -323,7 +328,7 @@ TEST(PackageOutline, TestsForTheLineEndBeforeTheLineWidth)
 TEST(PackageOutline, ScansItsLineDescriptionFromTheFirstTokenForWordsWithAnEqualSign)
 {
     PackageOutline outline;
-    Read(outline, {"<LineDesclineEnd=\"SQUARE\" lineWidths=\"2\" lineEnds=\"FLAT\" LINEWIDTH=\"3\">", "</Outline>"});
+    Read(outline, {R"(<LineDesclineEnd="SQUARE" lineWidths="2" lineEnds="FLAT" LINEWIDTH="3">)", "</Outline>"});
     EXPECT_EQ(outline.LineDesc->LineEnd, "SQUARE");
     EXPECT_EQ(outline.LineDesc->LineWidth, 0.0);
 }
@@ -331,7 +336,7 @@ TEST(PackageOutline, ScansItsLineDescriptionFromTheFirstTokenForWordsWithAnEqual
 TEST(PackageOutline, StepsOverTheTokensOfAValueThatRunsOn)
 {
     PackageOutline outline;
-    Read(outline, {"<LineDesc lineEnd=\"A lineWidth=7\" lineWidth=\"2\">", "</Outline>"});
+    Read(outline, {R"(<LineDesc lineEnd="A lineWidth=7" lineWidth="2">)", "</Outline>"});
     EXPECT_EQ(outline.LineDesc->LineEnd, "A 7");
     EXPECT_EQ(outline.LineDesc->LineWidth, 2.0);
 }
@@ -340,14 +345,14 @@ TEST(PackageOutline, ReadsABadWidthAsZero)
 {
     PackageOutline outline;
     outline.LineDesc->LineWidth = 4.0;
-    Read(outline, {"<LineDesc lineWidth=\"wide\"/>", "</Outline>"});
+    Read(outline, {R"(<LineDesc lineWidth="wide"/>)", "</Outline>"});
     EXPECT_EQ(outline.LineDesc->LineWidth, 0.0);
 }
 
 TEST(PackageOutline, ThrowsForAValueThatItsLineDoesNotClose)
 {
     PackageOutline outline;
-    EXPECT_THROW(Read(outline, {"<LineDesc lineWidth=\"2\" lineEnd=\"open>", "</Outline>"}), CInvalidArgException);
+    EXPECT_THROW(Read(outline, {R"(<LineDesc lineWidth="2" lineEnd="open>)", "</Outline>"}), CInvalidArgException);
     EXPECT_EQ(outline.LineDesc->LineWidth, 2.0);
     EXPECT_EQ(outline.LineDesc->LineEnd, "ROUND");
 }
@@ -355,7 +360,7 @@ TEST(PackageOutline, ThrowsForAValueThatItsLineDoesNotClose)
 TEST(PackageOutline, TestsForTheLineDescriptionBeforeThePolygon)
 {
     PackageOutline outline;
-    Read(outline, {"<PolygonLineDesc lineEnd=\"SQUARE\">", "<PolyStepSegment x=\"1\"/>", "</Outline>"});
+    Read(outline, {R"(<PolygonLineDesc lineEnd="SQUARE">)", R"(<PolyStepSegment x="1"/>)", "</Outline>"});
     EXPECT_EQ(outline.LineDesc->LineEnd, "SQUARE");
     EXPECT_EQ(Steps(outline), 0);
 }
@@ -363,9 +368,9 @@ TEST(PackageOutline, TestsForTheLineDescriptionBeforeThePolygon)
 TEST(PackageOutline, ASlashTurnsALineDescriptionAway)
 {
     PackageOutline outline;
-    EXPECT_EQ(Read(outline, {"</LineDesc lineEnd=\"SQUARE\">", "<LineDesc/ lineEnd=\"SQUARE\">",
-                             "</OutlineLineDesc lineEnd=\"SQUARE\">", "left"}),
-              TextLines{"left"});
+    EXPECT_EQ(Read(outline, {R"(</LineDesc lineEnd="SQUARE">)", R"(<LineDesc/ lineEnd="SQUARE">)",
+                             R"(</OutlineLineDesc lineEnd="SQUARE">)", "left"}),
+              Texts{"left"});
     EXPECT_EQ(outline.LineDesc->LineEnd, "ROUND");
 }
 
@@ -375,8 +380,8 @@ TEST(PackageOutline, NoSlashTurnsAPolygonAway)
         SCOPED_TRACE(polygon);
         PackageOutline outline;
         EXPECT_EQ(
-            Read(outline, {polygon, "</Outline>", "<PolyStepSegment x=\"1\"/>", "</Polygon>", "</Outline>", "left"}),
-            TextLines{"left"});
+            Read(outline, {polygon, "</Outline>", R"(<PolyStepSegment x="1"/>)", "</Polygon>", "</Outline>", "left"}),
+            Texts{"left"});
         EXPECT_EQ(Steps(outline), 1);
     }
 }
@@ -384,8 +389,8 @@ TEST(PackageOutline, NoSlashTurnsAPolygonAway)
 TEST(PackageOutline, ASecondPolygonAddsToTheFirst)
 {
     PackageOutline outline;
-    Read(outline, {"<Polygon>", "<PolyBegin x=\"1\"/>", "<PolyStepSegment x=\"1\"/>", "</Polygon>", "<Polygon>",
-                   "<PolyBegin x=\"5\"/>", "<PolyStepSegment x=\"2\"/>", "</Polygon>", "</Outline>"});
+    Read(outline, {"<Polygon>", R"(<PolyBegin x="1"/>)", R"(<PolyStepSegment x="1"/>)", "</Polygon>", "<Polygon>",
+                   R"(<PolyBegin x="5"/>)", R"(<PolyStepSegment x="2"/>)", "</Polygon>", "</Outline>"});
     EXPECT_EQ(Steps(outline), 2);
     EXPECT_EQ(outline.Polygon->PolyBegin->GetPoint_X(), 5.0);
 }
@@ -393,14 +398,14 @@ TEST(PackageOutline, ASecondPolygonAddsToTheFirst)
 TEST(PackageOutline, IgnoresEmptyAndUnknownLines)
 {
     PackageOutline outline;
-    EXPECT_EQ(Read(outline, {"", "<Outline>", "<Xform lineEnd=\"SQUARE\">", "<linedesc lineEnd=\"SQUARE\">",
-                             "< LineDesc lineEnd=\"SQUARE\">", "<PolyStepSegment x=\"1\"/>", "</Outline>", "left"}),
-              TextLines{"left"});
+    EXPECT_EQ(Read(outline, {"", "<Outline>", R"(<Xform lineEnd="SQUARE">)", R"(<linedesc lineEnd="SQUARE">)",
+                             R"(< LineDesc lineEnd="SQUARE">)", R"(<PolyStepSegment x="1"/>)", "</Outline>", "left"}),
+              Texts{"left"});
     ExpectDefault(outline);
 }
 
-const TextLines kOutlineLines = {"<LineDesc lineEnd=\"SQUARE\"/>", "<Polygon>", "<PolyStepSegment x=\"3\"/>",
-                                 "</Polygon>", "</Outline>"};
+const Texts kOutlineLines = {R"(<LineDesc lineEnd="SQUARE"/>)", "<Polygon>", R"(<PolyStepSegment x="3"/>)",
+                             "</Polygon>", "</Outline>"};
 
 TEST(PackageOutline, EndsQuietlyAtTheEndOfTheFile)
 {
@@ -420,34 +425,40 @@ TEST(PackageOutline, ThrowsForALineOfBlanks)
 TEST(PackageOutline, WritesItselfAlsoWhenItIsEmpty)
 {
     PackageOutline outline;
-    ExpectExport(outline, "   <Outline>\n"
-                          "      <LineDesc lineEnd=\"ROUND\" lineWidth=\"0.000000\" />\n"
-                          "      <Polygon>\n"
-                          "         <PolyBegin x=\"0.000000\" y=\"0.000000\" />\n"
-                          "      </Polygon>\n"
-                          "   </Outline>\n");
+    ExpectExport(outline, Below(R"(
+   <Outline>
+      <LineDesc lineEnd="ROUND" lineWidth="0.000000" />
+      <Polygon>
+         <PolyBegin x="0.000000" y="0.000000" />
+      </Polygon>
+   </Outline>
+)"));
 }
 
 TEST(PackageOutline, WritesTheLineDescriptionInFrontOfThePolygon)
 {
     PackageOutline outline;
     Read(outline, kFilledOutline);
-    ExpectExport(outline, "   <Outline>\n"
-                          "      <LineDesc lineEnd=\"SQUARE\" lineWidth=\"0.500000\" />\n"
-                          "      <Polygon>\n"
-                          "         <PolyBegin x=\"1.000000\" y=\"2.000000\" />\n"
-                          "         <PolyStepSegment x=\"3.000000\" y=\"4.000000\" />\n"
-                          "      </Polygon>\n"
-                          "   </Outline>\n");
+    ExpectExport(outline, Below(R"(
+   <Outline>
+      <LineDesc lineEnd="SQUARE" lineWidth="0.500000" />
+      <Polygon>
+         <PolyBegin x="1.000000" y="2.000000" />
+         <PolyStepSegment x="3.000000" y="4.000000" />
+      </Polygon>
+   </Outline>
+)"));
 }
 
 TEST(PackageOutline, StopsAtTheFirstPartThatGivesZero)
 {
     PackageOutline outline;
     Replace(outline.Polygon, std::make_unique<Writing<CIPC2581_Polygon>>("polygon", 0));
-    EXPECT_EQ(Exported(outline), (Export{0, "   <Outline>\n"
-                                            "      <LineDesc lineEnd=\"ROUND\" lineWidth=\"0.000000\" />\n"
-                                            "polygon at 1\n"}));
+    EXPECT_EQ(Exported(outline), (Export{0, Below(R"(
+   <Outline>
+      <LineDesc lineEnd="ROUND" lineWidth="0.000000" />
+polygon at 1
+)")}));
     Replace(outline.LineDesc, std::make_unique<Writing<CIPC2581_LineDesc>>("line", 0));
     EXPECT_EQ(Exported(outline), (Export{0, "   <Outline>\nline at 1\n"}));
 }
@@ -476,7 +487,7 @@ TEST(AssemblyDrawing, KeepsTheOrderOfItsVirtualOperations)
 TEST(AssemblyDrawing, ImportReadsNothing)
 {
     AssemblyDrawing drawing;
-    Lines file({"<Outline>", "<Polygon>", "<PolyStepSegment x=\"1\"/>", "</Polygon>", "</Outline>"});
+    Lines file({"<Outline>", "<Polygon>", R"(<PolyStepSegment x="1"/>)", "</Polygon>", "</Outline>"});
     EXPECT_EQ(drawing.Import(file), 1);
     EXPECT_EQ(file.Rest().size(), 5U);
     EXPECT_EQ(Steps(*drawing.Outline), 0);
@@ -566,31 +577,33 @@ TEST(AssemblyDrawing, TakesItsFirstOutlineFromAFile)
     Package package;
     EXPECT_EQ(
         Read(package,
-             {"<AssemblyDrawing>", "<Outline>", "<Polygon>", "<PolyBegin x=\"1\" y=\"2\"/>",
-              "<PolyStepSegment x=\"3\" y=\"4\"/>", "</Polygon>", "<LineDesc lineEnd=\"SQUARE\" lineWidth=\"0.5\"/>",
-              "</Outline>", "<Text textString=\"R1\" fontSize=\"2\">", "<Xform rotation=\"90\"/>", "</Text>",
-              "<Target>", "<Location x=\"1\" y=\"2\"/>", "</Target>", "</AssemblyDrawing>", "</Package>", "left"}),
-        TextLines{"left"});
+             {"<AssemblyDrawing>", "<Outline>", "<Polygon>", R"(<PolyBegin x="1" y="2"/>)",
+              R"(<PolyStepSegment x="3" y="4"/>)", "</Polygon>", R"(<LineDesc lineEnd="SQUARE" lineWidth="0.5"/>)",
+              "</Outline>", R"(<Text textString="R1" fontSize="2">)", R"(<Xform rotation="90"/>)", "</Text>",
+              "<Target>", R"(<Location x="1" y="2"/>)", "</Target>", "</AssemblyDrawing>", "</Package>", "left"}),
+        Texts{"left"});
     AssemblyDrawing & drawing = package.AssemblyDrawing;
     EXPECT_EQ(drawing.Text.TextString, "");
     EXPECT_TRUE(drawing.TargetArray.IsEmpty());
-    ExpectExport(drawing, "   <AssemblyDrawing>\n"
-                          "      <Outline>\n"
-                          "         <Polygon>\n"
-                          "            <PolyBegin x=\"1.000000\" y=\"2.000000\" />\n"
-                          "            <PolyStepSegment x=\"3.000000\" y=\"4.000000\" />\n"
-                          "         </Polygon>\n"
-                          "         <LineDesc lineEnd=\"SQUARE\" lineWidth=\"0.500000\" />\n"
-                          "      </Outline>\n"
-                          "   </AssemblyDrawing>\n");
+    ExpectExport(drawing, Below(R"(
+   <AssemblyDrawing>
+      <Outline>
+         <Polygon>
+            <PolyBegin x="1.000000" y="2.000000" />
+            <PolyStepSegment x="3.000000" y="4.000000" />
+         </Polygon>
+         <LineDesc lineEnd="SQUARE" lineWidth="0.500000" />
+      </Outline>
+   </AssemblyDrawing>
+)"));
 }
 
 TEST(AssemblyDrawing, LeavesASecondOutlineToThePackage)
 {
     Package package;
     Read(package,
-         {"<AssemblyDrawing>", "<Outline>", "</Outline>", "<Outline>", "<Polygon>",
-          "<PolyStepSegment x=\"3\" y=\"4\"/>", "</Polygon>", "</Outline>", "</AssemblyDrawing>", "</Package>"});
+         {"<AssemblyDrawing>", "<Outline>", "</Outline>", "<Outline>", "<Polygon>", R"(<PolyStepSegment x="3" y="4"/>)",
+          "</Polygon>", "</Outline>", "</AssemblyDrawing>", "</Package>"});
     EXPECT_EQ(Steps(*package.AssemblyDrawing.Outline), 0);
     EXPECT_EQ(Steps(*package.Outline), 1);
 }
@@ -598,11 +611,11 @@ TEST(AssemblyDrawing, LeavesASecondOutlineToThePackage)
 TEST(AssemblyDrawing, WithoutAnOutlineRunsOnToTheNextOne)
 {
     Package package;
-    EXPECT_EQ(
-        Read(package, {"<AssemblyDrawing>", "</AssemblyDrawing>", "<Pin number=\"1\">", "</Pin>", "<SilkScreen>",
-                       "<Outline>", "<Polygon>", "<PolyStepSegment x=\"3\" y=\"4\"/>", "</Polygon>", "</Outline>",
-                       "<Target>", "</Target>", "</SilkScreen>", "<Pin number=\"2\">", "</Pin>", "</Package>", "left"}),
-        TextLines{"left"});
+    EXPECT_EQ(Read(package,
+                   {"<AssemblyDrawing>", "</AssemblyDrawing>", R"(<Pin number="1">)", "</Pin>", "<SilkScreen>",
+                    "<Outline>", "<Polygon>", R"(<PolyStepSegment x="3" y="4"/>)", "</Polygon>", "</Outline>",
+                    "<Target>", "</Target>", "</SilkScreen>", R"(<Pin number="2">)", "</Pin>", "</Package>", "left"}),
+              Texts{"left"});
     EXPECT_EQ(Steps(*package.AssemblyDrawing.Outline), 1);
     EXPECT_TRUE(package.SilkScreen.TargetArray.IsEmpty());
     ASSERT_EQ(package.PinArray.GetSize(), 1);
@@ -613,7 +626,7 @@ TEST(AssemblyDrawing, WithoutAnyOutlineSwallowsTheFile)
 {
     Package package;
     EXPECT_EQ(Read(package, {"<AssemblyDrawing>", "</AssemblyDrawing>", "<Pin>", "</Pin>", "</Package>", "<Other>"}),
-              TextLines{});
+              Texts{});
     EXPECT_TRUE(package.PinArray.IsEmpty());
 }
 
@@ -632,15 +645,16 @@ TEST(AssemblyDrawing, WritesItsTargetsBehindItsOutlineAndNoText)
     AddStep(*drawing.Outline, 3.0, 4.0);
     drawing.Text.TextString = "R1";
     drawing.TargetArray.Add(new Target);
-    ExpectExport(drawing, "   <AssemblyDrawing>\n"
-                          "      <Outline>\n"
-                          "         <Polygon>\n"
-                          "            <PolyBegin x=\"0.000000\" y=\"0.000000\" />\n"
-                          "            <PolyStepSegment x=\"3.000000\" y=\"4.000000\" />\n"
-                          "         </Polygon>\n"
-                          "         <LineDesc lineEnd=\"ROUND\" lineWidth=\"0.000000\" />\n"
-                          "      </Outline>\n" +
-                              Indented(kTarget, 1) + "   </AssemblyDrawing>\n");
+    ExpectExport(drawing, Below(R"(
+   <AssemblyDrawing>
+      <Outline>
+         <Polygon>
+            <PolyBegin x="0.000000" y="0.000000" />
+            <PolyStepSegment x="3.000000" y="4.000000" />
+         </Polygon>
+         <LineDesc lineEnd="ROUND" lineWidth="0.000000" />
+      </Outline>
+)") + Indented(kTarget, 1) + "   </AssemblyDrawing>\n");
 }
 
 TEST(AssemblyDrawing, StopsAtTheFirstPartThatGivesZero)
@@ -673,10 +687,10 @@ TEST(LandPattern, HasExportBehindItsDestructor)
 TEST(LandPattern, ReadsItsPadsInTheirOrder)
 {
     LandPattern pattern;
-    EXPECT_EQ(Read(pattern,
-                   {"<Pad pin=\"1\">", "<Location x=\"1\" y=\"2\"/>", "<StandardPrimitiveRef id=\"A\"/>", "</Pad>",
-                    "<Pad x=\"1\" pin=\"2\" layerRef=\"TOP\">", "</Pad>", "<Pad>", "</Pad>", "</LandPattern>", "left"}),
-              TextLines{"left"});
+    EXPECT_EQ(
+        Read(pattern, {R"(<Pad pin="1">)", R"(<Location x="1" y="2"/>)", R"(<StandardPrimitiveRef id="A"/>)", "</Pad>",
+                       R"(<Pad x="1" pin="2" layerRef="TOP">)", "</Pad>", "<Pad>", "</Pad>", "</LandPattern>", "left"}),
+        Texts{"left"});
     ASSERT_EQ(pattern.PadArray.GetSize(), 3);
     EXPECT_EQ(pattern.PadArray.GetAt(0)->Pin, "1");
     EXPECT_EQ(pattern.PadArray.GetAt(0)->Location.GetX(), 1.0);
@@ -691,7 +705,7 @@ TEST(LandPattern, ScansAPadFromTheFirstTokenForTheWordWithItsEqualSign)
 {
     LandPattern pattern;
     Read(pattern,
-         {"<Padpin=\"1\" pinned=\"2\" pin>", "</Pad>", "<Pad pin=\"a b\" spin=\"c\">", "</Pad>", "</LandPattern>"});
+         {R"(<Padpin="1" pinned="2" pin>)", "</Pad>", R"(<Pad pin="a b" spin="c">)", "</Pad>", "</LandPattern>"});
     ASSERT_EQ(pattern.PadArray.GetSize(), 2);
     EXPECT_EQ(pattern.PadArray.GetAt(0)->Pin, "1");
     EXPECT_EQ(pattern.PadArray.GetAt(1)->Pin, "c");
@@ -700,15 +714,15 @@ TEST(LandPattern, ScansAPadFromTheFirstTokenForTheWordWithItsEqualSign)
 TEST(LandPattern, ASlashTurnsAPadAway)
 {
     LandPattern pattern;
-    EXPECT_EQ(Read(pattern, {"<Pad/>", "</Pad>", "<Pad/ pin=\"1\">", "</LandPatternPad pin=\"1\">", "left"}),
-              TextLines{"left"});
+    EXPECT_EQ(Read(pattern, {"<Pad/>", "</Pad>", R"(<Pad/ pin="1">)", R"(</LandPatternPad pin="1">)", "left"}),
+              Texts{"left"});
     EXPECT_TRUE(pattern.PadArray.IsEmpty());
 }
 
 TEST(LandPattern, TakesEveryWordWithPadInItForAPad)
 {
     LandPattern pattern;
-    Read(pattern, {"<PadstackPadDefRef pin=\"1\"/>", "</Pad>", "<Pad pin=\"2\" />", "</LayerPad>", "</LandPattern>"});
+    Read(pattern, {R"(<PadstackPadDefRef pin="1"/>)", "</Pad>", R"(<Pad pin="2" />)", "</LayerPad>", "</LandPattern>"});
     ASSERT_EQ(pattern.PadArray.GetSize(), 2);
     EXPECT_EQ(pattern.PadArray.GetAt(0)->Pin, "1");
     EXPECT_EQ(pattern.PadArray.GetAt(1)->Pin, "2");
@@ -717,12 +731,12 @@ TEST(LandPattern, TakesEveryWordWithPadInItForAPad)
 TEST(LandPattern, ReadsNoTargets)
 {
     LandPattern pattern;
-    Read(pattern, {"", "<Target>", "<Location x=\"1\" y=\"2\"/>", "</Target>", "<pad>", "</LandPattern>"});
+    Read(pattern, {"", "<Target>", R"(<Location x="1" y="2"/>)", "</Target>", "<pad>", "</LandPattern>"});
     EXPECT_TRUE(pattern.TargetArray.IsEmpty());
     EXPECT_TRUE(pattern.PadArray.IsEmpty());
 }
 
-const TextLines kLandPatternLines = {"<Pad pin=\"1\">", "</Pad>", "<Pad pin=\"2\">", "</Pad>", "</LandPattern>"};
+const Texts kLandPatternLines = {R"(<Pad pin="1">)", "</Pad>", R"(<Pad pin="2">)", "</Pad>", "</LandPattern>"};
 
 TEST(LandPattern, EndsQuietlyAtTheEndOfTheFile)
 {
@@ -743,7 +757,7 @@ TEST(LandPattern, LosesThePadInHandWithAnException)
     LandPattern pattern;
     EXPECT_THROW(Read(pattern, {"<Pad>", "</Pad>", "<Pad>", "  ", "</Pad>"}), CInvalidArgException);
     EXPECT_EQ(pattern.PadArray.GetSize(), 1);
-    EXPECT_THROW(Read(pattern, {"<Pad pin=\"open>", "</Pad>"}), CInvalidArgException);
+    EXPECT_THROW(Read(pattern, {R"(<Pad pin="open>)", "</Pad>"}), CInvalidArgException);
     EXPECT_EQ(pattern.PadArray.GetSize(), 1);
 }
 
@@ -816,11 +830,11 @@ TEST(SilkScreen, ReadsItsTargetsAndDropsOutlineAndText)
 {
     SilkScreen silkScreen;
     EXPECT_EQ(
-        Read(silkScreen, {"<Outline>", "<Polygon>", "<PolyStepSegment x=\"3\" y=\"4\"/>", "</Polygon>",
-                          "<LineDesc lineEnd=\"SQUARE\" lineWidth=\"1\"/>", "</Outline>", "<Text textString=\"R1\">",
-                          "</Text>", "<Target>", "<Location x=\"1\" y=\"2\"/>", "</Target>", "<Target>",
-                          "<Location x=\"3\" y=\"4\"/>", "</Target>", "</SilkScreen>", "left"}),
-        TextLines{"left"});
+        Read(silkScreen, {"<Outline>", "<Polygon>", R"(<PolyStepSegment x="3" y="4"/>)", "</Polygon>",
+                          R"(<LineDesc lineEnd="SQUARE" lineWidth="1"/>)", "</Outline>", R"(<Text textString="R1">)",
+                          "</Text>", "<Target>", R"(<Location x="1" y="2"/>)", "</Target>", "<Target>",
+                          R"(<Location x="3" y="4"/>)", "</Target>", "</SilkScreen>", "left"}),
+        Texts{"left"});
     ASSERT_EQ(silkScreen.TargetArray.GetSize(), 2);
     EXPECT_EQ(silkScreen.TargetArray.GetAt(0)->Location.GetX(), 1.0);
     EXPECT_EQ(silkScreen.TargetArray.GetAt(1)->Location.GetX(), 3.0);
@@ -832,8 +846,8 @@ TEST(SilkScreen, ReadsItsTargetsAndDropsOutlineAndText)
 TEST(SilkScreen, ASlashTurnsATargetAway)
 {
     SilkScreen silkScreen;
-    EXPECT_EQ(Read(silkScreen, {"<Target/>", "</Target>", "<Target/ x=\"1\">", "</SilkScreenTarget>", "left"}),
-              TextLines{"left"});
+    EXPECT_EQ(Read(silkScreen, {"<Target/>", "</Target>", R"(<Target/ x="1">)", "</SilkScreenTarget>", "left"}),
+              Texts{"left"});
     EXPECT_TRUE(silkScreen.TargetArray.IsEmpty());
 }
 
@@ -844,8 +858,8 @@ TEST(SilkScreen, TakesASlashBehindTheFirstTokenForAnOpeningLine)
     EXPECT_EQ(silkScreen.TargetArray.GetSize(), 1);
 }
 
-const TextLines kSilkScreenLines = {"<Target>", "<Location x=\"1\"/>", "</Target>",
-                                    "<Target>", "</Target>",           "</SilkScreen>"};
+const Texts kSilkScreenLines = {"<Target>",  R"(<Location x="1"/>)", "</Target>", "<Target>",
+                                "</Target>", "</SilkScreen>"};
 
 TEST(SilkScreen, EndsQuietlyAtTheEndOfTheFile)
 {
@@ -881,15 +895,16 @@ TEST(SilkScreen, WritesItsTargetsBehindItsOutlineAndNoText)
     AddStep(*silkScreen.Outline, 3.0, 4.0);
     silkScreen.Text.TextString = "R1";
     silkScreen.TargetArray.Add(new Target);
-    ExpectExport(silkScreen, "   <SilkScreen>\n"
-                             "      <Outline>\n"
-                             "         <Polygon>\n"
-                             "            <PolyBegin x=\"0.000000\" y=\"0.000000\" />\n"
-                             "            <PolyStepSegment x=\"3.000000\" y=\"4.000000\" />\n"
-                             "         </Polygon>\n"
-                             "         <LineDesc lineEnd=\"ROUND\" lineWidth=\"0.000000\" />\n"
-                             "      </Outline>\n" +
-                                 Indented(kTarget, 1) + "   </SilkScreen>\n");
+    ExpectExport(silkScreen, Below(R"(
+   <SilkScreen>
+      <Outline>
+         <Polygon>
+            <PolyBegin x="0.000000" y="0.000000" />
+            <PolyStepSegment x="3.000000" y="4.000000" />
+         </Polygon>
+         <LineDesc lineEnd="ROUND" lineWidth="0.000000" />
+      </Outline>
+)") + Indented(kTarget, 1) + "   </SilkScreen>\n");
 }
 
 TEST(SilkScreen, StopsAtTheFirstPartThatGivesZero)
@@ -908,13 +923,13 @@ TEST(SilkScreenArray, OwnsItsElementsAndCannotBeWritten)
 }
 
 // A contour with one polygon, as a target of the silk screen reads it.
-const Texts kContourTarget = {"<Location x=\"1\" y=\"2\"/>",
-                              "<Contour>",
-                              "<Polygon>",
-                              "<PolyStepSegment x=\"3\" y=\"4\"/>",
-                              "</Polygon>",
-                              "</Contour>",
-                              "</Target>"};
+const LineList kContourTarget = {R"(<Location x="1" y="2"/>)",
+                                 "<Contour>",
+                                 "<Polygon>",
+                                 R"(<PolyStepSegment x="3" y="4"/>)",
+                                 "</Polygon>",
+                                 "</Contour>",
+                                 "</Target>"};
 
 const CIPC2581_DicDraw_Contour & ContourAt(const SilkScreenTarget & target, std::int64_t index)
 {
@@ -939,10 +954,10 @@ TEST(SilkScreenTarget, HasAVirtualDestructorAndCannotBeWritten)
 TEST(SilkScreenTarget, ReadsContoursWithTheDrawTypeFive)
 {
     SilkScreenTarget target;
-    EXPECT_EQ(Read(target, {"<Contour>", "<Polygon>", "<PolyStepSegment x=\"3\" y=\"4\"/>", "</Polygon>", "<Cutout>",
-                            "</Cutout>", "</Contour>", "<Location x=\"1\" y=\"2\"/>", "<Contour>", "</Contour>",
+    EXPECT_EQ(Read(target, {"<Contour>", "<Polygon>", R"(<PolyStepSegment x="3" y="4"/>)", "</Polygon>", "<Cutout>",
+                            "</Cutout>", "</Contour>", R"(<Location x="1" y="2"/>)", "<Contour>", "</Contour>",
                             "</Target>", "left"}),
-              TextLines{"left"});
+              Texts{"left"});
     EXPECT_EQ(target.Location.GetX(), 1.0);
     EXPECT_EQ(target.Location.GetY(), 2.0);
     ASSERT_EQ(target.DrawObjArray.GetSize(), 2);
@@ -956,19 +971,19 @@ TEST(SilkScreenTarget, ReadsContoursWithTheDrawTypeFive)
 TEST(SilkScreenTarget, TestsForTheContourBeforeTheLocation)
 {
     SilkScreenTarget target;
-    Read(target, {"<LocationContour x=\"1\" y=\"2\">", "</Contour>", "</Target>"});
+    Read(target, {R"(<LocationContour x="1" y="2">)", "</Contour>", "</Target>"});
     EXPECT_EQ(target.DrawObjArray.GetSize(), 1);
     EXPECT_EQ(target.Location.GetX(), 0.0);
 }
 
 TEST(SilkScreenTarget, ASlashTurnsContourAndLocationAway)
 {
-    for (const char * const closing : {"</TargetContour>", "</TargetLocation x=\"1\">"}) {
+    for (const char * const closing : {"</TargetContour>", R"(</TargetLocation x="1">)"}) {
         SCOPED_TRACE(closing);
         SilkScreenTarget target;
         EXPECT_EQ(
-            Read(target, {"<Contour/>", "</Contour>", "<Location/ x=\"1\">", "</Location y=\"1\">", closing, "left"}),
-            TextLines{"left"});
+            Read(target, {"<Contour/>", "</Contour>", R"(<Location/ x="1">)", R"(</Location y="1">)", closing, "left"}),
+            Texts{"left"});
         EXPECT_TRUE(target.DrawObjArray.IsEmpty());
         EXPECT_EQ(target.Location.GetX(), 0.0);
         EXPECT_EQ(target.Location.GetY(), 0.0);
@@ -978,23 +993,22 @@ TEST(SilkScreenTarget, ASlashTurnsContourAndLocationAway)
 TEST(SilkScreenTarget, IgnoresPolylinesAndOtherLines)
 {
     SilkScreenTarget target;
-    Read(target, {"", "<Polyline>", "<PolyBegin x=\"1\"/>", "</Polyline>", "<Circle diameter=\"1\"/>",
-                  "<Xform rotation=\"1\"/>", "</Target>"});
+    Read(target, {"", "<Polyline>", R"(<PolyBegin x="1"/>)", "</Polyline>", R"(<Circle diameter="1"/>)",
+                  R"(<Xform rotation="1"/>)", "</Target>"});
     EXPECT_TRUE(target.DrawObjArray.IsEmpty());
 }
 
 TEST(SilkScreenTarget, ScansItsLocationForXBeforeY)
 {
     SilkScreenTarget target;
-    Read(target,
-         {"<Locationy=\"4\" x=\"3\">", "<Location y=\"9\"x=\"8\">", "<Location X=\"5\" xs=\"6\">", "</Target>"});
+    Read(target, {R"(<Locationy="4" x="3">)", R"(<Location y="9"x="8">)", R"(<Location X="5" xs="6">)", "</Target>"});
     EXPECT_EQ(target.Location.GetX(), 9.0);
     EXPECT_EQ(target.Location.GetY(), 4.0);
 }
 
 TEST(SilkScreenTarget, EndsQuietlyAtTheEndOfTheFile)
 {
-    ForEachEndOfFile({"<Contour>", "<Polygon>", "</Polygon>", "</Contour>", "<Location x=\"1\"/>", "</Target>"},
+    ForEachEndOfFile({"<Contour>", "<Polygon>", "</Polygon>", "</Contour>", R"(<Location x="1"/>)", "</Target>"},
                      [](CStdioFile & file, std::size_t lines) {
                          SilkScreenTarget target;
                          target.TargetAdd(file);

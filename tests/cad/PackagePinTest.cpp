@@ -20,6 +20,7 @@
 #include "tests/cad/Models.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
@@ -28,17 +29,15 @@ using Package = CIPC2581_Ecad_CadData_Step_Package;
 using Pin = CIPC2581_Ecad_CadData_Step_Package_Pin;
 using PinArray = CIPC2581_Ecad_CadData_Step_Package_PinArray;
 
-using Texts = std::initializer_list<std::string_view>;
-
 // Reads the lines under a Pin line and gives those that are left.
-TextLines Read(Pin & pin, Texts lines)
+Texts Read(Pin & pin, LineList lines)
 {
     Lines file(lines);
     pin.PinAdd(file);
     return file.Rest();
 }
 
-void ReadPackage(Package & package, Texts lines)
+void ReadPackage(Package & package, LineList lines)
 {
     Lines file(lines);
     package.PackageAdd(file);
@@ -205,26 +204,26 @@ TEST(PackagePin, TakesTheAttributesOfItsLine)
         const char * line;
         Four texts;
     } rows[] = {
-        {"<Pin number=\"1\" name=\"A\" type=\"THRU\" electricalType=\"ELECTRICAL\">", {"1", "A", "THRU", "ELECTRICAL"}},
-        {"<Pin electricalType=\"E\" mountType=\"SMT\" type=\"T\" name=\"N\" number=\"2\"/>", {"2", "N", "T", "E"}},
+        {R"(<Pin number="1" name="A" type="THRU" electricalType="ELECTRICAL">)", {"1", "A", "THRU", "ELECTRICAL"}},
+        {R"(<Pin electricalType="E" mountType="SMT" type="T" name="N" number="2"/>)", {"2", "N", "T", "E"}},
         {"<Pin>", {}},
-        {"<Pin number=\"1\" number=\"2\">", {"2", "", "", ""}},
-        {"<Pin Number=\"1\" names=\"A\" Type=\"T\">", {}},
-        {"<Pin numbers=\"1\" types=\"T\" electricalTypes=\"E\">", {}},
-        {"<Pin electricaltype=\"E\">", {"", "", "E", ""}},
-        {"<Pin number =\"1\" name>", {}},
+        {R"(<Pin number="1" number="2">)", {"2", "", "", ""}},
+        {R"(<Pin Number="1" names="A" Type="T">)", {}},
+        {R"(<Pin numbers="1" types="T" electricalTypes="E">)", {}},
+        {R"(<Pin electricaltype="E">)", {"", "", "E", ""}},
+        {R"(<Pin number ="1" name>)", {}},
         // Any token that holds the word with its equal sign counts, the first one too.
-        {"<Pinnumber=\"1\" filename=\"A\" subtype=\"T\" xelectricalType=\"E\">", {"1", "A", "T", "E"}},
+        {R"(<Pinnumber="1" filename="A" subtype="T" xelectricalType="E">)", {"1", "A", "T", "E"}},
         // A value that runs on takes the tokens up to its quote with it.
-        {"<Pin name=\"a number=3 b\" type=\"T\">", {"", "a 3 b", "T", ""}},
-        {"<Pin number=\"A/1\" name=\"a=b\">", {"A1", "a=b", "", ""}},
+        {R"(<Pin name="a number=3 b" type="T">)", {"", "a 3 b", "T", ""}},
+        {R"(<Pin number="A/1" name="a=b">)", {"A1", "a=b", "", ""}},
         // The order of the tests decides for a token with two words.
-        {"<Pin name=\"N\"number=\"1\">", {"Nnumber=1", "", "", ""}},
-        {"<Pin type=\"T\"number=\"1\">", {"Tnumber=1", "", "", ""}},
-        {"<Pin electricalType=\"E\"number=\"1\">", {"Enumber=1", "", "", ""}},
-        {"<Pin type=\"T\"name=\"N\">", {"", "Tname=N", "", ""}},
-        {"<Pin electricalType=\"E\"name=\"N\">", {"", "Ename=N", "", ""}},
-        {"<Pin electricalType=\"E\"type=\"T\">", {"", "", "Etype=T", ""}},
+        {R"(<Pin name="N"number="1">)", {"Nnumber=1", "", "", ""}},
+        {R"(<Pin type="T"number="1">)", {"Tnumber=1", "", "", ""}},
+        {R"(<Pin electricalType="E"number="1">)", {"Enumber=1", "", "", ""}},
+        {R"(<Pin type="T"name="N">)", {"", "Tname=N", "", ""}},
+        {R"(<Pin electricalType="E"name="N">)", {"", "Ename=N", "", ""}},
+        {R"(<Pin electricalType="E"type="T">)", {"", "", "Etype=T", ""}},
     };
     for (const auto & row : rows) {
         EXPECT_EQ(Opened(row.line), row.texts) << row.line;
@@ -234,7 +233,7 @@ TEST(PackagePin, TakesTheAttributesOfItsLine)
 TEST(PackagePin, IsNotKeptWhenItsLineDoesNotCloseAValue)
 {
     Package package;
-    EXPECT_THROW(ReadPackage(package, {"<Pin number=\"1\" name=\"open>", "</Pin>", "</Package>"}),
+    EXPECT_THROW(ReadPackage(package, {R"(<Pin number="1" name="open>)", "</Pin>", "</Package>"}),
                  CInvalidArgException);
     EXPECT_THROW(ReadPackage(package, {"<Pin number=1>", "</Pin>", "</Package>"}), CInvalidArgException);
     EXPECT_TRUE(package.PinArray.IsEmpty());
@@ -243,11 +242,11 @@ TEST(PackagePin, IsNotKeptWhenItsLineDoesNotCloseAValue)
 TEST(PackagePin, ReadsTheLinesUnderIt)
 {
     Pin pin;
-    EXPECT_EQ(Read(pin, {"<Outline>", "<LineDesc lineEnd=\"SQUARE\" lineWidth=\"2\"/>", "<Polygon>",
-                         "<PolyBegin x=\"5\" y=\"6\"/>", "<PolyStepSegment x=\"7\" y=\"8\"/>", "</Polygon>",
-                         "</Outline>", "<Xform rotation=\"90\" mirror=\"TRUE\"/>", "<StandardPrimitiveRef id=\"C1\"/>",
-                         "<Location x=\"1.5\" y=\"-2\"/>", "</Pin>", "left"}),
-              TextLines{"left"});
+    EXPECT_EQ(Read(pin, {"<Outline>", R"(<LineDesc lineEnd="SQUARE" lineWidth="2"/>)", "<Polygon>",
+                         R"(<PolyBegin x="5" y="6"/>)", R"(<PolyStepSegment x="7" y="8"/>)", "</Polygon>", "</Outline>",
+                         R"(<Xform rotation="90" mirror="TRUE"/>)", R"(<StandardPrimitiveRef id="C1"/>)",
+                         R"(<Location x="1.5" y="-2"/>)", "</Pin>", "left"}),
+              Texts{"left"});
     EXPECT_EQ(pin.Xform->Rotation, 90.0);
     EXPECT_EQ(pin.Xform->Mirror, 0);
     EXPECT_EQ(pin.Location.GetX(), 1.5);
@@ -271,7 +270,7 @@ TEST(PackagePin, IsMirroredByTheControlCharacterAlone)
         SCOPED_TRACE(row.value);
         Pin pin;
         pin.Xform->Mirror = 5;
-        Read(pin, {"<Xform mirror=\"" + row.value + "\" rotation=\"90\"/>", "</Pin>"});
+        Read(pin, {R"(<Xform mirror=")" + row.value + R"(" rotation="90"/>)", "</Pin>"});
         EXPECT_EQ(pin.Xform->Mirror, row.mirror);
         EXPECT_EQ(pin.Xform->Rotation, 90.0);
     }
@@ -281,7 +280,7 @@ TEST(PackagePin, ScansItsTransformForTheRotationBeforeTheMirror)
 {
     Pin pin;
     pin.Xform->Mirror = 5;
-    Read(pin, {"<Xform mirror=\"30\"rotation=\"90\"/>", "</Pin>"});
+    Read(pin, {R"(<Xform mirror="30"rotation="90"/>)", "</Pin>"});
     EXPECT_EQ(pin.Xform->Rotation, 30.0);
     EXPECT_EQ(pin.Xform->Mirror, 5);
 }
@@ -290,8 +289,7 @@ TEST(PackagePin, ScansItsTransformFromTheFirstTokenForWordsWithAnEqualSign)
 {
     Pin pin;
     pin.Xform->Mirror = 5;
-    Read(pin,
-         {"<Xformrotation=\"90\" rotations=\"1\" Mirror=\"1\" mirrored=\"1\" xOffset=\"3\" scale=\"2\">", "</Pin>"});
+    Read(pin, {R"(<Xformrotation="90" rotations="1" Mirror="1" mirrored="1" xOffset="3" scale="2">)", "</Pin>"});
     EXPECT_EQ(pin.Xform->Rotation, 90.0);
     EXPECT_EQ(pin.Xform->Mirror, 5);
     EXPECT_EQ(pin.Xform->XOffset, 0.0);
@@ -301,7 +299,7 @@ TEST(PackagePin, ScansItsTransformFromTheFirstTokenForWordsWithAnEqualSign)
 TEST(PackagePin, ScansItsLocationForXBeforeY)
 {
     Pin pin;
-    Read(pin, {"<Locationy=\"4\" x=\"3\">", "<Location y=\"9\"x=\"8\">", "<Location X=\"5\" yy =\"6\">", "</Pin>"});
+    Read(pin, {R"(<Locationy="4" x="3">)", R"(<Location y="9"x="8">)", R"(<Location X="5" yy ="6">)", "</Pin>"});
     EXPECT_EQ(pin.Location.GetX(), 9.0);
     EXPECT_EQ(pin.Location.GetY(), 4.0);
 }
@@ -309,10 +307,10 @@ TEST(PackagePin, ScansItsLocationForXBeforeY)
 TEST(PackagePin, LeavesWhatALocationDoesNotName)
 {
     Pin pin;
-    Read(pin, {"<Location x=\"1\"/>", "</Pin>"});
+    Read(pin, {R"(<Location x="1"/>)", "</Pin>"});
     EXPECT_EQ(pin.Location.GetX(), 1.0);
     EXPECT_EQ(pin.Location.GetY(), 0.0);
-    Read(pin, {"<Location y=\"2\"/>", "</Pin>"});
+    Read(pin, {R"(<Location y="2"/>)", "</Pin>"});
     EXPECT_EQ(pin.Location.GetX(), 1.0);
     EXPECT_EQ(pin.Location.GetY(), 2.0);
 }
@@ -320,20 +318,20 @@ TEST(PackagePin, LeavesWhatALocationDoesNotName)
 TEST(PackagePin, ScansItsReferenceForTheIdWithItsEqualSign)
 {
     Pin pin;
-    Read(pin, {"<StandardPrimitiveRef ids=\"A\" id>", "</Pin>"});
+    Read(pin, {R"(<StandardPrimitiveRef ids="A" id>)", "</Pin>"});
     EXPECT_EQ(pin.StandardPrimitiveRef, "");
-    Read(pin, {"<StandardPrimitiveRefid=\"B\">", "</Pin>"});
+    Read(pin, {R"(<StandardPrimitiveRefid="B">)", "</Pin>"});
     // A line without a blank keeps its brackets.
     EXPECT_EQ(pin.StandardPrimitiveRef, "B>");
-    Read(pin, {"<StandardPrimitiveRef x=\"1\" grid=\"C 1\">", "</Pin>"});
+    Read(pin, {R"(<StandardPrimitiveRef x="1" grid="C 1">)", "</Pin>"});
     EXPECT_EQ(pin.StandardPrimitiveRef, "C 1");
 }
 
 TEST(PackagePin, TheLastOfSeveralLinesWins)
 {
     Pin pin;
-    Read(pin, {"<Xform rotation=\"90\"/>", "<Xform rotation=\"180\"/>", "<Location x=\"1\" y=\"2\"/>",
-               "<Location x=\"3\" y=\"4\"/>", "<StandardPrimitiveRef id=\"A\"/>", "<StandardPrimitiveRef id=\"B\"/>",
+    Read(pin, {R"(<Xform rotation="90"/>)", R"(<Xform rotation="180"/>)", R"(<Location x="1" y="2"/>)",
+               R"(<Location x="3" y="4"/>)", R"(<StandardPrimitiveRef id="A"/>)", R"(<StandardPrimitiveRef id="B"/>)",
                "</Pin>"});
     EXPECT_EQ(pin.Xform->Rotation, 180.0);
     EXPECT_EQ(pin.Location.GetX(), 3.0);
@@ -345,7 +343,7 @@ TEST(PackagePin, ReadsABadNumberAsZero)
 {
     Pin pin;
     Fill(pin);
-    Read(pin, {"<Xform rotation=\"left\"/>", "<Location x=\"\" y=\"-\"/>", "</Pin>"});
+    Read(pin, {R"(<Xform rotation="left"/>)", R"(<Location x="" y="-"/>)", "</Pin>"});
     EXPECT_EQ(pin.Xform->Rotation, 0.0);
     EXPECT_EQ(pin.Location.GetX(), 0.0);
     EXPECT_EQ(pin.Location.GetY(), 0.0);
@@ -354,7 +352,7 @@ TEST(PackagePin, ReadsABadNumberAsZero)
 TEST(PackagePin, TestsForTheTransformFirst)
 {
     Pin pin;
-    Read(pin, {"<LocationXform rotation=\"90\" x=\"1\">", "</Pin>"});
+    Read(pin, {R"(<LocationXform rotation="90" x="1">)", "</Pin>"});
     EXPECT_EQ(pin.Xform->Rotation, 90.0);
     EXPECT_EQ(pin.Location.GetX(), 0.0);
 }
@@ -362,7 +360,7 @@ TEST(PackagePin, TestsForTheTransformFirst)
 TEST(PackagePin, TestsForTheLocationBeforeTheReference)
 {
     Pin pin;
-    Read(pin, {"<StandardPrimitiveRefLocation x=\"1\" id=\"A\">", "</Pin>"});
+    Read(pin, {R"(<StandardPrimitiveRefLocation x="1" id="A">)", "</Pin>"});
     EXPECT_EQ(pin.Location.GetX(), 1.0);
     EXPECT_EQ(pin.StandardPrimitiveRef, "");
 }
@@ -370,7 +368,7 @@ TEST(PackagePin, TestsForTheLocationBeforeTheReference)
 TEST(PackagePin, TestsForTheReferenceBeforeTheOutline)
 {
     Pin pin;
-    EXPECT_EQ(Read(pin, {"<OutlineStandardPrimitiveRef id=\"A\">", "</Pin>", "left"}), TextLines{"left"});
+    EXPECT_EQ(Read(pin, {R"(<OutlineStandardPrimitiveRef id="A">)", "</Pin>", "left"}), Texts{"left"});
     EXPECT_EQ(pin.StandardPrimitiveRef, "A");
 }
 
@@ -379,10 +377,10 @@ TEST(PackagePin, ATestThatTheSlashTurnsAwayFallsThroughToTheEnd)
     for (const char * const word : {"Xform", "Location", "StandardPrimitiveRef", "Outline"}) {
         SCOPED_TRACE(word);
         Pin pin;
-        const std::string attributes = " rotation=\"90\" x=\"1\" y=\"2\" id=\"A\">";
+        const std::string attributes = R"( rotation="90" x="1" y="2" id="A">)";
         EXPECT_EQ(Read(pin, {"<" + std::string(word) + "/" + attributes, "<" + std::string(word) + "/>",
                              "</" + std::string(word) + attributes, "</Pin" + std::string(word) + attributes, "left"}),
-                  TextLines{"left"});
+                  Texts{"left"});
         EXPECT_EQ(pin.Xform->Rotation, 0.0);
         EXPECT_EQ(pin.Location.GetX(), 0.0);
         EXPECT_EQ(pin.StandardPrimitiveRef, "");
@@ -392,9 +390,10 @@ TEST(PackagePin, ATestThatTheSlashTurnsAwayFallsThroughToTheEnd)
 TEST(PackagePin, IgnoresEmptyAndUnknownLines)
 {
     Pin pin;
-    EXPECT_EQ(Read(pin, {"", "<Special rotation=\"90\">", "<Location x=\"1\"/>", "</Special>", "<xform rotation=\"9\">",
-                         "< Xform rotation=\"9\">", "<Pin number=\"2\">", "</pin>", "</Pin>", "left"}),
-              TextLines{"left"});
+    EXPECT_EQ(
+        Read(pin, {"", R"(<Special rotation="90">)", R"(<Location x="1"/>)", "</Special>", R"(<xform rotation="9">)",
+                   R"(< Xform rotation="9">)", R"(<Pin number="2">)", "</pin>", "</Pin>", "left"}),
+        Texts{"left"});
     EXPECT_EQ(pin.Xform->Rotation, 0.0);
     EXPECT_EQ(pin.Location.GetX(), 1.0);
     EXPECT_EQ(pin.number, "");
@@ -404,8 +403,8 @@ TEST(PackagePin, ASelfClosedPinTakesTheLinesOfTheNextOne)
 {
     Package package;
     ReadPackage(package,
-                {"<Pin number=\"1\" name=\"A\" />", "<Location x=\"1\" y=\"1\"/>", "<Pin number=\"2\" name=\"B\" />",
-                 "<Location x=\"2\" y=\"2\"/>", "</Pin>", "<Pin number=\"3\">", "</Pin>", "</Package>"});
+                {R"(<Pin number="1" name="A" />)", R"(<Location x="1" y="1"/>)", R"(<Pin number="2" name="B" />)",
+                 R"(<Location x="2" y="2"/>)", "</Pin>", R"(<Pin number="3">)", "</Pin>", "</Package>"});
     ASSERT_EQ(package.PinArray.GetSize(), 2);
     EXPECT_EQ(package.PinArray.GetAt(0)->number, "1");
     EXPECT_EQ(package.PinArray.GetAt(0)->name, "A");
@@ -413,14 +412,14 @@ TEST(PackagePin, ASelfClosedPinTakesTheLinesOfTheNextOne)
     EXPECT_EQ(package.PinArray.GetAt(1)->number, "3");
 }
 
-const TextLines kPinLines = {"<Location x=\"1\"/>",
-                             "<Outline>",
-                             "<Polygon>",
-                             "<PolyStepSegment/>",
-                             "</Polygon>",
-                             "</Outline>",
-                             "<StandardPrimitiveRef id=\"A\"/>",
-                             "</Pin>"};
+const Texts kPinLines = {R"(<Location x="1"/>)",
+                         "<Outline>",
+                         "<Polygon>",
+                         "<PolyStepSegment/>",
+                         "</Polygon>",
+                         "</Outline>",
+                         R"(<StandardPrimitiveRef id="A"/>)",
+                         "</Pin>"};
 
 TEST(PackagePin, EndsQuietlyAtTheEndOfTheFile)
 {
@@ -436,7 +435,7 @@ TEST(PackagePin, EndsQuietlyAtTheEndOfTheFile)
 TEST(PackagePin, IsKeptWithWhatItHasAtTheEndOfTheFile)
 {
     Package package;
-    ReadPackage(package, {"<Pin number=\"1\">", "<Location x=\"1\"/>"});
+    ReadPackage(package, {R"(<Pin number="1">)", R"(<Location x="1"/>)"});
     ASSERT_EQ(package.PinArray.GetSize(), 1);
     EXPECT_EQ(package.PinArray.GetAt(0)->Location.GetX(), 1.0);
 }
@@ -449,10 +448,10 @@ TEST(PackagePin, ThrowsForALineOfBlanks)
 TEST(PackagePin, IsNotKeptWhenItsLinesThrow)
 {
     Package package;
-    EXPECT_THROW(ReadPackage(package, {"<Pin number=\"1\">", " ", "</Pin>", "</Package>"}), CInvalidArgException);
-    for (const char * const line : {"<Xform rotation=\"9>", "<Xform mirror=\"T>", "<Location x=\"1>",
-                                    "<Location y=\"1>", "<StandardPrimitiveRef id=\"A>"}) {
-        EXPECT_THROW(ReadPackage(package, {"<Pin number=\"1\">", line, "</Pin>", "</Package>"}), CInvalidArgException)
+    EXPECT_THROW(ReadPackage(package, {R"(<Pin number="1">)", " ", "</Pin>", "</Package>"}), CInvalidArgException);
+    for (const char * const line : {R"(<Xform rotation="9>)", R"(<Xform mirror="T>)", R"(<Location x="1>)",
+                                    R"(<Location y="1>)", R"(<StandardPrimitiveRef id="A>)"}) {
+        EXPECT_THROW(ReadPackage(package, {R"(<Pin number="1">)", line, "</Pin>", "</Package>"}), CInvalidArgException)
             << line;
     }
     EXPECT_TRUE(package.PinArray.IsEmpty());
@@ -461,27 +460,31 @@ TEST(PackagePin, IsNotKeptWhenItsLinesThrow)
 TEST(PackagePin, WritesItsFourLinesAlsoWhenItIsEmpty)
 {
     Pin pin;
-    ExpectExport(pin, "   <Pin number=\"\" name=\"\" type=\"\" electricalType=\"\">\n"
-                      "      <Location x=\"0.000000\" y=\"0.000000\"/>\n"
-                      "      <StandardPrimitiveRef id=\"\"/>\n"
-                      "   </Pin>\n");
+    ExpectExport(pin, Below(R"(
+   <Pin number="" name="" type="" electricalType="">
+      <Location x="0.000000" y="0.000000"/>
+      <StandardPrimitiveRef id=""/>
+   </Pin>
+)"));
 }
 
 TEST(PackagePin, WritesNeitherTransformNorOutline)
 {
     Package package;
     ReadPackage(package,
-                {"<Pin number=\"1\" name=\"A\" type=\"THRU\" electricalType=\"ELECTRICAL\">",
-                 "<Xform rotation=\"90\" mirror=\"TRUE\"/>", "<Location x=\"1.5\" y=\"-2\"/>", "<Outline>", "<Polygon>",
-                 "<PolyStepSegment x=\"7\" y=\"8\"/>", "</Polygon>", "<LineDesc lineEnd=\"SQUARE\"/>", "</Outline>",
-                 "<StandardPrimitiveRef id=\"C1\"/>", "</Pin>", "</Package>"});
+                {R"(<Pin number="1" name="A" type="THRU" electricalType="ELECTRICAL">)",
+                 R"(<Xform rotation="90" mirror="TRUE"/>)", R"(<Location x="1.5" y="-2"/>)", "<Outline>", "<Polygon>",
+                 R"(<PolyStepSegment x="7" y="8"/>)", "</Polygon>", R"(<LineDesc lineEnd="SQUARE"/>)", "</Outline>",
+                 R"(<StandardPrimitiveRef id="C1"/>)", "</Pin>", "</Package>"});
     Pin & pin = *package.PinArray.GetAt(0);
     pin.SpareText = "spare";
     EXPECT_EQ(pin.Outline.LineDesc->LineEnd, "SQUARE");
-    ExpectExport(pin, "   <Pin number=\"1\" name=\"A\" type=\"THRU\" electricalType=\"ELECTRICAL\">\n"
-                      "      <Location x=\"1.500000\" y=\"-2.000000\"/>\n"
-                      "      <StandardPrimitiveRef id=\"C1\"/>\n"
-                      "   </Pin>\n");
+    ExpectExport(pin, Below(R"(
+   <Pin number="1" name="A" type="THRU" electricalType="ELECTRICAL">
+      <Location x="1.500000" y="-2.000000"/>
+      <StandardPrimitiveRef id="C1"/>
+   </Pin>
+)"));
 }
 
 TEST(PackagePinArray, OwnsItsPins)

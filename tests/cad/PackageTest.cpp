@@ -21,6 +21,7 @@
 #include "tests/cad/Models.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
@@ -105,7 +106,7 @@ std::string TextOf(int code)
 }
 
 // Reads the lines under a Package line and gives those that are left.
-TextLines Read(Package & package, std::initializer_list<std::string_view> lines)
+Texts Read(Package & package, std::initializer_list<std::string_view> lines)
 {
     Lines file(lines);
     package.PackageAdd(file);
@@ -116,7 +117,7 @@ TextLines Read(Package & package, std::initializer_list<std::string_view> lines)
 void ReadStep(Step & step, std::initializer_list<std::string_view> lines)
 {
     Lines file(lines);
-    Tokens tokens("<Step name=\"board\">");
+    Tokens tokens(R"(<Step name="board">)");
     step.ReadStep(tokens, file, nullptr);
 }
 
@@ -163,9 +164,9 @@ TEST(Package, InitMakesAMissingOutline)
 TEST(Package, InitClearsTheCodeAndTheDrawTypeOfTheOutlineAlone)
 {
     Package package;
-    Read(package, {"<Outline>", "<Polygon>", "<PolyStepSegment x=\"1\" y=\"2\"/>", "</Polygon>",
-                   "<LineDesc lineEnd=\"SQUARE\"/>", "</Outline>", "<Pin number=\"1\">", "</Pin>", "<LandPattern>",
-                   "<Pad pin=\"1\">", "</Pad>", "</LandPattern>", "<SilkScreen>", "<Target>", "</Target>",
+    Read(package, {"<Outline>", "<Polygon>", R"(<PolyStepSegment x="1" y="2"/>)", "</Polygon>",
+                   R"(<LineDesc lineEnd="SQUARE"/>)", "</Outline>", R"(<Pin number="1">)", "</Pin>", "<LandPattern>",
+                   R"(<Pad pin="1">)", "</Pad>", "</LandPattern>", "<SilkScreen>", "<Target>", "</Target>",
                    "</SilkScreen>", "</Package>"});
     package.name = "P1";
     package.type = "SOIC";
@@ -196,9 +197,9 @@ TEST(Package, InitLeavesTheAssemblyDrawing)
 TEST(Package, ACopyHasTheTypeCodeAlone)
 {
     Package source;
-    Read(source, {"<Outline>", "<Polygon>", "<PolyStepSegment x=\"1\"/>", "</Polygon>", "</Outline>", "<Pin>", "</Pin>",
-                  "<LandPattern>", "<Pad>", "</Pad>", "</LandPattern>", "<SilkScreen>", "<Target>", "</Target>",
-                  "</SilkScreen>", "</Package>"});
+    Read(source, {"<Outline>", "<Polygon>", R"(<PolyStepSegment x="1"/>)", "</Polygon>", "</Outline>", "<Pin>",
+                  "</Pin>", "<LandPattern>", "<Pad>", "</Pad>", "</LandPattern>", "<SilkScreen>", "<Target>",
+                  "</Target>", "</SilkScreen>", "</Package>"});
     source.name = "P1";
     source.type = "SOIC";
     source.TypeCode = 34;
@@ -274,37 +275,37 @@ TEST(Package, GoesWithoutAnOutline)
 TEST(Package, ReadsAllItsChildrenInAnyOrder)
 {
     Package package;
-    EXPECT_EQ(Read(package, {"<Pin number=\"1\">",
+    EXPECT_EQ(Read(package, {R"(<Pin number="1">)",
                              "</Pin>",
                              "<SilkScreen>",
                              "<Target>",
                              "</Target>",
                              "</SilkScreen>",
                              "<LandPattern>",
-                             "<Pad pin=\"1\">",
+                             R"(<Pad pin="1">)",
                              "</Pad>",
                              "</LandPattern>",
                              "<AssemblyDrawing>",
                              "<Outline>",
                              "<Polygon>",
-                             "<PolyStepSegment x=\"5\" y=\"6\"/>",
+                             R"(<PolyStepSegment x="5" y="6"/>)",
                              "</Polygon>",
-                             "<LineDesc lineEnd=\"FLAT\" lineWidth=\"2\"/>",
+                             R"(<LineDesc lineEnd="FLAT" lineWidth="2"/>)",
                              "</Outline>",
                              "</AssemblyDrawing>",
                              "<Outline>",
                              "<Polygon>",
-                             "<PolyBegin x=\"1\" y=\"2\"/>",
-                             "<PolyStepSegment x=\"3\" y=\"4\"/>",
-                             "<PolyStepSegment x=\"5\" y=\"6\"/>",
+                             R"(<PolyBegin x="1" y="2"/>)",
+                             R"(<PolyStepSegment x="3" y="4"/>)",
+                             R"(<PolyStepSegment x="5" y="6"/>)",
                              "</Polygon>",
-                             "<LineDesc lineEnd=\"SQUARE\" lineWidth=\"1\"/>",
+                             R"(<LineDesc lineEnd="SQUARE" lineWidth="1"/>)",
                              "</Outline>",
-                             "<Pin number=\"2\">",
+                             R"(<Pin number="2">)",
                              "</Pin>",
                              "</Package>",
                              "<Pin>"}),
-              TextLines{"<Pin>"});
+              Texts{"<Pin>"});
     EXPECT_EQ(Steps(*package.Outline), 2);
     EXPECT_EQ(package.Outline->LineDesc->LineEnd, "SQUARE");
     EXPECT_EQ(Steps(*package.AssemblyDrawing.Outline), 1);
@@ -335,7 +336,7 @@ TEST(Package, ReadsOutlinesThroughTheirVirtualOperation)
 TEST(Package, TestsForTheOutlineFirst)
 {
     Package package;
-    Read(package, {"<AssemblyDrawingOutline>", "<Polygon>", "<PolyStepSegment x=\"1\"/>", "</Polygon>", "</Outline>",
+    Read(package, {"<AssemblyDrawingOutline>", "<Polygon>", R"(<PolyStepSegment x="1"/>)", "</Polygon>", "</Outline>",
                    "</Package>"});
     EXPECT_EQ(Steps(*package.Outline), 1);
     EXPECT_EQ(Steps(*package.AssemblyDrawing.Outline), 0);
@@ -345,7 +346,7 @@ TEST(Package, TestsForTheOutlineFirst)
 TEST(Package, TestsForTheAssemblyDrawingBeforeTheLandPattern)
 {
     Package package;
-    Read(package, {"<LandPatternAssemblyDrawing>", "<Polygon>", "<PolyStepSegment x=\"1\"/>", "</Polygon>",
+    Read(package, {"<LandPatternAssemblyDrawing>", "<Polygon>", R"(<PolyStepSegment x="1"/>)", "</Polygon>",
                    "</Outline>", "</Package>"});
     EXPECT_EQ(Steps(*package.AssemblyDrawing.Outline), 1);
     EXPECT_TRUE(package.LandPattern.PadArray.IsEmpty());
@@ -363,7 +364,7 @@ TEST(Package, TestsForTheLandPatternBeforeTheSilkScreen)
 TEST(Package, TestsForTheSilkScreenBeforeThePin)
 {
     Package package;
-    Read(package, {"<PinSilkScreen number=\"1\">", "<Target>", "</Target>", "</SilkScreen>", "</Package>"});
+    Read(package, {R"(<PinSilkScreen number="1">)", "<Target>", "</Target>", "</SilkScreen>", "</Package>"});
     EXPECT_EQ(package.SilkScreen.TargetArray.GetSize(), 1);
     EXPECT_TRUE(package.PinArray.IsEmpty());
 }
@@ -373,8 +374,8 @@ TEST(Package, ATestThatTheSlashTurnsAwayFallsThroughToTheEnd)
     for (const char * const word : {"Outline", "AssemblyDrawing", "LandPattern", "SilkScreen", "Pin"}) {
         SCOPED_TRACE(word);
         Package package;
-        const std::string closing = "</Package" + std::string(word) + " number=\"1\">";
-        EXPECT_EQ(Read(package, {closing, "left"}), TextLines{"left"});
+        const std::string closing = "</Package" + std::string(word) + R"( number="1">)";
+        EXPECT_EQ(Read(package, {closing, "left"}), Texts{"left"});
         EXPECT_TRUE(package.PinArray.IsEmpty());
     }
 }
@@ -386,9 +387,9 @@ TEST(Package, IgnoresTokensWithASlash)
         Package package;
         const std::string empty = "<" + std::string(word) + "/>";
         const std::string closing = "</" + std::string(word) + ">";
-        const std::string slashed = "<" + std::string(word) + "/ number=\"1\">";
-        EXPECT_EQ(Read(package, {empty, closing, slashed, "<Pin number=\"2\">", "</Pin>", "</Package>", "left"}),
-                  TextLines{"left"});
+        const std::string slashed = "<" + std::string(word) + R"(/ number="1">)";
+        EXPECT_EQ(Read(package, {empty, closing, slashed, R"(<Pin number="2">)", "</Pin>", "</Package>", "left"}),
+                  Texts{"left"});
         ASSERT_EQ(package.PinArray.GetSize(), 1);
         EXPECT_EQ(package.PinArray.GetAt(0)->number, "2");
     }
@@ -399,7 +400,7 @@ TEST(Package, TakesASlashBehindTheFirstTokenForAnOpeningLine)
     Package package;
     EXPECT_EQ(Read(package, {"<LandPattern />", "<Pin>", "</Pin>", "</Package>", "<Pad>", "</Pad>", "</LandPattern>",
                              "</Package>", "left"}),
-              TextLines{"left"});
+              Texts{"left"});
     EXPECT_TRUE(package.PinArray.IsEmpty());
     EXPECT_EQ(package.LandPattern.PadArray.GetSize(), 1);
 }
@@ -407,16 +408,16 @@ TEST(Package, TakesASlashBehindTheFirstTokenForAnOpeningLine)
 TEST(Package, LooksAtTheFirstTokenAloneAndMindsItsCase)
 {
     Package package;
-    EXPECT_EQ(Read(package, {"<Note Pin=\"1\" LandPattern=\"2\">", "< Pin number=\"3\">", "<pin number=\"4\">",
-                             "<PIN number=\"5\">", "< /Package>", "</package>", "</Package>", "left"}),
-              TextLines{"left"});
+    EXPECT_EQ(Read(package, {R"(<Note Pin="1" LandPattern="2">)", R"(< Pin number="3">)", R"(<pin number="4">)",
+                             R"(<PIN number="5">)", "< /Package>", "</package>", "</Package>", "left"}),
+              Texts{"left"});
     EXPECT_TRUE(package.PinArray.IsEmpty());
 }
 
 TEST(Package, DoesNotTrimItsLines)
 {
     Package package;
-    Read(package, {"   <Pin number=\"1\">", "</Pin>", "\t<Pin number=\"2\">", "</Pin>", "\t</Package>"});
+    Read(package, {R"(   <Pin number="1">)", "</Pin>", "\t<Pin number=\"2\">", "</Pin>", "\t</Package>"});
     ASSERT_EQ(package.PinArray.GetSize(), 2);
     EXPECT_EQ(package.PinArray.GetAt(1)->number, "2");
 }
@@ -424,8 +425,7 @@ TEST(Package, DoesNotTrimItsLines)
 TEST(Package, IgnoresEmptyAndUnknownLines)
 {
     Package package;
-    EXPECT_EQ(Read(package, {"", "\t", "<PickupPoint x=\"1\" y=\"2\"/>", "text", "</Package>", "left"}),
-              TextLines{"left"});
+    EXPECT_EQ(Read(package, {"", "\t", R"(<PickupPoint x="1" y="2"/>)", "text", "</Package>", "left"}), Texts{"left"});
     EXPECT_TRUE(package.PinArray.IsEmpty());
     EXPECT_EQ(Steps(*package.Outline), 0);
 }
@@ -433,7 +433,7 @@ TEST(Package, IgnoresEmptyAndUnknownLines)
 TEST(Package, TakesKnownElementsInsideUnknownOnes)
 {
     Package package;
-    Read(package, {"<Special>", "<Pin number=\"1\">", "</Pin>", "<Outline>", "<Polygon>", "<PolyStepSegment/>",
+    Read(package, {"<Special>", R"(<Pin number="1">)", "</Pin>", "<Outline>", "<Polygon>", "<PolyStepSegment/>",
                    "</Polygon>", "</Outline>", "</Special>", "</Package>"});
     EXPECT_EQ(package.PinArray.GetSize(), 1);
     EXPECT_EQ(Steps(*package.Outline), 1);
@@ -442,8 +442,8 @@ TEST(Package, TakesKnownElementsInsideUnknownOnes)
 TEST(Package, ReadsSeveralOutlinesIntoOne)
 {
     Package package;
-    Read(package, {"<Outline>", "<Polygon>", "<PolyStepSegment x=\"1\"/>", "</Polygon>", "</Outline>", "<Outline>",
-                   "<Polygon>", "<PolyStepSegment x=\"2\"/>", "</Polygon>", "</Outline>", "</Package>"});
+    Read(package, {"<Outline>", "<Polygon>", R"(<PolyStepSegment x="1"/>)", "</Polygon>", "</Outline>", "<Outline>",
+                   "<Polygon>", R"(<PolyStepSegment x="2"/>)", "</Polygon>", "</Outline>", "</Package>"});
     EXPECT_EQ(Steps(*package.Outline), 2);
 }
 
@@ -457,27 +457,27 @@ TEST(Package, ASecondLandPatternOrSilkScreenAddsToTheFirst)
     EXPECT_EQ(package.SilkScreen.TargetArray.GetSize(), 2);
 }
 
-const TextLines kWhole = {"<Pin number=\"1\">",
-                          "<Location x=\"1\" y=\"2\"/>",
-                          "</Pin>",
-                          "<Outline>",
-                          "<Polygon>",
-                          "<PolyStepSegment x=\"1\" y=\"2\"/>",
-                          "</Polygon>",
-                          "</Outline>",
-                          "<AssemblyDrawing>",
-                          "<Outline>",
-                          "</Outline>",
-                          "</AssemblyDrawing>",
-                          "<LandPattern>",
-                          "<Pad>",
-                          "</Pad>",
-                          "</LandPattern>",
-                          "<SilkScreen>",
-                          "<Target>",
-                          "</Target>",
-                          "</SilkScreen>",
-                          "</Package>"};
+const Texts kWhole = {R"(<Pin number="1">)",
+                      R"(<Location x="1" y="2"/>)",
+                      "</Pin>",
+                      "<Outline>",
+                      "<Polygon>",
+                      R"(<PolyStepSegment x="1" y="2"/>)",
+                      "</Polygon>",
+                      "</Outline>",
+                      "<AssemblyDrawing>",
+                      "<Outline>",
+                      "</Outline>",
+                      "</AssemblyDrawing>",
+                      "<LandPattern>",
+                      "<Pad>",
+                      "</Pad>",
+                      "</LandPattern>",
+                      "<SilkScreen>",
+                      "<Target>",
+                      "</Target>",
+                      "</SilkScreen>",
+                      "</Package>"};
 
 TEST(Package, EndsQuietlyAtTheEndOfTheFile)
 {
@@ -494,7 +494,7 @@ TEST(Package, EndsQuietlyAtTheEndOfTheFile)
 TEST(Package, IsKeptWithWhatItHasAtTheEndOfTheFile)
 {
     Step step;
-    ReadStep(step, {"<Package name=\"P1\" type=\"SOIC\">", "<Pin number=\"1\">"});
+    ReadStep(step, {R"(<Package name="P1" type="SOIC">)", R"(<Pin number="1">)"});
     ASSERT_EQ(step.PackageArray.GetSize(), 1);
     EXPECT_EQ(step.PackageArray.GetAt(0)->name, "P1");
     EXPECT_EQ(step.PackageArray.GetAt(0)->PinArray.GetSize(), 1);
@@ -511,7 +511,7 @@ TEST(Package, ThrowsForALineOfBlanks)
 TEST(Package, KeepsWhatStoodBeforeALineOfBlanks)
 {
     Package package;
-    EXPECT_THROW(Read(package, {"<Pin number=\"1\">", "</Pin>", " ", "<Pin number=\"2\">", "</Pin>"}),
+    EXPECT_THROW(Read(package, {R"(<Pin number="1">)", "</Pin>", " ", R"(<Pin number="2">)", "</Pin>"}),
                  CInvalidArgException);
     EXPECT_EQ(package.PinArray.GetSize(), 1);
 }
@@ -519,8 +519,8 @@ TEST(Package, KeepsWhatStoodBeforeALineOfBlanks)
 TEST(Package, IsLostWithAnExceptionInAChild)
 {
     Step step;
-    EXPECT_THROW(ReadStep(step, {"<Package name=\"P1\">", "</Package>", "<Package name=\"P2\">", "<Pin number=\"1\">",
-                                 "</Pin>", "<Pin number=\"2\">", "  ", "</Pin>", "</Package>"}),
+    EXPECT_THROW(ReadStep(step, {R"(<Package name="P1">)", "</Package>", R"(<Package name="P2">)",
+                                 R"(<Pin number="1">)", "</Pin>", R"(<Pin number="2">)", "  ", "</Pin>", "</Package>"}),
                  CInvalidArgException);
     ASSERT_EQ(step.PackageArray.GetSize(), 1);
     EXPECT_EQ(step.PackageArray.GetAt(0)->name, "P1");
@@ -537,32 +537,33 @@ TEST(Package, WritesItsChildrenInItsOwnOrder)
     package.AssemblyDrawing.TargetArray.Add(new Writing<Target>("drawing"));
     package.LandPattern.PadArray.Add(new Writing<Pad>("pad"));
     package.PinArray.Add(new Writing<Pin>("pin"));
-    EXPECT_EQ(Exported(package, 2),
-              (Export{1, "         <Package name=\"P1\" type=\"SOIC\">\n"
-                         "outline at 3\n"
-                         "            <SilkScreen>\n"
-                         "silk screen at 4\n"
-                         "            </SilkScreen>\n"
-                         "            <AssemblyDrawing>\n"
-                         "               <Outline>\n"
-                         "                  <Polygon>\n"
-                         "                     <PolyBegin x=\"0.000000\" y=\"0.000000\" />\n"
-                         "                     <PolyStepSegment x=\"0.000000\" y=\"0.000000\" />\n"
-                         "                  </Polygon>\n"
-                         "                  <LineDesc lineEnd=\"ROUND\" lineWidth=\"0.000000\" />\n"
-                         "               </Outline>\n"
-                         "drawing at 4\n"
-                         "            </AssemblyDrawing>\n"
-                         "            <LandPattern>\n"
-                         "pad at 4\n"
-                         "            </LandPattern>\n"
-                         "pin at 3\n"
-                         "         </Package>\n"}));
+    EXPECT_EQ(Exported(package, 2), (Export{1, Below(R"(
+         <Package name="P1" type="SOIC">
+outline at 3
+            <SilkScreen>
+silk screen at 4
+            </SilkScreen>
+            <AssemblyDrawing>
+               <Outline>
+                  <Polygon>
+                     <PolyBegin x="0.000000" y="0.000000" />
+                     <PolyStepSegment x="0.000000" y="0.000000" />
+                  </Polygon>
+                  <LineDesc lineEnd="ROUND" lineWidth="0.000000" />
+               </Outline>
+drawing at 4
+            </AssemblyDrawing>
+            <LandPattern>
+pad at 4
+            </LandPattern>
+pin at 3
+         </Package>
+)")}));
 }
 
 TEST(Package, StopsAtTheFirstChildThatGivesZero)
 {
-    const std::string opening = "   <Package name=\"\" type=\"\">\n";
+    const std::string opening = Joined({R"(   <Package name="" type="">)"});
     Package package;
     package.PinArray.Add(new Writing<Pin>("pin", 0));
     EXPECT_EQ(Exported(package), (Export{0, opening + "      <SilkScreen>\n      </SilkScreen>\npin at 1\n"}));
@@ -582,10 +583,12 @@ TEST(Package, StopsAtTheFirstChildThatGivesZero)
 TEST(Package, WritesTheSilkScreenAloneWhenItIsEmpty)
 {
     Package package;
-    ExpectExport(package, "   <Package name=\"\" type=\"\">\n"
-                          "      <SilkScreen>\n"
-                          "      </SilkScreen>\n"
-                          "   </Package>\n");
+    ExpectExport(package, Below(R"(
+   <Package name="" type="">
+      <SilkScreen>
+      </SilkScreen>
+   </Package>
+)"));
 }
 
 TEST(Package, WritesTheTypeAsItIsHeld)
@@ -594,41 +597,47 @@ TEST(Package, WritesTheTypeAsItIsHeld)
     package.name = "P1";
     package.type = "any & <text>";
     package.TypeCode = 8;
-    ExpectExport(package, "   <Package name=\"P1\" type=\"any & <text>\">\n"
-                          "      <SilkScreen>\n"
-                          "      </SilkScreen>\n"
-                          "   </Package>\n");
+    ExpectExport(package, Below(R"(
+   <Package name="P1" type="any & <text>">
+      <SilkScreen>
+      </SilkScreen>
+   </Package>
+)"));
 }
 
 TEST(Package, ReadsAndWritesAShortTypeWithTheCodeZero)
 {
     Step step;
-    ReadStep(step, {"<Package name=\"P1\" type=\"SOIC\">", "</Package>", "</Step>"});
+    ReadStep(step, {R"(<Package name="P1" type="SOIC">)", "</Package>", "</Step>"});
     Package & package = *step.PackageArray.GetAt(0);
     EXPECT_EQ(package.name, "P1");
     EXPECT_EQ(package.type, "SOIC");
     EXPECT_EQ(package.TypeCode, 0);
-    EXPECT_EQ(Written(package), "   <Package name=\"P1\" type=\"SOIC\">\n"
-                                "      <SilkScreen>\n"
-                                "      </SilkScreen>\n"
-                                "   </Package>\n");
+    EXPECT_EQ(Written(package), Below(R"(
+   <Package name="P1" type="SOIC">
+      <SilkScreen>
+      </SilkScreen>
+   </Package>
+)"));
 }
 
 TEST(Package, DropsTheOtherAttributesOfItsLine)
 {
     Step step;
-    ReadStep(step, {"<Package pinOne=\"1\" name=\"P1\" pinOneOrientation=\"OTHER\" height=\"1\" type=\"SOIC\" x=\"1\">",
+    ReadStep(step, {R"(<Package pinOne="1" name="P1" pinOneOrientation="OTHER" height="1" type="SOIC" x="1">)",
                     "</Package>", "</Step>"});
-    EXPECT_EQ(Written(*step.PackageArray.GetAt(0)), "   <Package name=\"P1\" type=\"SOIC\">\n"
-                                                    "      <SilkScreen>\n"
-                                                    "      </SilkScreen>\n"
-                                                    "   </Package>\n");
+    EXPECT_EQ(Written(*step.PackageArray.GetAt(0)), Below(R"(
+   <Package name="P1" type="SOIC">
+      <SilkScreen>
+      </SilkScreen>
+   </Package>
+)"));
 }
 
 TEST(Package, TestsForTheNameBeforeTheType)
 {
     Step step;
-    ReadStep(step, {"<Package type=\"T\"name=\"N\">", "</Package>", "</Step>"});
+    ReadStep(step, {R"(<Package type="T"name="N">)", "</Package>", "</Step>"});
     EXPECT_EQ(step.PackageArray.GetAt(0)->name, "Tname=N");
     EXPECT_EQ(step.PackageArray.GetAt(0)->type, "");
 }
@@ -694,15 +703,16 @@ TEST(Package, FindsTheCodeOfATypeThatAFileHoldsInFull)
         SCOPED_TRACE(kTypes[i].name);
         const std::string text = kTypes[i].Text();
         Step step;
-        ReadStep(step, {"<Package name=\"P1\" type=\"" + text + "\" x=\"1\">", "</Package>", "</Step>"});
+        ReadStep(step, {R"(<Package name="P1" type=")" + text + R"(" x="1">)", "</Package>", "</Step>"});
         Package & package = *step.PackageArray.GetAt(0);
         EXPECT_EQ(package.type, text);
         EXPECT_EQ(package.TypeCode, static_cast<int>(i) + 1);
-        EXPECT_EQ(Written(package), "   <Package name=\"P1\" type=\"" + text +
-                                        "\">\n"
-                                        "      <SilkScreen>\n"
-                                        "      </SilkScreen>\n"
-                                        "   </Package>\n");
+        EXPECT_EQ(Written(package), R"(   <Package name="P1" type=")" + text + Below(R"(
+">
+      <SilkScreen>
+      </SilkScreen>
+   </Package>
+)"));
     }
 }
 
@@ -711,7 +721,7 @@ TEST(Package, FindsNoCodeForTheShortTypesOfAFile)
     for (const TypeRow & row : kTypes) {
         SCOPED_TRACE(row.name);
         Step step;
-        ReadStep(step, {"<Package name=\"P1\" type=\"" + std::string(row.name) + "\">", "</Package>", "</Step>"});
+        ReadStep(step, {R"(<Package name="P1" type=")" + std::string(row.name) + R"(">)", "</Package>", "</Step>"});
         EXPECT_EQ(step.PackageArray.GetAt(0)->type, row.name);
         EXPECT_EQ(step.PackageArray.GetAt(0)->TypeCode, 0);
     }

@@ -28,7 +28,7 @@ using PadStack = CIPC2581_Ecad_CadData_Step_PadStack;
 using PadStackArray = CIPC2581_Ecad_CadData_Step_PadStackArray;
 
 // Reads the lines under a PadStack line and gives those that are left.
-TextLines Read(PadStack & stack, std::initializer_list<std::string_view> lines)
+Texts Read(PadStack & stack, std::initializer_list<std::string_view> lines)
 {
     Lines file(lines);
     stack.PadStackAdd(file);
@@ -171,8 +171,8 @@ TEST(PadStack, AssignmentSharesHoleAndPads)
 TEST(PadStack, TakesItsNetFromTheStep)
 {
     CIPC2581_Ecad_CadData_Step step;
-    Lines file({"<PadStack net=\"GND\">", "<LayerHole name=\"H1\">", "</LayerHole>", "</PadStack>",
-                "<PadStack name=\"S\">", "</PadStack>", "</Step>"});
+    Lines file({R"(<PadStack net="GND">)", R"(<LayerHole name="H1">)", "</LayerHole>", "</PadStack>",
+                R"(<PadStack name="S">)", "</PadStack>", "</Step>"});
     Tokens tokens("<Step>");
     step.ReadStep(tokens, file, nullptr);
     ASSERT_EQ(step.PadStackArray.GetSize(), 2);
@@ -187,13 +187,13 @@ TEST(PadStack, ReadsItsPadsAndItsHole)
 {
     PadStack stack;
     EXPECT_EQ(
-        Read(stack, {"<LayerPad layerRef=\"TOP\" pin=\"1\">", "<Location x=\"1\" y=\"2\"/>",
-                     "<StandardPrimitiveRef id=\"A\"/>", "</LayerPad>",
-                     "<LayerHole name=\"H1\" diameter=\"0.30\" platingStatus=\"VIA\" plusTol=\"0.1\" "
-                     "minusTol=\"0.2\" x=\"1.5\" y=\"-2\">",
-                     "<Span fromLayer=\"TOP\" toLayer=\"BOTTOM\"/>", "</LayerHole>", "<LayerPad layerRef=\"BOTTOM\">",
-                     "<StandardPrimitiveRef id=\"B\"/>", "</LayerPad>", "</PadStack>", "left"}),
-        TextLines{"left"});
+        Read(stack, {R"(<LayerPad layerRef="TOP" pin="1">)", R"(<Location x="1" y="2"/>)",
+                     R"(<StandardPrimitiveRef id="A"/>)", "</LayerPad>",
+                     R"(<LayerHole name="H1" diameter="0.30" platingStatus="VIA" plusTol="0.1" )"
+                     R"(minusTol="0.2" x="1.5" y="-2">)",
+                     R"(<Span fromLayer="TOP" toLayer="BOTTOM"/>)", "</LayerHole>", R"(<LayerPad layerRef="BOTTOM">)",
+                     R"(<StandardPrimitiveRef id="B"/>)", "</LayerPad>", "</PadStack>", "left"}),
+        Texts{"left"});
     ASSERT_EQ(stack.LayerPadArray->GetSize(), 2);
     EXPECT_EQ(stack.LayerPadArray->GetAt(0)->LayerRef, "TOP");
     EXPECT_EQ(stack.LayerPadArray->GetAt(0)->Pin, "1");
@@ -212,7 +212,7 @@ TEST(PadStack, KeepsItsDefaultHoleWithoutALayerHole)
 {
     PadStack stack;
     const Hole * const hole = stack.LayerHole;
-    Read(stack, {"<LayerPad layerRef=\"TOP\">", "</LayerPad>", "</PadStack>"});
+    Read(stack, {R"(<LayerPad layerRef="TOP">)", "</LayerPad>", "</PadStack>"});
     EXPECT_EQ(stack.LayerHole, hole);
     EXPECT_EQ(TextsOf(*stack.LayerHole), Five{});
 }
@@ -220,10 +220,10 @@ TEST(PadStack, KeepsItsDefaultHoleWithoutALayerHole)
 TEST(PadStack, ASecondHoleWritesOverTheFieldsThatItNames)
 {
     PadStack stack;
-    Read(stack, {"<LayerHole name=\"H1\" diameter=\"1\" platingStatus=\"VIA\" x=\"1\" y=\"2\">",
-                 "<Span fromLayer=\"TOP\" toLayer=\"BOTTOM\"/>", "</LayerHole>",
-                 "<LayerHole diameter=\"2\" plusTol=\"0.1\" y=\"4\">", "<Span toLayer=\"L2\"/>", "</LayerHole>",
-                 "</PadStack>"});
+    Read(stack,
+         {R"(<LayerHole name="H1" diameter="1" platingStatus="VIA" x="1" y="2">)",
+          R"(<Span fromLayer="TOP" toLayer="BOTTOM"/>)", "</LayerHole>",
+          R"(<LayerHole diameter="2" plusTol="0.1" y="4">)", R"(<Span toLayer="L2"/>)", "</LayerHole>", "</PadStack>"});
     EXPECT_EQ(TextsOf(*stack.LayerHole), (Five{"H1", "2", "VIA", "0.1", ""}));
     ExpectAt(*stack.LayerHole, 1.0, 4.0);
     EXPECT_EQ(stack.LayerHole->FromLayer, "TOP");
@@ -238,35 +238,34 @@ TEST(PadStack, ScansTheLineOfAHoleTwiceInEachStep)
         double x;
         double y;
     } rows[] = {
-        {"<LayerHole y=\"2\" minusTol=\"e\" plusTol=\"d\" platingStatus=\"c\" diameter=\"b\" name=\"a\" x=\"1\">",
+        {R"(<LayerHole y="2" minusTol="e" plusTol="d" platingStatus="c" diameter="b" name="a" x="1">)",
          {"a", "b", "c", "d", "e"},
          1.0,
          2.0},
         // Every token counts, the first one too, and only words with their equal sign.
-        {"<LayerHolename=\"a\" Name=\"b\" diameters=\"c\" platingStatus plusTol =\"d\" minusTols=\"e\" X=\"1\" yy "
-         "=\"2\">",
+        {R"(<LayerHolename="a" Name="b" diameters="c" platingStatus plusTol ="d" minusTols="e" X="1" yy ="2">)",
          {"a", "", "", "", ""},
          0.0,
          0.0},
-        {"<LayerHole filename=\"a\" maxx=\"3\" offsety=\"4\">", {"a", "", "", "", ""}, 3.0, 4.0},
+        {R"(<LayerHole filename="a" maxx="3" offsety="4">)", {"a", "", "", "", ""}, 3.0, 4.0},
         // In the chain of the texts the first word that fits takes the token.
-        {"<LayerHole diameter=\"b\"name=\"a\">", {"bname=a", "", "", "", ""}, 0.0, 0.0},
-        {"<LayerHole platingStatus=\"c\"name=\"a\">", {"cname=a", "", "", "", ""}, 0.0, 0.0},
-        {"<LayerHole platingStatus=\"c\"diameter=\"b\">", {"", "cdiameter=b", "", "", ""}, 0.0, 0.0},
-        {"<LayerHole plusTol=\"d\"platingStatus=\"c\">", {"", "", "dplatingStatus=c", "", ""}, 0.0, 0.0},
-        {"<LayerHole minusTol=\"e\"plusTol=\"d\">", {"", "", "", "eplusTol=d", ""}, 0.0, 0.0},
-        {"<LayerHole minusTol=\"e\"name=\"a\">", {"ename=a", "", "", "", ""}, 0.0, 0.0},
+        {R"(<LayerHole diameter="b"name="a">)", {"bname=a", "", "", "", ""}, 0.0, 0.0},
+        {R"(<LayerHole platingStatus="c"name="a">)", {"cname=a", "", "", "", ""}, 0.0, 0.0},
+        {R"(<LayerHole platingStatus="c"diameter="b">)", {"", "cdiameter=b", "", "", ""}, 0.0, 0.0},
+        {R"(<LayerHole plusTol="d"platingStatus="c">)", {"", "", "dplatingStatus=c", "", ""}, 0.0, 0.0},
+        {R"(<LayerHole minusTol="e"plusTol="d">)", {"", "", "", "eplusTol=d", ""}, 0.0, 0.0},
+        {R"(<LayerHole minusTol="e"name="a">)", {"ename=a", "", "", "", ""}, 0.0, 0.0},
         // x goes before y.
-        {"<LayerHole y=\"2\"x=\"1\">", {}, 2.0, 0.0},
+        {R"(<LayerHole y="2"x="1">)", {}, 2.0, 0.0},
         // The token of a text is tested for a coordinate too.
-        {"<LayerHole diameter=\"3\"x=\"4\">", {"", "3x=4", "", "", ""}, 3.0, 0.0},
-        {"<LayerHole minusTol=\"5\"y=\"6\">", {"", "", "", "", "5y=6"}, 0.0, 5.0},
+        {R"(<LayerHole diameter="3"x="4">)", {"", "3x=4", "", "", ""}, 3.0, 0.0},
+        {R"(<LayerHole minusTol="5"y="6">)", {"", "", "", "", "5y=6"}, 0.0, 5.0},
         // So is the token on which a value that runs on has ended, from where the number runs on itself.
-        {"<LayerHole name=\"H x=5\" y=\"2\" diameter=\"1\">", {"H 5", "1", "", "", ""}, 5.0, 0.0},
-        {"<LayerHole diameter=\"a y=7\" name=\"b\">", {"", "a 7", "", "", ""}, 0.0, 7.0},
-        {"<LayerHole name=\"two words\" x=\"1\" y=\"2\">", {"two words", "", "", "", ""}, 1.0, 2.0},
+        {R"(<LayerHole name="H x=5" y="2" diameter="1">)", {"H 5", "1", "", "", ""}, 5.0, 0.0},
+        {R"(<LayerHole diameter="a y=7" name="b">)", {"", "a 7", "", "", ""}, 0.0, 7.0},
+        {R"(<LayerHole name="two words" x="1" y="2">)", {"two words", "", "", "", ""}, 1.0, 2.0},
         // A number that runs on hides the tokens of its value.
-        {"<LayerHole x=\"1 name=2\" diameter=\"3\">", {"", "3", "", "", ""}, 1.0, 0.0},
+        {R"(<LayerHole x="1 name=2" diameter="3">)", {"", "3", "", "", ""}, 1.0, 0.0},
     };
     for (const auto & row : rows) {
         SCOPED_TRACE(row.line);
@@ -280,9 +279,9 @@ TEST(PadStack, ScansTheLineOfAHoleTwiceInEachStep)
 TEST(PadStack, ThrowsForAnAttributeThatItsLineDoesNotClose)
 {
     for (const char * const line :
-         {"<LayerHole name=\"open>", "<LayerHole name=1>", "<LayerHole x=\"1>", "<LayerHole y=1>",
+         {R"(<LayerHole name="open>)", "<LayerHole name=1>", R"(<LayerHole x="1>)", "<LayerHole y=1>",
           // The text is complete, and the number behind it runs off the end.
-          "<LayerHole name=\"H x=5\">", "<LayerPad layerRef=\"TOP>", "<LayerPad pin=1>"}) {
+          R"(<LayerHole name="H x=5">)", R"(<LayerPad layerRef="TOP>)", "<LayerPad pin=1>"}) {
         PadStack stack;
         EXPECT_THROW(Read(stack, {line, "</LayerHole>", "</LayerPad>", "</PadStack>"}), CInvalidArgException) << line;
         EXPECT_TRUE(stack.LayerPadArray->IsEmpty());
@@ -292,7 +291,7 @@ TEST(PadStack, ThrowsForAnAttributeThatItsLineDoesNotClose)
 TEST(PadStack, KeepsTheTextInFrontOfACutNumber)
 {
     PadStack stack;
-    EXPECT_THROW(Read(stack, {"<LayerHole name=\"H x=5\">", "</LayerHole>"}), CInvalidArgException);
+    EXPECT_THROW(Read(stack, {R"(<LayerHole name="H x=5">)", "</LayerHole>"}), CInvalidArgException);
     EXPECT_EQ(stack.LayerHole->Name, "H 5");
     ExpectAt(*stack.LayerHole, 0.0, 0.0);
 }
@@ -301,7 +300,7 @@ TEST(PadStack, ReadsABadCoordinateAsZero)
 {
     PadStack stack;
     stack.LayerHole->Location.SetData(1.0, 2.0);
-    Read(stack, {"<LayerHole x=\"left\" y=\"\">", "</LayerHole>", "</PadStack>"});
+    Read(stack, {R"(<LayerHole x="left" y="">)", "</LayerHole>", "</PadStack>"});
     ExpectAt(*stack.LayerHole, 0.0, 0.0);
 }
 
@@ -312,11 +311,11 @@ TEST(PadStack, ScansTheLineOfAPad)
         const char * layer;
         const char * pin;
     } rows[] = {
-        {"<LayerPad pin=\"1\" layerRef=\"TOP\">", "TOP", "1"},
-        {"<LayerPadlayerRef=\"TOP\" spin=\"2\">", "TOP", "2"},
-        {"<LayerPad layerRefs=\"TOP\" LayerRef=\"TOP\" pin =\"1\" x=\"3\">", "", ""},
-        {"<LayerPad pin=\"1\"layerRef=\"TOP\">", "1layerRef=TOP", ""},
-        {"<LayerPad layerRef=\"A pin=B\" pin=\"U1.2\">", "A B", "U1.2"},
+        {R"(<LayerPad pin="1" layerRef="TOP">)", "TOP", "1"},
+        {R"(<LayerPadlayerRef="TOP" spin="2">)", "TOP", "2"},
+        {R"(<LayerPad layerRefs="TOP" LayerRef="TOP" pin ="1" x="3">)", "", ""},
+        {R"(<LayerPad pin="1"layerRef="TOP">)", "1layerRef=TOP", ""},
+        {R"(<LayerPad layerRef="A pin=B" pin="U1.2">)", "A B", "U1.2"},
     };
     for (const auto & row : rows) {
         SCOPED_TRACE(row.line);
@@ -334,9 +333,9 @@ TEST(PadStack, ScansTheLineOfAPad)
 TEST(PadStack, TestsForTheHoleBeforeThePad)
 {
     PadStack stack;
-    EXPECT_EQ(Read(stack, {"<LayerPadLayerHole name=\"H\" layerRef=\"TOP\">", "</LayerPad>", "</Hole>", "</PadStack>",
-                           "left"}),
-              TextLines{"left"});
+    EXPECT_EQ(Read(stack,
+                   {R"(<LayerPadLayerHole name="H" layerRef="TOP">)", "</LayerPad>", "</Hole>", "</PadStack>", "left"}),
+              Texts{"left"});
     EXPECT_EQ(stack.LayerHole->Name, "H");
     EXPECT_TRUE(stack.LayerPadArray->IsEmpty());
 }
@@ -345,12 +344,12 @@ TEST(PadStack, ATestThatTheSlashTurnsAwayFallsThroughToTheEnd)
 {
     for (const char * const word : {"LayerHole", "LayerPad"}) {
         SCOPED_TRACE(word);
-        const std::string attributes = " name=\"H\" layerRef=\"TOP\">";
+        const std::string attributes = R"( name="H" layerRef="TOP">)";
         PadStack stack;
         EXPECT_EQ(
             Read(stack, {"<" + std::string(word) + "/>", "<" + std::string(word) + "/" + attributes,
                          "</" + std::string(word) + attributes, "</PadStack" + std::string(word) + attributes, "left"}),
-            TextLines{"left"});
+            Texts{"left"});
         EXPECT_EQ(stack.LayerHole->Name, "");
         EXPECT_TRUE(stack.LayerPadArray->IsEmpty());
     }
@@ -359,9 +358,9 @@ TEST(PadStack, ATestThatTheSlashTurnsAwayFallsThroughToTheEnd)
 TEST(PadStack, IgnoresEmptyAndUnknownLines)
 {
     PadStack stack;
-    EXPECT_EQ(Read(stack, {"", "<Pad pin=\"1\">", "<Hole name=\"H\"/>", "</Pad>", "</Hole>", "<layerpad pin=\"1\">",
-                           "< LayerPad pin=\"1\">", "<Span toLayer=\"B\"/>", "</padstack>", "</PadStack>", "left"}),
-              TextLines{"left"});
+    EXPECT_EQ(Read(stack, {"", R"(<Pad pin="1">)", R"(<Hole name="H"/>)", "</Pad>", "</Hole>", R"(<layerpad pin="1">)",
+                           R"(< LayerPad pin="1">)", R"(<Span toLayer="B"/>)", "</padstack>", "</PadStack>", "left"}),
+              Texts{"left"});
     EXPECT_TRUE(stack.LayerPadArray->IsEmpty());
     EXPECT_EQ(TextsOf(*stack.LayerHole), Five{});
     EXPECT_EQ(stack.LayerHole->ToLayer, "");
@@ -370,10 +369,10 @@ TEST(PadStack, IgnoresEmptyAndUnknownLines)
 TEST(PadStack, ASelfClosedHoleSwallowsTheLinesUpToTheNextHoleThatEnds)
 {
     PadStack stack;
-    EXPECT_EQ(Read(stack, {"<LayerHole name=\"H1\" />", "<LayerPad layerRef=\"TOP\">", "</LayerPad>", "</PadStack>",
-                           "<PadStack net=\"B\">", "<LayerHole name=\"H2\">", "<Span toLayer=\"L2\"/>", "</LayerHole>",
-                           "<LayerPad layerRef=\"BOTTOM\">", "</LayerPad>", "</PadStack>", "left"}),
-              TextLines{"left"});
+    EXPECT_EQ(Read(stack, {R"(<LayerHole name="H1" />)", R"(<LayerPad layerRef="TOP">)", "</LayerPad>", "</PadStack>",
+                           R"(<PadStack net="B">)", R"(<LayerHole name="H2">)", R"(<Span toLayer="L2"/>)",
+                           "</LayerHole>", R"(<LayerPad layerRef="BOTTOM">)", "</LayerPad>", "</PadStack>", "left"}),
+              Texts{"left"});
     EXPECT_EQ(stack.LayerHole->Name, "H1");
     EXPECT_EQ(stack.LayerHole->ToLayer, "L2");
     ASSERT_EQ(stack.LayerPadArray->GetSize(), 1);
@@ -383,17 +382,23 @@ TEST(PadStack, ASelfClosedHoleSwallowsTheLinesUpToTheNextHoleThatEnds)
 TEST(PadStack, ASelfClosedPadSwallowsTheEndOfItsStack)
 {
     PadStack stack;
-    EXPECT_EQ(Read(stack, {"<LayerPad layerRef=\"TOP\" />", "<LayerHole name=\"H1\">", "</LayerHole>", "</PadStack>",
-                           "<LayerPad layerRef=\"BOTTOM\">", "</LayerPad>", "</PadStack>", "left"}),
-              TextLines{"left"});
+    EXPECT_EQ(Read(stack, {R"(<LayerPad layerRef="TOP" />)", R"(<LayerHole name="H1">)", "</LayerHole>", "</PadStack>",
+                           R"(<LayerPad layerRef="BOTTOM">)", "</LayerPad>", "</PadStack>", "left"}),
+              Texts{"left"});
     EXPECT_EQ(stack.LayerHole->Name, "");
     ASSERT_EQ(stack.LayerPadArray->GetSize(), 2);
     EXPECT_EQ(stack.LayerPadArray->GetAt(1)->LayerRef, "BOTTOM");
 }
 
-const TextLines kStackLines = {"<LayerPad layerRef=\"TOP\">",    "<Location x=\"1\"/>",   "</LayerPad>",
-                               "<LayerHole name=\"H\">",         "<Span toLayer=\"B\"/>", "</LayerHole>",
-                               "<LayerPad layerRef=\"BOTTOM\">", "</LayerPad>",           "</PadStack>"};
+const Texts kStackLines = {R"(<LayerPad layerRef="TOP">)",
+                           R"(<Location x="1"/>)",
+                           "</LayerPad>",
+                           R"(<LayerHole name="H">)",
+                           R"(<Span toLayer="B"/>)",
+                           "</LayerHole>",
+                           R"(<LayerPad layerRef="BOTTOM">)",
+                           "</LayerPad>",
+                           "</PadStack>"};
 
 TEST(PadStack, EndsQuietlyAtTheEndOfTheFile)
 {
@@ -414,7 +419,7 @@ TEST(PadStack, ThrowsForALineOfBlanks)
 TEST(PadStack, LosesThePadInHandWithAnException)
 {
     PadStack stack;
-    EXPECT_THROW(Read(stack, {"<LayerPad pin=\"1\">", "</LayerPad>", "<LayerPad pin=\"2\">", " ", "</LayerPad>"}),
+    EXPECT_THROW(Read(stack, {R"(<LayerPad pin="1">)", "</LayerPad>", R"(<LayerPad pin="2">)", " ", "</LayerPad>"}),
                  CInvalidArgException);
     ASSERT_EQ(stack.LayerPadArray->GetSize(), 1);
     EXPECT_EQ(stack.LayerPadArray->GetAt(0)->Pin, "1");

@@ -13,6 +13,7 @@
 #include "tests/cad/Models.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
@@ -21,7 +22,7 @@ using Pad = CIPC2581_Ecad_CadData_Step_Pad;
 using PadArray = CIPC2581_Ecad_CadData_Step_PadArray;
 
 // Reads the lines under a Pad line and gives those that are left.
-TextLines Read(Pad & pad, std::initializer_list<std::string_view> lines)
+Texts Read(Pad & pad, std::initializer_list<std::string_view> lines)
 {
     Lines file(lines);
     pad.PadAdd(file);
@@ -112,9 +113,9 @@ TEST(Pad, GivesItsReferenceOutByValue)
 TEST(Pad, ReadsTheLinesUnderIt)
 {
     Pad pad;
-    EXPECT_EQ(Read(pad, {"<StandardPrimitiveRef id=\"C1\"/>", "<Location x=\"1.5\" y=\"-2\"/>",
-                         "<Xform rotation=\"90\"/>", "</Pad>", "left"}),
-              TextLines{"left"});
+    EXPECT_EQ(Read(pad, {R"(<StandardPrimitiveRef id="C1"/>)", R"(<Location x="1.5" y="-2"/>)",
+                         R"(<Xform rotation="90"/>)", "</Pad>", "left"}),
+              Texts{"left"});
     EXPECT_EQ(pad.Rotation, 90.0);
     EXPECT_EQ(pad.Location.GetX(), 1.5);
     EXPECT_EQ(pad.Location.GetY(), -2.0);
@@ -126,8 +127,8 @@ TEST(Pad, ReadsTheLinesUnderIt)
 TEST(Pad, TakesTheLastOfItsLines)
 {
     Pad pad;
-    Read(pad, {"<Xform rotation=\"90\"/>", "<Location x=\"1\" y=\"2\"/>", "<StandardPrimitiveRef id=\"A\"/>",
-               "<Xform rotation=\"180\"/>", "<Location x=\"3\"/>", "<StandardPrimitiveRef id=\"B\"/>", "</Pad>"});
+    Read(pad, {R"(<Xform rotation="90"/>)", R"(<Location x="1" y="2"/>)", R"(<StandardPrimitiveRef id="A"/>)",
+               R"(<Xform rotation="180"/>)", R"(<Location x="3"/>)", R"(<StandardPrimitiveRef id="B"/>)", "</Pad>"});
     EXPECT_EQ(pad.Rotation, 180.0);
     EXPECT_EQ(pad.Location.GetX(), 3.0);
     EXPECT_EQ(pad.Location.GetY(), 2.0);
@@ -137,7 +138,7 @@ TEST(Pad, TakesTheLastOfItsLines)
 TEST(Pad, TestsForTheTransformFirst)
 {
     Pad pad;
-    Read(pad, {"<LocationXform rotation=\"90\" x=\"1\">", "</Pad>"});
+    Read(pad, {R"(<LocationXform rotation="90" x="1">)", "</Pad>"});
     EXPECT_EQ(pad.Rotation, 90.0);
     EXPECT_EQ(pad.Location.GetX(), 0.0);
 }
@@ -145,7 +146,7 @@ TEST(Pad, TestsForTheTransformFirst)
 TEST(Pad, TestsForTheLocationBeforeTheReference)
 {
     Pad pad;
-    Read(pad, {"<StandardPrimitiveRefLocation x=\"1\" id=\"A\">", "</Pad>"});
+    Read(pad, {R"(<StandardPrimitiveRefLocation x="1" id="A">)", "</Pad>"});
     EXPECT_EQ(pad.Location.GetX(), 1.0);
     EXPECT_EQ(pad.StandardPrimitiveRefId, "");
 }
@@ -153,12 +154,14 @@ TEST(Pad, TestsForTheLocationBeforeTheReference)
 TEST(Pad, NoSlashTurnsTransformAndReferenceAway)
 {
     Pad pad;
-    EXPECT_EQ(Read(pad, {"<Xform/>", "<Xform/ rotation=\"30\">", "<StandardPrimitiveRef/ id=\"A\">", "</Pad>", "left"}),
-              TextLines{"left"});
+    EXPECT_EQ(
+        Read(pad, {"<Xform/>", R"(<Xform/ rotation="30">)", R"(<StandardPrimitiveRef/ id="A">)", "</Pad>", "left"}),
+        Texts{"left"});
     EXPECT_EQ(pad.Rotation, 30.0);
     EXPECT_EQ(pad.StandardPrimitiveRefId, "A");
-    EXPECT_EQ(Read(pad, {"</PadXform rotation=\"60\">", "</LayerPadStandardPrimitiveRef id=\"B\">", "</Pad>", "left"}),
-              TextLines{"left"});
+    EXPECT_EQ(
+        Read(pad, {R"(</PadXform rotation="60">)", R"(</LayerPadStandardPrimitiveRef id="B">)", "</Pad>", "left"}),
+        Texts{"left"});
     EXPECT_EQ(pad.Rotation, 60.0);
     EXPECT_EQ(pad.StandardPrimitiveRefId, "B");
 }
@@ -166,9 +169,9 @@ TEST(Pad, NoSlashTurnsTransformAndReferenceAway)
 TEST(Pad, ALocationWithASlashFallsThrough)
 {
     Pad pad;
-    EXPECT_EQ(Read(pad, {"<Location/>", "<Location/ x=\"1\">", "</Location x=\"1\">",
-                         "<Location/StandardPrimitiveRef id=\"A\" x=\"1\">", "</PadLocation x=\"1\">", "left"}),
-              TextLines{"left"});
+    EXPECT_EQ(Read(pad, {"<Location/>", R"(<Location/ x="1">)", R"(</Location x="1">)",
+                         R"(<Location/StandardPrimitiveRef id="A" x="1">)", R"(</PadLocation x="1">)", "left"}),
+              Texts{"left"});
     EXPECT_EQ(pad.Location.GetX(), 0.0);
     EXPECT_EQ(pad.StandardPrimitiveRefId, "A");
 }
@@ -176,9 +179,9 @@ TEST(Pad, ALocationWithASlashFallsThrough)
 TEST(Pad, EndsAtAnyClosingTagOfItsFamily)
 {
     for (const char * const closing :
-         {"</Pad>", "</LayerPad>", "</PadStack>", "</PadstackDef>", "</LayerPadLocation x=\"1\">", "x/Pad"}) {
+         {"</Pad>", "</LayerPad>", "</PadStack>", "</PadstackDef>", R"(</LayerPadLocation x="1">)", "x/Pad"}) {
         Pad pad;
-        EXPECT_EQ(Read(pad, {closing, "left"}), TextLines{"left"}) << closing;
+        EXPECT_EQ(Read(pad, {closing, "left"}), Texts{"left"}) << closing;
         EXPECT_EQ(pad.Location.GetX(), 0.0);
     }
 }
@@ -186,17 +189,17 @@ TEST(Pad, EndsAtAnyClosingTagOfItsFamily)
 TEST(Pad, IgnoresEmptyAndUnknownLines)
 {
     Pad pad;
-    EXPECT_EQ(Read(pad, {"", "<Special rotation=\"90\" x=\"1\">", "< Xform rotation=\"90\">", "<location x=\"1\">",
-                         "<Pad pin=\"1\">", "</Special>", "</pad>", "</Pad>", "left"}),
-              TextLines{"left"});
+    EXPECT_EQ(Read(pad, {"", R"(<Special rotation="90" x="1">)", R"(< Xform rotation="90">)", R"(<location x="1">)",
+                         R"(<Pad pin="1">)", "</Special>", "</pad>", "</Pad>", "left"}),
+              Texts{"left"});
     ExpectDefault(pad);
 }
 
 TEST(Pad, ScansFromTheFirstTokenForWordsWithAnEqualSign)
 {
     Pad pad;
-    Read(pad, {"<Xformrotation=\"90\" rotations=\"1\" Rotation=\"2\">", "<Locationx=\"3\" y=\"4\" X=\"5\" ys=\"6\">",
-               "<StandardPrimitiveRefid=\"A\" ids=\"B\">", "</Pad>"});
+    Read(pad, {R"(<Xformrotation="90" rotations="1" Rotation="2">)", R"(<Locationx="3" y="4" X="5" ys="6">)",
+               R"(<StandardPrimitiveRefid="A" ids="B">)", "</Pad>"});
     EXPECT_EQ(pad.Rotation, 90.0);
     EXPECT_EQ(pad.Location.GetX(), 3.0);
     EXPECT_EQ(pad.Location.GetY(), 4.0);
@@ -206,7 +209,7 @@ TEST(Pad, ScansFromTheFirstTokenForWordsWithAnEqualSign)
 TEST(Pad, ScansItsLocationForXBeforeY)
 {
     Pad pad;
-    Read(pad, {"<Location y=\"9\"x=\"8\">", "</Pad>"});
+    Read(pad, {R"(<Location y="9"x="8">)", "</Pad>"});
     EXPECT_EQ(pad.Location.GetX(), 9.0);
     EXPECT_EQ(pad.Location.GetY(), 0.0);
 }
@@ -215,14 +218,14 @@ TEST(Pad, ReadsABadNumberAsZero)
 {
     Pad pad;
     Fill(pad);
-    Read(pad, {"<Xform rotation=\"left\"/>", "<Location x=\"\" y=\"b2\"/>", "</Pad>"});
+    Read(pad, {R"(<Xform rotation="left"/>)", R"(<Location x="" y="b2"/>)", "</Pad>"});
     EXPECT_EQ(pad.Rotation, 0.0);
     EXPECT_EQ(pad.Location.GetX(), 0.0);
     EXPECT_EQ(pad.Location.GetY(), 0.0);
 }
 
-const TextLines kPadLines = {"<Xform rotation=\"90\"/>", "<Location x=\"1\" y=\"2\"/>",
-                             "<StandardPrimitiveRef id=\"A\"/>", "</Pad>"};
+const Texts kPadLines = {R"(<Xform rotation="90"/>)", R"(<Location x="1" y="2"/>)", R"(<StandardPrimitiveRef id="A"/>)",
+                         "</Pad>"};
 
 TEST(Pad, EndsQuietlyAtTheEndOfTheFile)
 {
@@ -243,15 +246,17 @@ TEST(Pad, ThrowsForALineOfBlanks)
 TEST(Pad, ThrowsForAValueThatItsLineDoesNotClose)
 {
     for (const char * const line :
-         {"<Xform rotation=\"9>", "<Location x=\"1>", "<Location y=1>", "<StandardPrimitiveRef id=\"A>"}) {
+         {R"(<Xform rotation="9>)", R"(<Location x="1>)", "<Location y=1>", R"(<StandardPrimitiveRef id="A>)"}) {
         Pad pad;
         EXPECT_THROW(Read(pad, {line, "</Pad>"}), CInvalidArgException) << line;
     }
 }
 
-const std::string kEmptyChildren = "      <Location x=\"0.000000\" y=\"0.000000\"/>\n"
-                                   "      <StandardPrimitiveRef id=\"\"/>\n"
-                                   "   </Pad>\n";
+const std::string kEmptyChildren = Below(R"(
+      <Location x="0.000000" y="0.000000"/>
+      <StandardPrimitiveRef id=""/>
+   </Pad>
+)");
 
 TEST(Pad, OpensByItsPinAndItsPrefix)
 {
@@ -260,12 +265,12 @@ TEST(Pad, OpensByItsPinAndItsPrefix)
         int usePrefix;
         const char * line;
     } rows[] = {
-        {"", 0, "   <Pad>\n"},
-        {"", 1, "   <Pad>\n"},
-        {"1", 0, "   <Pad pin=\"1\">\n"},
-        {"1", 1, "   <Pad pin=\"P.1\">\n"},
-        {"1", -1, "   <Pad pin=\"P.1\">\n"},
-        {"U1.2", 0, "   <Pad pin=\"U1.2\">\n"},
+        {"", 0, "   <Pad>"},
+        {"", 1, "   <Pad>"},
+        {"1", 0, R"(   <Pad pin="1">)"},
+        {"1", 1, R"(   <Pad pin="P.1">)"},
+        {"1", -1, R"(   <Pad pin="P.1">)"},
+        {"U1.2", 0, R"(   <Pad pin="U1.2">)"},
     };
     for (const auto & row : rows) {
         SCOPED_TRACE(row.line);
@@ -273,7 +278,7 @@ TEST(Pad, OpensByItsPinAndItsPrefix)
         pad.Pin = row.pin;
         pad.PinPrefix = "P";
         pad.UsePinPrefix = row.usePrefix;
-        ExpectExport(pad, row.line + kEmptyChildren);
+        ExpectExport(pad, Joined({row.line}) + kEmptyChildren);
     }
 }
 
@@ -282,7 +287,7 @@ TEST(Pad, WritesAnEmptyPrefixWithItsPoint)
     Pad pad;
     pad.Pin = "1";
     pad.UsePinPrefix = 1;
-    ExpectExport(pad, "   <Pad pin=\".1\">\n" + kEmptyChildren);
+    ExpectExport(pad, Joined({R"(   <Pad pin=".1">)"}) + kEmptyChildren);
 }
 
 TEST(Pad, WritesItsRotationUnlessItIsZero)
@@ -293,9 +298,9 @@ TEST(Pad, WritesItsRotationUnlessItIsZero)
         ExpectExport(pad, "   <Pad>\n" + kEmptyChildren);
     }
     pad.Rotation = -90.5;
-    ExpectExport(pad, "   <Pad>\n      <Xform rotation=\"-90.500000\"/>\n" + kEmptyChildren);
+    ExpectExport(pad, Joined({"   <Pad>", R"(      <Xform rotation="-90.500000"/>)"}) + kEmptyChildren);
     pad.Rotation = 1e-9;
-    ExpectExport(pad, "   <Pad>\n      <Xform rotation=\"0.000000\"/>\n" + kEmptyChildren);
+    ExpectExport(pad, Joined({"   <Pad>", R"(      <Xform rotation="0.000000"/>)"}) + kEmptyChildren);
 }
 
 TEST(Pad, WritesAPadAndNotItsLayer)
@@ -303,11 +308,13 @@ TEST(Pad, WritesAPadAndNotItsLayer)
     Pad pad;
     Fill(pad);
     pad.UsePinPrefix = 0;
-    ExpectExport(pad, "   <Pad pin=\"1\">\n"
-                      "      <Xform rotation=\"90.000000\"/>\n"
-                      "      <Location x=\"1.500000\" y=\"-2.000000\"/>\n"
-                      "      <StandardPrimitiveRef id=\"C1\"/>\n"
-                      "   </Pad>\n");
+    ExpectExport(pad, Below(R"(
+   <Pad pin="1">
+      <Xform rotation="90.000000"/>
+      <Location x="1.500000" y="-2.000000"/>
+      <StandardPrimitiveRef id="C1"/>
+   </Pad>
+)"));
 }
 
 TEST(PadArray, OwnsItsPads)

@@ -15,21 +15,24 @@
 #include "ipc2581/cad/PhyNetPoint.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Below;
 using ipc2581::tests::Export;
 using ipc2581::tests::Exported;
+using ipc2581::tests::Joined;
 using ipc2581::tests::Lines;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Str;
+using ipc2581::tests::Texts;
 
 using Group = CIPC2581_Ecad_CadData_Step_PhyNetGroup;
 using Net = CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet;
 using NetArray = CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNetArray;
 using Point = CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet_PhyNetPoint;
 using PointArray = CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet_PhyNetPointArray;
-using Texts = std::vector<std::string>;
 
 template <typename Model>
 class Behind : public Model {
@@ -165,8 +168,18 @@ TEST(PhyNetGroup, HasItsOperationsInOrder)
 
 TEST(PhyNetGroup, ReadsItsNets)
 {
-    ReadGroup read("<PhyNet name=\"a\">\n<PhyNetPoint layerRef=\"1\">\n</PhyNetPoint>\n<PhyNetPoint layerRef=\"2\">\n"
-                   "</PhyNetPoint>\n</PhyNet>\n<PhyNet name=\"b\">\n</PhyNet>\n</PhyNetGroup>\n<Behind/>\n");
+    ReadGroup read(Below(R"(
+<PhyNet name="a">
+<PhyNetPoint layerRef="1">
+</PhyNetPoint>
+<PhyNetPoint layerRef="2">
+</PhyNetPoint>
+</PhyNet>
+<PhyNet name="b">
+</PhyNet>
+</PhyNetGroup>
+<Behind/>
+)"));
     EXPECT_EQ(NetsOf(read.model), (Texts{"a: 1 2", "b:"}));
     EXPECT_EQ(read.model.Name, "");
     EXPECT_EQ(read.Rest(), Texts{"<Behind/>"});
@@ -175,11 +188,11 @@ TEST(PhyNetGroup, ReadsItsNets)
 TEST(PhyNetGroup, TakesTheNameOfANet)
 {
     const std::vector<std::pair<std::string_view, std::string_view>> rows = {
-        {"<PhyNet name=\"GND\">", "GND:"},        {"<PhyNet x=\"1\" name=\"two words\">", "two words:"},
-        {"<PhyNet filename=\"f\" >", "f:"},       {"<PhyNet name=\"a\" name=\"b\" >", "b:"},
-        {"<PhyNet Name=\"a\" name =\"b\">", ":"}, {"<PhyNet>", ":"},
-        {"<PhyNetGroup name=\"g\">", "g:"},       {"<PhyNetPoint name=\"p\">", "p:"},
-        {"<PhyNet_name=\"t\" >", "t:"},           {"<PhyNet name=\"a/b\"/>", "ab:"},
+        {R"(<PhyNet name="GND">)", "GND:"},      {R"(<PhyNet x="1" name="two words">)", "two words:"},
+        {R"(<PhyNet filename="f" >)", "f:"},     {R"(<PhyNet name="a" name="b" >)", "b:"},
+        {R"(<PhyNet Name="a" name ="b">)", ":"}, {"<PhyNet>", ":"},
+        {R"(<PhyNetGroup name="g">)", "g:"},     {R"(<PhyNetPoint name="p">)", "p:"},
+        {R"(<PhyNet_name="t" >)", "t:"},         {R"(<PhyNet name="a/b"/>)", "ab:"},
     };
     for (const auto & [line, net] : rows) {
         EXPECT_EQ(NetsOf(ReadGroup(std::string(line) + "\n").model), Texts{std::string(net)}) << line;
@@ -188,8 +201,17 @@ TEST(PhyNetGroup, TakesTheNameOfANet)
 
 TEST(PhyNetGroup, IgnoresOtherLines)
 {
-    ReadGroup read("\n</PhyNet>\n<PhyNet/>\n</PhyNetPoint>\n</Step>\n<x PhyNet name=\"a\">\n<phynet>\n"
-                   "</PhyNetGroup>\n<Behind/>\n");
+    ReadGroup read(Below(R"(
+
+</PhyNet>
+<PhyNet/>
+</PhyNetPoint>
+</Step>
+<x PhyNet name="a">
+<phynet>
+</PhyNetGroup>
+<Behind/>
+)"));
     EXPECT_EQ(NetsOf(read.model), Texts{});
     EXPECT_EQ(read.Rest(), Texts{"<Behind/>"});
 }
@@ -205,23 +227,31 @@ TEST(PhyNetGroup, EndsAtItsClosingWordAnywhereInTheFirstToken)
 
 TEST(PhyNetGroup, ANetWithoutAClosingLineIsEndedByTheGroups)
 {
-    ReadGroup read("<PhyNet name=\"a\">\n</PhyNetGroup>\n<PhyNet name=\"b\">\n</PhyNet>\n</PhyNetGroup>\n<Behind/>\n");
+    ReadGroup read(Below(R"(
+<PhyNet name="a">
+</PhyNetGroup>
+<PhyNet name="b">
+</PhyNet>
+</PhyNetGroup>
+<Behind/>
+)"));
     EXPECT_EQ(NetsOf(read.model), (Texts{"a:", "b:"}));
     EXPECT_EQ(read.Rest(), Texts{"<Behind/>"});
 }
 
 TEST(PhyNetGroup, TheEndOfTheFileStoresTheNet)
 {
-    EXPECT_EQ(NetsOf(ReadGroup("<PhyNet name=\"a\">\n<PhyNetPoint layerRef=\"1\">\n").model), Texts{"a: 1"});
-    EXPECT_EQ(NetsOf(ReadGroup("<PhyNet name=\"a\">").model), Texts{"a:"});
+    EXPECT_EQ(NetsOf(ReadGroup(Joined({R"(<PhyNet name="a">)", R"(<PhyNetPoint layerRef="1">)"})).model),
+              Texts{"a: 1"});
+    EXPECT_EQ(NetsOf(ReadGroup(R"(<PhyNet name="a">)").model), Texts{"a:"});
     EXPECT_EQ(NetsOf(ReadGroup("").model), Texts{});
 }
 
 TEST(PhyNetGroup, AnExceptionLosesTheNetInHand)
 {
-    for (const std::string_view bad : {"  ", "<PhyNet name=\"open", "<PhyNet name=\"b\">\n  ",
+    for (const std::string_view bad : {"  ", R"(<PhyNet name="open)", "<PhyNet name=\"b\">\n  ",
                                        "<PhyNet name=\"b\">\n<PhyNetPoint x=\"1", "<PhyNet>\n<PhyNetPoint>\n  "}) {
-        Lines lines("<PhyNet name=\"a\">\n</PhyNet>\n" + std::string(bad) + "\n");
+        Lines lines(Joined({R"(<PhyNet name="a">)", "</PhyNet>"}) + std::string(bad) + "\n");
         Group group;
         EXPECT_THROW(group.PhyNetGroupAdd(lines.File()), CInvalidArgException) << bad;
         EXPECT_EQ(NetsOf(group), Texts{"a:"}) << bad;
@@ -237,19 +267,19 @@ TEST(PhyNetGroup, WritesItsLines)
     net->PhyNetPointArray.Add(new Point);
     group.PhyNetArray.Add(net);
     group.PhyNetArray.Add(new Net);
-    EXPECT_EQ(Exported(group, 1),
-              (Export{1, "      <PhyNetGroup name=\"g\">\n"
-                         "         <PhyNet name=\"GND\">\n"
-                         "            <PhyNetPoint x=\"0.000000\" y=\"0.000000\" layerRef=\"\" netNode=\"\""
-                         " exposure=\"\">\n"
-                         "               <StandardPrimitiveRef id=\"\"/>\n"
-                         "            </PhyNetPoint>\n"
-                         "         </PhyNet>\n"
-                         "         <PhyNet name=\"\">\n"
-                         "         </PhyNet>\n"
-                         "      </PhyNetGroup>\n"}));
+    EXPECT_EQ(Exported(group, 1), (Export{1, Below(R"(
+      <PhyNetGroup name="g">
+         <PhyNet name="GND">
+            <PhyNetPoint x="0.000000" y="0.000000" layerRef="" netNode="" exposure="">
+               <StandardPrimitiveRef id=""/>
+            </PhyNetPoint>
+         </PhyNet>
+         <PhyNet name="">
+         </PhyNet>
+      </PhyNetGroup>
+)")}));
     Group empty;
-    EXPECT_EQ(Exported(empty, 0), (Export{1, "   <PhyNetGroup name=\"\">\n   </PhyNetGroup>\n"}));
+    EXPECT_EQ(Exported(empty, 0), (Export{1, Joined({R"(   <PhyNetGroup name="">)", "   </PhyNetGroup>"})}));
 }
 
 TEST(PhyNetGroup, StopsAtANetThatRefuses)
@@ -258,7 +288,11 @@ TEST(PhyNetGroup, StopsAtANetThatRefuses)
     group.PhyNetArray.Add(new Marked<Net>(1));
     group.PhyNetArray.Add(new Marked<Net>(0));
     group.PhyNetArray.Add(new Marked<Net>(1));
-    EXPECT_EQ(Exported(group, 0), (Export{0, "   <PhyNetGroup name=\"\">\nmark 1\nmark 1\n"}));
+    EXPECT_EQ(Exported(group, 0), (Export{0, Below(R"(
+   <PhyNetGroup name="">
+mark 1
+mark 1
+)")}));
 }
 
 TEST(PhyNet, IsEmptyAtFirst)
@@ -281,8 +315,15 @@ TEST(PhyNet, HasItsOperationsInOrder)
 
 TEST(PhyNet, ReadsItsPoints)
 {
-    ReadNet read("<PhyNetPoint layerRef=\"1\">\n<StandardPrimitiveRef id=\"C\"/>\n</PhyNetPoint>\n"
-                 "<PhyNetPoint layerRef=\"2\">\n</PhyNetPoint>\n</PhyNet>\n<Behind/>\n");
+    ReadNet read(Below(R"(
+<PhyNetPoint layerRef="1">
+<StandardPrimitiveRef id="C"/>
+</PhyNetPoint>
+<PhyNetPoint layerRef="2">
+</PhyNetPoint>
+</PhyNet>
+<Behind/>
+)"));
     EXPECT_EQ(PointsOf(read.model), (Texts{"1", "2"}));
     EXPECT_EQ(read.model.PhyNetPointArray.GetAt(0)->StandardPrimitiveRefId, "C");
     EXPECT_EQ(read.Rest(), Texts{"<Behind/>"});
@@ -291,20 +332,18 @@ TEST(PhyNet, ReadsItsPoints)
 TEST(PhyNet, APointIsWhatItsLineSays)
 {
     const std::vector<std::pair<std::string_view, PointFields>> rows = {
-        {"<PhyNetPoint x=\"1.5\" y=\"-2\" layerRef=\"TOP\" netNode=\"END\" exposure=\"COVERED\" via=\"TRUE\" "
-         "test=\"TRUE\">",
+        {R"(<PhyNetPoint x="1.5" y="-2" layerRef="TOP" netNode="END" exposure="COVERED" via="TRUE" test="TRUE">)",
          {1.5, -2, "TOP", "END", "COVERED", 1, 1, ""}},
-        {"<PhyNetPoint test=\"TRUE\" via=\"TRUE\" exposure=\"e f\" netNode=\"n o\" layerRef=\"l m\" y=\"1e1\" "
-         "x=\"2mm\"/>",
+        {R"(<PhyNetPoint test="TRUE" via="TRUE" exposure="e f" netNode="n o" layerRef="l m" y="1e1" x="2mm"/>)",
          {2, 10, "l m", "n o", "e f", 1, 1, ""}},
-        {"<PhyNetPoint via=\"FALSE\" test=\"FALSE\" >", {}},
-        {"<PhyNetPoint via=\"1\" test=\"true\" >", {}},
-        {"<PhyNetPoint via=\"xTRUEx\" via=\"TRUE\" test=\"TRUE\" test=\"no\" >", {0, 0, "", "", "", 1, 0, ""}},
-        {"<PhyNetPoint x=\"z\" y=\"\" id=\"C1\" >", {}},
-        {"<PhyNetPoint X=\"1\" y =\"2\" LayerRef=\"l\" netnode=\"n\" Via=\"TRUE\">", {}},
-        {"<PhyNetPoint max=\"1\" xlayerRef=\"l\" latest=\"TRUE\" >", {1, 0, "l", "", "", 0, 1, ""}},
+        {R"(<PhyNetPoint via="FALSE" test="FALSE" >)", {}},
+        {R"(<PhyNetPoint via="1" test="true" >)", {}},
+        {R"(<PhyNetPoint via="xTRUEx" via="TRUE" test="TRUE" test="no" >)", {0, 0, "", "", "", 1, 0, ""}},
+        {R"(<PhyNetPoint x="z" y="" id="C1" >)", {}},
+        {R"(<PhyNetPoint X="1" y ="2" LayerRef="l" netnode="n" Via="TRUE">)", {}},
+        {R"(<PhyNetPoint max="1" xlayerRef="l" latest="TRUE" >)", {1, 0, "l", "", "", 0, 1, ""}},
         {"<PhyNetPoint>", {}},
-        {"<PhyNetPoint_x=\"1\" >", {1, 0, "", "", "", 0, 0, ""}},
+        {R"(<PhyNetPoint_x="1" >)", {1, 0, "", "", "", 0, 0, ""}},
     };
     for (const auto & [line, fields] : rows) {
         ReadNet read(std::string(line) + "\n");
@@ -318,9 +357,8 @@ TEST(PhyNet, ATokenWithTwoWordsGoesToTheEarlierRow)
     const Texts words = {"x=", "y=", "layerRef=", "netNode=", "exposure=", "via=", "test="};
     for (std::size_t earlier = 0; earlier < words.size(); ++earlier) {
         for (std::size_t later = earlier + 1; later < words.size(); ++later) {
-            ReadNet read("<PhyNetPoint x=\"7\" y=\"7\" layerRef=\"-\" netNode=\"-\" exposure=\"-\" via=\"TRUE\""
-                         " test=\"TRUE\" " +
-                         words[later] + words[earlier] + "\"v\" >\n");
+            ReadNet read(R"(<PhyNetPoint x="7" y="7" layerRef="-" netNode="-" exposure="-" via="TRUE" test="TRUE" )" +
+                         words[later] + words[earlier] + Joined({R"("v" >)"}));
             PointFields expected = {7, 7, "-", "-", "-", 1, 1, ""};
             double * const numbers[] = {&expected.x, &expected.y};
             std::string * const texts[] = {&expected.layerRef, &expected.netNode, &expected.exposure};
@@ -340,8 +378,17 @@ TEST(PhyNet, ATokenWithTwoWordsGoesToTheEarlierRow)
 
 TEST(PhyNet, IgnoresOtherLines)
 {
-    ReadNet read("\n<PhyNet name=\"x\">\n<PhyNetPoint/>\n</Step>\n<x PhyNetPoint x=\"1\">\n<phyNetPoint>\n"
-                 "<StandardPrimitiveRef id=\"a\"/>\n<PhyNetGroup name=\"y\">\n</PhyNet>\n");
+    ReadNet read(Below(R"(
+
+<PhyNet name="x">
+<PhyNetPoint/>
+</Step>
+<x PhyNetPoint x="1">
+<phyNetPoint>
+<StandardPrimitiveRef id="a"/>
+<PhyNetGroup name="y">
+</PhyNet>
+)"));
     EXPECT_EQ(PointsOf(read.model), Texts{});
     EXPECT_EQ(read.model.Name, "");
 }
@@ -349,7 +396,7 @@ TEST(PhyNet, IgnoresOtherLines)
 TEST(PhyNet, EndsAtItsClosingWordAnywhereInTheFirstToken)
 {
     for (const std::string_view line :
-         {"</PhyNet>", "</PhyNetGroup>", "</PhyNetPoint>", "</PhyNetPoint x=\"1\">", "<x/PhyNetx>", "  </PhyNet>"}) {
+         {"</PhyNet>", "</PhyNetGroup>", "</PhyNetPoint>", R"(</PhyNetPoint x="1">)", "<x/PhyNetx>", "  </PhyNet>"}) {
         ReadNet read(std::string(line) + "\n<PhyNetPoint>\n");
         EXPECT_EQ(PointsOf(read.model), Texts{}) << line;
         EXPECT_EQ(read.Rest(), Texts{"<PhyNetPoint>"}) << line;
@@ -358,20 +405,20 @@ TEST(PhyNet, EndsAtItsClosingWordAnywhereInTheFirstToken)
 
 TEST(PhyNet, APointTestComesFirst)
 {
-    EXPECT_EQ(PointsOf(ReadNet("<PhyNetPhyNetPoint layerRef=\"1\">\n").model), Texts{"1"});
+    EXPECT_EQ(PointsOf(ReadNet(Joined({R"(<PhyNetPhyNetPoint layerRef="1">)"})).model), Texts{"1"});
 }
 
 TEST(PhyNet, TheEndOfTheFileStoresThePoint)
 {
-    EXPECT_EQ(PointsOf(ReadNet("<PhyNetPoint layerRef=\"1\">\n").model), Texts{"1"});
+    EXPECT_EQ(PointsOf(ReadNet(Joined({R"(<PhyNetPoint layerRef="1">)"})).model), Texts{"1"});
     EXPECT_EQ(PointsOf(ReadNet("").model), Texts{});
 }
 
 TEST(PhyNet, AnExceptionLosesThePointInHand)
 {
     for (const std::string_view bad :
-         {"  ", "<PhyNetPoint x=\"1", "<PhyNetPoint>\n  ", "<PhyNetPoint>\n<StandardPrimitiveRef id=\"open"}) {
-        Lines lines("<PhyNetPoint layerRef=\"1\">\n</PhyNetPoint>\n" + std::string(bad) + "\n");
+         {"  ", R"(<PhyNetPoint x="1)", "<PhyNetPoint>\n  ", "<PhyNetPoint>\n<StandardPrimitiveRef id=\"open"}) {
+        Lines lines(Joined({R"(<PhyNetPoint layerRef="1">)", "</PhyNetPoint>"}) + std::string(bad) + "\n");
         Net net;
         EXPECT_THROW(net.PhyNetAdd(lines.File()), CInvalidArgException) << bad;
         EXPECT_EQ(PointsOf(net), Texts{"1"}) << bad;
@@ -382,15 +429,15 @@ TEST(PhyNet, WritesItsLines)
 {
     Net net;
     net.Name = "a & b";
-    EXPECT_EQ(Exported(net, 0), (Export{1, "   <PhyNet name=\"a & b\">\n   </PhyNet>\n"}));
+    EXPECT_EQ(Exported(net, 0), (Export{1, Joined({R"(   <PhyNet name="a & b">)", "   </PhyNet>"})}));
     net.PhyNetPointArray.Add(new Point);
-    EXPECT_EQ(
-        Exported(net, 1),
-        (Export{1, "      <PhyNet name=\"a & b\">\n"
-                   "         <PhyNetPoint x=\"0.000000\" y=\"0.000000\" layerRef=\"\" netNode=\"\" exposure=\"\">\n"
-                   "            <StandardPrimitiveRef id=\"\"/>\n"
-                   "         </PhyNetPoint>\n"
-                   "      </PhyNet>\n"}));
+    EXPECT_EQ(Exported(net, 1), (Export{1, Below(R"(
+      <PhyNet name="a & b">
+         <PhyNetPoint x="0.000000" y="0.000000" layerRef="" netNode="" exposure="">
+            <StandardPrimitiveRef id=""/>
+         </PhyNetPoint>
+      </PhyNet>
+)")}));
 }
 
 TEST(PhyNet, StopsAtAPointThatRefuses)
@@ -399,7 +446,11 @@ TEST(PhyNet, StopsAtAPointThatRefuses)
     net.PhyNetPointArray.Add(new Marked<Point>(1));
     net.PhyNetPointArray.Add(new Marked<Point>(0));
     net.PhyNetPointArray.Add(new Marked<Point>(1));
-    EXPECT_EQ(Exported(net, 0), (Export{0, "   <PhyNet name=\"\">\nmark 1\nmark 1\n"}));
+    EXPECT_EQ(Exported(net, 0), (Export{0, Below(R"(
+   <PhyNet name="">
+mark 1
+mark 1
+)")}));
 }
 
 TEST(PhyNetPoint, HasItsDefaults)
@@ -446,19 +497,19 @@ TEST(PhyNetPoint, CopiesAllFields)
 TEST(PhyNetPoint, ReadsItsPrimitive)
 {
     const std::vector<std::pair<std::string_view, std::string_view>> rows = {
-        {"<StandardPrimitiveRef id=\"C1\"/>", "C1"},
-        {"<StandardPrimitiveRef x=\"1\" id=\"two words\" >", "two words"},
-        {"<StandardPrimitiveRef grid=\"g\" >", "g"},
-        {"<StandardPrimitiveRef id=\"a\" id=\"b\" >", "b"},
-        {"<StandardPrimitiveRef Id=\"a\" id =\"b\" kind=\"id\">", "before"},
+        {R"(<StandardPrimitiveRef id="C1"/>)", "C1"},
+        {R"(<StandardPrimitiveRef x="1" id="two words" >)", "two words"},
+        {R"(<StandardPrimitiveRef grid="g" >)", "g"},
+        {R"(<StandardPrimitiveRef id="a" id="b" >)", "b"},
+        {R"(<StandardPrimitiveRef Id="a" id ="b" kind="id">)", "before"},
         {"<StandardPrimitiveRef>", "before"},
         {"<StandardPrimitiveRef/>", "before"},
-        {"</StandardPrimitiveRef id=\"a\">", "before"},
-        {"<StandardPrimitiveRef/x id=\"a\">", "before"},
-        {"<x StandardPrimitiveRef id=\"a\">", "before"},
-        {"<UserPrimitiveRef id=\"a\">", "before"},
-        {"<xStandardPrimitiveRefx_id=\"t\" >", "t"},
-        {"<StandardPrimitiveRef id=\"\" >", ""},
+        {R"(</StandardPrimitiveRef id="a">)", "before"},
+        {R"(<StandardPrimitiveRef/x id="a">)", "before"},
+        {R"(<x StandardPrimitiveRef id="a">)", "before"},
+        {R"(<UserPrimitiveRef id="a">)", "before"},
+        {R"(<xStandardPrimitiveRefx_id="t" >)", "t"},
+        {R"(<StandardPrimitiveRef id="" >)", ""},
         {"", "before"},
     };
     for (const auto & [line, id] : rows) {
@@ -474,8 +525,8 @@ TEST(PhyNetPoint, ReadsItsPrimitive)
 TEST(PhyNetPoint, EndsAtItsClosingWordAnywhereInTheFirstToken)
 {
     for (const std::string_view line :
-         {"</PhyNetPoint>", "</PhyNetPointStandardPrimitiveRef id=\"a\">", "<x/PhyNetPoint>", "  </PhyNetPoint>"}) {
-        ReadPoint read(std::string(line) + "\n<StandardPrimitiveRef id=\"b\"/>\n");
+         {"</PhyNetPoint>", R"(</PhyNetPointStandardPrimitiveRef id="a">)", "<x/PhyNetPoint>", "  </PhyNetPoint>"}) {
+        ReadPoint read(Joined({line, R"(<StandardPrimitiveRef id="b"/>)"}));
         EXPECT_EQ(read.model.StandardPrimitiveRefId, "") << line;
         EXPECT_EQ(read.Rest().size(), 1u) << line;
     }
@@ -483,9 +534,15 @@ TEST(PhyNetPoint, EndsAtItsClosingWordAnywhereInTheFirstToken)
 
 TEST(PhyNetPoint, RunsOnOverTheLinesOfOthers)
 {
-    ReadPoint read(
-        "<PhyNetPoint layerRef=\"2\">\n</PhyNet>\n</PhyNetGroup>\n</Step>\n<StandardPrimitiveRef id=\"a\"/>\n"
-        "</PhyNetPoint>\n<Behind/>\n");
+    ReadPoint read(Below(R"(
+<PhyNetPoint layerRef="2">
+</PhyNet>
+</PhyNetGroup>
+</Step>
+<StandardPrimitiveRef id="a"/>
+</PhyNetPoint>
+<Behind/>
+)"));
     EXPECT_EQ(read.model.LayerRef, "");
     EXPECT_EQ(read.model.StandardPrimitiveRefId, "a");
     EXPECT_EQ(read.Rest(), Texts{"<Behind/>"});
@@ -493,22 +550,29 @@ TEST(PhyNetPoint, RunsOnOverTheLinesOfOthers)
 
 TEST(PhyNetPoint, ASelfClosingPointLosesThoseBehindIt)
 {
-    ReadNet read("<PhyNetPoint layerRef=\"1\"/>\n<PhyNetPoint layerRef=\"2\">\n<StandardPrimitiveRef id=\"a\"/>\n"
-                 "</PhyNetPoint>\n<PhyNetPoint layerRef=\"3\">\n</PhyNetPoint>\n</PhyNet>\n");
+    ReadNet read(Below(R"(
+<PhyNetPoint layerRef="1"/>
+<PhyNetPoint layerRef="2">
+<StandardPrimitiveRef id="a"/>
+</PhyNetPoint>
+<PhyNetPoint layerRef="3">
+</PhyNetPoint>
+</PhyNet>
+)"));
     EXPECT_EQ(PointsOf(read.model), (Texts{"1", "3"}));
     EXPECT_EQ(read.model.PhyNetPointArray.GetAt(0)->StandardPrimitiveRefId, "a");
 }
 
 TEST(PhyNetPoint, TheEndOfTheFileEndsIt)
 {
-    EXPECT_EQ(ReadPoint("<StandardPrimitiveRef id=\"a\"/>").model.StandardPrimitiveRefId, "a");
+    EXPECT_EQ(ReadPoint(R"(<StandardPrimitiveRef id="a"/>)").model.StandardPrimitiveRefId, "a");
     EXPECT_EQ(ReadPoint("").model.StandardPrimitiveRefId, "");
 }
 
 TEST(PhyNetPoint, ALineOfBlanksAndACutValueThrow)
 {
-    for (const std::string_view bad : {"  ", "<StandardPrimitiveRef id=\"b", "<StandardPrimitiveRef id="}) {
-        Lines lines({"<StandardPrimitiveRef id=\"a\"/>", bad});
+    for (const std::string_view bad : {"  ", R"(<StandardPrimitiveRef id="b)", "<StandardPrimitiveRef id="}) {
+        Lines lines({R"(<StandardPrimitiveRef id="a"/>)", bad});
         Point point;
         EXPECT_THROW(point.PhyNetPointAdd(lines.File()), CInvalidArgException) << bad;
         EXPECT_EQ(point.StandardPrimitiveRefId, "a") << bad;
@@ -519,17 +583,17 @@ TEST(PhyNetPoint, WritesItsLines)
 {
     Point point;
     Fill(point);
-    EXPECT_EQ(Exported(point, 0),
-              (Export{1, "   <PhyNetPoint x=\"1.500000\" y=\"-2.000000\" layerRef=\"TOP\" netNode=\"MIDDLE\""
-                         " exposure=\"EXPOSED\" via=\"TRUE\">\n"
-                         "      <StandardPrimitiveRef id=\"C1\"/>\n"
-                         "   </PhyNetPoint>\n"}));
+    EXPECT_EQ(Exported(point, 0), (Export{1, Below(R"(
+   <PhyNetPoint x="1.500000" y="-2.000000" layerRef="TOP" netNode="MIDDLE" exposure="EXPOSED" via="TRUE">
+      <StandardPrimitiveRef id="C1"/>
+   </PhyNetPoint>
+)")}));
     point.Via = 0;
-    EXPECT_EQ(Exported(point, 2),
-              (Export{1, "         <PhyNetPoint x=\"1.500000\" y=\"-2.000000\" layerRef=\"TOP\" netNode=\"MIDDLE\""
-                         " exposure=\"EXPOSED\">\n"
-                         "            <StandardPrimitiveRef id=\"C1\"/>\n"
-                         "         </PhyNetPoint>\n"}));
+    EXPECT_EQ(Exported(point, 2), (Export{1, Below(R"(
+         <PhyNetPoint x="1.500000" y="-2.000000" layerRef="TOP" netNode="MIDDLE" exposure="EXPOSED">
+            <StandardPrimitiveRef id="C1"/>
+         </PhyNetPoint>
+)")}));
 }
 
 TEST(PhyNetPoint, EveryViaOtherThanZeroIsWritten)
@@ -537,11 +601,11 @@ TEST(PhyNetPoint, EveryViaOtherThanZeroIsWritten)
     for (const int via : {-1, 1, 2}) {
         Point point;
         point.Via = via;
-        EXPECT_EQ(
-            Exported(point, 0).text,
-            "   <PhyNetPoint x=\"0.000000\" y=\"0.000000\" layerRef=\"\" netNode=\"\" exposure=\"\" via=\"TRUE\">\n"
-            "      <StandardPrimitiveRef id=\"\"/>\n   </PhyNetPoint>\n")
-            << via;
+        EXPECT_EQ(Exported(point, 0).text, Below(R"(
+   <PhyNetPoint x="0.000000" y="0.000000" layerRef="" netNode="" exposure="" via="TRUE">
+      <StandardPrimitiveRef id=""/>
+   </PhyNetPoint>
+)")) << via;
     }
 }
 

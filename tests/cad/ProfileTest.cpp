@@ -16,6 +16,7 @@
 #include "tests/cad/Models.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
@@ -23,7 +24,7 @@ using namespace ipc2581::tests;
 using Profile = CIPC2581_Ecad_CadData_Step_Profile;
 
 // Reads the lines under a Profile line and gives those that are left.
-TextLines Read(Profile & profile, std::initializer_list<std::string_view> lines)
+Texts Read(Profile & profile, std::initializer_list<std::string_view> lines)
 {
     Lines file(lines);
     profile.ReadProfile(file);
@@ -33,20 +34,22 @@ TextLines Read(Profile & profile, std::initializer_list<std::string_view> lines)
 void Fill(Profile & profile)
 {
     Read(profile,
-         {"<Polygon>", "<PolyBegin x=\"1\" y=\"2\"/>", "<PolyStepSegment x=\"3\" y=\"4\"/>", "</Polygon>", "<Cutout>",
-          "<PolyBegin x=\"5\" y=\"6\"/>", "<PolyStepSegment x=\"7\" y=\"8\"/>", "</Cutout>", "</Profile>"});
+         {"<Polygon>", R"(<PolyBegin x="1" y="2"/>)", R"(<PolyStepSegment x="3" y="4"/>)", "</Polygon>", "<Cutout>",
+          R"(<PolyBegin x="5" y="6"/>)", R"(<PolyStepSegment x="7" y="8"/>)", "</Cutout>", "</Profile>"});
 }
 
-const char * const kFilled = "   <Profile>\n"
-                             "      <Polygon>\n"
-                             "         <PolyBegin x=\"1.000000\" y=\"2.000000\" />\n"
-                             "         <PolyStepSegment x=\"3.000000\" y=\"4.000000\" />\n"
-                             "      </Polygon>\n"
-                             "      <Cutout>\n"
-                             "         <PolyBegin x=\"5.000000\" y=\"6.000000\" />\n"
-                             "         <PolyStepSegment x=\"7.000000\" y=\"8.000000\" />\n"
-                             "      </Cutout>\n"
-                             "   </Profile>\n";
+const char * const kFilled = Below(R"(
+   <Profile>
+      <Polygon>
+         <PolyBegin x="1.000000" y="2.000000" />
+         <PolyStepSegment x="3.000000" y="4.000000" />
+      </Polygon>
+      <Cutout>
+         <PolyBegin x="5.000000" y="6.000000" />
+         <PolyStepSegment x="7.000000" y="8.000000" />
+      </Cutout>
+   </Profile>
+)");
 
 const CIPC2581_Cutout & CutoutAt(const Profile & profile, int index)
 {
@@ -108,36 +111,36 @@ TEST(Profile, InitMakesMissingContainers)
 
 class NotedPolygon : public CIPC2581_Polygon {
 public:
-    explicit NotedPolygon(TextLines & notes) : m_notes(notes) {}
+    explicit NotedPolygon(Texts & notes) : m_notes(notes) {}
     ~NotedPolygon() override { m_notes.emplace_back("polygon"); }
 
 private:
-    TextLines & m_notes;
+    Texts & m_notes;
 };
 
 class NotedCutouts : public CIPC2581_DrawObjArray {
 public:
-    explicit NotedCutouts(TextLines & notes) : m_notes(notes) {}
+    explicit NotedCutouts(Texts & notes) : m_notes(notes) {}
     ~NotedCutouts() override { m_notes.emplace_back("cutouts"); }
 
 private:
-    TextLines & m_notes;
+    Texts & m_notes;
 };
 
 TEST(Profile, DeletesItsPolygonBeforeItsCutouts)
 {
-    TextLines notes;
+    Texts notes;
     {
         Profile profile;
         Replace(profile.Polygon, std::make_unique<NotedPolygon>(notes));
         Replace(profile.Cutouts, std::make_unique<NotedCutouts>(notes));
     }
-    EXPECT_EQ(notes, (TextLines{"polygon", "cutouts"}));
+    EXPECT_EQ(notes, (Texts{"polygon", "cutouts"}));
 }
 
 TEST(Profile, GoesWithoutItsParts)
 {
-    TextLines notes;
+    Texts notes;
     {
         Profile profile;
         Replace(profile.Polygon, std::make_unique<NotedPolygon>(notes));
@@ -150,7 +153,7 @@ TEST(Profile, GoesWithoutItsParts)
         delete profile.Polygon;
         profile.Polygon = nullptr;
     }
-    EXPECT_EQ(notes, (TextLines{"polygon", "cutouts"}));
+    EXPECT_EQ(notes, (Texts{"polygon", "cutouts"}));
 }
 
 TEST(Profile, CopiesHavePartsOfTheirOwn)
@@ -186,11 +189,13 @@ TEST(Profile, ACutoutBecomesAPlainShapeInACopy)
     Fill(source);
     Profile copy(source);
     EXPECT_TRUE(IsA<CIPC2581_DrawObj>(copy.Cutouts->GetAt(0)));
-    EXPECT_EQ(Exported(copy), (Export{0, "   <Profile>\n"
-                                         "      <Polygon>\n"
-                                         "         <PolyBegin x=\"1.000000\" y=\"2.000000\" />\n"
-                                         "         <PolyStepSegment x=\"3.000000\" y=\"4.000000\" />\n"
-                                         "      </Polygon>\n"}));
+    EXPECT_EQ(Exported(copy), (Export{0, Below(R"(
+   <Profile>
+      <Polygon>
+         <PolyBegin x="1.000000" y="2.000000" />
+         <PolyStepSegment x="3.000000" y="4.000000" />
+      </Polygon>
+)")}));
 }
 
 TEST(Profile, AssignsThePolygonThroughItsVirtualOperation)
@@ -228,10 +233,10 @@ TEST(Profile, ReadsItsPolygonAndItsCutouts)
 {
     Profile profile;
     EXPECT_EQ(
-        Read(profile, {"<Cutout>", "<PolyBegin x=\"5\"/>", "<Polygon>", "<PolyStepSegment x=\"6\"/>", "</Polygon>",
-                       "</Cutout>", "<Polygon>", "<PolyBegin x=\"1\"/>", "<PolyStepSegment x=\"2\"/>", "</Polygon>",
+        Read(profile, {"<Cutout>", R"(<PolyBegin x="5"/>)", "<Polygon>", R"(<PolyStepSegment x="6"/>)", "</Polygon>",
+                       "</Cutout>", "<Polygon>", R"(<PolyBegin x="1"/>)", R"(<PolyStepSegment x="2"/>)", "</Polygon>",
                        "<Cutout>", "</Cutout>", "</Profile>", "left"}),
-        TextLines{"left"});
+        Texts{"left"});
     EXPECT_EQ(profile.Polygon->PolyBegin->GetPoint_X(), 1.0);
     EXPECT_EQ(profile.Polygon->PolyStepArray->GetSize(), 1);
     ASSERT_EQ(profile.Cutouts->GetSize(), 2);
@@ -244,8 +249,8 @@ TEST(Profile, ReadsItsPolygonAndItsCutouts)
 TEST(Profile, ASecondPolygonAddsToTheFirst)
 {
     Profile profile;
-    Read(profile, {"<Polygon>", "<PolyBegin x=\"1\"/>", "<PolyStepSegment x=\"2\"/>", "</Polygon>", "<Polygon>",
-                   "<PolyBegin x=\"3\"/>", "<PolyStepSegment x=\"4\"/>", "</Polygon>", "</Profile>"});
+    Read(profile, {"<Polygon>", R"(<PolyBegin x="1"/>)", R"(<PolyStepSegment x="2"/>)", "</Polygon>", "<Polygon>",
+                   R"(<PolyBegin x="3"/>)", R"(<PolyStepSegment x="4"/>)", "</Polygon>", "</Profile>"});
     EXPECT_EQ(profile.Polygon->PolyBegin->GetPoint_X(), 3.0);
     EXPECT_EQ(profile.Polygon->PolyStepArray->GetSize(), 2);
 }
@@ -264,25 +269,25 @@ TEST(Profile, ReadsItsPolygonThroughItsVirtualOperation)
     };
     Profile profile;
     const auto * const polygon = Replace(profile.Polygon, std::make_unique<Imported>());
-    EXPECT_EQ(Read(profile, {"<Polygon>", "<Polygon>", "</Profile>", "left"}), TextLines{"left"});
+    EXPECT_EQ(Read(profile, {"<Polygon>", "<Polygon>", "</Profile>", "left"}), Texts{"left"});
     EXPECT_EQ(polygon->imports, 2);
 }
 
 TEST(Profile, TestsForThePolygonBeforeTheCutout)
 {
     Profile profile;
-    Read(profile, {"<CutoutPolygon>", "<PolyStepSegment x=\"1\"/>", "</Polygon>", "</Profile>"});
+    Read(profile, {"<CutoutPolygon>", R"(<PolyStepSegment x="1"/>)", "</Polygon>", "</Profile>"});
     EXPECT_EQ(profile.Polygon->PolyStepArray->GetSize(), 1);
     EXPECT_TRUE(profile.Cutouts->IsEmpty());
 }
 
 TEST(Profile, ATestThatTheSlashTurnsAwayFallsThroughToTheEnd)
 {
-    for (const char * const closing : {"</ProfilePolygon>", "</ProfileCutout x=\"1\">"}) {
+    for (const char * const closing : {"</ProfilePolygon>", R"(</ProfileCutout x="1">)"}) {
         Profile profile;
-        EXPECT_EQ(
-            Read(profile, {"<Polygon/>", "</Polygon>", "<Cutout/>", "</Cutout>", "<Cutout/ x=\"1\">", closing, "left"}),
-            TextLines{"left"})
+        EXPECT_EQ(Read(profile,
+                       {"<Polygon/>", "</Polygon>", "<Cutout/>", "</Cutout>", R"(<Cutout/ x="1">)", closing, "left"}),
+                  Texts{"left"})
             << closing;
         ExpectDefault(profile);
     }
@@ -291,17 +296,17 @@ TEST(Profile, ATestThatTheSlashTurnsAwayFallsThroughToTheEnd)
 TEST(Profile, IgnoresEmptyAndUnknownLines)
 {
     Profile profile;
-    EXPECT_EQ(Read(profile, {"", "<Xform rotation=\"90\"/>", "<PolyStepSegment x=\"1\"/>", "<polygon>", "< Cutout>",
+    EXPECT_EQ(Read(profile, {"", R"(<Xform rotation="90"/>)", R"(<PolyStepSegment x="1"/>)", "<polygon>", "< Cutout>",
                              "</Step>", "</profile>", "</Profile>", "left"}),
-              TextLines{"left"});
+              Texts{"left"});
     ExpectDefault(profile);
 }
 
 TEST(Profile, ASelfClosedProfileReadsOnToTheNextEnd)
 {
     CIPC2581_Ecad_CadData_Step step;
-    Lines file({"<Profile />", "<Package name=\"P1\">", "<Polygon>", "<PolyStepSegment x=\"1\"/>", "</Polygon>",
-                "</Package>", "</Profile>", "<Package name=\"P2\">", "</Package>", "</Step>"});
+    Lines file({"<Profile />", R"(<Package name="P1">)", "<Polygon>", R"(<PolyStepSegment x="1"/>)", "</Polygon>",
+                "</Package>", "</Profile>", R"(<Package name="P2">)", "</Package>", "</Step>"});
     Tokens tokens("<Step>");
     step.ReadStep(tokens, file, nullptr);
     EXPECT_EQ(step.Profile.Polygon->PolyStepArray->GetSize(), 1);
@@ -309,9 +314,9 @@ TEST(Profile, ASelfClosedProfileReadsOnToTheNextEnd)
     EXPECT_EQ(step.PackageArray.GetAt(0)->name, "P2");
 }
 
-const TextLines kProfileLines = {"<Polygon>", "<PolyStepSegment x=\"1\"/>", "</Polygon>",
-                                 "<Cutout>",  "<PolyStepSegment x=\"1\"/>", "</Cutout>",
-                                 "</Profile>"};
+const Texts kProfileLines = {"<Polygon>", R"(<PolyStepSegment x="1"/>)", "</Polygon>",
+                             "<Cutout>",  R"(<PolyStepSegment x="1"/>)", "</Cutout>",
+                             "</Profile>"};
 
 TEST(Profile, EndsQuietlyAtTheEndOfTheFile)
 {
@@ -331,7 +336,7 @@ TEST(Profile, ThrowsForALineOfBlanks)
 TEST(Profile, LosesTheCutoutInHandWithAnException)
 {
     Profile profile;
-    EXPECT_THROW(Read(profile, {"<Cutout>", "</Cutout>", "<Cutout>", "<PolyBegin x=\"1>", "</Cutout>"}),
+    EXPECT_THROW(Read(profile, {"<Cutout>", "</Cutout>", "<Cutout>", R"(<PolyBegin x="1>)", "</Cutout>"}),
                  CInvalidArgException);
     EXPECT_EQ(profile.Cutouts->GetSize(), 1);
 }
@@ -339,11 +344,13 @@ TEST(Profile, LosesTheCutoutInHandWithAnException)
 TEST(Profile, WritesItsPolygonAlsoWhenItIsEmpty)
 {
     Profile profile;
-    ExpectExport(profile, "   <Profile>\n"
-                          "      <Polygon>\n"
-                          "         <PolyBegin x=\"0.000000\" y=\"0.000000\" />\n"
-                          "      </Polygon>\n"
-                          "   </Profile>\n");
+    ExpectExport(profile, Below(R"(
+   <Profile>
+      <Polygon>
+         <PolyBegin x="0.000000" y="0.000000" />
+      </Polygon>
+   </Profile>
+)"));
 }
 
 TEST(Profile, WritesItsCutoutsBehindItsPolygon)

@@ -15,20 +15,23 @@
 #include "ipc2581/cad/StackupLayer.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Below;
 using ipc2581::tests::Export;
 using ipc2581::tests::Exported;
+using ipc2581::tests::Joined;
 using ipc2581::tests::Lines;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Str;
+using ipc2581::tests::Texts;
 using ipc2581::tests::Tokens;
 
 using Stackup = CIPC2581_Ecad_CadData_Stackup;
 using Group = CIPC2581_Ecad_CadData_Stackup_StackupGroup;
 using StackLayer = CIPC2581_Ecad_CadData_Stackup_StackupGroup_StackupLayer;
-using Texts = std::vector<std::string>;
 
 template <typename Model>
 class Behind : public Model {
@@ -127,14 +130,14 @@ TEST(Stackup, HasItsOperationsInOrder)
 TEST(Stackup, KeepsItsAttributesAsText)
 {
     const std::vector<std::pair<std::string_view, Texts>> rows = {
-        {"<Stackup overallThickness=\"1.6\" tolPlus=\"0.1\" tolMinus=\"0.1\" whereMeasured=\"METAL\">",
+        {R"(<Stackup overallThickness="1.6" tolPlus="0.1" tolMinus="0.1" whereMeasured="METAL">)",
          {"1.6", "0.1", "0.1", "METAL"}},
-        {"<Stackup whereMeasured=\"OTHER\" tolMinus=\"a b\" tolPlus=\"x\" overallThickness=\"t\"/>",
+        {R"(<Stackup whereMeasured="OTHER" tolMinus="a b" tolPlus="x" overallThickness="t"/>)",
          {"t", "x", "a b", "OTHER"}},
-        {"<Stackup name=\"s\" thickness=\"1\" OverallThickness=\"2\" tolPlus =\"3\">", {"", "", "", ""}},
-        {"<Stackup tolPlus=\"1\" tolPlus=\"2\">", {"", "2", "", ""}},
+        {R"(<Stackup name="s" thickness="1" OverallThickness="2" tolPlus ="3">)", {"", "", "", ""}},
+        {R"(<Stackup tolPlus="1" tolPlus="2">)", {"", "2", "", ""}},
         {"<Stackup>", {"", "", "", ""}},
-        {"<Stackup_tolPlus=\"1\" >", {"", "1", "", ""}},
+        {R"(<Stackup_tolPlus="1" >)", {"", "1", "", ""}},
     };
     for (const auto & [line, fields] : rows) {
         EXPECT_EQ(FieldsOf(Read(line).stackup), fields) << line;
@@ -148,7 +151,7 @@ TEST(Stackup, ATokenWithTwoWordsGoesToTheEarlierRow)
         for (std::size_t later = earlier + 1; later < words.size(); ++later) {
             Texts expected(4);
             expected[earlier] = words[earlier] + "v";
-            EXPECT_EQ(FieldsOf(Read("<Stackup " + words[later] + words[earlier] + "\"v\" >").stackup), expected)
+            EXPECT_EQ(FieldsOf(Read("<Stackup " + words[later] + words[earlier] + R"("v" >)").stackup), expected)
                 << words[later];
         }
     }
@@ -156,38 +159,60 @@ TEST(Stackup, ATokenWithTwoWordsGoesToTheEarlierRow)
 
 TEST(Stackup, ReadsItsGroups)
 {
-    Read read("<Stackup>", "<StackupGroup name=\"a\">\n<StackupLayer layerOrGroupRef=\"1\">\n</StackupLayer>\n"
-                           "<StackupLayer layerOrGroupRef=\"2\"/>\n</StackupGroup>\n<StackupGroup name=\"b\">\n"
-                           "</StackupGroup>\n</Stackup>\n<Behind/>\n");
+    Read read("<Stackup>", Below(R"(
+<StackupGroup name="a">
+<StackupLayer layerOrGroupRef="1">
+</StackupLayer>
+<StackupLayer layerOrGroupRef="2"/>
+</StackupGroup>
+<StackupGroup name="b">
+</StackupGroup>
+</Stackup>
+<Behind/>
+)"));
     EXPECT_EQ(read.Groups(), (Texts{"a: 1 2", "b:"}));
     EXPECT_EQ(read.Rest(), Texts{"<Behind/>"});
 }
 
 TEST(Stackup, ASlashInTheFirstTokenIsNoGroup)
 {
-    Read read("<Stackup>", "<xStackupGroup/>\n<StackupGroup name=\"a\">\n</StackupGroup>\n</Stackup>\n");
+    Read read("<Stackup>", Below(R"(
+<xStackupGroup/>
+<StackupGroup name="a">
+</StackupGroup>
+</Stackup>
+)"));
     EXPECT_EQ(read.Groups(), Texts{"a:"});
 }
 
 TEST(Stackup, AStrayClosingGroupLineEndsIt)
 {
-    Read read("<Stackup>", "</StackupGroup>\n<StackupGroup name=\"a\">\n");
+    Read read("<Stackup>", Joined({"</StackupGroup>", R"(<StackupGroup name="a">)"}));
     EXPECT_EQ(read.Groups(), Texts{});
-    EXPECT_EQ(read.Rest(), Texts{"<StackupGroup name=\"a\">"});
+    EXPECT_EQ(read.Rest(), Texts{R"(<StackupGroup name="a">)"});
 }
 
 TEST(Stackup, EndsAtItsClosingWordAnywhereInTheFirstToken)
 {
     for (const std::string_view line : {"</Stackup>", "</Stackupx y>", "<x/Stackup>", "   </Stackup>"}) {
-        Read read("<Stackup>", std::string(line) + "\n<StackupGroup name=\"a\">\n");
+        Read read("<Stackup>", Joined({line, R"(<StackupGroup name="a">)"}));
         EXPECT_EQ(read.Groups(), Texts{}) << line;
     }
 }
 
 TEST(Stackup, IgnoresOtherLines)
 {
-    Read read("<Stackup>", "\n<Stackup tolPlus=\"1\">\n<StackupLayer layerOrGroupRef=\"1\"/>\n<x StackupGroup>\n"
-                           "</CadData>\n<stackupGroup>\n<StackupGroup>\n</StackupGroup>\n</Stackup>\n");
+    Read read("<Stackup>", Below(R"(
+
+<Stackup tolPlus="1">
+<StackupLayer layerOrGroupRef="1"/>
+<x StackupGroup>
+</CadData>
+<stackupGroup>
+<StackupGroup>
+</StackupGroup>
+</Stackup>
+)"));
     EXPECT_EQ(FieldsOf(read.stackup), (Texts{"", "", "", ""}));
     EXPECT_EQ(read.Groups(), Texts{":"});
 }
@@ -203,9 +228,13 @@ TEST(Stackup, DoesNotTrimItsLines)
 
 TEST(Stackup, ASecondStackupAddsToTheFirst)
 {
-    Read read("<Stackup tolPlus=\"1\" tolMinus=\"2\">", "<StackupGroup name=\"a\">\n</StackupGroup>\n</Stackup>\n");
-    Lines lines({"<StackupGroup name=\"b\">", "</StackupGroup>", "</Stackup>"});
-    Tokens tokens("<Stackup tolPlus=\"3\">");
+    Read read(R"(<Stackup tolPlus="1" tolMinus="2">)", Below(R"(
+<StackupGroup name="a">
+</StackupGroup>
+</Stackup>
+)"));
+    Lines lines({R"(<StackupGroup name="b">)", "</StackupGroup>", "</Stackup>"});
+    Tokens tokens(R"(<Stackup tolPlus="3">)");
     read.stackup.ReadStackUp(tokens, lines.File());
     EXPECT_EQ(FieldsOf(read.stackup), (Texts{"", "3", "2", ""}));
     EXPECT_EQ(read.Groups(), (Texts{"a:", "b:"}));
@@ -213,17 +242,18 @@ TEST(Stackup, ASecondStackupAddsToTheFirst)
 
 TEST(Stackup, TheEndOfTheFileKeepsWhatWasRead)
 {
-    EXPECT_EQ(Read("<Stackup>", "<StackupGroup name=\"a\">\n<StackupLayer layerOrGroupRef=\"1\">\n").Groups(),
-              Texts{"a: 1"});
-    EXPECT_EQ(Read("<Stackup>", "<StackupGroup name=\"a\">\n").Groups(), Texts{"a:"});
-    EXPECT_EQ(Read("<Stackup tolPlus=\"1\">").stackup.tolPlus, "1");
+    EXPECT_EQ(
+        Read("<Stackup>", Joined({R"(<StackupGroup name="a">)", R"(<StackupLayer layerOrGroupRef="1">)"})).Groups(),
+        Texts{"a: 1"});
+    EXPECT_EQ(Read("<Stackup>", Joined({R"(<StackupGroup name="a">)"})).Groups(), Texts{"a:"});
+    EXPECT_EQ(Read(R"(<Stackup tolPlus="1">)").stackup.tolPlus, "1");
 }
 
 TEST(Stackup, ACutValueOfItsOwnThrows)
 {
     Lines lines({"<StackupGroup>"});
     Stackup stackup;
-    Tokens tokens("<Stackup tolPlus=\"1\" tolMinus=\"open");
+    Tokens tokens(R"(<Stackup tolPlus="1" tolMinus="open)");
     EXPECT_THROW(stackup.ReadStackUp(tokens, lines.File()), CInvalidArgException);
     EXPECT_EQ(stackup.tolPlus, "1");
     EXPECT_EQ(lines.Rest(), Texts{"<StackupGroup>"});
@@ -231,7 +261,7 @@ TEST(Stackup, ACutValueOfItsOwnThrows)
 
 TEST(Stackup, AGroupWithACutValueIsLost)
 {
-    Lines lines({"<StackupGroup name=\"a\">", "</StackupGroup>", "<StackupGroup name=\"b\" tolPlus=\"open"});
+    Lines lines({R"(<StackupGroup name="a">)", "</StackupGroup>", R"(<StackupGroup name="b" tolPlus="open)"});
     Stackup stackup;
     Tokens tokens("<Stackup>");
     EXPECT_THROW(stackup.ReadStackUp(tokens, lines.File()), CInvalidArgException);
@@ -240,8 +270,8 @@ TEST(Stackup, AGroupWithACutValueIsLost)
 
 TEST(Stackup, AGroupThatFailsInItsLinesIsKept)
 {
-    for (const std::string_view bad : {"   ", "<StackupLayer layerOrGroupRef=\"open"}) {
-        Lines lines({"<StackupGroup name=\"a\">", "<StackupLayer layerOrGroupRef=\"1\"/>", bad});
+    for (const std::string_view bad : {"   ", R"(<StackupLayer layerOrGroupRef="open)"}) {
+        Lines lines({R"(<StackupGroup name="a">)", R"(<StackupLayer layerOrGroupRef="1"/>)", bad});
         Stackup stackup;
         Tokens tokens("<Stackup>");
         EXPECT_THROW(stackup.ReadStackUp(tokens, lines.File()), CInvalidArgException);
@@ -252,8 +282,12 @@ TEST(Stackup, AGroupThatFailsInItsLinesIsKept)
 
 TEST(Stackup, IsNeverWritten)
 {
-    Read read("<Stackup tolPlus=\"1\">", "<StackupGroup name=\"a\">\n<StackupLayer layerOrGroupRef=\"1\"/>\n"
-                                         "</StackupGroup>\n</Stackup>\n");
+    Read read(R"(<Stackup tolPlus="1">)", Below(R"(
+<StackupGroup name="a">
+<StackupLayer layerOrGroupRef="1"/>
+</StackupGroup>
+</Stackup>
+)"));
     EXPECT_EQ(Exported(read.stackup, 0), (Export{1, ""}));
     EXPECT_EQ(Exported(read.stackup.StackupGroupArray, 0), (Export{1, ""}));
     EXPECT_EQ(Exported(*read.stackup.StackupGroupArray.GetAt(0), 0), (Export{1, ""}));
@@ -315,14 +349,14 @@ TEST(StackupGroup, HasItsOperationsInOrder)
 TEST(StackupGroup, ReadsItsAttributesAsNumbers)
 {
     const std::vector<std::pair<std::string_view, GroupFields>> rows = {
-        {"<StackupGroup name=\"g\" thickness=\"1.5\" tolPlus=\"0.1\" tolMinus=\"0.2\">", {"g", 1.5, 0.1, 0.2}},
-        {"<StackupGroup tolMinus=\"-2e1\" tolPlus=\"3mm\" thickness=\"x\" name=\"a b\"/>", {"a b", 0, 3, -20}},
-        {"<StackupGroup overallThickness=\"1\" Name=\"a\" thickness =\"1\">", {"", 0, 0, 0}},
-        {"<StackupGroup filename=\"f\" subthickness=\"2\" >", {"f", 2, 0, 0}},
-        {"<StackupGroup thickness=\"1\" thickness=\"2\">", {"", 2, 0, 0}},
+        {R"(<StackupGroup name="g" thickness="1.5" tolPlus="0.1" tolMinus="0.2">)", {"g", 1.5, 0.1, 0.2}},
+        {R"(<StackupGroup tolMinus="-2e1" tolPlus="3mm" thickness="x" name="a b"/>)", {"a b", 0, 3, -20}},
+        {R"(<StackupGroup overallThickness="1" Name="a" thickness ="1">)", {"", 0, 0, 0}},
+        {R"(<StackupGroup filename="f" subthickness="2" >)", {"f", 2, 0, 0}},
+        {R"(<StackupGroup thickness="1" thickness="2">)", {"", 2, 0, 0}},
         {"<StackupGroup>", {"", 0, 0, 0}},
         {"<StackupGroup />", {"", 0, 0, 0}},
-        {"<xStackupGroup_name=\"t\" >", {"t", 0, 0, 0}},
+        {R"(<xStackupGroup_name="t" >)", {"t", 0, 0, 0}},
     };
     for (const auto & [line, fields] : rows) {
         Read read("<Stackup>", std::string(line) + "\n");
@@ -336,8 +370,8 @@ TEST(StackupGroup, ATokenWithTwoWordsGoesToTheEarlierRow)
     const Texts words = {"name=", "thickness=", "tolPlus=", "tolMinus="};
     for (std::size_t earlier = 0; earlier < words.size(); ++earlier) {
         for (std::size_t later = earlier + 1; later < words.size(); ++later) {
-            Read read("<Stackup>", "<StackupGroup thickness=\"7\" tolPlus=\"7\" tolMinus=\"7\" " + words[later] +
-                                       words[earlier] + "\"5\" >\n");
+            Read read("<Stackup>", R"(<StackupGroup thickness="7" tolPlus="7" tolMinus="7" )" + words[later] +
+                                       words[earlier] + Joined({R"("5" >)"}));
             const auto number = [earlier](std::size_t row) { return row == earlier ? 0.0 : 7.0; };
             EXPECT_EQ(FieldsOf(read.GroupAt(0)),
                       (GroupFields{earlier == 0 ? "name=5" : "", number(1), number(2), number(3)}))
@@ -348,9 +382,9 @@ TEST(StackupGroup, ATokenWithTwoWordsGoesToTheEarlierRow)
 
 TEST(StackupGroup, ReadsOnlyItsLayers)
 {
-    Lines lines({"", "<StackupGroup name=\"x\">", "<StackupLayer layerOrGroupRef=\"1\">", "<Layer name=\"l\"/>",
+    Lines lines({"", R"(<StackupGroup name="x">)", R"(<StackupLayer layerOrGroupRef="1">)", R"(<Layer name="l"/>)",
                  "</StackupLayer>", "</Stackup>", "<x StackupLayer>", "<stackupLayer>", "<StackupLayer/>",
-                 "</StackupLayer layerOrGroupRef=\"2\">", "</StackupGroup>", "<Behind/>"});
+                 R"(</StackupLayer layerOrGroupRef="2">)", "</StackupGroup>", "<Behind/>"});
     Group group;
     group.StackUpGroupAdd(lines.File());
     EXPECT_EQ(group.name, "");
@@ -372,7 +406,7 @@ TEST(StackupGroup, EndsAtItsClosingWordWhateverElseThatHolds)
 
 TEST(StackupGroup, ALayerTestComesFirst)
 {
-    Lines lines({"<StackupGroupStackupLayer layerOrGroupRef=\"1\">"});
+    Lines lines({R"(<StackupGroupStackupLayer layerOrGroupRef="1">)"});
     Group group;
     group.StackUpGroupAdd(lines.File());
     EXPECT_EQ(group.StackupLayerArray.GetSize(), 1);
@@ -380,9 +414,13 @@ TEST(StackupGroup, ALayerTestComesFirst)
 
 TEST(StackupGroup, ASelfClosingGroupTakesTheLinesOfTheNext)
 {
-    Read read("<Stackup>",
-              "<StackupGroup name=\"a\"/>\n<StackupGroup name=\"b\">\n<StackupLayer layerOrGroupRef=\"1\"/>\n"
-              "</StackupGroup>\n</Stackup>\n");
+    Read read("<Stackup>", Below(R"(
+<StackupGroup name="a"/>
+<StackupGroup name="b">
+<StackupLayer layerOrGroupRef="1"/>
+</StackupGroup>
+</Stackup>
+)"));
     EXPECT_EQ(read.Groups(), Texts{"a: 1"});
 }
 
@@ -436,13 +474,13 @@ LayerFields ReadLayer(std::string_view line)
 TEST(StackupLayer, ReadsItsAttributes)
 {
     const std::vector<std::pair<std::string_view, LayerFields>> rows = {
-        {"<StackupLayer layerOrGroupRef=\"L1\" materialType=\"COPPER\" thickness=\"0.035\">", {"L1", "COPPER", 0.035}},
-        {"<StackupLayer thickness=\"x\" materialType=\"FR 4\" layerOrGroupRef=\"L1\" />", {"L1", "FR 4", 0}},
-        {"<StackupLayer tolPlus=\"1\" tolMinus=\"2\" sequence=\"3\" overallThickness=\"4\">", {"", "", 0}},
-        {"<StackupLayer layerOrGroupRef =\"a\" Thickness=\"1\" kind=\"materialType\" >", {"", "", 0}},
-        {"<StackupLayer materialType=\"a\" materialType=\"b\">", {"", "b", 0}},
+        {R"(<StackupLayer layerOrGroupRef="L1" materialType="COPPER" thickness="0.035">)", {"L1", "COPPER", 0.035}},
+        {R"(<StackupLayer thickness="x" materialType="FR 4" layerOrGroupRef="L1" />)", {"L1", "FR 4", 0}},
+        {R"(<StackupLayer tolPlus="1" tolMinus="2" sequence="3" overallThickness="4">)", {"", "", 0}},
+        {R"(<StackupLayer layerOrGroupRef ="a" Thickness="1" kind="materialType" >)", {"", "", 0}},
+        {R"(<StackupLayer materialType="a" materialType="b">)", {"", "b", 0}},
         {"<StackupLayer>", {"", "", 0}},
-        {"<xStackupLayer_thickness=\"3\" >", {"", "", 3}},
+        {R"(<xStackupLayer_thickness="3" >)", {"", "", 3}},
     };
     for (const auto & [line, fields] : rows) {
         EXPECT_EQ(ReadLayer(line), fields) << line;
@@ -451,10 +489,10 @@ TEST(StackupLayer, ReadsItsAttributes)
 
 TEST(StackupLayer, ATokenWithTwoWordsGoesToTheEarlierRow)
 {
-    EXPECT_EQ(ReadLayer("<StackupLayer materialType=layerOrGroupRef=\"v\" >"),
+    EXPECT_EQ(ReadLayer(R"(<StackupLayer materialType=layerOrGroupRef="v" >)"),
               (LayerFields{"layerOrGroupRef=v", "", 0}));
-    EXPECT_EQ(ReadLayer("<StackupLayer thickness=layerOrGroupRef=\"v\" >"), (LayerFields{"layerOrGroupRef=v", "", 0}));
-    EXPECT_EQ(ReadLayer("<StackupLayer thickness=\"7\" thickness=materialType=\"v\" >"),
+    EXPECT_EQ(ReadLayer(R"(<StackupLayer thickness=layerOrGroupRef="v" >)"), (LayerFields{"layerOrGroupRef=v", "", 0}));
+    EXPECT_EQ(ReadLayer(R"(<StackupLayer thickness="7" thickness=materialType="v" >)"),
               (LayerFields{"", "materialType=v", 7}));
 }
 

@@ -23,20 +23,23 @@
 #include "ipc2581/draw/Polygon.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Below;
 using ipc2581::tests::Export;
 using ipc2581::tests::Exported;
+using ipc2581::tests::Joined;
 using ipc2581::tests::Lines;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Str;
+using ipc2581::tests::Texts;
 using ipc2581::tests::Tokens;
 
 using Step = CIPC2581_Ecad_CadData_Step;
 using Component = CIPC2581_Ecad_CadData_Step_Component;
 using Package = CIPC2581_Ecad_CadData_Step_Package;
-using Texts = std::vector<std::string>;
 
 class Behind : public Step {
 public:
@@ -147,7 +150,7 @@ TEST(Step, HasItsOperationsInOrder)
 
 TEST(Step, InitEmptiesTheNameAndForgetsTheBar)
 {
-    Read read(Board, "<Step name=\"s\">");
+    Read read(Board, R"(<Step name="s">)");
     CIPC2581_Polygon * const polygon = read.step.Profile.Polygon;
     read.step.Init();
     EXPECT_EQ(read.step.Name, "");
@@ -161,7 +164,7 @@ TEST(Step, InitEmptiesTheNameAndForgetsTheBar)
 
 TEST(Step, ACopyIsANamedEmptyBoard)
 {
-    Read read(Board, "<Step name=\"s\">");
+    Read read(Board, R"(<Step name="s">)");
     const Step copy(read.step);
     EXPECT_EQ(copy.Name, "s");
     EXPECT_EQ(copy.Progress, nullptr);
@@ -173,8 +176,8 @@ TEST(Step, ACopyIsANamedEmptyBoard)
 
 TEST(Step, AnAssignmentCopiesTheNameAlone)
 {
-    Read source(Board, "<Step name=\"s\">");
-    Read target(Board, "<Step name=\"t\">");
+    Read source(Board, R"(<Step name="s">)");
+    Read target(Board, R"(<Step name="t">)");
     target.step.Datum.SetX(9);
     target.step.PhyNetGroup.Name = "mine";
     EXPECT_EQ(&(target.step = source.step), &target.step);
@@ -192,7 +195,7 @@ TEST(Step, AnAssignmentCopiesTheNameAlone)
 
 TEST(Step, AssignmentToItselfChangesNothing)
 {
-    Read read(Board, "<Step name=\"s\">");
+    Read read(Board, R"(<Step name="s">)");
     const Step & same = read.step;
     read.step = same;
     EXPECT_EQ(read.step.Name, "s");
@@ -212,10 +215,10 @@ TEST(Step, SetProgressSendsThePosition)
 TEST(Step, TakesItsNameFromItsLine)
 {
     const std::vector<std::pair<std::string_view, std::string_view>> rows = {
-        {"<Step name=\"board\">", "board"},    {"<Step x=\"1\" name=\"two words\">", "two words"},
-        {"<Step name=\"a\" name=\"b\">", "b"}, {"<Step filename=\"f\" >", "f"},
-        {"<Step Name=\"a\" name =\"b\">", ""}, {"<Step>", ""},
-        {"<Step_name=\"t\" >", "t"},
+        {R"(<Step name="board">)", "board"},  {R"(<Step x="1" name="two words">)", "two words"},
+        {R"(<Step name="a" name="b">)", "b"}, {R"(<Step filename="f" >)", "f"},
+        {R"(<Step Name="a" name ="b">)", ""}, {"<Step>", ""},
+        {R"(<Step_name="t" >)", "t"},
     };
     for (const auto & [line, name] : rows) {
         EXPECT_EQ(Read("</Step>\n", line).step.Name, name) << line;
@@ -224,9 +227,9 @@ TEST(Step, TakesItsNameFromItsLine)
 
 TEST(Step, ALineWithoutANameKeepsTheFormer)
 {
-    Read read("</Step>\n", "<Step name=\"a\">");
+    Read read("</Step>\n", R"(<Step name="a">)");
     Lines lines({"</Step>"});
-    Tokens tokens("<Step x=\"1\">");
+    Tokens tokens(R"(<Step x="1">)");
     read.step.ReadStep(tokens, lines.File(), nullptr);
     EXPECT_EQ(read.step.Name, "a");
     EXPECT_EQ(read.step.Progress, nullptr);
@@ -284,7 +287,7 @@ TEST(Step, ReadsTheSameWithoutABar)
 {
     Lines lines{Board};
     Step step;
-    Tokens tokens("<Step name=\"s\">");
+    Tokens tokens(R"(<Step name="s">)");
     step.ReadStep(tokens, lines.File(), nullptr);
     EXPECT_EQ(step.Name, "s");
     EXPECT_EQ(Counts(step), (std::vector<std::int64_t>(6, 1)));
@@ -294,7 +297,12 @@ TEST(Step, ReadsTheSameWithoutABar)
 // The row that a line with this first word hits, told by what the line and a polygon behind it have filled.
 std::string HitBy(const std::string & word)
 {
-    Read read("<" + word + " name=\"v\" x=\"3\">\n<Polygon>\n<PolyBegin x=\"1\" y=\"2\"/>\n</Polygon>\n");
+    Read read("<" + word + Below(R"(
+ name="v" x="3">
+<Polygon>
+<PolyBegin x="1" y="2"/>
+</Polygon>
+)"));
     const std::vector<std::int64_t> counts = Counts(read.step);
     std::string hits;
     const std::pair<std::string_view, bool> rows[] = {
@@ -350,8 +358,19 @@ TEST(Step, OtherLinesAreIgnored)
                                         "LayerPad", "/CadData", "/Ste", "Polygon", "Contour", "Logical"}) {
         EXPECT_EQ(HitBy(std::string(word)), "") << word;
     }
-    Read read("\n<x Package Component>\n< Datum x=\"1\">\ntext\n<!-- Package -->\n<Component refDes=\"R1\">\n"
-              "</Component>\n<Unknown a=\"b\"/>\n<Component>\n</Component>\n</Step>\n");
+    Read read(Below(R"(
+
+<x Package Component>
+< Datum x="1">
+text
+<!-- Package -->
+<Component refDes="R1">
+</Component>
+<Unknown a="b"/>
+<Component>
+</Component>
+</Step>
+)"));
     EXPECT_EQ(Counts(read.step), (std::vector<std::int64_t>{0, 0, 2, 0, 0, 0}));
     EXPECT_EQ(read.step.Datum.GetX(), 0);
 }
@@ -367,8 +386,19 @@ TEST(Step, EndsAtItsClosingWordAnywhereInTheFirstToken)
 
 TEST(Step, ClosingTagsOfChildrenAreIgnored)
 {
-    Read read("</PadStack>\n</Datum>\n</Profile>\n</Package>\n</Component>\n</LogicalNet>\n</PhyNetGroup>\n"
-              "</LayerFeature>\n<Component refDes=\"R1\">\n</Component>\n</Step>\n");
+    Read read(Below(R"(
+</PadStack>
+</Datum>
+</Profile>
+</Package>
+</Component>
+</LogicalNet>
+</PhyNetGroup>
+</LayerFeature>
+<Component refDes="R1">
+</Component>
+</Step>
+)"));
     EXPECT_EQ(Counts(read.step), (std::vector<std::int64_t>{0, 0, 1, 0, 0, 0}));
 }
 
@@ -383,8 +413,15 @@ TEST(Step, AChildWithoutABlankAndWithItsSlashIsIgnored)
 
 TEST(Step, ASelfClosingChildTakesTheLinesBehindIt)
 {
-    Read read("<Component refDes=\"R1\"/>\n<Component refDes=\"R2\">\n<Location x=\"3\" y=\"4\"/>\n</Component>\n"
-              "<Component refDes=\"R3\">\n</Component>\n</Step>\n");
+    Read read(Below(R"(
+<Component refDes="R1"/>
+<Component refDes="R2">
+<Location x="3" y="4"/>
+</Component>
+<Component refDes="R3">
+</Component>
+</Step>
+)"));
     ASSERT_EQ(read.step.ComponentArray.GetSize(), 2);
     EXPECT_EQ(read.step.ComponentArray.GetAt(0)->RefDes, "R1");
     EXPECT_EQ(read.step.ComponentArray.GetAt(0)->Location.GetX(), 3);
@@ -393,7 +430,13 @@ TEST(Step, ASelfClosingChildTakesTheLinesBehindIt)
 
 TEST(Step, AChildThatIsNotClosedLosesWhatFollows)
 {
-    Read read("<Package name=\"P\">\n<Component refDes=\"R1\">\n</Component>\n</Step>\n<Layer>\n");
+    Read read(Below(R"(
+<Package name="P">
+<Component refDes="R1">
+</Component>
+</Step>
+<Layer>
+)"));
     EXPECT_EQ(Counts(read.step), (std::vector<std::int64_t>{0, 1, 0, 0, 0, 0}));
     EXPECT_EQ(read.Rest(), Texts{});
 }
@@ -406,20 +449,15 @@ TEST(Step, ReadsItsDatum)
         double y;
     };
     const std::vector<Row> rows = {
-        {"<Datum x=\"1.0\" y=\"2.0\"/>", 1, 2},
-        {"<Datum y=\"-2e1\" x=\"1.5mm\" >", 1.5, -20},
-        {"<Datum x=\"1\"/>", 1, 8},
-        {"<Datum y=\"1\"/>", 7, 1},
-        {"<Datum X=\"1\" y =\"2\">", 7, 8},
-        {"<Datum x=\"z\" y=\"\" >", 0, 0},
-        {"<Datum max=\"1\" >", 1, 8},
-        {"<Datum y=x=\"1\" >", 0, 8},
-        {"<Datum x=\"1\" x=\"2\" >", 2, 8},
-        {"<Datum>", 7, 8},
-        {"<Datum_x=\"3\" >", 3, 8},
+        {R"(<Datum x="1.0" y="2.0"/>)", 1, 2}, {R"(<Datum y="-2e1" x="1.5mm" >)", 1.5, -20},
+        {R"(<Datum x="1"/>)", 1, 8},           {R"(<Datum y="1"/>)", 7, 1},
+        {R"(<Datum X="1" y ="2">)", 7, 8},     {R"(<Datum x="z" y="" >)", 0, 0},
+        {R"(<Datum max="1" >)", 1, 8},         {R"(<Datum y=x="1" >)", 0, 8},
+        {R"(<Datum x="1" x="2" >)", 2, 8},     {"<Datum>", 7, 8},
+        {R"(<Datum_x="3" >)", 3, 8},
     };
     for (const Row & row : rows) {
-        Read read("<Datum x=\"7\" y=\"8\"/>\n" + std::string(row.line) + "\n<Component>\n");
+        Read read(Joined({R"(<Datum x="7" y="8"/>)"}) + std::string(row.line) + "\n<Component>\n");
         EXPECT_EQ(read.step.Datum.GetX(), row.x) << row.line;
         EXPECT_EQ(read.step.Datum.GetY(), row.y) << row.line;
         EXPECT_EQ(Counts(read.step)[2], 1) << row.line;
@@ -429,9 +467,9 @@ TEST(Step, ReadsItsDatum)
 TEST(Step, TakesTheNetOfAPadStack)
 {
     const std::vector<std::pair<std::string_view, std::string_view>> rows = {
-        {"<PadStack net=\"GND\">", "GND"}, {"<PadStack net=\"a b\" >", "a b"},     {"<PadStack internet=\"x\" >", "x"},
-        {"<PadStack Net=\"x\" >", ""},     {"<PadStack net =\"x\" >", ""},         {"<PadStack>", ""},
-        {"<PadStack_net=\"t\" >", "t"},    {"<PadStack net=\"\" name=\"n\">", ""},
+        {R"(<PadStack net="GND">)", "GND"}, {R"(<PadStack net="a b" >)", "a b"},   {R"(<PadStack internet="x" >)", "x"},
+        {R"(<PadStack Net="x" >)", ""},     {R"(<PadStack net ="x" >)", ""},       {"<PadStack>", ""},
+        {R"(<PadStack_net="t" >)", "t"},    {R"(<PadStack net="" name="n">)", ""},
     };
     for (const auto & [line, net] : rows) {
         EXPECT_EQ(Read(std::string(line) + "\n").step.PadStackArray.GetAt(0)->NetName, net) << line;
@@ -448,16 +486,16 @@ TEST(Step, TakesNameAndTypeOfAPackage)
         int code;
     };
     const std::vector<Row> rows = {
-        {"<Package name=\"P1\" type=\"SOIC\">", "P1", "SOIC", 0},
-        {"<Package type=\"" + chip + "\" name=\"P 2\" >", "P 2", chip, 8},
-        {"<Package type=\"" + chip + "\" type=\"SOIC\" >", "", "SOIC", 0},
-        {"<Package type=\"TRIMPOT_TH" + std::string(9, '\t') + "\" pinOne=\"1\">", "",
+        {R"(<Package name="P1" type="SOIC">)", "P1", "SOIC", 0},
+        {R"(<Package type=")" + chip + R"(" name="P 2" >)", "P 2", chip, 8},
+        {R"(<Package type=")" + chip + R"(" type="SOIC" >)", "", "SOIC", 0},
+        {R"(<Package type="TRIMPOT_TH)" + std::string(9, '\t') + R"(" pinOne="1">)", "",
          "TRIMPOT_TH" + std::string(9, '\t'), 48},
-        {"<Package subtype=\"a\" filename=\"b\" >", "b", "a", 0},
-        {"<Package Name=\"a\" Type=\"b\" height=\"1\">", "", "", 0},
-        {"<Package type=name=\"a\" >", "name=a", "", 0},
+        {R"(<Package subtype="a" filename="b" >)", "b", "a", 0},
+        {R"(<Package Name="a" Type="b" height="1">)", "", "", 0},
+        {R"(<Package type=name="a" >)", "name=a", "", 0},
         {"<Package>", "", "", 0},
-        {"<Package_name=\"t\" >", "t", "", 0},
+        {R"(<Package_name="t" >)", "t", "", 0},
     };
     for (const Row & row : rows) {
         Read read(row.line + "\n");
@@ -484,18 +522,18 @@ std::pair<Texts, double> ComponentOf(std::string_view line)
 TEST(Step, TakesTheAttributesOfAComponent)
 {
     const std::vector<std::pair<std::string_view, std::pair<Texts, double>>> rows = {
-        {"<Component refDes=\"R1\" packageRef=\"P1\" layerRef=\"TOP\" part=\"X\" mountType=\"SMT\" standoff=\"0.1\""
-         " height=\"1.5\">",
+        {R"(<Component refDes="R1" packageRef="P1" layerRef="TOP" part="X" mountType="SMT" standoff="0.1")"
+         R"( height="1.5">)",
          {{"R1", "P1", "TOP", "X", "SMT", "0.1"}, 1.5}},
-        {"<Component height=\"-1e1\" standoff=\"two words\" mountType=\"any\" part=\"a b c\" layerRef=\"L\""
-         " packageRef=\"P\" refDes=\"R\"/>",
+        {R"(<Component height="-1e1" standoff="two words" mountType="any" part="a b c" layerRef="L")"
+         R"( packageRef="P" refDes="R"/>)",
          {{"R", "P", "L", "a b c", "any", "two words"}, -10}},
         {"<Component>", {{"", "", "", "", "OTHER", ""}, 0}},
-        {"<Component refdes=\"a\" part =\"b\" weight=\"2\" x=\"height\">", {{"", "", "", "", "OTHER", ""}, 0}},
-        {"<Component mountType=\"\" height=\"z\">", {{"", "", "", "", "", ""}, 0}},
-        {"<Component counterpart=\"c\" subheight=\"3\" >", {{"", "", "", "c", "OTHER", ""}, 3}},
-        {"<Component refDes=\"a\" refDes=\"b\" >", {{"b", "", "", "", "OTHER", ""}, 0}},
-        {"<Component_refDes=\"t\" >", {{"t", "", "", "", "OTHER", ""}, 0}},
+        {R"(<Component refdes="a" part ="b" weight="2" x="height">)", {{"", "", "", "", "OTHER", ""}, 0}},
+        {R"(<Component mountType="" height="z">)", {{"", "", "", "", "", ""}, 0}},
+        {R"(<Component counterpart="c" subheight="3" >)", {{"", "", "", "c", "OTHER", ""}, 3}},
+        {R"(<Component refDes="a" refDes="b" >)", {{"b", "", "", "", "OTHER", ""}, 0}},
+        {R"(<Component_refDes="t" >)", {{"t", "", "", "", "OTHER", ""}, 0}},
     };
     for (const auto & [line, fields] : rows) {
         EXPECT_EQ(ComponentOf(line), fields) << line;
@@ -509,7 +547,7 @@ TEST(Step, AComponentTokenWithTwoWordsGoesToTheEarlierRow)
         for (std::size_t later = earlier + 1; later < words.size(); ++later) {
             Texts expected = {"", "", "", "", "OTHER", ""};
             expected[earlier] = words[earlier] + "v";
-            EXPECT_EQ(ComponentOf("<Component height=\"7\" " + words[later] + words[earlier] + "\"v\" >"),
+            EXPECT_EQ(ComponentOf(R"(<Component height="7" )" + words[later] + words[earlier] + R"("v" >)"),
                       std::make_pair(expected, 7.0))
                 << words[later];
         }
@@ -519,10 +557,10 @@ TEST(Step, AComponentTokenWithTwoWordsGoesToTheEarlierRow)
 TEST(Step, TakesTheNameOfALogicalNet)
 {
     const std::vector<std::pair<std::string_view, std::string_view>> rows = {
-        {"<LogicalNet name=\"GND\">", "GND"},  {"<LogicalNet name=\"a b\" >", "a b"},
-        {"<LogicalNet nickname=\"x\" >", "x"}, {"<LogicalNet Name=\"x\">", ""},
-        {"<LogicalNet netClass=\"CLK\">", ""}, {"<LogicalNet>", ""},
-        {"<LogicalNet_name=\"t\" >", "t"},
+        {R"(<LogicalNet name="GND">)", "GND"},  {R"(<LogicalNet name="a b" >)", "a b"},
+        {R"(<LogicalNet nickname="x" >)", "x"}, {R"(<LogicalNet Name="x">)", ""},
+        {R"(<LogicalNet netClass="CLK">)", ""}, {"<LogicalNet>", ""},
+        {R"(<LogicalNet_name="t" >)", "t"},
     };
     for (const auto & [line, name] : rows) {
         EXPECT_EQ(Read(std::string(line) + "\n").step.LogicalNetArray.GetAt(0)->Name, name) << line;
@@ -531,8 +569,15 @@ TEST(Step, TakesTheNameOfALogicalNet)
 
 TEST(Step, ALogicalNetPinOnItsOwnOpensANet)
 {
-    Read read("<LogicalNet name=\"n\">\n<LogicalNetPin pin=\"1\" componentRef=\"R1\">\n</LogicalNetPin>\n"
-              "<LogicalNetPin pin=\"2\" componentRef=\"R2\">\n</LogicalNetPin>\n</LogicalNet>\n</Step>\n");
+    Read read(Below(R"(
+<LogicalNet name="n">
+<LogicalNetPin pin="1" componentRef="R1">
+</LogicalNetPin>
+<LogicalNetPin pin="2" componentRef="R2">
+</LogicalNetPin>
+</LogicalNet>
+</Step>
+)"));
     ASSERT_EQ(read.step.LogicalNetArray.GetSize(), 2);
     EXPECT_EQ(read.step.LogicalNetArray.GetAt(0)->LogicalNetPinArray->GetSize(), 1);
     EXPECT_EQ(read.step.LogicalNetArray.GetAt(1)->Name, "");
@@ -543,9 +588,9 @@ TEST(Step, ALogicalNetPinOnItsOwnOpensANet)
 TEST(Step, TakesTheNameOfThePhyNetGroup)
 {
     const std::vector<std::pair<std::string_view, std::string_view>> rows = {
-        {"<PhyNetGroup name=\"g\">", "g"},        {"<PhyNetGroup filename=\"x y\" >", "x y"},
-        {"<PhyNetGroup optimized=\"TRUE\">", ""}, {"<PhyNetGroup>", ""},
-        {"<PhyNetGroup_name=\"t\" >", "t"},
+        {R"(<PhyNetGroup name="g">)", "g"},        {R"(<PhyNetGroup filename="x y" >)", "x y"},
+        {R"(<PhyNetGroup optimized="TRUE">)", ""}, {"<PhyNetGroup>", ""},
+        {R"(<PhyNetGroup_name="t" >)", "t"},
     };
     for (const auto & [line, name] : rows) {
         EXPECT_EQ(Read(std::string(line) + "\n").step.PhyNetGroup.Name, name) << line;
@@ -554,9 +599,19 @@ TEST(Step, TakesTheNameOfThePhyNetGroup)
 
 TEST(Step, ThereIsOnePhyNetGroup)
 {
-    Read read("<PhyNetGroup name=\"a\">\n<PhyNet name=\"1\">\n</PhyNet>\n</PhyNetGroup>\n"
-              "<PhyNetGroup>\n<PhyNet name=\"2\">\n</PhyNet>\n</PhyNetGroup>\n"
-              "<PhyNetGroup name=\"c\">\n</PhyNetGroup>\n</Step>\n");
+    Read read(Below(R"(
+<PhyNetGroup name="a">
+<PhyNet name="1">
+</PhyNet>
+</PhyNetGroup>
+<PhyNetGroup>
+<PhyNet name="2">
+</PhyNet>
+</PhyNetGroup>
+<PhyNetGroup name="c">
+</PhyNetGroup>
+</Step>
+)"));
     EXPECT_EQ(read.step.PhyNetGroup.Name, "c");
     EXPECT_EQ(read.step.PhyNetGroup.PhyNetArray.GetSize(), 2);
     EXPECT_EQ(read.bar.positions, (std::vector<int>{70, 70, 70}));
@@ -565,9 +620,9 @@ TEST(Step, ThereIsOnePhyNetGroup)
 TEST(Step, TakesTheLayerOfALayerFeature)
 {
     const std::vector<std::pair<std::string_view, std::string_view>> rows = {
-        {"<LayerFeature layerRef=\"TOP\">", "TOP"}, {"<LayerFeature xlayerRef=\"a b\" >", "a b"},
-        {"<LayerFeature LayerRef=\"TOP\">", ""},    {"<LayerFeature>", ""},
-        {"<LayerFeature_layerRef=\"t\" >", "t"},
+        {R"(<LayerFeature layerRef="TOP">)", "TOP"}, {R"(<LayerFeature xlayerRef="a b" >)", "a b"},
+        {R"(<LayerFeature LayerRef="TOP">)", ""},    {"<LayerFeature>", ""},
+        {R"(<LayerFeature_layerRef="t" >)", "t"},
     };
     for (const auto & [line, layer] : rows) {
         EXPECT_EQ(Read(std::string(line) + "\n").step.LayerFeatureArray.GetAt(0)->LayerRef, layer) << line;
@@ -576,10 +631,20 @@ TEST(Step, TakesTheLayerOfALayerFeature)
 
 TEST(Step, TwoProfilesFillOne)
 {
-    Read read(
-        "<Profile>\n<Polygon>\n<PolyBegin x=\"1\" y=\"1\"/>\n<PolyStepSegment x=\"2\" y=\"2\"/>\n</Polygon>\n"
-        "</Profile>\n<Profile name=\"x\">\n<Polygon>\n<PolyStepSegment x=\"3\" y=\"3\"/>\n</Polygon>\n</Profile>\n"
-        "</Step>\n");
+    Read read(Below(R"(
+<Profile>
+<Polygon>
+<PolyBegin x="1" y="1"/>
+<PolyStepSegment x="2" y="2"/>
+</Polygon>
+</Profile>
+<Profile name="x">
+<Polygon>
+<PolyStepSegment x="3" y="3"/>
+</Polygon>
+</Profile>
+</Step>
+)"));
     EXPECT_EQ(read.step.Profile.Polygon->GetPolyStepArray()->GetSize(), 2);
     EXPECT_EQ(read.step.Profile.Polygon->GetPolyBegin()->GetPoint_X(), 1);
     EXPECT_EQ(read.bar.positions, std::vector<int>{});
@@ -587,17 +652,25 @@ TEST(Step, TwoProfilesFillOne)
 
 TEST(Step, KeepsDuplicatesSideBySide)
 {
-    Read read(
-        "<Package name=\"P\">\n</Package>\n<Package name=\"P\">\n</Package>\n<Component refDes=\"R\">\n</Component>\n"
-        "<Component refDes=\"R\" packageRef=\"none\">\n</Component>\n</Step>\n");
+    Read read(Below(R"(
+<Package name="P">
+</Package>
+<Package name="P">
+</Package>
+<Component refDes="R">
+</Component>
+<Component refDes="R" packageRef="none">
+</Component>
+</Step>
+)"));
     EXPECT_EQ(Counts(read.step), (std::vector<std::int64_t>{0, 2, 2, 0, 0, 0}));
 }
 
 TEST(Step, ASecondReadAddsToWhatIsThere)
 {
-    Read read(Board, "<Step name=\"a\">");
+    Read read(Board, R"(<Step name="a">)");
     Lines lines{Board};
-    Tokens tokens("<Step name=\"b\">");
+    Tokens tokens(R"(<Step name="b">)");
     read.step.ReadStep(tokens, lines.File(), nullptr);
     EXPECT_EQ(read.step.Name, "b");
     EXPECT_EQ(Counts(read.step), (std::vector<std::int64_t>(6, 2)));
@@ -606,11 +679,28 @@ TEST(Step, ASecondReadAddsToWhatIsThere)
 TEST(Step, AChildThatTheEndOfTheFileMeetsIsStored)
 {
     const std::vector<std::pair<std::string_view, std::vector<int>>> rows = {
-        {"<PadStack net=\"n\">\n<LayerPad layerRef=\"x\">\n", {}},
-        {"<Package name=\"P\">\n<Pin number=\"1\">\n", {40}},
-        {"<Component refDes=\"R\">\n<Xform rotation=\"1\"/>\n", {50}},
+        {Below(R"(
+<PadStack net="n">
+<LayerPad layerRef="x">
+)"),
+         {}},
+        {Below(R"(
+<Package name="P">
+<Pin number="1">
+)"),
+         {40}},
+        {Below(R"(
+<Component refDes="R">
+<Xform rotation="1"/>
+)"),
+         {50}},
         {"<LogicalNet name=\"n\">\n", {60}},
-        {"<LayerFeature layerRef=\"L\">\n<Set>\n<Features>\n", {80}},
+        {Below(R"(
+<LayerFeature layerRef="L">
+<Set>
+<Features>
+)"),
+         {80}},
     };
     for (const auto & [bytes, positions] : rows) {
         Read read(bytes);
@@ -618,7 +708,11 @@ TEST(Step, AChildThatTheEndOfTheFileMeetsIsStored)
         EXPECT_EQ(std::count(counts.begin(), counts.end(), 1), 1) << bytes;
         EXPECT_EQ(read.bar.positions, positions) << bytes;
     }
-    Read group("<PhyNetGroup name=\"g\">\n<PhyNet name=\"p\">\n<PhyNetPoint x=\"1\">\n");
+    Read group(Below(R"(
+<PhyNetGroup name="g">
+<PhyNet name="p">
+<PhyNetPoint x="1">
+)"));
     EXPECT_EQ(group.step.PhyNetGroup.PhyNetArray.GetSize(), 1);
     EXPECT_EQ(group.bar.positions, std::vector<int>{70});
 }
@@ -627,7 +721,7 @@ TEST(Step, ALineOfBlanksThrows)
 {
     Lines lines({"<Component>", "</Component>", "  ", "<Component>"});
     Step step;
-    Tokens tokens("<Step name=\"s\">");
+    Tokens tokens(R"(<Step name="s">)");
     EXPECT_THROW(step.ReadStep(tokens, lines.File(), nullptr), CInvalidArgException);
     EXPECT_EQ(step.Name, "s");
     EXPECT_EQ(step.ComponentArray.GetSize(), 1);
@@ -652,9 +746,9 @@ TEST(Step, AChildInHandStaysOutsideWhenAnExceptionPasses)
 TEST(Step, ACutValueThrowsAndStoresNothing)
 {
     for (const std::string_view line :
-         {"<PadStack net=\"open", "<Datum x=\"1", "<Package name=\"open", "<Package type=\"open and on",
-          "<Component refDes=\"open", "<Component height=\"1", "<LogicalNet name=", "<PhyNetGroup name=plain",
-          "<LayerFeature layerRef=\""}) {
+         {R"(<PadStack net="open)", R"(<Datum x="1)", R"(<Package name="open)", R"(<Package type="open and on)",
+          R"(<Component refDes="open)", R"(<Component height="1)", "<LogicalNet name=", "<PhyNetGroup name=plain",
+          R"(<LayerFeature layerRef=")"}) {
         Lines lines({line, "<Component>"});
         Step step;
         Tokens tokens("<Step>");
@@ -664,14 +758,21 @@ TEST(Step, ACutValueThrowsAndStoresNothing)
     }
     Lines lines({"<Component>"});
     Step step;
-    Tokens tokens("<Step name=\"open");
+    Tokens tokens(R"(<Step name="open)");
     EXPECT_THROW(step.ReadStep(tokens, lines.File(), nullptr), CInvalidArgException);
     EXPECT_EQ(lines.Rest(), Texts{"<Component>"});
 }
 
 TEST(Step, AnOpenValueThatNobodyTakesIsHarmless)
 {
-    Read read("<Profile name=\"open\n</Profile>\n<Datum name=\"open\n<Component note=\"open\n</Component>\n</Step>\n");
+    Read read(Below(R"(
+<Profile name="open
+</Profile>
+<Datum name="open
+<Component note="open
+</Component>
+</Step>
+)"));
     EXPECT_EQ(Counts(read.step)[2], 1);
 }
 
@@ -688,64 +789,78 @@ TEST(Step, TheExceptionComesWithTheBarAlreadyStored)
 TEST(Step, WritesItsLinesWhereEverythingIsEmpty)
 {
     Step step;
-    EXPECT_EQ(Exported(step, 0), (Export{1, "   <Step name=\"\">\n"
-                                            "      <Datum x=\"0.000000\" y=\"0.000000\" />\n"
-                                            "      <Profile>\n"
-                                            "         <Polygon>\n"
-                                            "            <PolyBegin x=\"0.000000\" y=\"0.000000\" />\n"
-                                            "         </Polygon>\n"
-                                            "      </Profile>\n"
-                                            "      <PhyNetGroup name=\"\">\n"
-                                            "      </PhyNetGroup>\n"
-                                            "   </Step>\n"}));
+    EXPECT_EQ(Exported(step, 0), (Export{1, Below(R"(
+   <Step name="">
+      <Datum x="0.000000" y="0.000000" />
+      <Profile>
+         <Polygon>
+            <PolyBegin x="0.000000" y="0.000000" />
+         </Polygon>
+      </Profile>
+      <PhyNetGroup name="">
+      </PhyNetGroup>
+   </Step>
+)")}));
 }
 
 TEST(Step, WritesItsChildrenInItsOwnOrder)
 {
-    Read read(Board, "<Step name=\"s & t\">");
-    EXPECT_EQ(Exported(read.step, 1),
-              (Export{1, "      <Step name=\"s & t\">\n"
-                         "         <Datum x=\"1.500000\" y=\"-2.500000\" />\n"
-                         "         <Profile>\n"
-                         "            <Polygon>\n"
-                         "               <PolyBegin x=\"1.000000\" y=\"2.000000\" />\n"
-                         "            </Polygon>\n"
-                         "         </Profile>\n"
-                         "         <Package name=\"P\" type=\"T\">\n"
-                         "            <SilkScreen>\n"
-                         "            </SilkScreen>\n"
-                         "         </Package>\n"
-                         "         <Component refDes=\"R1\" packageRef=\"\" layerRef=\"\" part=\"\" mountType=\"OTHER\""
-                         " standoff=\"\" height=\"0.0\">\n"
-                         "            <Xform rotation=\"0.000000\"/>\n"
-                         "            <Location x=\"0.000000\" y=\"0.000000\"/>\n"
-                         "         </Component>\n"
-                         "         <LogicalNet name=\"n\">\n"
-                         "         </LogicalNet>\n"
-                         "         <PhyNetGroup name=\"g\">\n"
-                         "            <PhyNet name=\"p\">\n"
-                         "            </PhyNet>\n"
-                         "         </PhyNetGroup>\n"
-                         "         <LayerFeature layerRef=\"TOP\">\n"
-                         "            <Set>\n"
-                         "               <ColorRef id=\"\" />\n"
-                         "            </Set>\n"
-                         "         </LayerFeature>\n"
-                         "      </Step>\n"}));
+    Read read(Board, R"(<Step name="s & t">)");
+    EXPECT_EQ(Exported(read.step, 1), (Export{1, Below(R"(
+      <Step name="s & t">
+         <Datum x="1.500000" y="-2.500000" />
+         <Profile>
+            <Polygon>
+               <PolyBegin x="1.000000" y="2.000000" />
+            </Polygon>
+         </Profile>
+         <Package name="P" type="T">
+            <SilkScreen>
+            </SilkScreen>
+         </Package>
+         <Component refDes="R1" packageRef="" layerRef="" part="" mountType="OTHER" standoff="" height="0.0">
+            <Xform rotation="0.000000"/>
+            <Location x="0.000000" y="0.000000"/>
+         </Component>
+         <LogicalNet name="n">
+         </LogicalNet>
+         <PhyNetGroup name="g">
+            <PhyNet name="p">
+            </PhyNet>
+         </PhyNetGroup>
+         <LayerFeature layerRef="TOP">
+            <Set>
+               <ColorRef id="" />
+            </Set>
+         </LayerFeature>
+      </Step>
+)")}));
 }
 
 TEST(Step, WritesNoPadStack)
 {
-    Read read("<PadStack net=\"n\">\n<LayerPad layerRef=\"TOP\">\n</LayerPad>\n</PadStack>\n</Step>\n");
+    Read read(Below(R"(
+<PadStack net="n">
+<LayerPad layerRef="TOP">
+</LayerPad>
+</PadStack>
+</Step>
+)"));
     EXPECT_EQ(Exported(read.step, 0).text.find("Pad"), std::string::npos);
     EXPECT_EQ(read.step.PadStackArray.GetSize(), 1);
 }
 
 TEST(Step, KeepsTheFileOrderOfChildrenOfOneKind)
 {
-    Read read("<Component refDes=\"B\">\n</Component>\n<Component refDes=\"A\">\n</Component>\n</Step>\n");
+    Read read(Below(R"(
+<Component refDes="B">
+</Component>
+<Component refDes="A">
+</Component>
+</Step>
+)"));
     const std::string text = Exported(read.step, 0).text;
-    EXPECT_LT(text.find("refDes=\"B\""), text.find("refDes=\"A\""));
+    EXPECT_LT(text.find(R"(refDes="B")"), text.find(R"(refDes="A")"));
 }
 
 // A child that writes its name and its level in place of its lines.
@@ -800,8 +915,7 @@ TEST(Step, WritesNegativeZeroAndLargeNumbersAsTheyAre)
 {
     Step step;
     step.Datum.SetData(-0.0, 1e15);
-    EXPECT_NE(Exported(step, 0).text.find("<Datum x=\"-0.000000\" y=\"1000000000000000.000000\" />"),
-              std::string::npos);
+    EXPECT_NE(Exported(step, 0).text.find(R"(<Datum x="-0.000000" y="1000000000000000.000000" />)"), std::string::npos);
 }
 
 }  // namespace

@@ -21,6 +21,7 @@
 #include "tests/cad/Models.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
@@ -29,7 +30,7 @@ using Target = CIPC2581_Ecad_CadData_Step_Target;
 using TargetArray = CIPC2581_Ecad_CadData_Step_TargetArray;
 
 // Reads the lines under a Target line and gives those that are left.
-TextLines Read(Target & target, std::initializer_list<std::string_view> lines)
+Texts Read(Target & target, std::initializer_list<std::string_view> lines)
 {
     Lines file(lines);
     target.TargetAdd(file);
@@ -109,36 +110,36 @@ TEST(Target, TakesLocationAndIdByValue)
 
 class NotedTransform : public CIPC2581_Xform {
 public:
-    explicit NotedTransform(TextLines & notes) : m_notes(notes) {}
+    explicit NotedTransform(Texts & notes) : m_notes(notes) {}
     ~NotedTransform() override { m_notes.emplace_back("transform"); }
 
 private:
-    TextLines & m_notes;
+    Texts & m_notes;
 };
 
 class NotedShapes : public CIPC2581_DrawObjArray {
 public:
-    explicit NotedShapes(TextLines & notes) : m_notes(notes) {}
+    explicit NotedShapes(Texts & notes) : m_notes(notes) {}
     ~NotedShapes() override { m_notes.emplace_back("shapes"); }
 
 private:
-    TextLines & m_notes;
+    Texts & m_notes;
 };
 
 TEST(Target, DeletesItsTransformBeforeItsShapes)
 {
-    TextLines notes;
+    Texts notes;
     {
         Target target;
         Replace(target.Xform, std::make_unique<NotedTransform>(notes));
         Replace(target.DrawObjArray, std::make_unique<NotedShapes>(notes));
     }
-    EXPECT_EQ(notes, (TextLines{"transform", "shapes"}));
+    EXPECT_EQ(notes, (Texts{"transform", "shapes"}));
 }
 
 TEST(Target, GoesWithoutItsParts)
 {
-    TextLines notes;
+    Texts notes;
     {
         Target target;
         Replace(target.Xform, std::make_unique<NotedTransform>(notes));
@@ -151,7 +152,7 @@ TEST(Target, GoesWithoutItsParts)
         delete target.Xform;
         target.Xform = nullptr;
     }
-    EXPECT_EQ(notes, (TextLines{"transform", "shapes"}));
+    EXPECT_EQ(notes, (Texts{"transform", "shapes"}));
 }
 
 TEST(Target, ACopySharesTransformAndShapes)
@@ -188,38 +189,40 @@ TEST(Target, AssignmentSharesTransformAndShapes)
 TEST(Target, ReadsItsLocationAndItsTwoShapes)
 {
     Target target;
-    EXPECT_EQ(Read(target, {"<Polyline>", "<PolyBegin x=\"1\" y=\"2\"/>", "<PolyStepSegment x=\"3\" y=\"4\"/>",
-                            "<LineDesc lineEnd=\"SQUARE\" lineWidth=\"0.5\"/>", "</Polyline>",
-                            "<Location x=\"5\" y=\"6\"/>", "<Contour>", "<Polygon>", "<PolyBegin x=\"7\" y=\"8\"/>",
+    EXPECT_EQ(Read(target, {"<Polyline>", R"(<PolyBegin x="1" y="2"/>)", R"(<PolyStepSegment x="3" y="4"/>)",
+                            R"(<LineDesc lineEnd="SQUARE" lineWidth="0.5"/>)", "</Polyline>",
+                            R"(<Location x="5" y="6"/>)", "<Contour>", "<Polygon>", R"(<PolyBegin x="7" y="8"/>)",
                             "</Polygon>", "</Contour>", "</Target>", "left"}),
-              TextLines{"left"});
+              Texts{"left"});
     ASSERT_EQ(DrawTypes(target), (std::vector<int>{20, 3}));
     EXPECT_NE(dynamic_cast<CIPC2581_PolyLine *>(target.DrawObjArray->GetAt(0)), nullptr);
     EXPECT_NE(dynamic_cast<CIPC2581_DicDraw_Contour *>(target.DrawObjArray->GetAt(1)), nullptr);
     EXPECT_EQ(target.ID, "NONE");
-    ExpectExport(target, "   <Target>\n"
-                         "      <Location x=\"5.000000\" y=\"6.000000\" />\n"
-                         "      <Polyline>\n"
-                         "         <PolyBegin x=\"1.000000\" y=\"2.000000\" />\n"
-                         "         <PolyStepSegment x=\"3.000000\" y=\"4.000000\" />\n"
-                         "         <LineDesc lineEnd=\"SQUARE\" lineWidth=\"0.500000\" />\n"
-                         "      </Polyline>\n"
-                         "      <Contour>\n"
-                         "         <Polygon>\n"
-                         "            <PolyBegin x=\"7.000000\" y=\"8.000000\" />\n"
-                         "         </Polygon>\n"
-                         "      </Contour>\n"
-                         "   </Target>\n");
+    ExpectExport(target, Below(R"(
+   <Target>
+      <Location x="5.000000" y="6.000000" />
+      <Polyline>
+         <PolyBegin x="1.000000" y="2.000000" />
+         <PolyStepSegment x="3.000000" y="4.000000" />
+         <LineDesc lineEnd="SQUARE" lineWidth="0.500000" />
+      </Polyline>
+      <Contour>
+         <Polygon>
+            <PolyBegin x="7.000000" y="8.000000" />
+         </Polygon>
+      </Contour>
+   </Target>
+)"));
 }
 
 TEST(Target, IgnoresLinesCirclesAndTransforms)
 {
     Target target;
     EXPECT_EQ(
-        Read(target, {"", "<Circle diameter=\"1\"/>", "<Line startX=\"1\">", "<LineDesc lineWidth=\"1\"/>", "</Line>",
-                      "<Xform rotation=\"90\" mirror=\"TRUE\"/>", "<Target ID=\"T1\" id=\"T2\">", "<PolyLine>",
+        Read(target, {"", R"(<Circle diameter="1"/>)", R"(<Line startX="1">)", R"(<LineDesc lineWidth="1"/>)",
+                      "</Line>", R"(<Xform rotation="90" mirror="TRUE"/>)", R"(<Target ID="T1" id="T2">)", "<PolyLine>",
                       "</PolyLine>", "<contour>", "< Contour>", "</SilkScreen>", "</target>", "</Target>", "left"}),
-        TextLines{"left"});
+        Texts{"left"});
     EXPECT_TRUE(target.DrawObjArray->IsEmpty());
     EXPECT_EQ(target.Xform->Rotation, 0.0);
     EXPECT_EQ(target.Xform->Mirror, 0);
@@ -231,7 +234,7 @@ TEST(Target, TestsForTheContourFirst)
 {
     Target target;
     Read(target,
-         {"<LocationContour x=\"1\">", "</Contour>", "<PolylineContour>", "</Polyline>", "</Contour>", "</Target>"});
+         {R"(<LocationContour x="1">)", "</Contour>", "<PolylineContour>", "</Polyline>", "</Contour>", "</Target>"});
     EXPECT_EQ(DrawTypes(target), (std::vector<int>{3, 3}));
     ExpectAt(target, 0.0, 0.0);
 }
@@ -239,18 +242,18 @@ TEST(Target, TestsForTheContourFirst)
 TEST(Target, TestsForTheLocationBeforeThePolyline)
 {
     Target target;
-    EXPECT_EQ(Read(target, {"<PolylineLocation x=\"1\">", "</Target>", "left"}), TextLines{"left"});
+    EXPECT_EQ(Read(target, {R"(<PolylineLocation x="1">)", "</Target>", "left"}), Texts{"left"});
     EXPECT_TRUE(target.DrawObjArray->IsEmpty());
     ExpectAt(target, 1.0, 0.0);
 }
 
 TEST(Target, ATestThatTheSlashTurnsAwayFallsThroughToTheEnd)
 {
-    for (const char * const closing : {"</TargetContour>", "</TargetLocation x=\"1\">", "</TargetPolyline>"}) {
+    for (const char * const closing : {"</TargetContour>", R"(</TargetLocation x="1">)", "</TargetPolyline>"}) {
         Target target;
-        EXPECT_EQ(Read(target, {"<Contour/>", "</Contour>", "<Location/ x=\"1\">", "</Location x=\"1\">", "<Polyline/>",
-                                "</Polyline>", closing, "left"}),
-                  TextLines{"left"})
+        EXPECT_EQ(Read(target, {"<Contour/>", "</Contour>", R"(<Location/ x="1">)", R"(</Location x="1">)",
+                                "<Polyline/>", "</Polyline>", closing, "left"}),
+                  Texts{"left"})
             << closing;
         EXPECT_TRUE(target.DrawObjArray->IsEmpty());
         ExpectAt(target, 0.0, 0.0);
@@ -260,15 +263,14 @@ TEST(Target, ATestThatTheSlashTurnsAwayFallsThroughToTheEnd)
 TEST(Target, ScansItsLocationForXBeforeY)
 {
     Target target;
-    Read(target,
-         {"<Locationy=\"4\" x=\"3\">", "<Location y=\"9\"x=\"8\">", "<Location X=\"5\" yy =\"6\"/>", "</Target>"});
+    Read(target, {R"(<Locationy="4" x="3">)", R"(<Location y="9"x="8">)", R"(<Location X="5" yy ="6"/>)", "</Target>"});
     ExpectAt(target, 9.0, 4.0);
-    Read(target, {"<Location y=\"bad\"/>", "</Target>"});
+    Read(target, {R"(<Location y="bad"/>)", "</Target>"});
     ExpectAt(target, 9.0, 0.0);
 }
 
-const TextLines kTargetLines = {"<Contour>",  "<Polygon>",   "</Polygon>",  "</Contour>", "<Location x=\"1\"/>",
-                                "<Polyline>", "<LineDesc/>", "</Polyline>", "</Target>"};
+const Texts kTargetLines = {"<Contour>",  "<Polygon>",   "</Polygon>",  "</Contour>", R"(<Location x="1"/>)",
+                            "<Polyline>", "<LineDesc/>", "</Polyline>", "</Target>"};
 
 TEST(Target, EndsQuietlyAtTheEndOfTheFile)
 {
@@ -287,7 +289,7 @@ TEST(Target, ThrowsForALineOfBlanks)
 
 TEST(Target, LosesTheShapeInHandWithAnException)
 {
-    for (const char * const line : {"<Contour>", "<Polyline>", "<Location x=\"1>"}) {
+    for (const char * const line : {"<Contour>", "<Polyline>", R"(<Location x="1>)"}) {
         Target target;
         EXPECT_THROW(Read(target, {"<Contour>", "</Contour>", line, "  ", "</Target>"}), CInvalidArgException) << line;
         EXPECT_EQ(DrawTypes(target), std::vector<int>{3});
@@ -299,9 +301,11 @@ TEST(Target, WritesItsLocationAndNeitherIdNorTransform)
     Target target;
     target.ID = "T1";
     target.Xform->Rotation = 90.0;
-    ExpectExport(target, "   <Target>\n"
-                         "      <Location x=\"0.000000\" y=\"0.000000\" />\n"
-                         "   </Target>\n");
+    ExpectExport(target, Below(R"(
+   <Target>
+      <Location x="0.000000" y="0.000000" />
+   </Target>
+)"));
 }
 
 TEST(Target, StopsAtTheFirstShapeThatGivesZero)
@@ -310,9 +314,12 @@ TEST(Target, StopsAtTheFirstShapeThatGivesZero)
     target.DrawObjArray->Add(new Writing<CIPC2581_DrawObj>("first"));
     target.DrawObjArray->Add(new Writing<CIPC2581_DrawObj>("second", 0));
     target.DrawObjArray->Add(new CIPC2581_DicDraw_Circle);
-    EXPECT_EQ(Exported(target), (Export{0, "   <Target>\n"
-                                           "      <Location x=\"0.000000\" y=\"0.000000\" />\n"
-                                           "first at 1\nsecond at 1\n"}));
+    EXPECT_EQ(Exported(target), (Export{0, Below(R"(
+   <Target>
+      <Location x="0.000000" y="0.000000" />
+first at 1
+second at 1
+)")}));
 }
 
 TEST(TargetArray, OwnsItsTargets)

@@ -20,16 +20,20 @@
 #include "ipc2581/document/XmlLiteReader.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Below;
 using ipc2581::tests::Bytes;
 using ipc2581::tests::Export;
 using ipc2581::tests::Exported;
+using ipc2581::tests::Joined;
 using ipc2581::tests::Lines;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Str;
 using ipc2581::tests::TempFolder;
+using ipc2581::tests::Texts;
 using ipc2581::tests::Tokens;
 using ipc2581::tests::Written;
 
@@ -40,7 +44,6 @@ using User = CIPC2581_Content_DictionaryUser;
 using EntryUser = CIPC2581_Content_DictionaryUser_EntryUser;
 using Color = CIPC2581_Content_DictionaryColor;
 using EntryColor = CIPC2581_Content_DictionaryColor_EntryColor;
-using Texts = std::vector<std::string>;
 
 Texts All(const CStringArray & list)
 {
@@ -72,15 +75,6 @@ Texts Colors(const Content & content)
         texts.push_back(Str(entries.GetAt(i)->EntryColorId) + ":" + std::to_string(entries.GetAt(i)->Red));
     }
     return texts;
-}
-
-std::string Joined(std::initializer_list<std::string_view> lines)
-{
-    std::string bytes;
-    for (const std::string_view line : lines) {
-        bytes.append(line).append("\n");
-    }
-    return bytes;
 }
 
 // A root whose Content section is read from given lines, which stand behind the opening line.
@@ -177,11 +171,13 @@ void Fill(Content & content)
     }
 }
 
-const std::string Empty = "   <Content>\n"
-                          "      <FunctionMode mode=\"\" level=\"\"/>\n"
-                          "      <DictionaryColor>\n"
-                          "      </DictionaryColor>\n"
-                          "   </Content>\n";
+const std::string Empty = Below(R"(
+   <Content>
+      <FunctionMode mode="" level=""/>
+      <DictionaryColor>
+      </DictionaryColor>
+   </Content>
+)");
 
 // One of the three lists of names with what fills it.
 struct Reference {
@@ -515,8 +511,8 @@ TEST(Content, EndsQuietlyAtTheEndOfTheFile)
 
 TEST(Content, PassesOverOtherLines)
 {
-    Section section({"<Content>", "<functionMode mode=\"x\"/>", "<stepref>x</stepref>", "<STEPREF>x</STEPREF>",
-                     "<x StepRef/>", "<Layer name=\"LayerRef\"/>", "< StepRef>x</StepRef>", "<dictionaryColor>",
+    Section section({"<Content>", R"(<functionMode mode="x"/>)", "<stepref>x</stepref>", "<STEPREF>x</STEPREF>",
+                     "<x StepRef/>", R"(<Layer name="LayerRef"/>)", "< StepRef>x</StepRef>", "<dictionaryColor>",
                      "<Dictionary StepRef>", "<Net>StepREF</Net>", "x", "<", "   <", "no bracket", "\t", "</content>",
                      "<StepRef>A</StepRef>", "</Content>"});
     EXPECT_EQ(All(section->StepRef), Texts({"A"}));
@@ -548,7 +544,7 @@ TEST(Content, TakesTheNameOfATextFormWithoutBlanks)
             EXPECT_EQ(Appended(reference, line), "name") << line;
         }
         EXPECT_EQ(Appended(reference, "<T>a>b</T>"), "a>b");
-        EXPECT_EQ(Appended(reference, "<T>a/b&lt;\"c\"</T>"), "a/b&lt;\"c\"");
+        EXPECT_EQ(Appended(reference, R"(<T>a/b&lt;"c"</T>)"), R"(a/b&lt;"c")");
         EXPECT_EQ(Appended(reference, "<T<x>"), " " + reference.tag);
         EXPECT_EQ(Appended(reference, "<T>a\tb</T>"), "a\tb");
     }
@@ -558,7 +554,7 @@ TEST(Content, AppendsAnEmptyTextForEveryOtherForm)
 {
     for (const Reference & reference : References()) {
         for (const char * line :
-             {"<T>my name</T>", "<T>name</T> ", "<T >name</T>", "<T name=\"L1\"/>", "   <T name=\"L1\" >", "<T/>",
+             {"<T>my name</T>", "<T>name</T> ", "<T >name</T>", R"(<T name="L1"/>)", R"(   <T name="L1" >)", "<T/>",
               "<T></T>", "<T>", "</T>", "<T>name", "<T>name<", "xTx", "x>name</T>", "xT>namex"}) {
             EXPECT_EQ(Appended(reference, line), "") << line;
         }
@@ -568,7 +564,7 @@ TEST(Content, AppendsAnEmptyTextForEveryOtherForm)
 TEST(Content, TakesNoNameFromALineWhoseFirstTokenIsAnother)
 {
     for (const Reference & reference : References()) {
-        for (const char * line : {"T", "<x T>", "<x y=\"T\"/>", "< T>", "T>x"}) {
+        for (const char * line : {"T", "<x T>", R"(<x y="T"/>)", "< T>", "T>x"}) {
             EXPECT_EQ(Appended(reference, line), "NONE") << line;
         }
     }
@@ -576,7 +572,7 @@ TEST(Content, TakesNoNameFromALineWhoseFirstTokenIsAnother)
 
 TEST(Content, KeepsTheReferencesInFileOrder)
 {
-    Section section({"<LayerRef>L1</LayerRef>", "<StepRef>S1</StepRef>", "<LayerRef name=\"x\"/>",
+    Section section({"<LayerRef>L1</LayerRef>", "<StepRef>S1</StepRef>", R"(<LayerRef name="x"/>)",
                      "<BomRef>B1</BomRef>", "<LayerRef>L3</LayerRef>", "<StepRef>S2</StepRef>", "</Content>"});
     EXPECT_EQ(All(section->StepRef), Texts({"S1", "S2"}));
     EXPECT_EQ(All(section->LayerRef), Texts({"L1", "", "L3"}));
@@ -606,7 +602,7 @@ TEST(Content, OverwritesTheEndsOfTheReferenceToken)
 
 TEST(Content, TakesModeAndLevelOfTheFunctionMode)
 {
-    Section section({"   <FunctionMode mode=\"ASSEMBLY\" level=\"2\" comment=\"c\"/>", "</Content>"});
+    Section section({R"(   <FunctionMode mode="ASSEMBLY" level="2" comment="c"/>)", "</Content>"});
     EXPECT_EQ(section->FunctionMode, "ASSEMBLY");
     EXPECT_EQ(section->FunctionModeLevel, "2");
     EXPECT_EQ(section->FunctionModeComment, "");
@@ -627,29 +623,29 @@ TEST(Content, FindsModeAndLevelAnywhereInAToken)
 {
     using Pair = std::pair<std::string, std::string>;
     EXPECT_EQ(Modes("<FunctionMode/>"), Pair("m", "l"));
-    EXPECT_EQ(Modes("<FunctionMode Mode=\"x\" LEVEL=\"y\" comment=\"z\" />"), Pair("m", "l"));
-    EXPECT_EQ(Modes("<FunctionMode level=\"y\" mode=\"x\"/>"), Pair("x", "y"));
-    EXPECT_EQ(Modes("<FunctionMode mode=\"x\" mode=\"y\" />"), Pair("y", "l"));
-    EXPECT_EQ(Modes("<FunctionMode amodeb=\"x\" alevelb=\"y\" />"), Pair("x", "y"));
-    EXPECT_EQ(Modes("<FunctionMode a=\"mode\" b=\"level\" />"), Pair("mode", "level"));
-    EXPECT_EQ(Modes("<FunctionMode level=\"mode\" />"), Pair("mode", "l"));
-    EXPECT_EQ(Modes("<FunctionMode mode=\"level\" />"), Pair("level", "l"));
-    EXPECT_EQ(Modes("<FunctionMode mode=\"\" level=\"\"/>"), Pair("", ""));
-    EXPECT_EQ(Modes("<mode=\"x\" level=\"y\"/>"), Pair("x", "y"));
+    EXPECT_EQ(Modes(R"(<FunctionMode Mode="x" LEVEL="y" comment="z" />)"), Pair("m", "l"));
+    EXPECT_EQ(Modes(R"(<FunctionMode level="y" mode="x"/>)"), Pair("x", "y"));
+    EXPECT_EQ(Modes(R"(<FunctionMode mode="x" mode="y" />)"), Pair("y", "l"));
+    EXPECT_EQ(Modes(R"(<FunctionMode amodeb="x" alevelb="y" />)"), Pair("x", "y"));
+    EXPECT_EQ(Modes(R"(<FunctionMode a="mode" b="level" />)"), Pair("mode", "level"));
+    EXPECT_EQ(Modes(R"(<FunctionMode level="mode" />)"), Pair("mode", "l"));
+    EXPECT_EQ(Modes(R"(<FunctionMode mode="level" />)"), Pair("level", "l"));
+    EXPECT_EQ(Modes(R"(<FunctionMode mode="" level=""/>)"), Pair("", ""));
+    EXPECT_EQ(Modes(R"(<mode="x" level="y"/>)"), Pair("x", "y"));
 }
 
 TEST(Content, WalksOnBehindAValueThatRanOverSeveralTokens)
 {
     using Pair = std::pair<std::string, std::string>;
-    EXPECT_EQ(Modes("<FunctionMode mode=\"two words\" level=\"1\"/>"), Pair("two words", "1"));
-    EXPECT_EQ(Modes("<FunctionMode mode=\"x level=y z\" />"), Pair("x y z", "l"));
-    EXPECT_EQ(Modes("<FunctionMode comment=\"a mode b\" />"), Pair("mode b", "l"));
+    EXPECT_EQ(Modes(R"(<FunctionMode mode="two words" level="1"/>)"), Pair("two words", "1"));
+    EXPECT_EQ(Modes(R"(<FunctionMode mode="x level=y z" />)"), Pair("x y z", "l"));
+    EXPECT_EQ(Modes(R"(<FunctionMode comment="a mode b" />)"), Pair("mode b", "l"));
 }
 
 TEST(Content, ThrowsForAModeThatTheLineDoesNotClose)
 {
-    for (const char * line : {"<FunctionMode level=\"1\" mode=\"x", "<FunctionMode level=\"1\" mode=x",
-                              "<FunctionMode level=\"1\" x=\"mode"}) {
+    for (const char * line : {R"(<FunctionMode level="1" mode="x)", R"(<FunctionMode level="1" mode=x)",
+                              R"(<FunctionMode level="1" x="mode)"}) {
         Section section;
         EXPECT_THROW(section.Read({"<StepRef>A</StepRef>", line}), CInvalidArgException) << line;
         EXPECT_EQ(All(section->StepRef), Texts({"A"}));
@@ -667,8 +663,8 @@ TEST(Content, TakesAnEarlierRowForATokenThatHoldsTwo)
         for (std::size_t second = first + 1; second < rows.size(); ++second) {
             const bool isUser = rows[first] == "DictionaryUser";
             for (const std::string & name : {rows[first] + rows[second], rows[second] + rows[first]}) {
-                Section section({"<" + name + " mode=\"M\" units=\"U\">", "<EntryStandard id=\"E\">",
-                                 "</EntryStandard>", "<EntryColor id=\"C\">", "</EntryColor>",
+                Section section({"<" + name + R"( mode="M" units="U">)", R"(<EntryStandard id="E">)",
+                                 "</EntryStandard>", R"(<EntryColor id="C">)", "</EntryColor>",
                                  "</DictionaryStandard></DictionaryUser></DictionaryColor>"});
                 Texts done;
                 if (section->FunctionMode == "M") {
@@ -722,8 +718,8 @@ TEST(Content, ThrowsForALineOfBlanks)
 
 TEST(Content, ReadsTheStandardDictionary)
 {
-    Section section({"<DictionaryStandard units=\"INCH\">", "   <EntryStandard id=\"A\">",
-                     "      <Circle diameter=\"1\"/>", "      <Oval width=\"1\" height=\"2\"/>", "   </EntryStandard>",
+    Section section({R"(<DictionaryStandard units="INCH">)", R"(   <EntryStandard id="A">)",
+                     R"(      <Circle diameter="1"/>)", R"(      <Oval width="1" height="2"/>)", "   </EntryStandard>",
                      "\t<EntryStandard id=\"A\">", "</EntryStandard>", "</DictionaryStandard>", "<StepRef>S</StepRef>",
                      "</Content>", "<Next/>"});
     EXPECT_EQ(section->DictionaryStandard->Unit, "INCH");
@@ -744,14 +740,14 @@ std::string StandardUnit(const char * line)
 TEST(Content, FindsTheUnitOfTheStandardDictionaryAnywhereInAToken)
 {
     EXPECT_EQ(StandardUnit("<DictionaryStandard>"), "u");
-    EXPECT_EQ(StandardUnit("<DictionaryStandard unit=\"MM\" Units=\"MM\">"), "u");
-    EXPECT_EQ(StandardUnit("<DictionaryStandard units=\"any word\">"), "any word");
-    EXPECT_EQ(StandardUnit("<DictionaryStandard units=\"A\" myunits=\"B\">"), "B");
-    EXPECT_EQ(StandardUnit("<DictionaryStandard x=\"units\">"), "units");
-    EXPECT_EQ(StandardUnit("<units=\"MM\" x=\"1\">"), "MM");
-    EXPECT_EQ(StandardUnit("<DictionaryStandard x=\"units=a b\">"), "units=a b");
-    EXPECT_EQ(StandardUnit("<DictionaryStandard units=\"a units=b c\">"), "a b c");
-    EXPECT_THROW(StandardUnit("<DictionaryStandard units=\"MM"), CInvalidArgException);
+    EXPECT_EQ(StandardUnit(R"(<DictionaryStandard unit="MM" Units="MM">)"), "u");
+    EXPECT_EQ(StandardUnit(R"(<DictionaryStandard units="any word">)"), "any word");
+    EXPECT_EQ(StandardUnit(R"(<DictionaryStandard units="A" myunits="B">)"), "B");
+    EXPECT_EQ(StandardUnit(R"(<DictionaryStandard x="units">)"), "units");
+    EXPECT_EQ(StandardUnit(R"(<units="MM" x="1">)"), "MM");
+    EXPECT_EQ(StandardUnit(R"(<DictionaryStandard x="units=a b">)"), "units=a b");
+    EXPECT_EQ(StandardUnit(R"(<DictionaryStandard units="a units=b c">)"), "a b c");
+    EXPECT_THROW(StandardUnit(R"(<DictionaryStandard units="MM)"), CInvalidArgException);
 }
 
 // The entries that these lines of a standard dictionary give.
@@ -770,23 +766,23 @@ TEST(Content, FindsTheIdOfAnEntryAnywhereInAToken)
         return StandardEntries({line, "</EntryStandard>", "</DictionaryStandard>"});
     };
     EXPECT_EQ(id("<EntryStandard>"), Texts({":0"}));
-    EXPECT_EQ(id("<EntryStandard ID=\"A\">"), Texts({":0"}));
-    EXPECT_EQ(id("<EntryStandard id=\"A\" id=\"B\">"), Texts({"B:0"}));
-    EXPECT_EQ(id("<EntryStandard id=\"A\" width=\"3\">"), Texts({"3:0"}));
-    EXPECT_EQ(id("<EntryStandard x=\"id\">"), Texts({"id:0"}));
-    EXPECT_EQ(id("<EntryStandard id=\"a id=b c\">"), Texts({"a b c:0"}));
-    EXPECT_EQ(id("<EntryStandardid=\"A\" x=\"1\">"), Texts({"A:0"}));
-    EXPECT_EQ(id("<MyEntryStandards id=\"A\">"), Texts({"A:0"}));
+    EXPECT_EQ(id(R"(<EntryStandard ID="A">)"), Texts({":0"}));
+    EXPECT_EQ(id(R"(<EntryStandard id="A" id="B">)"), Texts({"B:0"}));
+    EXPECT_EQ(id(R"(<EntryStandard id="A" width="3">)"), Texts({"3:0"}));
+    EXPECT_EQ(id(R"(<EntryStandard x="id">)"), Texts({"id:0"}));
+    EXPECT_EQ(id(R"(<EntryStandard id="a id=b c">)"), Texts({"a b c:0"}));
+    EXPECT_EQ(id(R"(<EntryStandardid="A" x="1">)"), Texts({"A:0"}));
+    EXPECT_EQ(id(R"(<MyEntryStandards id="A">)"), Texts({"A:0"}));
 }
 
 TEST(Content, OpensAnEntryByItsFirstTokenAlone)
 {
     EXPECT_EQ(StandardEntries({"<EntryStandard/>", "</EntryStandard>", "<x EntryStandard>", "<entryStandard>",
-                               "<EntryStandard/ id=\"A\">", "</DictionaryStandard>"}),
+                               R"(<EntryStandard/ id="A">)", "</DictionaryStandard>"}),
               Texts());
     EXPECT_EQ(
-        StandardEntries({"<EntryStandard id=\"A\"/>", "<EntryStandard id=\"B\">", "<Circle diameter=\"1\"/>",
-                         "</EntryStandard>", "<EntryStandard id=\"C\">", "</EntryStandard>", "</DictionaryStandard>"}),
+        StandardEntries({R"(<EntryStandard id="A"/>)", R"(<EntryStandard id="B">)", R"(<Circle diameter="1"/>)",
+                         "</EntryStandard>", R"(<EntryStandard id="C">)", "</EntryStandard>", "</DictionaryStandard>"}),
         Texts({"A:1", "C:0"}));
 }
 
@@ -802,23 +798,23 @@ TEST(Content, EndsTheStandardDictionaryAtItsClosingToken)
 
 TEST(Content, PassesOverOtherLinesOfTheStandardDictionary)
 {
-    EXPECT_EQ(StandardEntries({"", "   ", "\t", " \t ", "<Circle/>", "<DictionaryStandard>", "<EntryStandard id=\"A\">",
-                               "", "  ", "</EntryStandard>", "</DictionaryStandard>"}),
+    EXPECT_EQ(StandardEntries({"", "   ", "\t", " \t ", "<Circle/>", "<DictionaryStandard>",
+                               R"(<EntryStandard id="A">)", "", "  ", "</EntryStandard>", "</DictionaryStandard>"}),
               Texts({"A:0"}));
 }
 
 TEST(Content, KeepsAnEntryThatTheEndOfTheFileCutShort)
 {
-    EXPECT_EQ(StandardEntries({"<EntryStandard id=\"A\">", "<Circle/>"}), Texts({"A:1"}));
-    EXPECT_EQ(StandardEntries({"<EntryStandard id=\"A\">"}), Texts({"A:0"}));
+    EXPECT_EQ(StandardEntries({R"(<EntryStandard id="A">)", "<Circle/>"}), Texts({"A:1"}));
+    EXPECT_EQ(StandardEntries({R"(<EntryStandard id="A">)"}), Texts({"A:0"}));
 }
 
 TEST(Content, LosesTheEntryInWhichAnExceptionPasses)
 {
-    for (const char * line : {"<EntryStandard id=\"B", "<EntryStandard id=\"B\">\n<Circle diameter=\"1"}) {
+    for (const char * line : {R"(<EntryStandard id="B)", "<EntryStandard id=\"B\">\n<Circle diameter=\"1"}) {
         Section section;
         EXPECT_THROW(
-            section.Read({"<DictionaryStandard units=\"MM\">", "<EntryStandard id=\"A\">", "</EntryStandard>", line}),
+            section.Read({R"(<DictionaryStandard units="MM">)", R"(<EntryStandard id="A">)", "</EntryStandard>", line}),
             CInvalidArgException);
         EXPECT_EQ(section->DictionaryStandard->Unit, "MM");
         EXPECT_EQ(Entries(*section), Texts({"A:0"}));
@@ -827,8 +823,8 @@ TEST(Content, LosesTheEntryInWhichAnExceptionPasses)
 
 TEST(Content, ReadsOnBehindAStandardDictionaryThatClosesItself)
 {
-    Section section({"<DictionaryStandard units=\"MM\"/>", "<StepRef>A</StepRef>", "</Content>",
-                     "<EntryStandard id=\"B\">", "</EntryStandard>", "</DictionaryStandard>", "<StepRef>C</StepRef>",
+    Section section({R"(<DictionaryStandard units="MM"/>)", "<StepRef>A</StepRef>", "</Content>",
+                     R"(<EntryStandard id="B">)", "</EntryStandard>", "</DictionaryStandard>", "<StepRef>C</StepRef>",
                      "</Content>"});
     EXPECT_EQ(section->DictionaryStandard->Unit, "MM");
     EXPECT_EQ(Entries(*section), Texts({"B:0"}));
@@ -837,8 +833,8 @@ TEST(Content, ReadsOnBehindAStandardDictionaryThatClosesItself)
 
 TEST(Content, KeepsNothingButTheUnitOfTheUserDictionary)
 {
-    Section section({"<DictionaryUser units=\"INCH\">", "", "   ", "\t", "<EntryUser id=\"A\">",
-                     "<Circle diameter=\"1\"/>", "</EntryUser>", "<StepRef>A</StepRef>", "</Content>",
+    Section section({R"(<DictionaryUser units="INCH">)", "", "   ", "\t", R"(<EntryUser id="A">)",
+                     R"(<Circle diameter="1"/>)", "</EntryUser>", "<StepRef>A</StepRef>", "</Content>",
                      "<x /DictionaryUser>", "</DictionaryUser>", "<StepRef>B</StepRef>", "</Content>"});
     EXPECT_EQ(section->DictionaryUser->Unit, "INCH");
     EXPECT_TRUE(section->DictionaryUser->EntryArray->IsEmpty());
@@ -873,31 +869,31 @@ TEST(Content, EndsTheUserDictionaryAtTheFirstSlashThatItWalksOver)
 {
     EXPECT_EQ(ReadUser("<DictionaryUser>"), (UserLine{"u", false}));
     EXPECT_EQ(ReadUser("<DictionaryUser/>"), (UserLine{"u", true}));
-    EXPECT_EQ(ReadUser("<DictionaryUser units=\"MM\">"), (UserLine{"MM", false}));
-    EXPECT_EQ(ReadUser("<DictionaryUser units=\"MM\"/>"), (UserLine{"MM", true}));
-    EXPECT_EQ(ReadUser("<DictionaryUser units=\"MM\" />"), (UserLine{"MM", true}));
-    EXPECT_EQ(ReadUser("<DictionaryUser units=\"A\" myunits=\"B\" Units=\"C\">"), (UserLine{"B", false}));
-    EXPECT_EQ(ReadUser("<DictionaryUser x=\"a/b\" units=\"MM\">"), (UserLine{"u", true}));
-    EXPECT_EQ(ReadUser("<DictionaryUser/ units=\"MM\">"), (UserLine{"u", true}));
-    EXPECT_EQ(ReadUser("<DictionaryUser units=\"A/B\" units=\"C\">"), (UserLine{"AB", true}));
-    EXPECT_EQ(ReadUser("<DictionaryUser units=\"a b\"/>"), (UserLine{"a b", true}));
-    EXPECT_EQ(ReadUser("<DictionaryUser units=\"a/ b\">"), (UserLine{"a b", false}));
-    EXPECT_EQ(ReadUser("<units=\"MM\" x=\"1\">"), (UserLine{"MM", false}));
-    EXPECT_THROW(ReadUser("<DictionaryUser units=\"MM"), CInvalidArgException);
+    EXPECT_EQ(ReadUser(R"(<DictionaryUser units="MM">)"), (UserLine{"MM", false}));
+    EXPECT_EQ(ReadUser(R"(<DictionaryUser units="MM"/>)"), (UserLine{"MM", true}));
+    EXPECT_EQ(ReadUser(R"(<DictionaryUser units="MM" />)"), (UserLine{"MM", true}));
+    EXPECT_EQ(ReadUser(R"(<DictionaryUser units="A" myunits="B" Units="C">)"), (UserLine{"B", false}));
+    EXPECT_EQ(ReadUser(R"(<DictionaryUser x="a/b" units="MM">)"), (UserLine{"u", true}));
+    EXPECT_EQ(ReadUser(R"(<DictionaryUser/ units="MM">)"), (UserLine{"u", true}));
+    EXPECT_EQ(ReadUser(R"(<DictionaryUser units="A/B" units="C">)"), (UserLine{"AB", true}));
+    EXPECT_EQ(ReadUser(R"(<DictionaryUser units="a b"/>)"), (UserLine{"a b", true}));
+    EXPECT_EQ(ReadUser(R"(<DictionaryUser units="a/ b">)"), (UserLine{"a b", false}));
+    EXPECT_EQ(ReadUser(R"(<units="MM" x="1">)"), (UserLine{"MM", false}));
+    EXPECT_THROW(ReadUser(R"(<DictionaryUser units="MM)"), CInvalidArgException);
 }
 
 TEST(Content, EndsTheUserDictionaryQuietlyAtTheEndOfTheFile)
 {
-    Section section({"<DictionaryUser units=\"MM\">", "<StepRef>A</StepRef>"});
+    Section section({R"(<DictionaryUser units="MM">)", "<StepRef>A</StepRef>"});
     EXPECT_EQ(section->DictionaryUser->Unit, "MM");
     EXPECT_EQ(All(section->StepRef), Texts());
 }
 
 TEST(Content, ReadsTheColourDictionaryAndGivesItsUnitToTheStandardDictionary)
 {
-    Section section({"<DictionaryStandard units=\"INCH\">", "</DictionaryStandard>", "<DictionaryColor units=\"MM\">",
-                     "   <EntryColor id=\"A\">", "      <Color r=\"1\" g=\"2\" b=\"3\" />", "   </EntryColor>",
-                     "<EntryColor id=\"A\">", "</EntryColor>", "</DictionaryColor>", "<StepRef>S</StepRef>",
+    Section section({R"(<DictionaryStandard units="INCH">)", "</DictionaryStandard>", R"(<DictionaryColor units="MM">)",
+                     R"(   <EntryColor id="A">)", R"(      <Color r="1" g="2" b="3" />)", "   </EntryColor>",
+                     R"(<EntryColor id="A">)", "</EntryColor>", "</DictionaryColor>", "<StepRef>S</StepRef>",
                      "</Content>"});
     EXPECT_EQ(section->DictionaryStandard->Unit, "MM");
     EXPECT_EQ(Colors(*section), Texts({"A:1", "A:0"}));
@@ -917,11 +913,11 @@ std::string ColorUnit(const char * line)
 TEST(Content, FindsTheUnitOfTheColourDictionaryAnywhereInAToken)
 {
     EXPECT_EQ(ColorUnit("<DictionaryColor>"), "u");
-    EXPECT_EQ(ColorUnit("<DictionaryColor Units=\"MM\">"), "u");
-    EXPECT_EQ(ColorUnit("<DictionaryColor units=\"A\" myunits=\"B\">"), "B");
-    EXPECT_EQ(ColorUnit("<units=\"MM\" x=\"units\">"), "units");
-    EXPECT_EQ(ColorUnit("<DictionaryColor units=\"a units=b c\">"), "a b c");
-    EXPECT_THROW(ColorUnit("<DictionaryColor units=\"MM"), CInvalidArgException);
+    EXPECT_EQ(ColorUnit(R"(<DictionaryColor Units="MM">)"), "u");
+    EXPECT_EQ(ColorUnit(R"(<DictionaryColor units="A" myunits="B">)"), "B");
+    EXPECT_EQ(ColorUnit(R"(<units="MM" x="units">)"), "units");
+    EXPECT_EQ(ColorUnit(R"(<DictionaryColor units="a units=b c">)"), "a b c");
+    EXPECT_THROW(ColorUnit(R"(<DictionaryColor units="MM)"), CInvalidArgException);
 }
 
 // The colours that these lines of a colour dictionary give.
@@ -937,21 +933,21 @@ Texts ColorEntries(std::initializer_list<std::string_view> lines, const Texts & 
 TEST(Content, FindsTheIdOfAColourAnywhereInAToken)
 {
     const auto id = [](const std::string & line) {
-        return ColorEntries({line, "<Color r=\"5\"/>", "</EntryColor>", "</DictionaryColor>"});
+        return ColorEntries({line, R"(<Color r="5"/>)", "</EntryColor>", "</DictionaryColor>"});
     };
     EXPECT_EQ(id("<EntryColor>"), Texts({":5"}));
-    EXPECT_EQ(id("<EntryColor ID=\"A\">"), Texts({":5"}));
-    EXPECT_EQ(id("<EntryColor id=\"A\" id=\"B\" />"), Texts({"B:5"}));
-    EXPECT_EQ(id("<EntryColor id=\"A\" width=\"3\">"), Texts({"3:5"}));
-    EXPECT_EQ(id("<EntryColor x=\"id\" r=\"9\">"), Texts({"id:5"}));
-    EXPECT_EQ(id("<EntryColor id=\"a id=b c\">"), Texts({"a b c:5"}));
-    EXPECT_EQ(id("  <MyEntryColors id=\"A\">"), Texts({"A:5"}));
+    EXPECT_EQ(id(R"(<EntryColor ID="A">)"), Texts({":5"}));
+    EXPECT_EQ(id(R"(<EntryColor id="A" id="B" />)"), Texts({"B:5"}));
+    EXPECT_EQ(id(R"(<EntryColor id="A" width="3">)"), Texts({"3:5"}));
+    EXPECT_EQ(id(R"(<EntryColor x="id" r="9">)"), Texts({"id:5"}));
+    EXPECT_EQ(id(R"(<EntryColor id="a id=b c">)"), Texts({"a b c:5"}));
+    EXPECT_EQ(id(R"(  <MyEntryColors id="A">)"), Texts({"A:5"}));
 }
 
 TEST(Content, OpensAColourByItsFirstTokenAlone)
 {
-    EXPECT_EQ(ColorEntries({"<EntryColor/>", "</EntryColor>", "<x EntryColor>", "<entryColor>", "<Color r=\"5\"/>",
-                            "<EntryColor/ id=\"A\">", "</DictionaryColor>"}),
+    EXPECT_EQ(ColorEntries({"<EntryColor/>", "</EntryColor>", "<x EntryColor>", "<entryColor>", R"(<Color r="5"/>)",
+                            R"(<EntryColor/ id="A">)", "</DictionaryColor>"}),
               Texts());
 }
 
@@ -966,10 +962,10 @@ TEST(Content, EndsTheColourDictionaryAtItsClosingToken)
 
 TEST(Content, PassesOverAnEmptyLineOfTheColourDictionaryButNotOverBlanks)
 {
-    EXPECT_EQ(ColorEntries({"", "\t", "<EntryColor id=\"A\">", "", "</EntryColor>", "</DictionaryColor>"}),
+    EXPECT_EQ(ColorEntries({"", "\t", R"(<EntryColor id="A">)", "", "</EntryColor>", "</DictionaryColor>"}),
               Texts({"A:0"}));
     Section section;
-    EXPECT_THROW(section.Read({"<DictionaryColor>", "<EntryColor id=\"A\">", "</EntryColor>", "  "}),
+    EXPECT_THROW(section.Read({"<DictionaryColor>", R"(<EntryColor id="A">)", "</EntryColor>", "  "}),
                  CInvalidArgException);
     EXPECT_EQ(Colors(*section), Texts({"A:0"}));
 }
@@ -977,9 +973,9 @@ TEST(Content, PassesOverAnEmptyLineOfTheColourDictionaryButNotOverBlanks)
 TEST(Content, LosesTheColourInWhichAnExceptionPasses)
 {
     for (const char * line :
-         {"<EntryColor id=\"B", "<EntryColor id=\"B\">\n  ", "<EntryColor id=\"B\">\n<Color r=\"1"}) {
+         {R"(<EntryColor id="B)", "<EntryColor id=\"B\">\n  ", "<EntryColor id=\"B\">\n<Color r=\"1"}) {
         Section section;
-        EXPECT_THROW(section.Read({"<DictionaryColor>", "<EntryColor id=\"A\">", "</EntryColor>", line}),
+        EXPECT_THROW(section.Read({"<DictionaryColor>", R"(<EntryColor id="A">)", "</EntryColor>", line}),
                      CInvalidArgException);
         EXPECT_EQ(Colors(*section), Texts({"A:0"}));
     }
@@ -987,13 +983,13 @@ TEST(Content, LosesTheColourInWhichAnExceptionPasses)
 
 TEST(Content, KeepsAColourThatTheEndOfTheFileCutShort)
 {
-    EXPECT_EQ(ColorEntries({"<EntryColor id=\"A\">", "<Color r=\"4\"/>"}), Texts({"A:4"}));
+    EXPECT_EQ(ColorEntries({R"(<EntryColor id="A">)", R"(<Color r="4"/>)"}), Texts({"A:4"}));
     EXPECT_EQ(ColorEntries({}), Texts());
 }
 
 TEST(Content, ReadsOnBehindAColourDictionaryThatClosesItself)
 {
-    Section section({"<DictionaryColor units=\"MM\"/>", "<StepRef>A</StepRef>", "</Content>", "<EntryColor id=\"B\">",
+    Section section({R"(<DictionaryColor units="MM"/>)", "<StepRef>A</StepRef>", "</Content>", R"(<EntryColor id="B">)",
                      "</EntryColor>", "</DictionaryColor>", "</Content>", "<Next/>"});
     EXPECT_EQ(Colors(*section), Texts({"B:0"}));
     EXPECT_EQ(All(section->StepRef), Texts());
@@ -1004,11 +1000,11 @@ TEST(Content, ReadingAgainAddsToListsAndEntries)
 {
     Section section;
     for (const char * unit : {"INCH", "MM"}) {
-        const std::string line = std::string(" units=\"") + unit + "\">";
-        section.Read({"<FunctionMode mode=\"" + std::string(unit) + "\"/>", "<StepRef>S</StepRef>",
-                      "<DictionaryStandard" + line, "<EntryStandard id=\"E\">", "</EntryStandard>",
+        const std::string line = std::string(R"( units=")") + unit + R"(">)";
+        section.Read({R"(<FunctionMode mode=")" + std::string(unit) + R"("/>)", "<StepRef>S</StepRef>",
+                      "<DictionaryStandard" + line, R"(<EntryStandard id="E">)", "</EntryStandard>",
                       "</DictionaryStandard>", "<DictionaryUser" + line, "</DictionaryUser>", "<DictionaryColor>",
-                      "<EntryColor id=\"C\">", "</EntryColor>", "</DictionaryColor>", "</Content>"});
+                      R"(<EntryColor id="C">)", "</EntryColor>", "</DictionaryColor>", "</Content>"});
     }
     EXPECT_EQ(section->FunctionMode, "MM");
     EXPECT_EQ(All(section->StepRef), Texts({"S", "S"}));
@@ -1022,30 +1018,34 @@ TEST(Content, WritesAFreshObjectWithoutAStandardDictionary)
 {
     Content content;
     EXPECT_EQ(Exported(content), (Export{1, Empty}));
-    EXPECT_EQ(Written(content, 1), "      <Content>\n"
-                                   "         <FunctionMode mode=\"\" level=\"\"/>\n"
-                                   "         <DictionaryColor>\n"
-                                   "         </DictionaryColor>\n"
-                                   "      </Content>\n");
+    EXPECT_EQ(Written(content, 1), Below(R"(
+      <Content>
+         <FunctionMode mode="" level=""/>
+         <DictionaryColor>
+         </DictionaryColor>
+      </Content>
+)"));
 }
 
 TEST(Content, WritesModeAndTheStandardAndColourDictionaries)
 {
     Content content;
     Fill(content);
-    EXPECT_EQ(Exported(content), (Export{1, "   <Content>\n"
-                                            "      <FunctionMode mode=\"ASSEMBLY\" level=\"2\"/>\n"
-                                            "      <DictionaryStandard units=\"MM\">\n"
-                                            "         <EntryStandard id=\"S\">\n"
-                                            "            <Circle diameter=\"0.000000\" />\n"
-                                            "         </EntryStandard>\n"
-                                            "      </DictionaryStandard>\n"
-                                            "      <DictionaryColor>\n"
-                                            "         <EntryColor id=\"C\">\n"
-                                            "            <Color r=\"7\" g=\"0\" b=\"0\" />\n"
-                                            "         </EntryColor>\n"
-                                            "      </DictionaryColor>\n"
-                                            "   </Content>\n"}));
+    EXPECT_EQ(Exported(content), (Export{1, Below(R"(
+   <Content>
+      <FunctionMode mode="ASSEMBLY" level="2"/>
+      <DictionaryStandard units="MM">
+         <EntryStandard id="S">
+            <Circle diameter="0.000000" />
+         </EntryStandard>
+      </DictionaryStandard>
+      <DictionaryColor>
+         <EntryColor id="C">
+            <Color r="7" g="0" b="0" />
+         </EntryColor>
+      </DictionaryColor>
+   </Content>
+)")}));
 }
 
 // What a single operation writes.
@@ -1062,8 +1062,8 @@ TEST(Content, WritesTheFunctionModeAlone)
     content.FunctionModeLevel = "1";
     content.FunctionModeComment = "c";
     Only<&Content::Export_FunctionMode> mode{content};
-    EXPECT_EQ(Exported(mode), (Export{1, "   <FunctionMode mode=\"A\" level=\"1\"/>\n"}));
-    EXPECT_EQ(Exported(mode, 2), (Export{1, "         <FunctionMode mode=\"A\" level=\"1\"/>\n"}));
+    EXPECT_EQ(Exported(mode), (Export{1, Joined({R"(   <FunctionMode mode="A" level="1"/>)"})}));
+    EXPECT_EQ(Exported(mode, 2), (Export{1, Joined({R"(         <FunctionMode mode="A" level="1"/>)"})}));
 }
 
 TEST(Content, WritesTheDictionariesAlone)
@@ -1071,12 +1071,14 @@ TEST(Content, WritesTheDictionariesAlone)
     Content content;
     content.DictionaryStandard->SetEntry(new EntryStandard);
     Only<&Content::Export_Dictionary> dictionaries{content};
-    EXPECT_EQ(Exported(dictionaries, 1), (Export{1, "      <DictionaryStandard units=\"\">\n"
-                                                    "         <EntryStandard id=\"\">\n"
-                                                    "         </EntryStandard>\n"
-                                                    "      </DictionaryStandard>\n"
-                                                    "      <DictionaryColor>\n"
-                                                    "      </DictionaryColor>\n"}));
+    EXPECT_EQ(Exported(dictionaries, 1), (Export{1, Below(R"(
+      <DictionaryStandard units="">
+         <EntryStandard id="">
+         </EntryStandard>
+      </DictionaryStandard>
+      <DictionaryColor>
+      </DictionaryColor>
+)")}));
 }
 
 TEST(Content, StopsAtAStandardDictionaryThatCannotBeWritten)
@@ -1084,11 +1086,13 @@ TEST(Content, StopsAtAStandardDictionaryThatCannotBeWritten)
     Content content;
     content.DictionaryStandard->SetEntry(NewEntry("A"));
     content.DictionaryStandard->EntryArray->GetAt(0)->DrawArray->Add(new CIPC2581_DrawObj);
-    const std::string dictionary = "      <DictionaryStandard units=\"\">\n"
-                                   "         <EntryStandard id=\"A\">\n"
-                                   "            <Circle diameter=\"0.000000\" />\n";
+    const std::string dictionary = Below(R"(
+      <DictionaryStandard units="">
+         <EntryStandard id="A">
+            <Circle diameter="0.000000" />
+)");
     EXPECT_EQ(Exported(content),
-              (Export{0, "   <Content>\n      <FunctionMode mode=\"\" level=\"\"/>\n" + dictionary}));
+              (Export{0, Joined({"   <Content>", R"(      <FunctionMode mode="" level=""/>)"}) + dictionary}));
     Only<&Content::Export_Dictionary> dictionaries{content};
     EXPECT_EQ(Exported(dictionaries, 1), (Export{0, dictionary}));
 }
@@ -1101,8 +1105,11 @@ TEST(Content, StopsAtAColourThatCannotBeWritten)
     };
     Content content;
     content.m_DictionaryColor->Entry->Add(new Unwritable);
-    EXPECT_EQ(Exported(content), (Export{0, "   <Content>\n      <FunctionMode mode=\"\" level=\"\"/>\n"
-                                            "      <DictionaryColor>\n"}));
+    EXPECT_EQ(Exported(content), (Export{0, Below(R"(
+   <Content>
+      <FunctionMode mode="" level=""/>
+      <DictionaryColor>
+)")}));
 }
 
 // A content whose parts write what they were called with and give what they are told.
@@ -1139,11 +1146,11 @@ TEST(Content, WritesItsPartsThroughTheirSlots)
 TEST(Content, IsReadFromADocument)
 {
     Document document;
-    EXPECT_EQ(document.Open({"<?xml version=\"1.0\"?>", "<IPC-2581>", "  <Content roleRef=\"mode\" units=\"MM\">",
-                             "    <FunctionMode mode=\"TEST\" level=\"3\"/>", "    <StepRef>board</StepRef>",
+    EXPECT_EQ(document.Open({R"(<?xml version="1.0"?>)", "<IPC-2581>", R"(  <Content roleRef="mode" units="MM">)",
+                             R"(    <FunctionMode mode="TEST" level="3"/>)", "    <StepRef>board</StepRef>",
                              "    <LayerRef>TOP</LayerRef>", "    <BomRef>bom</BomRef>",
-                             "    <DictionaryUser units=\"INCH\"/>", "    <DictionaryStandard units=\"MM\">",
-                             "      <EntryStandard id=\"A\">", "        <Donut shape=\"ROUND\" outerDiameter=\"2\"/>",
+                             R"(    <DictionaryUser units="INCH"/>)", R"(    <DictionaryStandard units="MM">)",
+                             R"(      <EntryStandard id="A">)", R"(        <Donut shape="ROUND" outerDiameter="2"/>)",
                              "      </EntryStandard>", "    </DictionaryStandard>", "  </Content>",
                              "  <StepRef>late</StepRef>", "</IPC-2581>"}),
               1);
@@ -1162,39 +1169,41 @@ TEST(Content, LosesOnAReadAndAWriteWhatItDoesNotWrite)
 {
     Document document;
     document.Open({"<Content>",
-                   "<DictionaryColor units=\"MM\">",
-                   "<EntryColor id=\"C\">",
-                   "<Color id=\"X\" r=\"12\" g=\"34\" b=\"56\"/>",
+                   R"(<DictionaryColor units="MM">)",
+                   R"(<EntryColor id="C">)",
+                   R"(<Color id="X" r="12" g="34" b="56"/>)",
                    "</EntryColor>",
                    "</DictionaryColor>",
-                   "<DictionaryUser units=\"INCH\">",
-                   "<EntryUser id=\"U\">",
+                   R"(<DictionaryUser units="INCH">)",
+                   R"(<EntryUser id="U">)",
                    "</EntryUser>",
                    "</DictionaryUser>",
                    "<StepRef>board</StepRef>",
                    "<LayerRef>TOP</LayerRef>",
                    "<BomRef>bom</BomRef>",
                    "<DictionaryStandard>",
-                   "<EntryStandard id=\"A\">",
-                   "<Oval width=\"1\" height=\"2\"/>",
+                   R"(<EntryStandard id="A">)",
+                   R"(<Oval width="1" height="2"/>)",
                    "</EntryStandard>",
                    "</DictionaryStandard>",
-                   "<FunctionMode mode=\"TEST\" comment=\"c\"/>",
+                   R"(<FunctionMode mode="TEST" comment="c"/>)",
                    "</Content>"});
     document->FunctionModeComment = "comment";
-    const std::string content = "   <Content>\n"
-                                "      <FunctionMode mode=\"TEST\" level=\"\"/>\n"
-                                "      <DictionaryStandard units=\"MM\">\n"
-                                "         <EntryStandard id=\"A\">\n"
-                                "            <Oval width=\"1.000000\" height=\"2.000000\" />\n"
-                                "         </EntryStandard>\n"
-                                "      </DictionaryStandard>\n"
-                                "      <DictionaryColor>\n"
-                                "         <EntryColor id=\"C\">\n"
-                                "            <Color r=\"12\" g=\"34\" b=\"56\" />\n"
-                                "         </EntryColor>\n"
-                                "      </DictionaryColor>\n"
-                                "   </Content>\n";
+    const std::string content = Below(R"(
+   <Content>
+      <FunctionMode mode="TEST" level=""/>
+      <DictionaryStandard units="MM">
+         <EntryStandard id="A">
+            <Oval width="1.000000" height="2.000000" />
+         </EntryStandard>
+      </DictionaryStandard>
+      <DictionaryColor>
+         <EntryColor id="C">
+            <Color r="12" g="34" b="56" />
+         </EntryColor>
+      </DictionaryColor>
+   </Content>
+)");
     EXPECT_EQ(Written(*document), content);
     const std::string written = document.WrittenAgain();
     EXPECT_NE(written.find("\n" + content + "   <Ecad"), std::string::npos) << written;

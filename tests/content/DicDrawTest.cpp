@@ -19,14 +19,17 @@
 #include "ipc2581/draw/DrawObj.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
 using ipc2581::tests::Export;
 using ipc2581::tests::Exported;
+using ipc2581::tests::Joined;
 using ipc2581::tests::Lines;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Str;
+using ipc2581::tests::Texts;
 using ipc2581::tests::Tokens;
 using ipc2581::tests::Written;
 
@@ -48,7 +51,6 @@ using Triangle = CIPC2581_DicDraw_Triangle;
 
 using Shape = CIPC2581_DrawObj;
 using List = CArray<CString, CString>;
-using Texts = std::vector<std::string>;
 using Values = std::vector<double>;
 
 // How the reader makes a field out of its attribute.
@@ -358,8 +360,8 @@ TEST_P(DicDraw, ItsAssignmentFollowsTheOperationsOfEveryShape)
 TEST_P(DicDraw, ReadsEachAttributeIntoItsField)
 {
     ForEachKey([this](std::size_t i, const Field & field, const std::string & key) {
-        EXPECT_EQ(AfterReading(key + "=\"" + field.Sample() + "\"/>"), MarkedBut(i, field.Read()));
-        EXPECT_EQ(AfterReading("x=\"1\" " + key + "=\"" + field.Sample() + "\" />"), MarkedBut(i, field.Read()));
+        EXPECT_EQ(AfterReading(key + R"(=")" + field.Sample() + R"("/>)"), MarkedBut(i, field.Read()));
+        EXPECT_EQ(AfterReading(R"(x="1" )" + key + R"(=")" + field.Sample() + R"(" />)"), MarkedBut(i, field.Read()));
     });
 }
 
@@ -369,7 +371,7 @@ TEST_P(DicDraw, ReadsAllAttributesOfALineInAnyOrder)
     std::string backward;
     Values all = AllMarked();
     ForEachKey([&](std::size_t i, const Field & field, const std::string & key) {
-        const std::string attribute = key + "=\"" + field.Sample() + "\" ";
+        const std::string attribute = key + R"(=")" + field.Sample() + R"(" )";
         forward += attribute;
         backward.insert(0, attribute);
         all[i] = field.Read();
@@ -382,10 +384,10 @@ TEST_P(DicDraw, TheLaterOfTwoAttributesWins)
 {
     ForEachKey([this](std::size_t i, const Field & field, const std::string & key) {
         if (field.kind == Kind::Number || field.kind == Kind::Whole) {
-            EXPECT_EQ(AfterReading(key + "=\"7.75\" " + key + "=\"8\"/>"), MarkedBut(i, 8));
+            EXPECT_EQ(AfterReading(key + R"(="7.75" )" + key + R"(="8"/>)"), MarkedBut(i, 8));
         }
         else if (field.kind == Kind::Word) {
-            EXPECT_EQ(AfterReading(key + "=\"SQUARE\" " + key + "=\"ROUND\"/>"), MarkedBut(i, 0));
+            EXPECT_EQ(AfterReading(key + R"(="SQUARE" )" + key + R"(="ROUND"/>)"), MarkedBut(i, 0));
         }
     });
 }
@@ -395,7 +397,7 @@ TEST_P(DicDraw, TheEarlierKeyOfTheChainDecidesATokenThatHoldsTwo)
     ForEachKey([this](std::size_t i, const Field & first, const std::string & firstKey) {
         ForEachKey([&](std::size_t j, const Field & /*second*/, const std::string & secondKey) {
             if (i < j) {
-                const std::string value = "=\"" + first.Sample() + "\"/>";
+                const std::string value = R"(=")" + first.Sample() + R"("/>)";
                 EXPECT_EQ(AfterReading(secondKey + "-" + firstKey + value), MarkedBut(i, first.Read()));
                 EXPECT_EQ(AfterReading(firstKey + "-" + secondKey + value), MarkedBut(i, first.Read()));
             }
@@ -406,9 +408,9 @@ TEST_P(DicDraw, TheEarlierKeyOfTheChainDecidesATokenThatHoldsTwo)
 TEST_P(DicDraw, FindsAKeyAnywhereInAToken)
 {
     ForEachKey([this](std::size_t i, const Field & field, const std::string & key) {
-        EXPECT_EQ(AfterReading("my" + key + "s=\"" + field.Sample() + "\"/>"), MarkedBut(i, field.Read()));
+        EXPECT_EQ(AfterReading("my" + key + R"(s=")" + field.Sample() + R"("/>)"), MarkedBut(i, field.Read()));
         const bool isNumber = field.kind == Kind::Number || field.kind == Kind::Whole;
-        EXPECT_EQ(AfterReading("note=\"" + key + field.Sample() + "\"/>"), MarkedBut(i, isNumber ? 0 : 1));
+        EXPECT_EQ(AfterReading(R"(note=")" + key + field.Sample() + R"("/>)"), MarkedBut(i, isNumber ? 0 : 1));
     });
 }
 
@@ -417,7 +419,7 @@ TEST_P(DicDraw, TellsCapitalsInKeysApart)
     ForEachKey([this](std::size_t /*i*/, const Field & field, const std::string & key) {
         std::string other = key;
         other[0] = static_cast<char>(other[0] - 'a' + 'A');
-        EXPECT_EQ(AfterReading(other + "=\"" + field.Sample() + "\"/>"), AllMarked());
+        EXPECT_EQ(AfterReading(other + R"(=")" + field.Sample() + R"("/>)"), AllMarked());
     });
 }
 
@@ -425,7 +427,7 @@ TEST_P(DicDraw, LooksAtTheTagTokenToo)
 {
     ForEachKey([this](std::size_t i, const Field & field, const std::string & key) {
         const std::unique_ptr<Shape> shape = Mark();
-        Tokens whole("<" + key + "=\"" + field.Sample() + "\"");
+        Tokens whole("<" + key + R"(=")" + field.Sample() + R"(")");
         EXPECT_EQ(shape->Import(whole), 1);
         EXPECT_EQ(Of(*shape), MarkedBut(i, field.Read()));
     });
@@ -433,17 +435,18 @@ TEST_P(DicDraw, LooksAtTheTagTokenToo)
 
 TEST_P(DicDraw, PassesOverOtherAttributes)
 {
-    EXPECT_EQ(AfterReading("x=\"1\" id=\"7\" />"), AllMarked());
-    EXPECT_EQ(AfterReading("x=\"1"), AllMarked());
+    EXPECT_EQ(AfterReading(R"(x="1" id="7" />)"), AllMarked());
+    EXPECT_EQ(AfterReading(R"(x="1)"), AllMarked());
 }
 
 TEST_P(DicDraw, TakesAValueThatRunsOverSeveralTokens)
 {
     ForEachKey([this](std::size_t i, const Field & field, const std::string & key) {
         if (field.kind != Kind::Word) {
-            EXPECT_EQ(AfterReading(key + "=\" " + field.Sample() + " \"/>"), MarkedBut(i, field.Read()));
-            EXPECT_EQ(AfterReading(key + "=\"" + field.Sample() + " " + key + "=9\"/>"), MarkedBut(i, field.Read()));
-            EXPECT_EQ(AfterReading(key + "=" + field.Sample() + " x=\"1\"/>"), MarkedBut(i, field.Read()));
+            EXPECT_EQ(AfterReading(key + R"(=" )" + field.Sample() + R"( "/>)"), MarkedBut(i, field.Read()));
+            EXPECT_EQ(AfterReading(key + R"(=")" + field.Sample() + " " + key + R"(=9"/>)"),
+                      MarkedBut(i, field.Read()));
+            EXPECT_EQ(AfterReading(key + "=" + field.Sample() + R"( x="1"/>)"), MarkedBut(i, field.Read()));
         }
     });
 }
@@ -451,7 +454,7 @@ TEST_P(DicDraw, TakesAValueThatRunsOverSeveralTokens)
 TEST_P(DicDraw, ReadsNumbersAsFarAsTheyGo)
 {
     ForEachKey([this](std::size_t i, const Field & field, const std::string & key) {
-        const auto read = [&](const std::string & text) { return AfterReading(key + "=\"" + text + "\"/>"); };
+        const auto read = [&](const std::string & text) { return AfterReading(key + R"(=")" + text + R"("/>)"); };
         if (field.kind == Kind::Number) {
             EXPECT_EQ(read("1e3"), MarkedBut(i, 1000));
             EXPECT_EQ(read("-.5mm"), MarkedBut(i, -0.5));
@@ -471,13 +474,13 @@ TEST_P(DicDraw, SetsACornerByItsOwnWordAndClearsNone)
 {
     ForEachKey([this](std::size_t i, const Field & field, const std::string & key) {
         if (field.kind == Kind::Flag) {
-            const auto read = [&](const std::string & text) { return AfterReading(key + "=\"" + text + "\"/>"); };
+            const auto read = [&](const std::string & text) { return AfterReading(key + R"(=")" + text + R"("/>)"); };
             EXPECT_EQ(read("xTUREx"), MarkedBut(i, 1));
             EXPECT_EQ(read("T/URE"), MarkedBut(i, 1));
             for (const char * text : {"TRUE", "FALSE", "true", "ture", "0", ""}) {
                 EXPECT_EQ(read(text), AllMarked()) << text;
             }
-            EXPECT_EQ(AfterReading("TURE" + key + "=\"no\"/>"), AllMarked());
+            EXPECT_EQ(AfterReading("TURE" + key + R"(="no"/>)"), AllMarked());
         }
     });
 }
@@ -487,7 +490,7 @@ TEST_P(DicDraw, FindsTheWordOfItsShapeInTheTokenOfTheKey)
     const bool isButterfly = GetParam().name == "Butterfly";
     ForEachKey([&](std::size_t i, const Field & field, const std::string & key) {
         if (field.kind == Kind::Word) {
-            const auto read = [&](const std::string & text) { return AfterReading(key + "=\"" + text + "\"/>"); };
+            const auto read = [&](const std::string & text) { return AfterReading(key + R"(=")" + text + R"("/>)"); };
             EXPECT_EQ(read("ROUND"), MarkedBut(i, 0));
             EXPECT_EQ(read("SQUARE"), MarkedBut(i, 1));
             EXPECT_EQ(read("HEXAGON"), isButterfly ? AllMarked() : MarkedBut(i, 2));
@@ -500,7 +503,7 @@ TEST_P(DicDraw, FindsTheWordOfItsShapeInTheTokenOfTheKey)
             EXPECT_EQ(read("OVAL"), AllMarked());
             EXPECT_EQ(read(" ROUND"), AllMarked());
             EXPECT_EQ(AfterReading("ROUND-" + key), MarkedBut(i, 0));
-            EXPECT_EQ(AfterReading(key + "=\"ROUND"), MarkedBut(i, 0));
+            EXPECT_EQ(AfterReading(key + R"(="ROUND)"), MarkedBut(i, 0));
         }
     });
 }
@@ -509,7 +512,7 @@ TEST_P(DicDraw, ThrowsForAValueThatTheLineDoesNotClose)
 {
     ForEachKey([this](std::size_t /*i*/, const Field & field, const std::string & key) {
         if (field.kind != Kind::Word) {
-            for (const std::string & end : {std::string("=\"7"), std::string("=7")}) {
+            for (const std::string & end : {std::string(R"(="7)"), std::string("=7")}) {
                 const std::unique_ptr<Shape> shape = Mark();
                 Tokens tokens("<" + GetParam().name + " " + key + end);
                 EXPECT_THROW(shape->Import(tokens), CInvalidArgException);
@@ -521,11 +524,11 @@ TEST_P(DicDraw, ThrowsForAValueThatTheLineDoesNotClose)
 
 TEST_P(DicDraw, KeepsWhatItReadInFrontOfAValueThatThrows)
 {
-    const std::string first = Fields()[0].keys[0] + "=\"" + Fields()[0].Sample() + "\"";
+    const std::string first = Fields()[0].keys[0] + R"(=")" + Fields()[0].Sample() + R"(")";
     ForEachKey([&](std::size_t /*i*/, const Field & field, const std::string & key) {
         if (field.kind != Kind::Word) {
             const std::unique_ptr<Shape> shape = Mark();
-            Tokens tokens("<" + GetParam().name + " " + first + " " + key + "=\"9");
+            Tokens tokens("<" + GetParam().name + " " + first + " " + key + R"(="9)");
             EXPECT_THROW(shape->Import(tokens), CInvalidArgException);
             EXPECT_EQ(Of(*shape), MarkedBut(0, Fields()[0].Read()));
         }
@@ -543,7 +546,7 @@ TEST_P(DicDraw, LeavesAllFieldsForAnEmptyTokenList)
 TEST_P(DicDraw, ReadsItselfFromTheNextLineOfAFile)
 {
     const Field & field = Fields()[0];
-    const std::string line = "  <Anything " + field.keys[0] + "=\"" + field.Sample() + "\"/>";
+    const std::string line = "  <Anything " + field.keys[0] + R"(=")" + field.Sample() + R"("/>)";
     Lines lines({line, "<Next/>"});
     const std::unique_ptr<Shape> shape = Mark();
     EXPECT_EQ(shape->Import(lines), 1);
@@ -553,8 +556,8 @@ TEST_P(DicDraw, ReadsItselfFromTheNextLineOfAFile)
 
 TEST_P(DicDraw, HandsALineOfAFileToItsReaderWhateverItHolds)
 {
-    Lines lines({"<A b=\"1\" />", "<A/>", "", "   "});
-    EXPECT_EQ(GetParam().listen(lines), (Given{1, {{"A", "b=\"1\"", "/"}}}));
+    Lines lines({R"(<A b="1" />)", "<A/>", "", "   "});
+    EXPECT_EQ(GetParam().listen(lines), (Given{1, {{"A", R"(b="1")", "/"}}}));
     EXPECT_EQ(GetParam().listen(lines), (Given{1, {{"<A/>"}}}));
     EXPECT_EQ(GetParam().listen(lines), (Given{1, {{""}}}));
     EXPECT_EQ(GetParam().listen(lines), (Given{1, {{}}}));
@@ -759,10 +762,10 @@ TEST(DicDraw_Butterfly, WritesByItsShape)
     Butterfly shape;
     shape.Size = 2.25;
     shape.Shape = 0;
-    EXPECT_EQ(Exported(shape), (Export{1, "   <Butterfly Shape=\"ROUND\" diameter=\"2.250000\" />\n"}));
-    EXPECT_EQ(Exported(shape, 2), (Export{1, "         <Butterfly Shape=\"ROUND\" diameter=\"2.250000\" />\n"}));
+    EXPECT_EQ(Exported(shape), (Export{1, Joined({R"(   <Butterfly Shape="ROUND" diameter="2.250000" />)"})}));
+    EXPECT_EQ(Exported(shape, 2), (Export{1, Joined({R"(         <Butterfly Shape="ROUND" diameter="2.250000" />)"})}));
     shape.Shape = 1;
-    EXPECT_EQ(Exported(shape), (Export{1, "   <Butterfly Shape=\"SQUARE\" side=\"2.250000\" />\n"}));
+    EXPECT_EQ(Exported(shape), (Export{1, Joined({R"(   <Butterfly Shape="SQUARE" side="2.250000" />)"})}));
 }
 
 TEST(DicDraw_Butterfly, IsNotWrittenWithAnotherShape)
@@ -793,8 +796,8 @@ TEST(DicDraw_Donut, WritesTheWordOfItsShapeUnderTheTagDiamond)
                                                             {3, "OCTAGON"}, {-1, "ROUND"}, {4, "ROUND"}};
     for (const auto & [code, word] : words) {
         shape.Shape = code;
-        EXPECT_EQ(Written(shape),
-                  "   <Diamond Shape=\"" + word + "\" outerDiameter=\"0.000000\" innerDiameter=\"0.000000\" />\n");
+        EXPECT_EQ(Written(shape), R"(   <Diamond Shape=")" + word +
+                                      Joined({R"(" outerDiameter="0.000000" innerDiameter="0.000000" />)"}));
     }
 }
 
@@ -806,7 +809,7 @@ TEST(DicDraw_Donut, ReadsBackAsADiamondWithoutSize)
     back.Import(Tokens(Written(shape)));
     EXPECT_EQ(back.Width, 0);
     EXPECT_EQ(back.Height, 0);
-    EXPECT_EQ(Written(back), "   <Diamond width=\"0.000000\" height=\"0.000000\" />\n");
+    EXPECT_EQ(Written(back), Joined({R"(   <Diamond width="0.000000" height="0.000000" />)"}));
 }
 
 TEST(DicDraw_Moire, WritesItsLineLengthAsTheDiameterAndNothingElse)
@@ -814,9 +817,10 @@ TEST(DicDraw_Moire, WritesItsLineLengthAsTheDiameterAndNothingElse)
     Moire shape;
     shape.Import(Tokens(R"(<Moire diameter="1" ringWidth="2" ringGap="3" ringNumber="4" lineWidth="5" )"
                         R"(lineLength="6" lineAngle="7"/>)"));
-    EXPECT_EQ(Written(shape, 1),
-              "      <Moire diameter=\"6.000000\" ringWidth=\"0.000000\" ringGap=\"0.000000\" ringNumber=\"0\" "
-              "lineWidth=\"0.000000\" lineLength=\"0.000000\" lineAngle=\"0.000000\" />\n");
+    EXPECT_EQ(
+        Written(shape, 1),
+        Joined(
+            {R"(      <Moire diameter="6.000000" ringWidth="0.000000" ringGap="0.000000" ringNumber="0" lineWidth="0.000000" lineLength="0.000000" lineAngle="0.000000" />)"}));
     EXPECT_EQ(Written(shape), Written(*std::unique_ptr<Shape>(shape.clone())));
 }
 
@@ -830,32 +834,33 @@ void ExpectCorners(const std::string & front)
         shape.UpperLeft = (flags & 2) != 0 ? 1 : 0;
         shape.LowerLeft = (flags & 4) != 0 ? -1 : 0;
         shape.LowerRight = (flags & 8) != 0 ? 2 : 0;
-        const std::string line =
-            front + ((flags & 1) != 0 ? "upperRight=\"TRUE\"" : "") + ((flags & 2) != 0 ? "upperLeft=\"TRUE\"" : "") +
-            ((flags & 4) != 0 ? "lowerLeft=\"TRUE\"" : "") + ((flags & 8) != 0 ? "lowerRight=\"TRUE\"" : "") + " />\n";
+        const std::string line = front + ((flags & 1) != 0 ? R"(upperRight="TRUE")" : "") +
+                                 ((flags & 2) != 0 ? R"(upperLeft="TRUE")" : "") +
+                                 ((flags & 4) != 0 ? R"(lowerLeft="TRUE")" : "") +
+                                 ((flags & 8) != 0 ? R"(lowerRight="TRUE")" : "") + " />\n";
         EXPECT_EQ(Exported(shape, 1), (Export{1, "      " + line})) << flags;
     }
 }
 
 TEST(DicDraw_RectCham, WritesThePiecesOfItsCornersWithoutABlankBetweenThem)
 {
-    ExpectCorners<RectCham>("<RectCham width=\"0.000000\" height=\"0.000000\" chamfer=\"0.000000\" ");
+    ExpectCorners<RectCham>(R"(<RectCham width="0.000000" height="0.000000" chamfer="0.000000" )");
 }
 
 TEST(DicDraw_RectRound, WritesThePiecesOfItsCornersWithoutABlankBetweenThem)
 {
-    ExpectCorners<RectRound>("<RectRound width=\"0.000000\" height=\"0.000000\" radius=\"0.000000\" ");
+    ExpectCorners<RectRound>(R"(<RectRound width="0.000000" height="0.000000" radius="0.000000" )");
 }
 
 template <typename T>
 void ExpectCornersAreNotReadBack(const std::string & tag)
 {
     T shape;
-    shape.Import(Tokens("<" + tag + " upperRight=\"TURE\" upperLeft=\"TURE\"/>"));
+    shape.Import(Tokens("<" + tag + R"( upperRight="TURE" upperLeft="TURE"/>)"));
     EXPECT_EQ(shape.UpperRight, 1);
     EXPECT_EQ(shape.UpperLeft, 1);
     const std::string written = Written(shape);
-    EXPECT_NE(written.find(" upperRight=\"TRUE\"upperLeft=\"TRUE\" />\n"), std::string::npos);
+    EXPECT_NE(written.find(Joined({R"( upperRight="TRUE"upperLeft="TRUE" />)"})), std::string::npos);
     T back;
     back.Import(Tokens(written));
     EXPECT_EQ(back.UpperRight, 0);
@@ -878,8 +883,10 @@ TEST(DicDraw_Thermal, WritesFourSpokesWhateverItHolds)
     shape.Import(Tokens(R"(<Thermal spokeCount="6"/>)"));
     EXPECT_EQ(shape.SpokeCount, 6);
     EXPECT_EQ(Thermal(shape).SpokeCount, 6);
-    EXPECT_EQ(Written(shape), "   <Thermal shape=\"ROUND\" outerDiameter=\"0.000000\" innerDiameter=\"0.000000\" "
-                              "spokeCount=\"4\" gap=\"0.000000\" spokeStartAngle=\"0.000000\" />\n");
+    EXPECT_EQ(
+        Written(shape),
+        Joined(
+            {R"(   <Thermal shape="ROUND" outerDiameter="0.000000" innerDiameter="0.000000" spokeCount="4" gap="0.000000" spokeStartAngle="0.000000" />)"}));
 }
 
 TEST(DicDraw_Thermal, WritesTheWordThatItsReaderFinds)
@@ -889,7 +896,7 @@ TEST(DicDraw_Thermal, WritesTheWordThatItsReaderFinds)
     for (const auto & [code, word] : words) {
         Thermal shape;
         shape.Shape = code;
-        EXPECT_EQ(Written(shape).find("   <Thermal shape=\"" + word + "\" "), 0U);
+        EXPECT_EQ(Written(shape).find(R"(   <Thermal shape=")" + word + R"(" )"), 0U);
         Thermal back;
         back.Import(Tokens(Written(shape)));
         EXPECT_EQ(back.Shape, code);
@@ -902,7 +909,7 @@ TEST(DicDraw_Circle, KeepsItsOffsetsToItself)
     shape.SetDiameter(1);
     shape.SetOffsetX(2);
     shape.SetOffsetY(3);
-    EXPECT_EQ(Written(shape), "   <Circle diameter=\"1.000000\" />\n");
+    EXPECT_EQ(Written(shape), Joined({R"(   <Circle diameter="1.000000" />)"}));
     shape.Import(Tokens(R"(<Circle diameter="4" OffsetX="5" offsetX="6" offsetY="7"/>)"));
     EXPECT_EQ(shape.GetOffsetX(), 2);
     EXPECT_EQ(shape.GetOffsetY(), 3);

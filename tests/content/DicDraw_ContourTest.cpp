@@ -19,20 +19,23 @@
 #include "ipc2581/draw/Polygon.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Below;
 using ipc2581::tests::Export;
 using ipc2581::tests::Exported;
+using ipc2581::tests::Joined;
 using ipc2581::tests::Lines;
 using ipc2581::tests::Slot;
+using ipc2581::tests::Texts;
 using ipc2581::tests::Tokens;
 using ipc2581::tests::Written;
 
 using Contour = CIPC2581_DicDraw_Contour;
 using Shape = CIPC2581_DrawObj;
 using List = CArray<CString, CString>;
-using Texts = std::vector<std::string>;
 
 // The draw types of the shapes in the list.
 std::vector<int> Types(const CIPC2581_DrawObjArray & shapes)
@@ -108,7 +111,7 @@ TEST(DicDraw_Contour, ItsAssignmentFollowsTheOperationsOfEveryShape)
 
 TEST(DicDraw_Contour, ReadsPolygonsAndCutoutsInFileOrder)
 {
-    Lines lines({"<Cutout>", "</Cutout>", "  <Polygon a=\"1\">", "</Polygon>", "<Cutout>", "</Cutout>", "</Contour>",
+    Lines lines({"<Cutout>", "</Cutout>", R"(  <Polygon a="1">)", "</Polygon>", "<Cutout>", "</Cutout>", "</Contour>",
                  "<Next/>"});
     Contour contour;
     EXPECT_EQ(static_cast<Shape &>(contour).Import(lines), 1);
@@ -170,7 +173,7 @@ TEST(DicDraw_Contour, EndsAtAnyTokenThatHoldsItsClosingTag)
 
 TEST(DicDraw_Contour, PassesOverEveryOtherLine)
 {
-    EXPECT_EQ(Read({"", "<Contour>", "<LineDesc lineWidth=\"1\"/>", "<Circle a=\"Polygon\"/>", "<x Cutout>",
+    EXPECT_EQ(Read({"", "<Contour>", R"(<LineDesc lineWidth="1"/>)", R"(<Circle a="Polygon"/>)", "<x Cutout>",
                     "<x /Contour>", "<polygon>", "<CUTOUT>", "<Cutout>", "</Cutout>", "</Contour>"}),
               std::vector<int>{23});
 }
@@ -204,7 +207,7 @@ TEST(DicDraw_Contour, LosesTheShapeInWhichAnExceptionPasses)
 TEST(DicDraw_Contour, ReadsNothingFromATokenList)
 {
     Contour contour;
-    EXPECT_EQ(static_cast<Shape &>(contour).Import(Tokens("<Polygon x=\"1\">")), 1);
+    EXPECT_EQ(static_cast<Shape &>(contour).Import(Tokens(R"(<Polygon x="1">)")), 1);
     EXPECT_TRUE(contour.DicDrawObjArray->IsEmpty());
     EXPECT_EQ(contour.DrawType, 3);
 }
@@ -212,17 +215,18 @@ TEST(DicDraw_Contour, ReadsNothingFromATokenList)
 TEST(DicDraw_Contour, WritesItsShapesOneLevelDeeper)
 {
     const std::unique_ptr<Contour> contour = WithPolygonAndCutout();
-    const std::string text = "   <Contour>\n"
-                             "      <Polygon>\n"
-                             "         <PolyBegin x=\"1.000000\" y=\"2.000000\" />\n"
-                             "         <PolyStepSegment x=\"3.000000\" y=\"4.000000\" />\n"
-                             "      </Polygon>\n"
-                             "      <Cutout>\n"
-                             "         <PolyBegin x=\"5.000000\" y=\"6.000000\" />\n"
-                             "         <PolyStepCurve x=\"1.000000\" y=\"2.000000\" centerX=\"3.000000\" "
-                             "centerY=\"4.000000\" clockwise=\"FALSE\" />\n"
-                             "      </Cutout>\n"
-                             "   </Contour>\n";
+    const std::string text = Below(R"(
+   <Contour>
+      <Polygon>
+         <PolyBegin x="1.000000" y="2.000000" />
+         <PolyStepSegment x="3.000000" y="4.000000" />
+      </Polygon>
+      <Cutout>
+         <PolyBegin x="5.000000" y="6.000000" />
+         <PolyStepCurve x="1.000000" y="2.000000" centerX="3.000000" centerY="4.000000" clockwise="FALSE" />
+      </Cutout>
+   </Contour>
+)");
     EXPECT_EQ(Exported(*contour), (Export{1, text}));
 }
 
@@ -238,7 +242,7 @@ TEST(DicDraw_Contour, StopsAtAShapeThatCannotBeWritten)
     const std::unique_ptr<Contour> contour = WithCircle(1);
     contour->DicDrawObjArray->Add(new Shape);
     contour->DicDrawObjArray->Add(new CIPC2581_DicDraw_Circle);
-    EXPECT_EQ(Exported(*contour), (Export{0, "   <Contour>\n      <Circle diameter=\"1.000000\" />\n"}));
+    EXPECT_EQ(Exported(*contour), (Export{0, Joined({"   <Contour>", R"(      <Circle diameter="1.000000" />)"})}));
 }
 
 TEST(DicDraw_Contour, CopiesLoseTheirPolygonsAndCannotBeWritten)
@@ -264,7 +268,11 @@ TEST(DicDraw_Contour, CopiesKeepTheirPrimitivesAndTheDrawType)
 {
     const std::unique_ptr<Contour> source = WithCircle(2);
     source->DrawType = 99;
-    const std::string text = "   <Contour>\n      <Circle diameter=\"2.000000\" />\n   </Contour>\n";
+    const std::string text = Below(R"(
+   <Contour>
+      <Circle diameter="2.000000" />
+   </Contour>
+)");
     Contour constructed(*source);
     const std::unique_ptr<Contour> assigned = WithCircle(5);
     *assigned = *source;

@@ -17,20 +17,22 @@
 #include "ipc2581/content/EntryColor.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Below;
 using ipc2581::tests::Export;
 using ipc2581::tests::Exported;
 using ipc2581::tests::Lines;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Str;
+using ipc2581::tests::Texts;
 using ipc2581::tests::Written;
 
 using Dictionary = CIPC2581_Content_DictionaryColor;
 using Entry = CIPC2581_Content_DictionaryColor_EntryColor;
 using Array = CIPC2581_Content_DictionaryColor_EntryColorArray;
-using Texts = std::vector<std::string>;
 
 // The five fields of an entry.
 struct Fields {
@@ -127,33 +129,33 @@ TEST(Content_DictionaryColor_EntryColor, HasAccessors)
 
 TEST(Content_DictionaryColor_EntryColor, ReadsItsColorLineUpToItsEnd)
 {
-    Lines lines({"   <Color r=\"1\" g=\"2\" b=\"3\" />", "</EntryColor>", "<Color r=\"9\"/>"});
+    Lines lines({R"(   <Color r="1" g="2" b="3" />)", "</EntryColor>", R"(<Color r="9"/>)"});
     Entry entry;
     entry.EntryColorAdd(lines);
     EXPECT_EQ(FieldsOf(entry), (Fields{"", 1, 2, 3, ""}));
-    EXPECT_EQ(lines.Rest(), Texts({"<Color r=\"9\"/>"}));
+    EXPECT_EQ(lines.Rest(), Texts({R"(<Color r="9"/>)"}));
 }
 
 TEST(Content_DictionaryColor_EntryColor, EndsAtAnyTokenThatHoldsItsClosingTag)
 {
     for (const char * end : {"  </EntryColor >", "</EntryColors>", "<x></EntryColor>"}) {
-        Lines lines({end, "<Color r=\"9\"/>"});
+        Lines lines({end, R"(<Color r="9"/>)"});
         Entry entry;
         entry.EntryColorAdd(lines);
-        EXPECT_EQ(lines.Rest(), Texts({"<Color r=\"9\"/>"})) << end;
+        EXPECT_EQ(lines.Rest(), Texts({R"(<Color r="9"/>)"})) << end;
     }
 }
 
 TEST(Content_DictionaryColor_EntryColor, TheLastColorLineWins)
 {
-    EXPECT_EQ(Read({"<Color r=\"1\" g=\"2\"/>", "<Color r=\"4\" b=\"5\" id=\"x\"/>", "</EntryColor>"}),
+    EXPECT_EQ(Read({R"(<Color r="1" g="2"/>)", R"(<Color r="4" b="5" id="x"/>)", "</EntryColor>"}),
               (Fields{"C1", 4, 2, 5, "x"}));
-    EXPECT_EQ(Read({"<Color r=\"1\" r=\"2\"/>"}), (Fields{"C1", 2, 12, 13, "ref"}));
+    EXPECT_EQ(Read({R"(<Color r="1" r="2"/>)"}), (Fields{"C1", 2, 12, 13, "ref"}));
 }
 
 TEST(Content_DictionaryColor_EntryColor, KeepsTheIdOfTheColorLineApart)
 {
-    EXPECT_EQ(Read({"<Color id=\"X\" r=\"1\" g=\"2\" b=\"3\" />"}), (Fields{"C1", 1, 2, 3, "X"}));
+    EXPECT_EQ(Read({R"(<Color id="X" r="1" g="2" b="3" />)"}), (Fields{"C1", 1, 2, 3, "X"}));
 }
 
 TEST(Content_DictionaryColor_EntryColor, TheEarlierKeyOfTheChainDecidesATokenThatHoldsTwo)
@@ -162,46 +164,46 @@ TEST(Content_DictionaryColor_EntryColor, TheEarlierKeyOfTheChainDecidesATokenTha
     const std::vector<Fields> hits = {{"C1", 0, 12, 13, "ref"}, {"C1", 11, 0, 13, "ref"}, {"C1", 11, 12, 0, "ref"}};
     for (std::size_t first = 0; first < 3; ++first) {
         for (std::size_t second = first + 1; second < 4; ++second) {
-            EXPECT_EQ(Read({"<Color " + keys[first] + "\"" + keys[second] + "5\"/>"}), hits[first]);
-            EXPECT_EQ(Read({"<Color " + keys[second] + "\"" + keys[first] + "5\"/>"}), hits[first]);
+            EXPECT_EQ(Read({"<Color " + keys[first] + R"(")" + keys[second] + R"(5"/>)"}), hits[first]);
+            EXPECT_EQ(Read({"<Color " + keys[second] + R"(")" + keys[first] + R"(5"/>)"}), hits[first]);
         }
     }
 }
 
 TEST(Content_DictionaryColor_EntryColor, FindsAKeyAnywhereInAToken)
 {
-    EXPECT_EQ(Read({"<Color color=\"5\"/>"}), (Fields{"C1", 5, 12, 13, "ref"}));
-    EXPECT_EQ(Read({"<Color bg=\"5\"/>"}), (Fields{"C1", 11, 5, 13, "ref"}));
-    EXPECT_EQ(Read({"<Color rgb=\"5\"/>"}), (Fields{"C1", 11, 12, 5, "ref"}));
-    EXPECT_EQ(Read({"<Color valid=\"5\"/>"}), (Fields{"C1", 11, 12, 13, "5"}));
-    EXPECT_EQ(Read({"<Colorr=\"5\" g=\"6\">"}), (Fields{"C1", 5, 6, 13, "ref"}));
-    EXPECT_EQ(Read({"<Color R=\"5\" G=\"5\" B=\"5\" ID=\"5\" r =\"5\"/>"}), Before);
+    EXPECT_EQ(Read({R"(<Color color="5"/>)"}), (Fields{"C1", 5, 12, 13, "ref"}));
+    EXPECT_EQ(Read({R"(<Color bg="5"/>)"}), (Fields{"C1", 11, 5, 13, "ref"}));
+    EXPECT_EQ(Read({R"(<Color rgb="5"/>)"}), (Fields{"C1", 11, 12, 5, "ref"}));
+    EXPECT_EQ(Read({R"(<Color valid="5"/>)"}), (Fields{"C1", 11, 12, 13, "5"}));
+    EXPECT_EQ(Read({R"(<Colorr="5" g="6">)"}), (Fields{"C1", 5, 6, 13, "ref"}));
+    EXPECT_EQ(Read({R"(<Color R="5" G="5" B="5" ID="5" r ="5"/>)"}), Before);
 }
 
 TEST(Content_DictionaryColor_EntryColor, TakesWholeNumbersAsFarAsTheyGo)
 {
-    EXPECT_EQ(Read({"<Color r=\"300\" g=\"-1\" b=\"x\" />"}), (Fields{"C1", 300, -1, 0, "ref"}));
-    EXPECT_EQ(Read({"<Color r=\"12.9\" g=\"1e3\" b=\"\" />"}), (Fields{"C1", 12, 1, 0, "ref"}));
-    EXPECT_EQ(Read({"<Color r=\" 7 g=\" g=\"7 8\" id=\"a b\" />"}), (Fields{"C1", 7, 7, 13, "a b"}));
+    EXPECT_EQ(Read({R"(<Color r="300" g="-1" b="x" />)"}), (Fields{"C1", 300, -1, 0, "ref"}));
+    EXPECT_EQ(Read({R"(<Color r="12.9" g="1e3" b="" />)"}), (Fields{"C1", 12, 1, 0, "ref"}));
+    EXPECT_EQ(Read({R"(<Color r=" 7 g=" g="7 8" id="a b" />)"}), (Fields{"C1", 7, 7, 13, "a b"}));
 }
 
 TEST(Content_DictionaryColor_EntryColor, TakesEveryOpeningThatHoldsColorForAColorLine)
 {
-    EXPECT_EQ(Read({"<EntryColor id=\"D\" r=\"5\">", "</EntryColor>"}), (Fields{"C1", 5, 12, 13, "D"}));
-    EXPECT_EQ(Read({"<ColorRef id=\"D\"/>"}), (Fields{"C1", 11, 12, 13, "D"}));
-    EXPECT_EQ(Read({"<Color>", "Color r=\"6\""}), (Fields{"C1", 6, 12, 13, "ref"}));
+    EXPECT_EQ(Read({R"(<EntryColor id="D" r="5">)", "</EntryColor>"}), (Fields{"C1", 5, 12, 13, "D"}));
+    EXPECT_EQ(Read({R"(<ColorRef id="D"/>)"}), (Fields{"C1", 11, 12, 13, "D"}));
+    EXPECT_EQ(Read({"<Color>", R"(Color r="6")"}), (Fields{"C1", 6, 12, 13, "ref"}));
 }
 
 TEST(Content_DictionaryColor_EntryColor, PassesOverColorWithASlashInItsFirstToken)
 {
-    EXPECT_EQ(Read({"<Color/>", "</Color>", "<Color/ r=\"5\">", "</DictionaryColor r=\"5\">", "<Color r=\"6\"/>"}),
+    EXPECT_EQ(Read({"<Color/>", "</Color>", R"(<Color/ r="5">)", R"(</DictionaryColor r="5">)", R"(<Color r="6"/>)"}),
               (Fields{"C1", 6, 12, 13, "ref"}));
 }
 
 TEST(Content_DictionaryColor_EntryColor, PassesOverOtherLines)
 {
-    EXPECT_EQ(Read({"", "<x Color r=\"5\"/>", "<color r=\"5\"/>", "<COLOR r=\"5\"/>", "<r=\"5\">", "<x /EntryColor>",
-                    "<Color g=\"6\"/>"}),
+    EXPECT_EQ(Read({"", R"(<x Color r="5"/>)", R"(<color r="5"/>)", R"(<COLOR r="5"/>)", R"(<r="5">)",
+                    "<x /EntryColor>", R"(<Color g="6"/>)"}),
               (Fields{"C1", 11, 6, 13, "ref"}));
 }
 
@@ -212,7 +214,7 @@ TEST(Content_DictionaryColor_EntryColor, EndsQuietlyAtTheEndOfTheFile)
 
 TEST(Content_DictionaryColor_EntryColor, ThrowsForALineOfBlanks)
 {
-    Lines lines({"<Color r=\"1\"/>", "  ", "<Next/>"});
+    Lines lines({R"(<Color r="1"/>)", "  ", "<Next/>"});
     Entry entry;
     EXPECT_THROW(entry.EntryColorAdd(lines), CInvalidArgException);
     EXPECT_EQ(entry.Red, 1);
@@ -221,8 +223,8 @@ TEST(Content_DictionaryColor_EntryColor, ThrowsForALineOfBlanks)
 
 TEST(Content_DictionaryColor_EntryColor, ThrowsForAValueThatTheLineDoesNotClose)
 {
-    for (const char * value : {"g=\"2", "b=2", "id=\"x y"}) {
-        Lines lines({std::string("<Color r=\"1\" ") + value});
+    for (const char * value : {R"(g="2)", "b=2", R"(id="x y)"}) {
+        Lines lines({std::string(R"(<Color r="1" )") + value});
         const std::unique_ptr<Entry> entry = NewEntry(Before);
         EXPECT_THROW(entry->EntryColorAdd(lines), CInvalidArgException);
         EXPECT_EQ(FieldsOf(*entry), (Fields{"C1", 1, 12, 13, "ref"})) << value;
@@ -232,20 +234,31 @@ TEST(Content_DictionaryColor_EntryColor, ThrowsForAValueThatTheLineDoesNotClose)
 TEST(Content_DictionaryColor_EntryColor, WritesThreeLinesWithoutTheReference)
 {
     const std::unique_ptr<Entry> entry = NewEntry({"C1", 12, 34, 56, "ref"});
-    EXPECT_EQ(Exported(*entry), (Export{1, "   <EntryColor id=\"C1\">\n"
-                                           "      <Color r=\"12\" g=\"34\" b=\"56\" />\n"
-                                           "   </EntryColor>\n"}));
-    EXPECT_EQ(Exported(*entry, 2), (Export{1, "         <EntryColor id=\"C1\">\n"
-                                              "            <Color r=\"12\" g=\"34\" b=\"56\" />\n"
-                                              "         </EntryColor>\n"}));
+    EXPECT_EQ(Exported(*entry), (Export{1, Below(R"(
+   <EntryColor id="C1">
+      <Color r="12" g="34" b="56" />
+   </EntryColor>
+)")}));
+    EXPECT_EQ(Exported(*entry, 2), (Export{1, Below(R"(
+         <EntryColor id="C1">
+            <Color r="12" g="34" b="56" />
+         </EntryColor>
+)")}));
 }
 
 TEST(Content_DictionaryColor_EntryColor, WritesItsNumbersUnchecked)
 {
     Entry black;
-    EXPECT_EQ(Written(black), "   <EntryColor id=\"\">\n      <Color r=\"0\" g=\"0\" b=\"0\" />\n   </EntryColor>\n");
-    EXPECT_EQ(Written(*NewEntry({"C", 300, -1, 0, ""})),
-              "   <EntryColor id=\"C\">\n      <Color r=\"300\" g=\"-1\" b=\"0\" />\n   </EntryColor>\n");
+    EXPECT_EQ(Written(black), Below(R"(
+   <EntryColor id="">
+      <Color r="0" g="0" b="0" />
+   </EntryColor>
+)"));
+    EXPECT_EQ(Written(*NewEntry({"C", 300, -1, 0, ""})), Below(R"(
+   <EntryColor id="C">
+      <Color r="300" g="-1" b="0" />
+   </EntryColor>
+)"));
 }
 
 TEST(Content_DictionaryColor_EntryColor, CopiesHoldAllFields)
@@ -281,10 +294,14 @@ TEST(Content_DictionaryColor_EntryColorArray, WritesItsEntriesAtItsOwnLevel)
     EXPECT_EQ(Exported(array), (Export{1, ""}));
     array.Add(NewEntry({"A", 1, 2, 3, ""}).release());
     array.Add(NewEntry({"B", 4, 5, 6, ""}).release());
-    EXPECT_EQ(Exported(array, 1), (Export{1, "      <EntryColor id=\"A\">\n         <Color r=\"1\" g=\"2\" b=\"3\" />\n"
-                                             "      </EntryColor>\n"
-                                             "      <EntryColor id=\"B\">\n         <Color r=\"4\" g=\"5\" b=\"6\" />\n"
-                                             "      </EntryColor>\n"}));
+    EXPECT_EQ(Exported(array, 1), (Export{1, Below(R"(
+      <EntryColor id="A">
+         <Color r="1" g="2" b="3" />
+      </EntryColor>
+      <EntryColor id="B">
+         <Color r="4" g="5" b="6" />
+      </EntryColor>
+)")}));
 }
 
 TEST(Content_DictionaryColor_EntryColorArray, StopsAtTheFirstEntryThatCannotBeWritten)
@@ -380,11 +397,13 @@ TEST(Content_DictionaryColor, WritesItsEntriesOneLevelDeeper)
 {
     Dictionary dictionary;
     dictionary.Entry->Add(NewEntry({"C1", 12, 34, 56, ""}).release());
-    EXPECT_EQ(Exported(dictionary), (Export{1, "   <DictionaryColor>\n"
-                                               "      <EntryColor id=\"C1\">\n"
-                                               "         <Color r=\"12\" g=\"34\" b=\"56\" />\n"
-                                               "      </EntryColor>\n"
-                                               "   </DictionaryColor>\n"}));
+    EXPECT_EQ(Exported(dictionary), (Export{1, Below(R"(
+   <DictionaryColor>
+      <EntryColor id="C1">
+         <Color r="12" g="34" b="56" />
+      </EntryColor>
+   </DictionaryColor>
+)")}));
 }
 
 TEST(Content_DictionaryColor, StopsAtAnEntryThatCannotBeWritten)

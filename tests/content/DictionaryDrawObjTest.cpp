@@ -17,11 +17,13 @@
 #include "ipc2581/draw/Pt.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
 using ipc2581::tests::Export;
 using ipc2581::tests::Exported;
+using ipc2581::tests::Joined;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Written;
 
@@ -158,7 +160,7 @@ TYPED_TEST(DictionaryContour, WritesTheFirstPointAsTheBegin)
 {
     const auto shape = this->With({NewPt(1, 1, 2)});
     EXPECT_EQ(Exported(static_cast<Base &>(*shape)),
-              (Export{1, this->Opening("   ") + "      <PolyBegin x=\"1.000000\" y=\"2.000000\" />\n" +
+              (Export{1, this->Opening("   ") + Joined({R"(      <PolyBegin x="1.000000" y="2.000000" />)"}) +
                              this->Closing("   ")}));
 }
 
@@ -166,19 +168,22 @@ TYPED_TEST(DictionaryContour, WritesTheOtherPointsAsSteps)
 {
     const auto shape = this->With({NewPt(0, 1, 2), NewPt(0, 3, 4), NewPt(1, 5, 6)});
     shape->PtArray->GetAt(2)->CenterPoint.SetData(7, 8);
-    EXPECT_EQ(Exported(*shape, 2),
-              (Export{1, this->Opening("         ") + "            <PolyBegin x=\"1.000000\" y=\"2.000000\" />\n" +
-                             "            <PolyStepSegment x=\"3.000000\" y=\"4.000000\" />\n" +
-                             "            <PolyStepCurve x=\"5.000000\" y=\"6.000000\" centerX=\"7.000000\" "
-                             "centerY=\"8.000000\" clockwise=\"TRUE\" />\n" +
-                             this->Closing("         ")}));
+    EXPECT_EQ(
+        Exported(*shape, 2),
+        (Export{
+            1,
+            this->Opening("         ") + Joined({R"(            <PolyBegin x="1.000000" y="2.000000" />)"}) +
+                Joined({R"(            <PolyStepSegment x="3.000000" y="4.000000" />)"}) +
+                Joined(
+                    {R"(            <PolyStepCurve x="5.000000" y="6.000000" centerX="7.000000" centerY="8.000000" clockwise="TRUE" />)"}) +
+                this->Closing("         ")}));
 }
 
 TYPED_TEST(DictionaryContour, StopsAtAPointThatCannotBeWritten)
 {
     const auto shape = this->With({NewPt(0, 1, 2), new UnwritablePt, NewPt(0, 3, 4)});
     EXPECT_EQ(Exported(*shape),
-              (Export{0, this->Opening("   ") + "      <PolyBegin x=\"1.000000\" y=\"2.000000\" />\n"}));
+              (Export{0, this->Opening("   ") + Joined({R"(      <PolyBegin x="1.000000" y="2.000000" />)"})}));
 }
 
 TYPED_TEST(DictionaryContour, CopiesHavePointsOfTheirOwn)

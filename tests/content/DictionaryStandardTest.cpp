@@ -11,9 +11,11 @@
 #include "ipc2581/content/EntryStandard.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Below;
 using ipc2581::tests::Export;
 using ipc2581::tests::Exported;
 using ipc2581::tests::Slot;
@@ -100,23 +102,27 @@ TEST(Content_DictionaryStandard, WritesItsEntriesOneLevelDeeper)
 {
     const std::unique_ptr<Dictionary> dictionary = With("MM", "A");
     dictionary->SetEntry(new Entry);
-    EXPECT_EQ(Exported(*dictionary), (Export{1, "   <DictionaryStandard units=\"MM\">\n"
-                                                "      <EntryStandard id=\"A\">\n"
-                                                "         <Circle diameter=\"0.000000\" />\n"
-                                                "      </EntryStandard>\n"
-                                                "      <EntryStandard id=\"\">\n"
-                                                "      </EntryStandard>\n"
-                                                "   </DictionaryStandard>\n"}));
+    EXPECT_EQ(Exported(*dictionary), (Export{1, Below(R"(
+   <DictionaryStandard units="MM">
+      <EntryStandard id="A">
+         <Circle diameter="0.000000" />
+      </EntryStandard>
+      <EntryStandard id="">
+      </EntryStandard>
+   </DictionaryStandard>
+)")}));
 }
 
 TEST(Content_DictionaryStandard, WritesFourLinesForAnEntryWithoutShapes)
 {
     Dictionary dictionary;
     dictionary.SetEntry(new Entry);
-    EXPECT_EQ(Exported(dictionary, 2), (Export{1, "         <DictionaryStandard units=\"\">\n"
-                                                  "            <EntryStandard id=\"\">\n"
-                                                  "            </EntryStandard>\n"
-                                                  "         </DictionaryStandard>\n"}));
+    EXPECT_EQ(Exported(dictionary, 2), (Export{1, Below(R"(
+         <DictionaryStandard units="">
+            <EntryStandard id="">
+            </EntryStandard>
+         </DictionaryStandard>
+)")}));
 }
 
 TEST(Content_DictionaryStandard, StopsAtAnEntryThatCannotBeWritten)
@@ -124,9 +130,11 @@ TEST(Content_DictionaryStandard, StopsAtAnEntryThatCannotBeWritten)
     const std::unique_ptr<Dictionary> dictionary = With("MM", "A");
     dictionary->EntryArray->GetAt(0)->DrawArray->Add(new CIPC2581_DrawObj);
     dictionary->SetEntry(NewEntry("B"));
-    EXPECT_EQ(Exported(*dictionary), (Export{0, "   <DictionaryStandard units=\"MM\">\n"
-                                                "      <EntryStandard id=\"A\">\n"
-                                                "         <Circle diameter=\"0.000000\" />\n"}));
+    EXPECT_EQ(Exported(*dictionary), (Export{0, Below(R"(
+   <DictionaryStandard units="MM">
+      <EntryStandard id="A">
+         <Circle diameter="0.000000" />
+)")}));
 }
 
 TEST(Content_DictionaryStandard, CopiesHaveEntriesOfTheirOwn)

@@ -13,11 +13,14 @@
 #include "ipc2581/content/EntryUser.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Below;
 using ipc2581::tests::Export;
 using ipc2581::tests::Exported;
+using ipc2581::tests::Joined;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Written;
 
@@ -111,20 +114,25 @@ TEST(Content_DictionaryUser_EntryUser, TakesAListOverAsItIs)
 TEST(Content_DictionaryUser_EntryUser, WritesItsShapesOneLevelDeeper)
 {
     const std::unique_ptr<Entry> entry = NewEntry("A", {1});
-    EXPECT_EQ(Exported(*entry), (Export{1, "   <EntryUser id=\"A\">\n"
-                                           "      <Circle diameter=\"1.000000\" />\n"
-                                           "   </EntryUser>\n"}));
-    EXPECT_EQ(Exported(*entry, 2), (Export{1, "         <EntryUser id=\"A\">\n"
-                                              "            <Circle diameter=\"1.000000\" />\n"
-                                              "         </EntryUser>\n"}));
-    EXPECT_EQ(Written(*NewEntry("")), "   <EntryUser id=\"\">\n   </EntryUser>\n");
+    EXPECT_EQ(Exported(*entry), (Export{1, Below(R"(
+   <EntryUser id="A">
+      <Circle diameter="1.000000" />
+   </EntryUser>
+)")}));
+    EXPECT_EQ(Exported(*entry, 2), (Export{1, Below(R"(
+         <EntryUser id="A">
+            <Circle diameter="1.000000" />
+         </EntryUser>
+)")}));
+    EXPECT_EQ(Written(*NewEntry("")), Joined({R"(   <EntryUser id="">)", "   </EntryUser>"}));
 }
 
 TEST(Content_DictionaryUser_EntryUser, StopsAtAShapeThatCannotBeWritten)
 {
     const std::unique_ptr<Entry> entry = NewEntry("A", {1});
     entry->DrawObjArray->Add(new Shape);
-    EXPECT_EQ(Exported(*entry), (Export{0, "   <EntryUser id=\"A\">\n      <Circle diameter=\"1.000000\" />\n"}));
+    EXPECT_EQ(Exported(*entry),
+              (Export{0, Joined({R"(   <EntryUser id="A">)", R"(      <Circle diameter="1.000000" />)"})}));
 }
 
 TEST(Content_DictionaryUser_EntryUser, CopiesHaveShapesOfTheirOwn)
@@ -212,8 +220,12 @@ TEST(Content_DictionaryUser_EntryUserArray, WritesItsEntriesAtItsOwnLevel)
     EXPECT_EQ(Exported(array), (Export{1, ""}));
     array.Add(NewEntry("A").release());
     array.Add(NewEntry("B").release());
-    EXPECT_EQ(Exported(array, 1), (Export{1, "      <EntryUser id=\"A\">\n      </EntryUser>\n"
-                                             "      <EntryUser id=\"B\">\n      </EntryUser>\n"}));
+    EXPECT_EQ(Exported(array, 1), (Export{1, Below(R"(
+      <EntryUser id="A">
+      </EntryUser>
+      <EntryUser id="B">
+      </EntryUser>
+)")}));
 }
 
 TEST(Content_DictionaryUser_EntryUserArray, StopsAtTheFirstEntryThatCannotBeWritten)
@@ -222,7 +234,11 @@ TEST(Content_DictionaryUser_EntryUserArray, StopsAtTheFirstEntryThatCannotBeWrit
     array.Add(NewEntry("A").release());
     array.Add(new Unwritable);
     array.Add(NewEntry("B").release());
-    EXPECT_EQ(Exported(array), (Export{0, "   <EntryUser id=\"A\">\n   </EntryUser>\nunwritable\n"}));
+    EXPECT_EQ(Exported(array), (Export{0, Below(R"(
+   <EntryUser id="A">
+   </EntryUser>
+unwritable
+)")}));
 }
 
 TEST(Content_DictionaryUser_EntryUserArray, FindsTheFirstEntryWithAnId)
@@ -289,20 +305,22 @@ TEST(Content_DictionaryUser, SetEntryAddsTheEntryAndOwnsIt)
 TEST(Content_DictionaryUser, WritesItsEntriesOneLevelDeeper)
 {
     const std::unique_ptr<Dictionary> dictionary = With("MM", "A");
-    EXPECT_EQ(Exported(*dictionary), (Export{1, "   <DictionaryUser units=\"MM\">\n"
-                                                "      <EntryUser id=\"A\">\n"
-                                                "         <Circle diameter=\"1.000000\" />\n"
-                                                "      </EntryUser>\n"
-                                                "   </DictionaryUser>\n"}));
+    EXPECT_EQ(Exported(*dictionary), (Export{1, Below(R"(
+   <DictionaryUser units="MM">
+      <EntryUser id="A">
+         <Circle diameter="1.000000" />
+      </EntryUser>
+   </DictionaryUser>
+)")}));
 }
 
 TEST(Content_DictionaryUser, WritesTwoLinesWithoutEntries)
 {
     Dictionary dictionary;
-    EXPECT_EQ(Exported(dictionary), (Export{1, "   <DictionaryUser units=\"\">\n   </DictionaryUser>\n"}));
+    EXPECT_EQ(Exported(dictionary), (Export{1, Joined({R"(   <DictionaryUser units="">)", "   </DictionaryUser>"})}));
     dictionary.Unit = "INCH";
     EXPECT_EQ(Exported(dictionary, 2),
-              (Export{1, "         <DictionaryUser units=\"INCH\">\n         </DictionaryUser>\n"}));
+              (Export{1, Joined({R"(         <DictionaryUser units="INCH">)", "         </DictionaryUser>"})}));
 }
 
 TEST(Content_DictionaryUser, StopsAtAnEntryThatCannotBeWritten)
@@ -310,9 +328,11 @@ TEST(Content_DictionaryUser, StopsAtAnEntryThatCannotBeWritten)
     const std::unique_ptr<Dictionary> dictionary = With("MM", "A");
     dictionary->EntryArray->GetAt(0)->DrawObjArray->Add(new Shape);
     dictionary->SetEntry(NewEntry("B").release());
-    EXPECT_EQ(Exported(*dictionary), (Export{0, "   <DictionaryUser units=\"MM\">\n"
-                                                "      <EntryUser id=\"A\">\n"
-                                                "         <Circle diameter=\"1.000000\" />\n"}));
+    EXPECT_EQ(Exported(*dictionary), (Export{0, Below(R"(
+   <DictionaryUser units="MM">
+      <EntryUser id="A">
+         <Circle diameter="1.000000" />
+)")}));
 }
 
 TEST(Content_DictionaryUser, CopiesHaveEntriesOfTheirOwn)

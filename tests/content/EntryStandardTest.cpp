@@ -17,20 +17,23 @@
 #include "ipc2581/content/DicDraw.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Below;
 using ipc2581::tests::Export;
 using ipc2581::tests::Exported;
+using ipc2581::tests::Joined;
 using ipc2581::tests::Lines;
 using ipc2581::tests::Slot;
+using ipc2581::tests::Texts;
 using ipc2581::tests::Written;
 
 using Entry = CIPC2581_Content_DictionaryStandard_EntryStandard;
 using Array = CIPC2581_Content_DictionaryStandard_EntryStandardArray;
 using Shape = CIPC2581_DrawObj;
 using Circle = CIPC2581_DicDraw_Circle;
-using Texts = std::vector<std::string>;
 using Types = std::vector<int>;
 
 template <typename Class>
@@ -155,7 +158,7 @@ TEST(Content_DictionaryStandard_EntryStandard, GivesAndTakesItsId)
 TEST(Content_DictionaryStandard_EntryStandard, MakesTheShapeThatALineNames)
 {
     for (const Row & row : Rows()) {
-        Lines lines({"   <" + row.name + " x=\"1\">", "</Contour>", "</EntryStandard>"});
+        Lines lines({"   <" + row.name + R"( x="1">)", "</Contour>", "</EntryStandard>"});
         Entry entry;
         EXPECT_EQ(entry.Import(lines), 1);
         ASSERT_EQ(TypesOf(entry), Types{row.code}) << row.name;
@@ -178,7 +181,7 @@ TEST(Content_DictionaryStandard_EntryStandard, TakesTheEarlierNameOfALineThatHol
         for (std::size_t second = first + 1; second < Rows().size(); ++second) {
             const std::string & a = Rows()[first].name;
             const std::string & b = Rows()[second].name;
-            EXPECT_EQ(Read({"<" + b + " x=\"" + a + "\">", "</Contour>"}), Types{Rows()[first].code}) << a << b;
+            EXPECT_EQ(Read({"<" + b + R"( x=")" + a + R"(">)", "</Contour>"}), Types{Rows()[first].code}) << a << b;
             EXPECT_EQ(Read({"<" + a + b + ">", "</Contour>"}), Types{Rows()[first].code}) << a << b;
         }
     }
@@ -205,15 +208,15 @@ TEST(Content_DictionaryStandard_EntryStandard, AsksAContourAloneForItsSlash)
         const Types expected = row.name == "Contour" ? Types{} : Types{row.code};
         EXPECT_EQ(Read({"</" + row.name + ">"}), expected) << row.name;
         EXPECT_EQ(Read({"<" + row.name + "/>"}), expected) << row.name;
-        EXPECT_EQ(Read({"<" + row.name + " x=\"1\" />"}), expected) << row.name;
+        EXPECT_EQ(Read({"<" + row.name + R"( x="1" />)"}), expected) << row.name;
     }
 }
 
 TEST(Content_DictionaryStandard_EntryStandard, LetsAContourWithASlashFallThrough)
 {
-    EXPECT_EQ(Read({"<Contour x=\"Oval\"/>", "<Contour a=\"x/y\">"}), Types{10});
+    EXPECT_EQ(Read({R"(<Contour x="Oval"/>)", R"(<Contour a="x/y">)"}), Types{10});
     EXPECT_EQ(Read({"<Contour></Circle>"}), Types{2});
-    Lines lines({"</EntryStandard x=\"Contour\">", "<Oval/>"});
+    Lines lines({R"(</EntryStandard x="Contour">)", "<Oval/>"});
     Entry entry;
     EXPECT_EQ(entry.Import(lines), 1);
     EXPECT_EQ(TypesOf(entry), Types{});
@@ -223,21 +226,21 @@ TEST(Content_DictionaryStandard_EntryStandard, LetsAContourWithASlashFallThrough
 TEST(Content_DictionaryStandard_EntryStandard, FindsANameAnywhereOnTheLine)
 {
     Lines lines(
-        {"<LineDesc note=\"a Circle diameter=9\" more=\"1\"/>", "Hexagon", "<!-- MoireX -->", "</EntryStandard>"});
+        {R"(<LineDesc note="a Circle diameter=9" more="1"/>)", "Hexagon", "<!-- MoireX -->", "</EntryStandard>"});
     Entry entry;
     EXPECT_EQ(entry.Import(lines), 1);
     EXPECT_EQ(TypesOf(entry), (Types{2, 7, 8}));
-    EXPECT_EQ(Read({"<x y=\"1\" z=\"Circle\"/>"}), Types{2});
+    EXPECT_EQ(Read({R"(<x y="1" z="Circle"/>)"}), Types{2});
 }
 
 TEST(Content_DictionaryStandard_EntryStandard, TellsCapitalsApart)
 {
-    EXPECT_EQ(Read({"<circle diameter=\"1\"/>", "<CIRCLE/>", "<rectcenter/>", "</entryStandard>"}), Types{});
+    EXPECT_EQ(Read({R"(<circle diameter="1"/>)", "<CIRCLE/>", "<rectcenter/>", "</entryStandard>"}), Types{});
 }
 
 TEST(Content_DictionaryStandard_EntryStandard, HandsTheTokensOfTheLineToTheShape)
 {
-    Lines lines({"  <Oval width=\"1.5\" height=\"2\"/>", "<Circle\tdiameter=\"2\">", "</Circle>", "</EntryStandard>"});
+    Lines lines({R"(  <Oval width="1.5" height="2"/>)", "<Circle\tdiameter=\"2\">", "</Circle>", "</EntryStandard>"});
     Entry entry;
     EXPECT_EQ(entry.Import(lines), 1);
     ASSERT_EQ(TypesOf(entry), (Types{10, 2, 2}));
@@ -261,7 +264,7 @@ TEST(Content_DictionaryStandard_EntryStandard, LetsAContourReadItsOwnLines)
 TEST(Content_DictionaryStandard_EntryStandard, PassesOverOtherLines)
 {
     EXPECT_EQ(Read({"<Polygon>", R"(<PolyBegin x="1" y="2"/>)", "</Polygon>", "<Cutout>", "</Cutout>",
-                    R"(<LineDesc lineEnd="ROUND"/>)", "<EntryStandard id=\"B\">", "</DictionaryStandard>"}),
+                    R"(<LineDesc lineEnd="ROUND"/>)", R"(<EntryStandard id="B">)", "</DictionaryStandard>"}),
               Types{});
 }
 
@@ -272,7 +275,7 @@ TEST(Content_DictionaryStandard_EntryStandard, PassesOverEmptyLinesAndBlanks)
 
 TEST(Content_DictionaryStandard_EntryStandard, EndsAtItsClosingTagAnywhereOnTheLine)
 {
-    for (const char * end : {"</EntryStandard>", "  </EntryStandard >", "<x y=\"1\" z=\"/EntryStandard\">"}) {
+    for (const char * end : {"</EntryStandard>", "  </EntryStandard >", R"(<x y="1" z="/EntryStandard">)"}) {
         Lines lines({"<Oval/>", end, "<Circle/>"});
         Entry entry;
         EXPECT_EQ(entry.Import(lines), 1);
@@ -311,27 +314,32 @@ TEST(Content_DictionaryStandard_EntryStandard, LosesTheShapeInWhichAnExceptionPa
 TEST(Content_DictionaryStandard_EntryStandard, WritesItsShapesOneLevelDeeper)
 {
     const std::unique_ptr<Entry> entry = NewEntry("A&B", {1, 2});
-    EXPECT_EQ(Exported(*entry), (Export{1, "   <EntryStandard id=\"A&B\">\n"
-                                           "      <Circle diameter=\"1.000000\" />\n"
-                                           "      <Circle diameter=\"2.000000\" />\n"
-                                           "   </EntryStandard>\n"}));
-    EXPECT_EQ(Exported(*entry, 2), (Export{1, "         <EntryStandard id=\"A&B\">\n"
-                                              "            <Circle diameter=\"1.000000\" />\n"
-                                              "            <Circle diameter=\"2.000000\" />\n"
-                                              "         </EntryStandard>\n"}));
+    EXPECT_EQ(Exported(*entry), (Export{1, Below(R"(
+   <EntryStandard id="A&B">
+      <Circle diameter="1.000000" />
+      <Circle diameter="2.000000" />
+   </EntryStandard>
+)")}));
+    EXPECT_EQ(Exported(*entry, 2), (Export{1, Below(R"(
+         <EntryStandard id="A&B">
+            <Circle diameter="1.000000" />
+            <Circle diameter="2.000000" />
+         </EntryStandard>
+)")}));
 }
 
 TEST(Content_DictionaryStandard_EntryStandard, WritesTwoLinesWithoutShapes)
 {
     Entry entry;
-    EXPECT_EQ(Exported(entry), (Export{1, "   <EntryStandard id=\"\">\n   </EntryStandard>\n"}));
+    EXPECT_EQ(Exported(entry), (Export{1, Joined({R"(   <EntryStandard id="">)", "   </EntryStandard>"})}));
 }
 
 TEST(Content_DictionaryStandard_EntryStandard, StopsAtAShapeThatCannotBeWritten)
 {
     const std::unique_ptr<Entry> entry = NewEntry("A", {1});
     entry->DrawArray->Add(new Shape);
-    EXPECT_EQ(Exported(*entry), (Export{0, "   <EntryStandard id=\"A\">\n      <Circle diameter=\"1.000000\" />\n"}));
+    EXPECT_EQ(Exported(*entry),
+              (Export{0, Joined({R"(   <EntryStandard id="A">)", R"(      <Circle diameter="1.000000" />)"})}));
 }
 
 TEST(Content_DictionaryStandard_EntryStandard, CopiesHaveShapesOfTheirOwn)
@@ -354,7 +362,7 @@ TEST(Content_DictionaryStandard_EntryStandard, CopiesOfAContourWithAPolygonCanno
     Entry source;
     source.Import(lines);
     Entry copy(source);
-    EXPECT_EQ(Exported(copy), (Export{0, "   <EntryStandard id=\"\">\n      <Contour>\n"}));
+    EXPECT_EQ(Exported(copy), (Export{0, Joined({R"(   <EntryStandard id="">)", "      <Contour>"})}));
     EXPECT_EQ(Exported(source).result, 1);
 }
 
@@ -424,10 +432,13 @@ TEST(Content_DictionaryStandard_EntryStandardArray, WritesItsEntriesAtItsOwnLeve
     EXPECT_EQ(Exported(array), (Export{1, ""}));
     array.Add(NewEntry("A").release());
     array.Add(NewEntry("B", {1}).release());
-    EXPECT_EQ(Exported(array, 1), (Export{1, "      <EntryStandard id=\"A\">\n      </EntryStandard>\n"
-                                             "      <EntryStandard id=\"B\">\n"
-                                             "         <Circle diameter=\"1.000000\" />\n"
-                                             "      </EntryStandard>\n"}));
+    EXPECT_EQ(Exported(array, 1), (Export{1, Below(R"(
+      <EntryStandard id="A">
+      </EntryStandard>
+      <EntryStandard id="B">
+         <Circle diameter="1.000000" />
+      </EntryStandard>
+)")}));
 }
 
 TEST(Content_DictionaryStandard_EntryStandardArray, StopsAtTheFirstEntryThatCannotBeWritten)
@@ -436,7 +447,11 @@ TEST(Content_DictionaryStandard_EntryStandardArray, StopsAtTheFirstEntryThatCann
     array.Add(NewEntry("A").release());
     array.Add(new Unwritable);
     array.Add(NewEntry("B").release());
-    EXPECT_EQ(Exported(array), (Export{0, "   <EntryStandard id=\"A\">\n   </EntryStandard>\nunwritable\n"}));
+    EXPECT_EQ(Exported(array), (Export{0, Below(R"(
+   <EntryStandard id="A">
+   </EntryStandard>
+unwritable
+)")}));
 }
 
 TEST(Content_DictionaryStandard_EntryStandardArray, OwnsItsEntriesAndClonesThemThroughTheirOwnOperation)

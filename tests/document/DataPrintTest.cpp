@@ -10,6 +10,7 @@
 #include "ipc2581/base/platform/Afx.h"
 #include "ipc2581/document/Parser.h"
 #include "tests/support/Files.h"
+#include "tests/support/Text.h"
 
 namespace {
 
@@ -19,8 +20,7 @@ using ipc2581::tests::Bytes;
 using ipc2581::tests::MessageBoxes;
 using ipc2581::tests::Str;
 using ipc2581::tests::TempFolder;
-
-using Texts = std::vector<std::string>;
+using ipc2581::tests::Texts;
 
 const std::string Empty = " \n\nDictionaryStandard Units: \n";
 

@@ -6,9 +6,11 @@
 
 #include "tests/document/WholeBoard.h"
 #include "tests/support/Files.h"
+#include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Below;
 using ipc2581::tests::BoardLine;
 using ipc2581::tests::MessageBoxes;
 using ipc2581::tests::ModelFiles;
@@ -116,9 +118,25 @@ TEST(EndOfFile, WithinTheIndentThrowsWhereALineOfBlanksDoes)
     EXPECT_TRUE(files.Read("<LogisticHeader>\n   ").isCut);
     EXPECT_TRUE(files.Read("<Bom>\n<BomItem>\n   ").isCut);
     EXPECT_TRUE(files.Read("<Ecad>\n<CadData>\n<Step>\n<Package>\n<Pin>\n   ").isCut);
-    EXPECT_FALSE(files.Read("<Content>\n<DictionaryStandard units=\"MM\">\n   ").isCut);
-    EXPECT_FALSE(files.Read("<Content>\n<DictionaryStandard units=\"MM\">\n<EntryStandard id=\"a\">\n   ").isCut);
-    EXPECT_FALSE(files.Read("<Content>\n<DictionaryUser units=\"MM\">\n   ").isCut);
+    EXPECT_FALSE(files
+                     .Read(Below(R"(
+<Content>
+<DictionaryStandard units="MM">
+   )"))
+                     .isCut);
+    EXPECT_FALSE(files
+                     .Read(Below(R"(
+<Content>
+<DictionaryStandard units="MM">
+<EntryStandard id="a">
+   )"))
+                     .isCut);
+    EXPECT_FALSE(files
+                     .Read(Below(R"(
+<Content>
+<DictionaryUser units="MM">
+   )"))
+                     .isCut);
 }
 
 }  // namespace

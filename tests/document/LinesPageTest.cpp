@@ -12,11 +12,10 @@
 #include "ipc2581/ipc2581.h"
 #include "tests/document/ModelValues.h"
 #include "tests/support/Files.h"
+#include "tests/support/Text.h"
 
 namespace ipc2581::tests {
 namespace {
-
-using Texts = std::vector<std::string>;
 
 constexpr const char * Page = IPC2581_SOURCE_FOLDER "/docs/lines.md";
 constexpr std::string_view Fence = "```";
@@ -34,17 +33,6 @@ struct Examples {
     std::vector<Example> all;
     int blocksOutside = 0;
 };
-
-Texts Split(const std::string & text)
-{
-    Texts lines;
-    for (std::size_t at = 0; at < text.size();) {
-        const std::size_t end = std::min(text.find('\n', at), text.size());
-        lines.push_back(text.substr(at, end - at));
-        at = end + 1;
-    }
-    return lines;
-}
 
 // The text with each control picture as the character that it stands for: in UTF-8 that is the third byte, less 0x80.
 std::string WithoutPictures(std::string text)
@@ -198,15 +186,6 @@ Outcome Read(const Example & example)
         outcome.written.push_back(line.substr(std::min(line.find_first_not_of(' '), line.size())));
     }
     return outcome;
-}
-
-std::string Joined(const Texts & lines)
-{
-    std::string text;
-    for (const std::string & line : lines) {
-        text.append(line).append("\n");
-    }
-    return text;
 }
 
 TEST(LinesPage, HasNoFaults)

@@ -15,16 +15,18 @@
 #include "ipc2581/document/Parser.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Below;
+using ipc2581::tests::Joined;
 using ipc2581::tests::MessageBoxes;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Str;
 using ipc2581::tests::TempFolder;
+using ipc2581::tests::Texts;
 using ipc2581::tests::Tokens;
-
-using Texts = std::vector<std::string>;
 
 // Its own operation stands behind all those of the class.
 template <typename Model>
@@ -246,8 +248,18 @@ TEST(XmlLiteReader, SendsPositionsBehindTheSectionAndForEcadInFrontOfIt)
         return Str(root.m_LogisticHeader.m_strRoleName + CString("|") + root.m_HistoryRecord.toolRef + CString("|") +
                    root.m_Bom.assembly + CString("|") + root.m_Ecad.name);
     };
-    document.Open("<LogisticHeader>\n<Role name=\"r\"/>\n</LogisticHeader>\n<HistoryRecord toolRef=\"t\"/>\n<Bom>\n"
-                  "<BomHeader assembly=\"a\"/>\n</Bom>\n<Ecad name=\"e\">\n</Ecad>\n</IPC-2581>\n");
+    document.Open(Below(R"(
+<LogisticHeader>
+<Role name="r"/>
+</LogisticHeader>
+<HistoryRecord toolRef="t"/>
+<Bom>
+<BomHeader assembly="a"/>
+</Bom>
+<Ecad name="e">
+</Ecad>
+</IPC-2581>
+)"));
     EXPECT_EQ(document.bar.seen, (Texts{"r|||", "r|t||", "r|t|a|", "r|t|a|", "r|t|a|e"}));
 }
 
@@ -272,7 +284,13 @@ TEST(XmlLiteReader, TheClosingRootTagAloneGivesPosition100)
 TEST(XmlLiteReader, TheClosingRootTagDoesNotStopTheRead)
 {
     Document document;
-    EXPECT_EQ(document.Open("</IPC-2581>\n<Bom name=\"late\">\n</Bom>\n</IPC-2581>\n"), 1);
+    EXPECT_EQ(document.Open(Below(R"(
+</IPC-2581>
+<Bom name="late">
+</Bom>
+</IPC-2581>
+)")),
+              1);
     EXPECT_EQ(document.root.m_Bom.name, "late");
     EXPECT_EQ(document.bar.positions, (std::vector<int>{100, 4, 100}));
 }
@@ -287,17 +305,23 @@ TEST(XmlLiteReader, NoClosingRootTagNoPosition100)
 TEST(XmlLiteReader, TheRootTagIsNeverLookedFor)
 {
     Document document;
-    EXPECT_EQ(document.Open("<Bom name=\"b\">\n</Bom>\n"), 1);
+    EXPECT_EQ(document.Open(Joined({R"(<Bom name="b">)", "</Bom>"})), 1);
     EXPECT_EQ(document.root.m_Bom.name, "b");
 }
 
 TEST(XmlLiteReader, TheOrderOfTheSectionsIsFree)
 {
     Document document;
-    EXPECT_EQ(
-        document.Open("<Ecad name=\"e\">\n</Ecad>\n<Content>\n<FunctionMode mode=\"m\" level=\"1\"/>\n</Content>\n"
-                      "<LogisticHeader>\n</LogisticHeader>\n"),
-        1);
+    EXPECT_EQ(document.Open(Below(R"(
+<Ecad name="e">
+</Ecad>
+<Content>
+<FunctionMode mode="m" level="1"/>
+</Content>
+<LogisticHeader>
+</LogisticHeader>
+)")),
+              1);
     EXPECT_EQ(document.Log(), (Texts{"Ecad_Start", "Ecad_End", "Content_Start", "Content_End", "LogisticHeader_Start",
                                      "LogisticHeader_End"}));
     EXPECT_EQ(document.bar.positions, (std::vector<int>{8, 1}));
@@ -307,8 +331,16 @@ TEST(XmlLiteReader, TheOrderOfTheSectionsIsFree)
 TEST(XmlLiteReader, ASecondBomAddsToTheFirst)
 {
     Document document;
-    document.Open(
-        "<Bom name=\"one\">\n<BomItem>\n</BomItem>\n</Bom>\n<Bom name=\"two\">\n<BomItem>\n</BomItem>\n</Bom>\n");
+    document.Open(Below(R"(
+<Bom name="one">
+<BomItem>
+</BomItem>
+</Bom>
+<Bom name="two">
+<BomItem>
+</BomItem>
+</Bom>
+)"));
     EXPECT_EQ(document.root.m_Bom.name, "two");
     EXPECT_EQ(document.root.m_Bom.m_arrBomItem.GetSize(), 2);
     EXPECT_EQ(document.bar.positions, (std::vector<int>{4, 4}));
@@ -317,14 +349,24 @@ TEST(XmlLiteReader, ASecondBomAddsToTheFirst)
 TEST(XmlLiteReader, AnEmptyLineBetweenSectionsIsHarmless)
 {
     Document document;
-    EXPECT_EQ(document.Open("\n<Bom>\n</Bom>\n\n<Ecad name=\"e\">\n</Ecad>\n\n"), 1);
+    EXPECT_EQ(document.Open(Below(R"(
+
+<Bom>
+</Bom>
+
+<Ecad name="e">
+</Ecad>
+
+)")),
+              1);
     EXPECT_EQ(document.Log(), (Texts{"Bom_Start", "Bom_End", "Ecad_Start", "Ecad_End"}));
 }
 
 TEST(XmlLiteReader, ALineOfBlanksBetweenSectionsThrows)
 {
     Document document;
-    EXPECT_THROW(document.Open("<Bom name=\"b\">\n</Bom>\n   \n<Ecad name=\"e\">\n</Ecad>\n"), CInvalidArgException);
+    EXPECT_THROW(document.Open(Joined({R"(<Bom name="b">)", "</Bom>", "   ", R"(<Ecad name="e">)", "</Ecad>"})),
+                 CInvalidArgException);
     EXPECT_EQ(document.root.m_Bom.name, "b");
     EXPECT_EQ(document.root.m_Ecad.name, "");
     EXPECT_EQ(document.Log(), (Texts{"Bom_Start", "Bom_End"}));
@@ -336,7 +378,11 @@ TEST(XmlLiteReader, AnExceptionLeavesTheLogInAStartAndTheFileOpen)
         {"<Content>\n \n", "Content_Start"},
         {"<Content>\n\n", "Content_Start"},
         {"<LogisticHeader>\n \n", "LogisticHeader_Start"},
-        {"<LogisticHeader>\n<Role name=\"open\n", "LogisticHeader_Start"},
+        {Below(R"(
+<LogisticHeader>
+<Role name="open
+)"),
+         "LogisticHeader_Start"},
         {"<HistoryRecord number=\"1\n", "HistoryRecord_Start"},
         {"<Bom name=\"open\n", "Bom_Start"},
         {"<Bom>\n \n", "Bom_Start"},
@@ -363,9 +409,19 @@ TEST(XmlLiteReader, TheEndOfTheFileInsideASectionIsNoError)
 {
     const MessageBoxes boxes;
     const std::vector<std::pair<std::string_view, std::string>> rows = {
-        {"<Content>\n<DictionaryStandard units=\"MM\">\n<EntryStandard id=\"a\">\n", "Content"},
+        {Below(R"(
+<Content>
+<DictionaryStandard units="MM">
+<EntryStandard id="a">
+)"),
+         "Content"},
         {"<LogisticHeader>\n<Role id=\"a\">", "LogisticHeader"},
-        {"<Bom>\n<BomItem>\n<RefDes name=\"a\">\n", "Bom"},
+        {Below(R"(
+<Bom>
+<BomItem>
+<RefDes name="a">
+)"),
+         "Bom"},
         {"<Ecad>\n<CadData>\n<Step>\n<LayerFeature>\n<Set>\n<Features>\n<Line>\n", "Ecad"},
     };
     for (const auto & [bytes, section] : rows) {
@@ -388,7 +444,7 @@ TEST(XmlLiteReader, AWordAnywhereInTheFirstTokenOpensItsSection)
     for (const auto & [word, section] : rows) {
         for (const std::string & line :
              {"<" + std::string(word) + ">", "</" + std::string(word) + ">", "<x" + std::string(word) + "X>",
-              "<x" + std::string(word) + "X a=\"1\"/>", "<!--" + std::string(word) + "-->", std::string(word),
+              "<x" + std::string(word) + R"(X a="1"/>)", "<!--" + std::string(word) + "-->", std::string(word),
               "  " + std::string(word) + "/  "}) {
             Document document;
             EXPECT_EQ(document.Open(line), 1) << line;
@@ -400,7 +456,7 @@ TEST(XmlLiteReader, AWordAnywhereInTheFirstTokenOpensItsSection)
 TEST(XmlLiteReader, OtherLinesAreIgnored)
 {
     for (const std::string_view line :
-         {"<content>", "<CONTENT>", "<Logisticheader>", "<History>", "<bom>", "<ECAD>", "<x name=\"Bom\">", "< Ecad>",
+         {"<content>", "<CONTENT>", "<Logisticheader>", "<History>", "<bom>", "<ECAD>", R"(<x name="Bom">)", "< Ecad>",
           "<!-- Content -->", "<IPC-2581>", "<x></IPC-2582>", "text", "<x Bom Ecad Content>", "<?xml?>"}) {
         Document document;
         EXPECT_EQ(document.Open(line), 1) << line;
@@ -411,7 +467,7 @@ TEST(XmlLiteReader, OtherLinesAreIgnored)
 
 TEST(XmlLiteReader, TheClosingRootTagIsFoundAnywhereInTheFirstToken)
 {
-    for (const std::string_view line : {"</IPC-2581>", "</IPC-2581X>", "<x/IPC-2581 a=\"b\">", "   </IPC-2581>"}) {
+    for (const std::string_view line : {"</IPC-2581>", "</IPC-2581X>", R"(<x/IPC-2581 a="b">)", "   </IPC-2581>"}) {
         Document document;
         document.Open(line);
         EXPECT_EQ(document.bar.positions, std::vector<int>{100}) << line;
@@ -433,7 +489,13 @@ TEST(XmlLiteReader, AFirstTokenWithTwoWordsGoesToTheEarlierRow)
 TEST(XmlLiteReader, ALongerWordOpensAndRunsToTheClosingLine)
 {
     Document document;
-    document.Open("<ContentX>\n<FunctionMode mode=\"m\" level=\"1\"/>\n</X>\n<Bom name=\"b\">\n</Content>\n");
+    document.Open(Below(R"(
+<ContentX>
+<FunctionMode mode="m" level="1"/>
+</X>
+<Bom name="b">
+</Content>
+)"));
     EXPECT_EQ(document.Log(), (Texts{"Content_Start", "Content_End"}));
     EXPECT_EQ(document.root.m_Content.FunctionMode, "m");
     EXPECT_EQ(document.root.m_Bom.name, "");
@@ -442,9 +504,12 @@ TEST(XmlLiteReader, ALongerWordOpensAndRunsToTheClosingLine)
 TEST(XmlLiteReader, APairedHistoryRecordIsMetTwice)
 {
     Document document;
-    document.Open(
-        "<HistoryRecord number=\"7\" lastChange=\"c\">\n<FileRevision fileRevisionId=\"1\">\n</FileRevision>\n"
-        "</HistoryRecord>\n");
+    document.Open(Below(R"(
+<HistoryRecord number="7" lastChange="c">
+<FileRevision fileRevisionId="1">
+</FileRevision>
+</HistoryRecord>
+)"));
     EXPECT_EQ(document.Log(),
               (Texts{"HistoryRecord_Start", "HistoryRecord_End", "HistoryRecord_Start", "HistoryRecord_End"}));
     EXPECT_EQ(document.bar.positions, (std::vector<int>{2, 2}));
@@ -455,8 +520,13 @@ TEST(XmlLiteReader, APairedHistoryRecordIsMetTwice)
 TEST(XmlLiteReader, LinesInsideAHistoryRecordAreTestedAtTopLevel)
 {
     Document document;
-    document.Open(
-        "<HistoryRecord number=\"7\">\n<Unknown number=\"9\">\n<Bom name=\"inside\">\n</Bom>\n</HistoryRecord>\n");
+    document.Open(Below(R"(
+<HistoryRecord number="7">
+<Unknown number="9">
+<Bom name="inside">
+</Bom>
+</HistoryRecord>
+)"));
     EXPECT_EQ(document.root.m_HistoryRecord.number, 7);
     EXPECT_EQ(document.root.m_Bom.name, "inside");
 }
@@ -464,7 +534,7 @@ TEST(XmlLiteReader, LinesInsideAHistoryRecordAreTestedAtTopLevel)
 TEST(XmlLiteReader, AnAttributeOfASecondElementOnTheLineCountsForTheFirst)
 {
     Document document;
-    document.Open("<HistoryRecord number=\"1\"/><Other toolRef=\"t\"/>\n");
+    document.Open(Joined({R"(<HistoryRecord number="1"/><Other toolRef="t"/>)"}));
     EXPECT_EQ(document.root.m_HistoryRecord.number, 1);
     EXPECT_EQ(document.root.m_HistoryRecord.toolRef, "t");
     EXPECT_EQ(document.Log(), (Texts{"HistoryRecord_Start", "HistoryRecord_End"}));
@@ -473,7 +543,7 @@ TEST(XmlLiteReader, AnAttributeOfASecondElementOnTheLineCountsForTheFirst)
 TEST(XmlLiteReader, ASecondSectionOnTheLineIsNotSeen)
 {
     Document document;
-    document.Open("<HistoryRecord number=\"1\" /><Bom name=\"b\">\n");
+    document.Open(Joined({R"(<HistoryRecord number="1" /><Bom name="b">)"}));
     EXPECT_EQ(document.Log(), (Texts{"HistoryRecord_Start", "HistoryRecord_End"}));
     EXPECT_EQ(document.root.m_Bom.name, "");
 }
@@ -481,7 +551,14 @@ TEST(XmlLiteReader, ASecondSectionOnTheLineIsNotSeen)
 TEST(XmlLiteReader, AClosingTagOnTheLineOfItsOpeningIsNotSeen)
 {
     Document document;
-    document.Open("<Bom name=\"b\"></Bom>\n<Ecad name=\"e\">\n</Ecad>\n</Bom>\n<Ecad name=\"f\">\n</Ecad>\n");
+    document.Open(Below(R"(
+<Bom name="b"></Bom>
+<Ecad name="e">
+</Ecad>
+</Bom>
+<Ecad name="f">
+</Ecad>
+)"));
     EXPECT_EQ(document.root.m_Bom.name, "bBom");
     EXPECT_EQ(document.root.m_Ecad.name, "f");
     EXPECT_EQ(document.Log(), (Texts{"Bom_Start", "Bom_End", "Ecad_Start", "Ecad_End"}));
@@ -490,7 +567,11 @@ TEST(XmlLiteReader, AClosingTagOnTheLineOfItsOpeningIsNotSeen)
 TEST(XmlLiteReader, AnElementOverSeveralLinesIsReadAsFarAsItsFirst)
 {
     Document document;
-    document.Open("<HistoryRecord number=\"3\"\n   toolRef=\"t\"\n   lastChange=\"c\"/>\n");
+    document.Open(Below(R"(
+<HistoryRecord number="3"
+   toolRef="t"
+   lastChange="c"/>
+)"));
     EXPECT_EQ(document.root.m_HistoryRecord.number, 3);
     EXPECT_EQ(document.root.m_HistoryRecord.toolRef, "");
     EXPECT_EQ(document.root.m_HistoryRecord.lastChange, "");
@@ -499,7 +580,13 @@ TEST(XmlLiteReader, AnElementOverSeveralLinesIsReadAsFarAsItsFirst)
 TEST(XmlLiteReader, ASelfClosingSectionLeavesItsScanRunning)
 {
     Document document;
-    document.Open("<LogisticHeader/>\n<Bom name=\"b\">\n</Bom>\n<Role name=\"r\"/>\n</LogisticHeader>\n");
+    document.Open(Below(R"(
+<LogisticHeader/>
+<Bom name="b">
+</Bom>
+<Role name="r"/>
+</LogisticHeader>
+)"));
     EXPECT_EQ(document.Log(), (Texts{"LogisticHeader_Start", "LogisticHeader_End"}));
     EXPECT_EQ(document.root.m_LogisticHeader.m_strRoleName, "r");
     EXPECT_EQ(document.root.m_Bom.name, "");
@@ -515,7 +602,12 @@ TEST(XmlLiteReader, DecodesNothing)
 TEST(XmlLiteReader, NestsByItsReadersAlone)
 {
     Document document;
-    document.Open("<Bom name=\"outer\">\n<Bom name=\"inner\">\n</Bom>\n</Bom>\n");
+    document.Open(Below(R"(
+<Bom name="outer">
+<Bom name="inner">
+</Bom>
+</Bom>
+)"));
     EXPECT_EQ(document.root.m_Bom.name, "outer");
     EXPECT_EQ(document.Log(), (Texts{"Bom_Start", "Bom_End", "Bom_Start", "Bom_End"}));
 }
@@ -591,8 +683,14 @@ TEST(XmlLiteReader, ASecondReadAddsToTheRootAndTheLog)
 {
     Document document;
     document.Open(Board);
-    EXPECT_EQ(document.Open("<HistoryRecord toolRef=\"t\"/>\n<Ecad name=\"Other\">\n<CadData>\n<Layer name=\"X\"/>\n"
-                            "</CadData>\n</Ecad>\n"),
+    EXPECT_EQ(document.Open(Below(R"(
+<HistoryRecord toolRef="t"/>
+<Ecad name="Other">
+<CadData>
+<Layer name="X"/>
+</CadData>
+</Ecad>
+)")),
               1);
     EXPECT_EQ(document.root.m_HistoryRecord.number, 2);
     EXPECT_EQ(document.root.m_HistoryRecord.toolRef, "t");
@@ -607,7 +705,7 @@ TEST(XmlLiteReader, AReaderServesSeveralRoots)
     Document document;
     document.Open(Board);
     CIPC2581_Parser other;
-    CString path(document.folder.Save("other.xml", "<Bom name=\"other\">\n</Bom>\n"));
+    CString path(document.folder.Save("other.xml", Joined({R"(<Bom name="other">)", "</Bom>"})));
     EXPECT_EQ(document.reader.OpenPath(path, other), 1);
     EXPECT_EQ(other.m_Bom.name, "other");
     EXPECT_EQ(document.root.m_Bom.name, "Rev A");
@@ -649,15 +747,21 @@ TEST(XmlLiteReader, ItsSectionReadersMayBeCalledAlone)
 {
     Document document;
     document.Open("");
-    const std::string path = document.folder.Save("sections.xml", "<Role name=\"r\"/>\n</LogisticHeader>\n"
-                                                                  "<BomHeader assembly=\"a\"/>\n</Bom>\n"
-                                                                  "<CadHeader units=\"MM\">\n</Ecad>\n"
-                                                                  "<FunctionMode mode=\"m\" level=\"2\"/>\n</Content>\n"
-                                                                  "<Left/>\n");
+    const std::string path = document.folder.Save("sections.xml", Below(R"(
+<Role name="r"/>
+</LogisticHeader>
+<BomHeader assembly="a"/>
+</Bom>
+<CadHeader units="MM">
+</Ecad>
+<FunctionMode mode="m" level="2"/>
+</Content>
+<Left/>
+)"));
     ASSERT_NE(document.reader.m_File.Open(path.c_str(), CStdioFile::modeRead, nullptr), 0);
-    Tokens history("<HistoryRecord number=\"5\"/>");
-    Tokens bom("<Bom name=\"b\">");
-    Tokens ecad("<Ecad name=\"e\">");
+    Tokens history(R"(<HistoryRecord number="5"/>)");
+    Tokens bom(R"(<Bom name="b">)");
+    Tokens ecad(R"(<Ecad name="e">)");
     document.reader.LogisticHeaderProcess(document.root);
     document.reader.HistoryRecordProcess(history, document.root);
     document.reader.BomProcess(bom, document.root);

@@ -14,10 +14,13 @@
 #include "ipc2581/document/XmlLiteReader.h"
 #include "ipc2581/draw/DrawObj.h"
 #include "tests/support/Files.h"
+#include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Below;
 using ipc2581::tests::Bytes;
+using ipc2581::tests::Joined;
 using ipc2581::tests::MessageBoxes;
 using ipc2581::tests::TempFolder;
 
@@ -32,35 +35,39 @@ public:
     std::vector<int> positions;
 };
 
-constexpr std::string_view Declaration =
-    "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-    "<IPC-2581 xmlns=\"http://webstds.ipc.org/2581\" xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\""
-    " xmlns:xsd=\"http://www.w3.org/2001/XMLSchema\">\n";
+constexpr std::string_view Declaration = Below(R"(
+<?xml version="1.0" encoding="UTF-8"?>
+<IPC-2581 xmlns="http://webstds.ipc.org/2581" xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance" xmlns:xsd="http://www.w3.org/2001/XMLSchema">
+)");
 
-constexpr std::string_view EmptyContent = "   <Content>\n"
-                                          "      <FunctionMode mode=\"\" level=\"\"/>\n"
-                                          "      <DictionaryColor>\n"
-                                          "      </DictionaryColor>\n"
-                                          "   </Content>\n";
+constexpr std::string_view EmptyContent = Below(R"(
+   <Content>
+      <FunctionMode mode="" level=""/>
+      <DictionaryColor>
+      </DictionaryColor>
+   </Content>
+)");
 
-constexpr std::string_view EmptyEcad = "   <Ecad name=\"\">\n"
-                                       "      <CadHeader units=\"\">\n"
-                                       "      </CadHeader>\n"
-                                       "      <CadData>\n"
-                                       "         <Step name=\"\">\n"
-                                       "            <Datum x=\"0.000000\" y=\"0.000000\" />\n"
-                                       "            <Profile>\n"
-                                       "               <Polygon>\n"
-                                       "                  <PolyBegin x=\"0.000000\" y=\"0.000000\" />\n"
-                                       "               </Polygon>\n"
-                                       "            </Profile>\n"
-                                       "            <PhyNetGroup name=\"\">\n"
-                                       "            </PhyNetGroup>\n"
-                                       "         </Step>\n"
-                                       "      </CadData>\n"
-                                       "   </Ecad>\n";
+constexpr std::string_view EmptyEcad = Below(R"(
+   <Ecad name="">
+      <CadHeader units="">
+      </CadHeader>
+      <CadData>
+         <Step name="">
+            <Datum x="0.000000" y="0.000000" />
+            <Profile>
+               <Polygon>
+                  <PolyBegin x="0.000000" y="0.000000" />
+               </Polygon>
+            </Profile>
+            <PhyNetGroup name="">
+            </PhyNetGroup>
+         </Step>
+      </CadData>
+   </Ecad>
+)");
 
-std::string Joined(std::initializer_list<std::string_view> pieces)
+std::string Concatenated(std::initializer_list<std::string_view> pieces)
 {
     std::string text;
     for (const std::string_view piece : pieces) {
@@ -117,7 +124,7 @@ void MakeEcadFail(CIPC2581_Parser & root)
 TEST(XmlLiteReaderWrite, WritesAnEmptyRoot)
 {
     Document document;
-    EXPECT_EQ(document.Written(), Joined({Declaration, EmptyContent, EmptyEcad, "</IPC-2581>\n"}));
+    EXPECT_EQ(document.Written(), Concatenated({Declaration, EmptyContent, EmptyEcad, "</IPC-2581>\n"}));
 }
 
 TEST(XmlLiteReaderWrite, ClosesTheFileAtTheEnd)
@@ -155,7 +162,7 @@ TEST(XmlLiteReaderWrite, EmptiesAnOlderFile)
     Document document;
     const std::string path = document.folder.Save("old.xml", std::string(100000, 'x'));
     EXPECT_EQ(document.Write(path), 1);
-    EXPECT_EQ(Bytes(path), Joined({Declaration, EmptyContent, EmptyEcad, "</IPC-2581>\n"}));
+    EXPECT_EQ(Bytes(path), Concatenated({Declaration, EmptyContent, EmptyEcad, "</IPC-2581>\n"}));
 }
 
 TEST(XmlLiteReaderWrite, AFolderThatDoesNotExistShowsAMessageAndGivesZero)
@@ -208,8 +215,12 @@ TEST(XmlLiteReaderWrite, ContentThatRefusesStopsTheDocument)
     EXPECT_EQ(document.bar.positions, std::vector<int>{});
     EXPECT_TRUE(document.reader.m_File.IsOpen());
     document.reader.m_File.Close();
-    EXPECT_EQ(Bytes(path), Joined({Declaration, "   <Content>\n", "      <FunctionMode mode=\"\" level=\"\"/>\n",
-                                   "      <DictionaryStandard units=\"\">\n", "         <EntryStandard id=\"\">\n"}));
+    EXPECT_EQ(Bytes(path), Concatenated({Declaration, Below(R"(
+   <Content>
+      <FunctionMode mode="" level=""/>
+      <DictionaryStandard units="">
+         <EntryStandard id="">
+)")}));
 }
 
 TEST(XmlLiteReaderWrite, EcadThatRefusesStopsTheDocument)
@@ -222,7 +233,8 @@ TEST(XmlLiteReaderWrite, EcadThatRefusesStopsTheDocument)
     EXPECT_TRUE(document.reader.m_File.IsOpen());
     document.reader.m_File.Close();
     const std::string ecad(EmptyEcad);
-    EXPECT_EQ(Bytes(path), Joined({Declaration, EmptyContent, ecad.substr(0, ecad.find("            <PhyNetGroup"))}));
+    EXPECT_EQ(Bytes(path),
+              Concatenated({Declaration, EmptyContent, ecad.substr(0, ecad.find("            <PhyNetGroup"))}));
 }
 
 TEST(XmlLiteReaderWrite, ARefusalShowsNoMessage)
@@ -260,7 +272,7 @@ TEST(XmlLiteReaderWrite, WritesTheSectionsAtAnyLevel)
     document.reader.m_File.Close();
     EXPECT_EQ(document.bar.positions, (std::vector<int>{10, 100, 10, 100}));
 
-    const std::string sections = Joined({EmptyContent, EmptyEcad});
+    const std::string sections = Concatenated({EmptyContent, EmptyEcad});
     std::string deeper;
     for (std::size_t at = 0; at < sections.size(); at = sections.find('\n', at) + 1) {
         deeper += "      " + sections.substr(at, sections.find('\n', at) + 1 - at);
@@ -276,8 +288,11 @@ TEST(XmlLiteReaderWrite, ALevelBelowZeroHasNoIndent)
     EXPECT_EQ(document.reader.WriteIPC2581(document.root, -4), 1);
     document.reader.m_File.Close();
     const std::string text = Bytes(path);
-    EXPECT_EQ(text.substr(0, 45), "<Content>\n<FunctionMode mode=\"\" level=\"\"/>\n<D");
-    EXPECT_NE(text.find("\n<Datum x=\"0.000000\" y=\"0.000000\" />\n"), std::string::npos);
+    EXPECT_EQ(text.substr(0, 45), Below(R"(
+<Content>
+<FunctionMode mode="" level=""/>
+<D)"));
+    EXPECT_NE(text.find(Joined({"", R"(<Datum x="0.000000" y="0.000000" />)"})), std::string::npos);
     EXPECT_NE(text.find("\n   <Polygon>\n"), std::string::npos);
 }
 
@@ -297,7 +312,7 @@ TEST(XmlLiteReaderWrite, StopsAtARefusal)
 TEST(XmlLiteReaderWrite, EscapesNothing)
 {
     Document document;
-    document.root.m_Ecad.name = "a&b<c>\"d\" %s %d";
+    document.root.m_Ecad.name = R"(a&b<c>"d" %s %d)";
     document.root.m_Ecad.m_CadHeader.units = "\xC3\xA9 'x'/";
     const std::string text = document.Written();
     EXPECT_NE(text.find("   <Ecad name=\"a&b<c>\"d\" %s %d\">\n      <CadHeader units=\"\xC3\xA9 'x'/\">\n"),
@@ -307,8 +322,17 @@ TEST(XmlLiteReaderWrite, EscapesNothing)
 TEST(XmlLiteReaderWrite, DoesNotChangeTheModel)
 {
     Document document;
-    document.Open("<Ecad name=\"e\">\n<CadData>\n<Layer name=\"L\">\n<Step name=\"s\">\n<LayerFeature layerRef=\"L\">\n"
-                  "<Set net=\"n\">\n<ColorRef id=\"c\"/>\n</Set>\n</LayerFeature>\n");
+    document.Open(Below(R"(
+<Ecad name="e">
+<CadData>
+<Layer name="L">
+<Step name="s">
+<LayerFeature layerRef="L">
+<Set net="n">
+<ColorRef id="c"/>
+</Set>
+</LayerFeature>
+)"));
     const std::string once = document.Written();
     EXPECT_EQ(document.Written(), once);
 }
@@ -412,7 +436,7 @@ TEST(XmlLiteReaderWrite, WritesTheLinesOfABoard)
 {
     Document document;
     document.Open(Board);
-    EXPECT_EQ(document.Written(), Joined({Declaration, R"(   <Content>
+    EXPECT_EQ(document.Written(), Concatenated({Declaration, R"(   <Content>
       <FunctionMode mode="ASSEMBLY" level="1"/>
       <DictionaryStandard units="MM">
          <EntryStandard id="C1">

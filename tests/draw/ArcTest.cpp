@@ -11,16 +11,19 @@
 
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Below;
 using ipc2581::tests::Exported;
+using ipc2581::tests::Joined;
 using ipc2581::tests::Lines;
 using ipc2581::tests::Slot;
+using ipc2581::tests::Texts;
 using ipc2581::tests::Written;
 // Start, end and centre.
 using Coordinates = std::array<double, 6>;
-using Texts = std::vector<std::string>;
 
 Coordinates Of(const CIPC2581_Arc & arc)
 {
@@ -201,26 +204,26 @@ TEST_F(Arc, ReadsCoordinates)
         const char * line;
         Coordinates points;
     } cases[] = {
-        {"<Arc startX=\"1.5\" startY=\"-2\" >", {1.5, -2, 0, 0, 0, 0}},
-        {"<Arc endX=\"5\" endY=\"7\">", {0, 0, 0, 7, 0, 0}},
-        {"<Arc endY=\"7\" endX=\"5\">", {0, 0, 0, 5, 0, 0}},
-        {"<Arc endX=\"5\">", {0, 0, 0, 5, 0, 0}},
-        {"<Arc centerX=\"5\" centerY=\"7\"/>", {0, 0, 0, 0, 0, 7}},
-        {"<Arc centerY=\"7\" centerX=\"5\"/>", {0, 0, 0, 0, 0, 5}},
-        {"<Arc centerX=\"5\"/>", {0, 0, 0, 0, 0, 5}},
-        {"   <Arc startX=\"1\" startY=\"2\" endX=\"3\" endY=\"4\" centerX=\"5\" centerY=\"6\">", {1, 2, 0, 4, 0, 6}},
-        {"<Arc startX=\"1\" startX=\"2\">", {2, 0, 0, 0, 0, 0}},
-        {"<Arc startX=\"one\" startY=\"2mm\">", {0, 2, 0, 0, 0, 0}},
-        {"<Arc startX=\"1/2\" startY=\"1e2\">", {12, 100, 0, 0, 0, 0}},
-        {"<Arc restartX=\"1\" bendY=\"2\" epicenterY=\"3\">", {1, 0, 0, 2, 0, 3}},
-        {"<Arc startx=\"1\" x=\"2\" y=\"3\" start=\"4\">", {0, 0, 0, 0, 0, 0}},
-        {"<Arc startX=\"1 2\" startY=\"3\">", {1, 3, 0, 0, 0, 0}},
-        {"<Arc startX=1 startY=\"3\">", {1, 0, 0, 0, 0, 0}},
-        {"<ArcstartX=\"1\">", {1, 0, 0, 0, 0, 0}},
-        {"<startX=\"1\"Arc startY=\"2\">", {1, 2, 0, 0, 0, 0}},
-        {"<arc startX=\"1\">", {0, 0, 0, 0, 0, 0}},
-        {"<Any Arc startX=\"1\">", {0, 0, 0, 0, 0, 0}},
-        {"<MyArcs startX=\"1\">", {1, 0, 0, 0, 0, 0}},
+        {R"(<Arc startX="1.5" startY="-2" >)", {1.5, -2, 0, 0, 0, 0}},
+        {R"(<Arc endX="5" endY="7">)", {0, 0, 0, 7, 0, 0}},
+        {R"(<Arc endY="7" endX="5">)", {0, 0, 0, 5, 0, 0}},
+        {R"(<Arc endX="5">)", {0, 0, 0, 5, 0, 0}},
+        {R"(<Arc centerX="5" centerY="7"/>)", {0, 0, 0, 0, 0, 7}},
+        {R"(<Arc centerY="7" centerX="5"/>)", {0, 0, 0, 0, 0, 5}},
+        {R"(<Arc centerX="5"/>)", {0, 0, 0, 0, 0, 5}},
+        {R"(   <Arc startX="1" startY="2" endX="3" endY="4" centerX="5" centerY="6">)", {1, 2, 0, 4, 0, 6}},
+        {R"(<Arc startX="1" startX="2">)", {2, 0, 0, 0, 0, 0}},
+        {R"(<Arc startX="one" startY="2mm">)", {0, 2, 0, 0, 0, 0}},
+        {R"(<Arc startX="1/2" startY="1e2">)", {12, 100, 0, 0, 0, 0}},
+        {R"(<Arc restartX="1" bendY="2" epicenterY="3">)", {1, 0, 0, 2, 0, 3}},
+        {R"(<Arc startx="1" x="2" y="3" start="4">)", {0, 0, 0, 0, 0, 0}},
+        {R"(<Arc startX="1 2" startY="3">)", {1, 3, 0, 0, 0, 0}},
+        {R"(<Arc startX=1 startY="3">)", {1, 0, 0, 0, 0, 0}},
+        {R"(<ArcstartX="1">)", {1, 0, 0, 0, 0, 0}},
+        {R"(<startX="1"Arc startY="2">)", {1, 2, 0, 0, 0, 0}},
+        {R"(<arc startX="1">)", {0, 0, 0, 0, 0, 0}},
+        {R"(<Any Arc startX="1">)", {0, 0, 0, 0, 0, 0}},
+        {R"(<MyArcs startX="1">)", {1, 0, 0, 0, 0, 0}},
     };
     for (const auto & row : cases) {
         SCOPED_TRACE(row.line);
@@ -237,13 +240,13 @@ TEST_F(Arc, AttributesAreTestedInTheirOrder)
         const char * line;
         Coordinates points;
     } cases[] = {
-        {"<Arc startY=\"8\"startX=\"9\">", {8, 0, 0, 0, 0, 0}},
-        {"<Arc endX=\"8\"startY=\"9\">", {0, 8, 0, 0, 0, 0}},
-        {"<Arc endY=\"8\"endX=\"9\">", {0, 0, 0, 8, 0, 0}},
-        {"<Arc centerX=\"8\"endX=\"9\">", {0, 0, 0, 8, 0, 0}},
-        {"<Arc centerX=\"8\"endY=\"9\">", {0, 0, 0, 8, 0, 0}},
-        {"<Arc centerY=\"8\"centerX=\"9\">", {0, 0, 0, 0, 0, 8}},
-        {"<Arc clockwise=\"8\"centerY=\"9\">", {0, 0, 0, 0, 0, 8}},
+        {R"(<Arc startY="8"startX="9">)", {8, 0, 0, 0, 0, 0}},
+        {R"(<Arc endX="8"startY="9">)", {0, 8, 0, 0, 0, 0}},
+        {R"(<Arc endY="8"endX="9">)", {0, 0, 0, 8, 0, 0}},
+        {R"(<Arc centerX="8"endX="9">)", {0, 0, 0, 8, 0, 0}},
+        {R"(<Arc centerX="8"endY="9">)", {0, 0, 0, 8, 0, 0}},
+        {R"(<Arc centerY="8"centerX="9">)", {0, 0, 0, 0, 0, 8}},
+        {R"(<Arc clockwise="8"centerY="9">)", {0, 0, 0, 0, 0, 8}},
     };
     for (const auto & row : cases) {
         SCOPED_TRACE(row.line);
@@ -266,15 +269,15 @@ TEST_F(Arc, ReadsItsDirection)
         {"<Arc clockwise=\"\x01\">", 1},
         {"<Arc clockwise=\"\x01\x01\">", 0},
         {"<Arc clockwise=\"\x02\">", 0},
-        {"<Arc clockwise=\"1\">", 0},
-        {"<Arc clockwise=\"TRUE\">", 0},
-        {"<Arc clockwise=\"FALSE\">", 0},
-        {"<Arc clockwise=\"true\">", 0},
-        {"<Arc clockwise=\"\">", 0},
+        {R"(<Arc clockwise="1">)", 0},
+        {R"(<Arc clockwise="TRUE">)", 0},
+        {R"(<Arc clockwise="FALSE">)", 0},
+        {R"(<Arc clockwise="true">)", 0},
+        {R"(<Arc clockwise="">)", 0},
         {"<Arc clockwise=\" \x01\">", 0},
         {"<Arc anticlockwise=\"\x01\">", 1},
         {"<Arc>", 7},
-        {"<Arc Clockwise=\"TRUE\">", 7},
+        {R"(<Arc Clockwise="TRUE">)", 7},
         {"<Arc clockwise=\"/\x01/\" />", 1},
     };
     for (const auto & row : cases) {
@@ -290,7 +293,7 @@ TEST_F(Arc, DirectionIsTakenOnce)
 {
     CIPC2581_Arc read;
     read.SetClockwise(1);
-    Lines file{"<Arc clockwise=\"two words\" startX=\"3\">"};
+    Lines file{R"(<Arc clockwise="two words" startX="3">)"};
     EXPECT_EQ(read.Import(file.File()), 1);
     EXPECT_EQ(read.Clockwise, 0);
     EXPECT_EQ(Of(read), (Coordinates{3, 0, 0, 0, 0, 0}));
@@ -298,8 +301,8 @@ TEST_F(Arc, DirectionIsTakenOnce)
 
 TEST_F(Arc, ValueThatIsNotClosedRaisesBehindWhatStandsBefore)
 {
-    for (const char * line : {"<Arc startX=\"9\" startY=\"open >", "<Arc startX=\"9\" clockwise=TRUE >",
-                              "<Arc startX=\"9\" centerX=\"open"}) {
+    for (const char * line : {R"(<Arc startX="9" startY="open >)", R"(<Arc startX="9" clockwise=TRUE >)",
+                              R"(<Arc startX="9" centerX="open)"}) {
         CIPC2581_Arc read;
         Lines file{line};
         EXPECT_THROW(read.Import(file.File()), CInvalidArgException) << line;
@@ -309,8 +312,8 @@ TEST_F(Arc, ValueThatIsNotClosedRaisesBehindWhatStandsBefore)
 
 TEST_F(Arc, OwnClosingLineDoesNotEndIt)
 {
-    Lines file{"<Arc startX=\"9\">", "</Arc>",  "<LineDesc lineWidth=\"3\" />",
-               "<Arc startY=\"8\">", "</Line>", "behind"};
+    Lines file{R"(<Arc startX="9">)", "</Arc>",  R"(<LineDesc lineWidth="3" />)",
+               R"(<Arc startY="8">)", "</Line>", "behind"};
     EXPECT_EQ(arc.Import(file.File()), 1);
     EXPECT_EQ(file.Rest(), Texts{"behind"});
     EXPECT_EQ(Of(arc), (Coordinates{9, 8, 3, 4, 5, 6}));
@@ -319,8 +322,8 @@ TEST_F(Arc, OwnClosingLineDoesNotEndIt)
 
 TEST_F(Arc, TestsHaveTheirOrder)
 {
-    Lines file{"<LineDescArc lineWidth=\"3\" startX=\"9\">", "</LineArc startY=\"8\">",
-               "</Line/LineDesc lineWidth=\"4\">", "</Line>", "behind"};
+    Lines file{R"(<LineDescArc lineWidth="3" startX="9">)", R"(</LineArc startY="8">)",
+               R"(</Line/LineDesc lineWidth="4">)", "</Line>", "behind"};
     EXPECT_EQ(arc.Import(file.File()), 1);
     EXPECT_EQ(file.Rest(), Texts{"behind"});
     EXPECT_EQ(Of(arc), (Coordinates{9, 8, 3, 4, 5, 6}));
@@ -329,7 +332,7 @@ TEST_F(Arc, TestsHaveTheirOrder)
 
 TEST_F(Arc, CoordinatesStandOnNoOtherLine)
 {
-    Lines file{"<LineDesc startX=\"9\" endY=\"9\" clockwise=\"FALSE\" />", "<Line startX=\"9\">", "</Line>"};
+    Lines file{R"(<LineDesc startX="9" endY="9" clockwise="FALSE" />)", R"(<Line startX="9">)", "</Line>"};
     EXPECT_EQ(arc.Import(file.File()), 1);
     EXPECT_EQ(Of(arc), (Coordinates{1, 2, 3, 4, 5, 6}));
     EXPECT_EQ(arc.Clockwise, 1);
@@ -337,21 +340,21 @@ TEST_F(Arc, CoordinatesStandOnNoOtherLine)
 
 TEST_F(Arc, KeepsWhatWasReadBeforeABlankLine)
 {
-    Lines file{"<Arc startX=\"9\">", " "};
+    Lines file{R"(<Arc startX="9">)", " "};
     EXPECT_THROW(arc.Import(file.File()), CInvalidArgException);
     EXPECT_EQ(Of(arc), (Coordinates{9, 2, 3, 4, 5, 6}));
 }
 
 TEST_F(Arc, IsWrittenWithItsDescription)
 {
-    const std::string opening = "<Arc startX=\"1.000000\" startY=\"2.000000\" endX=\"3.000000\" endY=\"4.000000\" "
-                                "centerX=\"5.000000\" centerY=\"6.000000\" clockwise=\"TRUE\">\n";
+    const std::string opening = Joined(
+        {R"(<Arc startX="1.000000" startY="2.000000" endX="3.000000" endY="4.000000" centerX="5.000000" centerY="6.000000" clockwise="TRUE">)"});
     EXPECT_EQ(Exported(arc).result, 1);
     EXPECT_EQ(Written(arc, 0),
-              "   " + opening + "      <LineDesc lineEnd=\"SQUARE\" lineWidth=\"0.500000\" />\n   </Arc>\n");
-    EXPECT_EQ(Written(arc, 2), "         " + opening +
-                                   "            <LineDesc lineEnd=\"SQUARE\" lineWidth=\"0.500000\" />\n"
-                                   "         </Arc>\n");
+              "   " + opening + Joined({R"(      <LineDesc lineEnd="SQUARE" lineWidth="0.500000" />)", "   </Arc>"}));
+    EXPECT_EQ(Written(arc, 2),
+              "         " + opening +
+                  Joined({R"(            <LineDesc lineEnd="SQUARE" lineWidth="0.500000" />)", "         </Arc>"}));
 }
 
 TEST_F(Arc, AnyDirectionButOneIsWrittenAsFalse)
@@ -359,10 +362,11 @@ TEST_F(Arc, AnyDirectionButOneIsWrittenAsFalse)
     for (const int clockwise : {0, 2, -1}) {
         CIPC2581_Arc made;
         made.SetClockwise(clockwise);
-        EXPECT_EQ(Written(made, -1), "<Arc startX=\"0.000000\" startY=\"0.000000\" endX=\"0.000000\" endY=\"0.000000\" "
-                                     "centerX=\"0.000000\" centerY=\"0.000000\" clockwise=\"FALSE\">\n"
-                                     "   <LineDesc lineEnd=\"ROUND\" lineWidth=\"0.000000\" />\n"
-                                     "</Arc>\n");
+        EXPECT_EQ(Written(made, -1), Below(R"(
+<Arc startX="0.000000" startY="0.000000" endX="0.000000" endY="0.000000" centerX="0.000000" centerY="0.000000" clockwise="FALSE">
+   <LineDesc lineEnd="ROUND" lineWidth="0.000000" />
+</Arc>
+)"));
     }
 }
 
@@ -388,8 +392,8 @@ private:
 
 TEST_F(Arc, WritesNoClosingLineWhereItsDescriptionFails)
 {
-    const std::string opening = "   <Arc startX=\"1.000000\" startY=\"2.000000\" endX=\"3.000000\" endY=\"4.000000\" "
-                                "centerX=\"5.000000\" centerY=\"6.000000\" clockwise=\"TRUE\">\n";
+    const std::string opening = Joined(
+        {R"(   <Arc startX="1.000000" startY="2.000000" endX="3.000000" endY="4.000000" centerX="5.000000" centerY="6.000000" clockwise="TRUE">)"});
     for (const int result : {0, 1, -1}) {
         delete arc.LineDesc;
         arc.LineDesc = new OddLineDesc(result);

@@ -85,11 +85,11 @@ public:
     // From 1, 2 straight to 3, 4, and by a curve around 7, 8 to 5, 6.
     static void Fill(Shape & target)
     {
-        Tokens begin("<PolyBegin x=\"1\" y=\"2\" />");
+        Tokens begin(R"(<PolyBegin x="1" y="2" />)");
         target.PolyBeginAdd(begin);
-        Tokens segment("<PolyStepSegment x=\"3\" y=\"4\" />");
+        Tokens segment(R"(<PolyStepSegment x="3" y="4" />)");
         target.SegmentAdd(segment);
-        Tokens curve("<PolyStepCurve x=\"5\" y=\"6\" centerX=\"7\" centerY=\"8\" clockwise=\"TRUE\" />");
+        Tokens curve(R"(<PolyStepCurve x="5" y="6" centerX="7" centerY="8" clockwise="TRUE" />)");
         target.CurveAdd(curve);
     }
 
@@ -164,25 +164,25 @@ const struct {
     Begin before;
     Begin after;
 } g_coordinates[] = {
-    {"x=\"1.5\" y=\"-2\" />", {8, 9}, {1.5, -2}},
-    {"y=\"-2\" x=\"1.5\"/>", {8, 9}, {1.5, -2}},
-    {"x=\"1\" >", {8, 9}, {1, 9}},
-    {"y=\"1\" >", {8, 9}, {8, 1}},
+    {R"(x="1.5" y="-2" />)", {8, 9}, {1.5, -2}},
+    {R"(y="-2" x="1.5"/>)", {8, 9}, {1.5, -2}},
+    {R"(x="1" >)", {8, 9}, {1, 9}},
+    {R"(y="1" >)", {8, 9}, {8, 1}},
     {">", {8, 9}, {8, 9}},
-    {"X=\"1\" Y=\"2\" />", {8, 9}, {8, 9}},
-    {"x = \"1\" y = \"2\" />", {8, 9}, {8, 9}},
-    {"x=\"1\" x=\"3\" />", {8, 9}, {3, 9}},
-    {"x=\"1\"y=\"2\" />", {8, 9}, {1, 9}},
-    {"y=\"2\"x=\"1\" />", {8, 9}, {2, 9}},
-    {"maxx=\"4\" by=\"5\" />", {8, 9}, {4, 5}},
-    {"x=\"1\" kind=\"x=\" />", {8, 9}, {0, 9}},
-    {"x=\"\" y=\"two\" />", {8, 9}, {0, 0}},
-    {"x=\"1.5mm\" y=\"1e2\" />", {8, 9}, {1.5, 100}},
-    {"x=\"1/2\" y=\"/3\" />", {8, 9}, {12, 3}},
-    {"x=\"1 2\" y=\"3\" />", {8, 9}, {1, 3}},
-    {"x=\"  5\" y=\"6 \" />", {8, 9}, {5, 6}},
-    {"x=1 y=\"2\" />", {8, 9}, {1, 9}},
-    {"x='1' y='2\" />", {8, 9}, {0, 9}},
+    {R"(X="1" Y="2" />)", {8, 9}, {8, 9}},
+    {R"(x = "1" y = "2" />)", {8, 9}, {8, 9}},
+    {R"(x="1" x="3" />)", {8, 9}, {3, 9}},
+    {R"(x="1"y="2" />)", {8, 9}, {1, 9}},
+    {R"(y="2"x="1" />)", {8, 9}, {2, 9}},
+    {R"(maxx="4" by="5" />)", {8, 9}, {4, 5}},
+    {R"(x="1" kind="x=" />)", {8, 9}, {0, 9}},
+    {R"(x="" y="two" />)", {8, 9}, {0, 0}},
+    {R"(x="1.5mm" y="1e2" />)", {8, 9}, {1.5, 100}},
+    {R"(x="1/2" y="/3" />)", {8, 9}, {12, 3}},
+    {R"(x="1 2" y="3" />)", {8, 9}, {1, 3}},
+    {R"(x="  5" y="6 " />)", {8, 9}, {5, 6}},
+    {R"(x=1 y="2" />)", {8, 9}, {1, 9}},
+    {R"(x='1' y='2" />)", {8, 9}, {0, 9}},
 };
 
 TYPED_TEST(ContourShape, BeginPointTakesItsCoordinates)
@@ -200,19 +200,19 @@ TYPED_TEST(ContourShape, BeginPointTakesItsCoordinates)
 TYPED_TEST(ContourShape, BeginPointTakesNothingElse)
 {
     this->shape.PolyBegin->GetPoint()->SetData(8, 9);
-    Tokens tokens("<PolyBegin centerX=\"1\" centerY=\"2\" clockwise=\"FALSE\" />");
+    Tokens tokens(R"(<PolyBegin centerX="1" centerY="2" clockwise="FALSE" />)");
     this->shape.PolyBeginAdd(tokens);
     EXPECT_EQ(BeginOf(*this->shape.PolyBegin), (Begin{8, 9}));
 }
 
 TYPED_TEST(ContourShape, FirstTokenIsScannedToo)
 {
-    Tokens begin("<PolyBeginx=\"3\"/>");
+    Tokens begin(R"(<PolyBeginx="3"/>)");
     this->shape.PolyBeginAdd(begin);
     EXPECT_EQ(BeginOf(*this->shape.PolyBegin), (Begin{3, 0}));
-    Tokens segment("<PolyStepSegmenty=\"4\" x=\"5\"/>");
+    Tokens segment(R"(<PolyStepSegmenty="4" x="5"/>)");
     this->shape.SegmentAdd(segment);
-    Tokens curve("<PolyStepCurvecenterX=\"6\"/>");
+    Tokens curve(R"(<PolyStepCurvecenterX="6"/>)");
     this->shape.CurveAdd(curve);
     EXPECT_EQ(StepsOf(*this->shape.PolyStepArray), (Steps{{0, 5, 4}, {1, 0, 0, 6}}));
 }
@@ -235,7 +235,7 @@ TYPED_TEST(ContourShape, StepsTakeTheirCoordinates)
 
 TYPED_TEST(ContourShape, SegmentTakesNothingElse)
 {
-    Tokens tokens("<PolyStepSegment centerX=\"1\" centerY=\"2\" clockwise=\"TRUE\" />");
+    Tokens tokens(R"(<PolyStepSegment centerX="1" centerY="2" clockwise="TRUE" />)");
     this->shape.SegmentAdd(tokens);
     EXPECT_EQ(StepsOf(*this->shape.PolyStepArray), (Steps{{0, 0, 0}}));
 }
@@ -246,12 +246,12 @@ TYPED_TEST(ContourShape, CurveTakesItsCentre)
         const char * line;
         Step step;
     } cases[] = {
-        {"<PolyStepCurve centerX=\"3\" centerY=\"4\" />", {1, 0, 0, 3, 4}},
-        {"<PolyStepCurve centerY=\"4\"/>", {1, 0, 0, 0, 4}},
-        {"<PolyStepCurve centerX=\"-3.5\"/>", {1, 0, 0, -3.5, 0}},
-        {"<PolyStepCurve epicenterX=\"3\" centery=\"4\" />", {1, 0, 4, 3, 0}},
-        {"<PolyStepCurve centerX=\"three\" centerY=\"4 5\" />", {1, 0, 0, 0, 4}},
-        {"<PolyStepCurve centerX=3 centerY=\"4\" />", {1, 0, 0, 3, 0}},
+        {R"(<PolyStepCurve centerX="3" centerY="4" />)", {1, 0, 0, 3, 4}},
+        {R"(<PolyStepCurve centerY="4"/>)", {1, 0, 0, 0, 4}},
+        {R"(<PolyStepCurve centerX="-3.5"/>)", {1, 0, 0, -3.5, 0}},
+        {R"(<PolyStepCurve epicenterX="3" centery="4" />)", {1, 0, 4, 3, 0}},
+        {R"(<PolyStepCurve centerX="three" centerY="4 5" />)", {1, 0, 0, 0, 4}},
+        {R"(<PolyStepCurve centerX=3 centerY="4" />)", {1, 0, 0, 3, 0}},
     };
     for (const auto & row : cases) {
         Reset(this->shape);
@@ -268,12 +268,12 @@ TYPED_TEST(ContourShape, CurveTestsItsAttributesInTheirOrder)
         const char * line;
         Step step;
     } cases[] = {
-        {"<PolyStepCurve y=\"6\"x=\"5\" />", {1, 6, 0}},
-        {"<PolyStepCurve centerX=\"6\"x=\"5\" />", {1, 6, 0}},
-        {"<PolyStepCurve centerX=\"6\"y=\"5\" />", {1, 0, 6}},
-        {"<PolyStepCurve centerY=\"6\"centerX=\"5\" />", {1, 0, 0, 6, 0}},
-        {"<PolyStepCurve clockwise=\"6\"centerY=\"5\" />", {1, 0, 0, 0, 6}},
-        {"<PolyStepCurve clockwise=\"6\"x=\"5\" />", {1, 6, 0}},
+        {R"(<PolyStepCurve y="6"x="5" />)", {1, 6, 0}},
+        {R"(<PolyStepCurve centerX="6"x="5" />)", {1, 6, 0}},
+        {R"(<PolyStepCurve centerX="6"y="5" />)", {1, 0, 6}},
+        {R"(<PolyStepCurve centerY="6"centerX="5" />)", {1, 0, 0, 6, 0}},
+        {R"(<PolyStepCurve clockwise="6"centerY="5" />)", {1, 0, 0, 0, 6}},
+        {R"(<PolyStepCurve clockwise="6"x="5" />)", {1, 6, 0}},
     };
     for (const auto & row : cases) {
         Reset(this->shape);
@@ -291,22 +291,22 @@ TYPED_TEST(ContourShape, CurveTurnsItsDirectionRound)
         int clockWise;
     } cases[] = {
         {"", 1},
-        {"Clockwise=\"TRUE\"", 1},
-        {"clockwise=\"FALSE\"", 1},
-        {"clockwise=\"false\"", 1},
-        {"clockwise=\"TRUE\"", 0},
-        {"clockwise=\"true\"", 0},
-        {"clockwise=\"False\"", 0},
-        {"clockwise=\"FALSe\"", 0},
-        {"clockwise=\"\"", 0},
-        {"clockwise=\"0\"", 0},
-        {"clockwise=\"1\"", 0},
-        {"clockwise=\"notFALSEatall\"", 1},
-        {"clockwise=\"notfalseatall\"", 1},
-        {"clockwise=\"FAL/SE\"", 1},
-        {"anticlockwise=\"TRUE\"", 0},
-        {"clockwise=\"TRUE\" clockwise=\"FALSE\"", 1},
-        {"clockwise=\"FALSE\" clockwise=\"TRUE\"", 0},
+        {R"(Clockwise="TRUE")", 1},
+        {R"(clockwise="FALSE")", 1},
+        {R"(clockwise="false")", 1},
+        {R"(clockwise="TRUE")", 0},
+        {R"(clockwise="true")", 0},
+        {R"(clockwise="False")", 0},
+        {R"(clockwise="FALSe")", 0},
+        {R"(clockwise="")", 0},
+        {R"(clockwise="0")", 0},
+        {R"(clockwise="1")", 0},
+        {R"(clockwise="notFALSEatall")", 1},
+        {R"(clockwise="notfalseatall")", 1},
+        {R"(clockwise="FAL/SE")", 1},
+        {R"(anticlockwise="TRUE")", 0},
+        {R"(clockwise="TRUE" clockwise="FALSE")", 1},
+        {R"(clockwise="FALSE" clockwise="TRUE")", 0},
     };
     for (const auto & row : cases) {
         Reset(this->shape);
@@ -324,19 +324,19 @@ TYPED_TEST(ContourShape, DirectionIsTakenTwiceUnlessItIsFalse)
         const char * attributes;
         Step step;
     } cases[] = {
-        {"clockwise=\"a FALSE\" x=\"5\" y=\"6\"", {1, 5, 6, 0, 0, 1}},
-        {"clockwise=\"FALSE a\" x=\"5\" y=\"6\"", {1, 5, 6, 0, 0, 1}},
-        {"clockwise=\"a b\" x=\"5\" y=\"6\"", {1, 0, 6, 0, 0, 0}},
-        {"clockwise=\"a b c\" x=\"5\" y=\"6\"", {1, 0, 6, 0, 0, 0}},
-        {"clockwise=\"a b\" any x=\"5\" y=\"6\"", {1, 0, 6, 0, 0, 0}},
-        {"clockwise=\"a false\" x=\"5\" y=\"6\"", {1, 0, 6, 0, 0, 1}},
-        {"clockwise=\"false a\" x=\"5\" y=\"6\"", {1, 0, 6, 0, 0, 0}},
-        {"clockwise=\"a b\" kind=\"false\" y=\"6\"", {1, 0, 6, 0, 0, 1}},
-        {"clockwise=\"a b\" kind=\"FALSE\" y=\"6\"", {1, 0, 6, 0, 0, 0}},
-        {"clockwise=TRUE x=\"5\" y=\"6\"", {1, 0, 6, 0, 0, 0}},
-        {"clockwise=false x=\"5\" y=\"6\"", {1, 0, 6, 0, 0, 0}},
-        {"clockwise=FALSE x=\"5\" y=\"6\"", {1, 0, 6, 0, 0, 1}},
-        {"clockwise=TRUE kind=\"false\" y=\"6\"", {1, 0, 6, 0, 0, 1}},
+        {R"(clockwise="a FALSE" x="5" y="6")", {1, 5, 6, 0, 0, 1}},
+        {R"(clockwise="FALSE a" x="5" y="6")", {1, 5, 6, 0, 0, 1}},
+        {R"(clockwise="a b" x="5" y="6")", {1, 0, 6, 0, 0, 0}},
+        {R"(clockwise="a b c" x="5" y="6")", {1, 0, 6, 0, 0, 0}},
+        {R"(clockwise="a b" any x="5" y="6")", {1, 0, 6, 0, 0, 0}},
+        {R"(clockwise="a false" x="5" y="6")", {1, 0, 6, 0, 0, 1}},
+        {R"(clockwise="false a" x="5" y="6")", {1, 0, 6, 0, 0, 0}},
+        {R"(clockwise="a b" kind="false" y="6")", {1, 0, 6, 0, 0, 1}},
+        {R"(clockwise="a b" kind="FALSE" y="6")", {1, 0, 6, 0, 0, 0}},
+        {R"(clockwise=TRUE x="5" y="6")", {1, 0, 6, 0, 0, 0}},
+        {R"(clockwise=false x="5" y="6")", {1, 0, 6, 0, 0, 0}},
+        {R"(clockwise=FALSE x="5" y="6")", {1, 0, 6, 0, 0, 1}},
+        {R"(clockwise=TRUE kind="false" y="6")", {1, 0, 6, 0, 0, 1}},
     };
     for (const auto & row : cases) {
         Reset(this->shape);
@@ -348,12 +348,12 @@ TYPED_TEST(ContourShape, DirectionIsTakenTwiceUnlessItIsFalse)
 
 TYPED_TEST(ContourShape, DirectionOfTwoWordsAtTheEndRaisesInTheSecondTaking)
 {
-    for (const char * line : {"<PolyStepCurve clockwise=\"a b\"", "<PolyStepCurve clockwise=\"a b\" />",
-                              "<PolyStepCurve clockwise=\"a false\">"}) {
+    for (const char * line : {R"(<PolyStepCurve clockwise="a b")", R"(<PolyStepCurve clockwise="a b" />)",
+                              R"(<PolyStepCurve clockwise="a false">)"}) {
         Tokens tokens(line);
         EXPECT_THROW(this->shape.CurveAdd(tokens), CInvalidArgException) << line;
     }
-    Tokens closed("<PolyStepCurve clockwise=\"a FALSE\" />");
+    Tokens closed(R"(<PolyStepCurve clockwise="a FALSE" />)");
     this->shape.CurveAdd(closed);
     EXPECT_EQ(StepsOf(*this->shape.PolyStepArray), (Steps{{1, 0, 0}}));
 }
@@ -361,12 +361,12 @@ TYPED_TEST(ContourShape, DirectionOfTwoWordsAtTheEndRaisesInTheSecondTaking)
 TYPED_TEST(ContourShape, ValueThatIsNotClosedRaisesAndAppendsNothing)
 {
     this->Fill(this->shape);
-    for (const char * attributes : {"x=\"open", "x=\"3\" y=\"open />", "y=4 />", "y=4"}) {
+    for (const char * attributes : {R"(x="open)", R"(x="3" y="open />)", "y=4 />", "y=4"}) {
         Tokens tokens(std::string("<PolyStepCurve ") + attributes);
         EXPECT_THROW(this->shape.SegmentAdd(tokens), CInvalidArgException) << attributes;
         EXPECT_THROW(this->shape.CurveAdd(tokens), CInvalidArgException) << attributes;
     }
-    for (const char * attributes : {"centerX=\"open", "centerY=4 />", "clockwise=TRUE", "clockwise=\"FALSE />"}) {
+    for (const char * attributes : {R"(centerX="open)", "centerY=4 />", "clockwise=TRUE", R"(clockwise="FALSE />)"}) {
         Tokens tokens(std::string("<PolyStepCurve ") + attributes);
         EXPECT_THROW(this->shape.CurveAdd(tokens), CInvalidArgException) << attributes;
     }
@@ -375,14 +375,14 @@ TYPED_TEST(ContourShape, ValueThatIsNotClosedRaisesAndAppendsNothing)
 
 TYPED_TEST(ContourShape, BeginPointKeepsWhatStandsBeforeACutValue)
 {
-    Tokens tokens("<PolyBegin x=\"3\" y=\"open />");
+    Tokens tokens(R"(<PolyBegin x="3" y="open />)");
     EXPECT_THROW(this->shape.PolyBeginAdd(tokens), CInvalidArgException);
     EXPECT_EQ(BeginOf(*this->shape.PolyBegin), (Begin{3, 0}));
 }
 
 TYPED_TEST(ContourShape, StepsOfTheSameLineAreNotEqual)
 {
-    Tokens tokens("<PolyStepSegment x=\"3\" y=\"4\" />");
+    Tokens tokens(R"(<PolyStepSegment x="3" y="4" />)");
     this->shape.SegmentAdd(tokens);
     this->shape.SegmentAdd(tokens);
     const CIPC2581_PolyStepArray & steps = *this->shape.PolyStepArray;
@@ -396,7 +396,7 @@ TYPED_TEST(ContourShape, CopiesAreDeep)
     const TypeParam copy(this->shape);
     const std::unique_ptr<TypeParam> clone(this->shape.clone());
     TypeParam target;
-    Tokens tokens("<PolyStepSegment x=\"9\" />");
+    Tokens tokens(R"(<PolyStepSegment x="9" />)");
     target.SegmentAdd(tokens);
     const CIPC2581_Point * begin = target.PolyBegin;
     const CIPC2581_PolyStepArray * steps = target.PolyStepArray;

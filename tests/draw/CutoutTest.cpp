@@ -11,15 +11,18 @@
 #include "ipc2581/draw/Text.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Below;
 using ipc2581::tests::Exported;
+using ipc2581::tests::Joined;
 using ipc2581::tests::Lines;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Str;
+using ipc2581::tests::Texts;
 using ipc2581::tests::Written;
-using Texts = std::vector<std::string>;
 
 // Begin point and steps in short: "b1,2 s3,4 c5,6" for a begin point, a segment and a curve.
 std::string Short(const CIPC2581_Cutout & cutout)
@@ -40,9 +43,8 @@ std::string Short(const CIPC2581_Cutout & cutout)
 
 void Fill(CIPC2581_Cutout & cutout)
 {
-    Lines file{"<PolyBegin x=\"1\" y=\"2\" />", "   <PolyStepSegment x=\"3\" y=\"4\" />",
-               "<PolyStepCurve x=\"5\" y=\"6\" centerX=\"7\" centerY=\"8\" clockwise=\"FALSE\" />", "</Cutout>",
-               "behind"};
+    Lines file{R"(<PolyBegin x="1" y="2" />)", R"(   <PolyStepSegment x="3" y="4" />)",
+               R"(<PolyStepCurve x="5" y="6" centerX="7" centerY="8" clockwise="FALSE" />)", "</Cutout>", "behind"};
     EXPECT_EQ(cutout.Import(file.File()), 1);
     EXPECT_EQ(file.Rest(), Texts{"behind"});
 }
@@ -67,14 +69,14 @@ TEST(Cutout, TestsHaveTheirOrderAndExcludeEachOther)
         const char * result;
         bool ends;
     } cases[] = {
-        {"<PolyStepSegmentPolyBegin x=\"1\" y=\"2\">", "b1,2", false},
-        {"<PolyStepCurvePolyBegin x=\"1\" y=\"2\">", "b1,2", false},
-        {"</CutoutPolyBegin x=\"1\" y=\"2\">", "b1,2", false},
+        {R"(<PolyStepSegmentPolyBegin x="1" y="2">)", "b1,2", false},
+        {R"(<PolyStepCurvePolyBegin x="1" y="2">)", "b1,2", false},
+        {R"(</CutoutPolyBegin x="1" y="2">)", "b1,2", false},
         {"<PolyBegin/></Cutout>", "b0,0", false},
-        {"<PolyStepCurvePolyStepSegment x=\"1\" y=\"2\">", "b0,0 s1,2", false},
-        {"</CutoutPolyStepSegment x=\"1\" y=\"2\">", "b0,0 s1,2", false},
-        {"</CutoutPolyStepCurve x=\"1\" y=\"2\">", "b0,0 c1,2", false},
-        {"</Cutout x=\"1\" y=\"2\">", "b0,0", true},
+        {R"(<PolyStepCurvePolyStepSegment x="1" y="2">)", "b0,0 s1,2", false},
+        {R"(</CutoutPolyStepSegment x="1" y="2">)", "b0,0 s1,2", false},
+        {R"(</CutoutPolyStepCurve x="1" y="2">)", "b0,0 c1,2", false},
+        {R"(</Cutout x="1" y="2">)", "b0,0", true},
         {"<Any/CutoutAny>", "b0,0", true},
         {"</PolyStepSegment>", "b0,0 s0,0", false},
         {"</PolyStepCurve>", "b0,0 c0,0", false},
@@ -92,7 +94,7 @@ TEST(Cutout, TestsHaveTheirOrderAndExcludeEachOther)
 TEST(Cutout, OtherLinesArePassedOver)
 {
     CIPC2581_Cutout cutout;
-    Lines file{"<Cutout>",  "</Polygon>", "</CutOut>", "<LineDesc x=\"1\">", "<Any PolyBegin x=\"1\">",
+    Lines file{"<Cutout>",  "</Polygon>", "</CutOut>", R"(<LineDesc x="1">)", R"(<Any PolyBegin x="1">)",
                "</Cutout>", "behind"};
     EXPECT_EQ(cutout.Import(file.File()), 1);
     EXPECT_EQ(file.Rest(), Texts{"behind"});
@@ -116,7 +118,7 @@ TEST(Cutout, KeepsWhatWasReadAtTheEndOfFile)
 
 TEST(Cutout, KeepsWhatWasReadBeforeALineThatRaises)
 {
-    for (const char * line : {" ", "<PolyStepSegment x=\"open", "<PolyStepCurve x=1", "<PolyBegin y=\"open"}) {
+    for (const char * line : {" ", R"(<PolyStepSegment x="open)", "<PolyStepCurve x=1", R"(<PolyBegin y="open)"}) {
         CIPC2581_Cutout cutout;
         Fill(cutout);
         Lines file{line, "behind"};
@@ -131,20 +133,20 @@ TEST(Cutout, IsWrittenWithItsChildrenOneIndentDeeper)
     CIPC2581_Cutout cutout;
     Fill(cutout);
     EXPECT_EQ(Exported(cutout).result, 1);
-    EXPECT_EQ(Written(cutout, 0),
-              "   <Cutout>\n"
-              "      <PolyBegin x=\"1.000000\" y=\"2.000000\" />\n"
-              "      <PolyStepSegment x=\"3.000000\" y=\"4.000000\" />\n"
-              "      <PolyStepCurve x=\"5.000000\" y=\"6.000000\" centerX=\"7.000000\" centerY=\"8.000000\" "
-              "clockwise=\"TRUE\" />\n"
-              "   </Cutout>\n");
-    EXPECT_EQ(Written(cutout, 2),
-              "         <Cutout>\n"
-              "            <PolyBegin x=\"1.000000\" y=\"2.000000\" />\n"
-              "            <PolyStepSegment x=\"3.000000\" y=\"4.000000\" />\n"
-              "            <PolyStepCurve x=\"5.000000\" y=\"6.000000\" centerX=\"7.000000\" centerY=\"8.000000\" "
-              "clockwise=\"TRUE\" />\n"
-              "         </Cutout>\n");
+    EXPECT_EQ(Written(cutout, 0), Below(R"(
+   <Cutout>
+      <PolyBegin x="1.000000" y="2.000000" />
+      <PolyStepSegment x="3.000000" y="4.000000" />
+      <PolyStepCurve x="5.000000" y="6.000000" centerX="7.000000" centerY="8.000000" clockwise="TRUE" />
+   </Cutout>
+)"));
+    EXPECT_EQ(Written(cutout, 2), Below(R"(
+         <Cutout>
+            <PolyBegin x="1.000000" y="2.000000" />
+            <PolyStepSegment x="3.000000" y="4.000000" />
+            <PolyStepCurve x="5.000000" y="6.000000" centerX="7.000000" centerY="8.000000" clockwise="TRUE" />
+         </Cutout>
+)"));
 }
 
 TEST(Cutout, IsWrittenWithoutSteps)
@@ -152,7 +154,11 @@ TEST(Cutout, IsWrittenWithoutSteps)
     CIPC2581_Cutout cutout;
     const auto written = Exported(cutout, -1);
     EXPECT_EQ(written.result, 1);
-    EXPECT_EQ(written.text, "<Cutout>\n   <PolyBegin x=\"0.000000\" y=\"0.000000\" />\n</Cutout>\n");
+    EXPECT_EQ(written.text, Below(R"(
+<Cutout>
+   <PolyBegin x="0.000000" y="0.000000" />
+</Cutout>
+)"));
 }
 
 template <typename Part>
@@ -166,7 +172,7 @@ TEST(Cutout, WritingStopsWhereAChildFails)
     CIPC2581_Cutout cutout;
     cutout.PolyStepArray->Add(new Refusing<CIPC2581_PolyStep>);
     EXPECT_EQ(Exported(cutout).result, 0);
-    EXPECT_EQ(Written(cutout), "   <Cutout>\n      <PolyBegin x=\"0.000000\" y=\"0.000000\" />\n");
+    EXPECT_EQ(Written(cutout), Joined({"   <Cutout>", R"(      <PolyBegin x="0.000000" y="0.000000" />)"}));
     delete cutout.PolyBegin;
     cutout.PolyBegin = new Refusing<CIPC2581_Point>;
     EXPECT_EQ(Exported(cutout).result, 0);
@@ -359,7 +365,11 @@ TEST(CutoutArray, StopsTheListThatHoldsIt)
     list.Add(new CIPC2581_Cutout);
     const auto written = Exported(list);
     EXPECT_EQ(written.result, 0);
-    EXPECT_EQ(written.text, "   <Cutout>\n      <PolyBegin x=\"0.000000\" y=\"0.000000\" />\n   </Cutout>\n");
+    EXPECT_EQ(written.text, Below(R"(
+   <Cutout>
+      <PolyBegin x="0.000000" y="0.000000" />
+   </Cutout>
+)"));
 }
 
 TEST(CutoutArray, KeepsTheReadingAndWritingOperationsOfTheBase)

@@ -22,6 +22,7 @@
 #include "ipc2581/draw/Text.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
@@ -30,9 +31,9 @@ using ipc2581::tests::IsVirtual;
 using ipc2581::tests::Lines;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Str;
+using ipc2581::tests::Texts;
 using ipc2581::tests::Tokens;
 using ipc2581::tests::Written;
-using Texts = std::vector<std::string>;
 using TokenList = CArray<CString, CString>;
 
 bool IsPlain(const CIPC2581_DrawObj & shape)
@@ -87,7 +88,7 @@ TEST(DrawObj, AssignmentToItselfKeepsTheType)
 TEST(DrawObj, ReadsNothingAndTellsIt)
 {
     CIPC2581_DrawObj shape;
-    Tokens tokens("<Circle diameter=\"1\"/>");
+    Tokens tokens(R"(<Circle diameter="1"/>)");
     EXPECT_EQ(shape.Import(tokens.List()), 0);
     EXPECT_EQ(tokens->GetSize(), 2);
     Lines file{"one", "two"};
@@ -228,7 +229,7 @@ TYPED_TEST(DrawObjGeometry, StartsWithTheDrawingObject)
 TYPED_TEST(DrawObjGeometry, TokenListIsReadByNobody)
 {
     CIPC2581_DrawObj & base = this->shape;
-    Tokens tokens("<LineDesc lineEnd=\"SQUARE\" x=\"1\"/>");
+    Tokens tokens(R"(<LineDesc lineEnd="SQUARE" x="1"/>)");
     EXPECT_EQ(base.Import(tokens.List()), 0);
     EXPECT_EQ(tokens->GetSize(), 3);
 }
@@ -322,7 +323,7 @@ TYPED_TEST(DrawObjReader, OtherLinesArePassedOver)
                                   "\t",
                                   "> ",
                                   "<any>",
-                                  "<Any x=\"1\" y=\"open>",
+                                  R"(<Any x="1" y="open>)",
                                   "<Any <" + this->end + ">",
                                   "< " + this->end,
                                   "<" + this->end.substr(1) + ">",

@@ -15,10 +15,12 @@
 #include "ipc2581/draw/PolyLine.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
 using ipc2581::tests::Exported;
+using ipc2581::tests::Joined;
 using ipc2581::tests::Lines;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Written;
@@ -92,17 +94,17 @@ TEST(LineDesc, IsWrittenWithEndAndWidth)
 {
     CIPC2581_LineDesc lineDesc = Made(3, 0.5, "SQUARE");
     EXPECT_EQ(Exported(lineDesc).result, 1);
-    EXPECT_EQ(Written(lineDesc, 0), "   <LineDesc lineEnd=\"SQUARE\" lineWidth=\"0.500000\" />\n");
-    EXPECT_EQ(Written(lineDesc, 2), "         <LineDesc lineEnd=\"SQUARE\" lineWidth=\"0.500000\" />\n");
-    EXPECT_EQ(Written(lineDesc, -1), "<LineDesc lineEnd=\"SQUARE\" lineWidth=\"0.500000\" />\n");
+    EXPECT_EQ(Written(lineDesc, 0), Joined({R"(   <LineDesc lineEnd="SQUARE" lineWidth="0.500000" />)"}));
+    EXPECT_EQ(Written(lineDesc, 2), Joined({R"(         <LineDesc lineEnd="SQUARE" lineWidth="0.500000" />)"}));
+    EXPECT_EQ(Written(lineDesc, -1), Joined({R"(<LineDesc lineEnd="SQUARE" lineWidth="0.500000" />)"}));
 }
 
 TEST(LineDesc, LineEndIsWrittenWhateverItIs)
 {
     CIPC2581_LineDesc lineDesc = Made(0, -1, "");
-    EXPECT_EQ(Written(lineDesc), "   <LineDesc lineEnd=\"\" lineWidth=\"-1.000000\" />\n");
+    EXPECT_EQ(Written(lineDesc), Joined({R"(   <LineDesc lineEnd="" lineWidth="-1.000000" />)"}));
     lineDesc.LineEnd = "a & <b>";
-    EXPECT_EQ(Written(lineDesc), "   <LineDesc lineEnd=\"a & <b>\" lineWidth=\"-1.000000\" />\n");
+    EXPECT_EQ(Written(lineDesc), Joined({R"(   <LineDesc lineEnd="a & <b>" lineWidth="-1.000000" />)"}));
 }
 
 TEST(LineDesc, OrderOfVirtualOperations)
@@ -138,30 +140,30 @@ TYPED_TEST(LineDescReader, TakesEndAndWidth)
         double width;
         const char * end;
     } cases[] = {
-        {"<LineDesc lineEnd=\"SQUARE\" lineWidth=\"0.25\" />", 0.25, "SQUARE"},
-        {"   <LineDesc lineWidth=\"0.25\" lineEnd=\"SQUARE\"/>", 0.25, "SQUARE"},
-        {"<LineDesc lineEnd=\"NO SUCH  END\" lineWidth=\"1\"/>", 1, "NO SUCH END"},
-        {"<LineDesc lineEnd=\"\" lineWidth=\"\"/>", 0, ""},
-        {"<LineDesc lineWidth=\"1\"/>", 1, "KEPT"},
-        {"<LineDesc lineEnd=\"A\"/>", 9, "A"},
-        {"<LineDesc shape=\"1\" width=\"2\" end=\"A\"/>", 9, "KEPT"},
-        {"<LineDesc LineEnd=\"A\" linewidth=\"2\"/>", 9, "KEPT"},
-        {"<LineDesc lineEnd = \"A\" lineWidth = \"2\"/>", 9, "KEPT"},
-        {"<LineDesc lineEnd=\"A\" lineEnd=\"B\" lineWidth=\"1\" lineWidth=\"2\"/>", 2, "B"},
-        {"<LineDesc lineEnd=\"A\"lineWidth=\"2\">", 9, "AlineWidth=2"},
-        {"<LineDesc lineWidth=\"2\"lineEnd=\"A\">", 9, "2lineEnd=A"},
-        {"<LineDesc outlineEnd=\"B\" mylineWidth=\"3\">", 3, "B"},
-        {"<LineDesc lineWidth=\"wide\">", 0, "KEPT"},
-        {"<LineDesc lineWidth=\"1e1mm\">", 10, "KEPT"},
-        {"<LineDesc lineWidth=\"1/2\" lineEnd=\"A/B\">", 12, "AB"},
-        {"<LineDesc lineWidth=\" -3\">", -3, "KEPT"},
-        {"<LineDesc lineEnd=A lineWidth=\"2\">", 9, "A 2"},
-        {"<LineDesc lineWidth=2 lineEnd=\"A\">", 2, "KEPT"},
-        {"<LineDesclineEnd=\"A\">", 9, "A>"},
-        {"<lineEnd=\"A\"LineDesc lineWidth=\"2\">", 2, "ALineDesc"},
-        {"<MyLineDescs lineWidth=\"2\">", 2, "KEPT"},
-        {"<Linedesc lineWidth=\"2\">", 9, "KEPT"},
-        {"<Any LineDesc lineWidth=\"2\">", 9, "KEPT"},
+        {R"(<LineDesc lineEnd="SQUARE" lineWidth="0.25" />)", 0.25, "SQUARE"},
+        {R"(   <LineDesc lineWidth="0.25" lineEnd="SQUARE"/>)", 0.25, "SQUARE"},
+        {R"(<LineDesc lineEnd="NO SUCH  END" lineWidth="1"/>)", 1, "NO SUCH END"},
+        {R"(<LineDesc lineEnd="" lineWidth=""/>)", 0, ""},
+        {R"(<LineDesc lineWidth="1"/>)", 1, "KEPT"},
+        {R"(<LineDesc lineEnd="A"/>)", 9, "A"},
+        {R"(<LineDesc shape="1" width="2" end="A"/>)", 9, "KEPT"},
+        {R"(<LineDesc LineEnd="A" linewidth="2"/>)", 9, "KEPT"},
+        {R"(<LineDesc lineEnd = "A" lineWidth = "2"/>)", 9, "KEPT"},
+        {R"(<LineDesc lineEnd="A" lineEnd="B" lineWidth="1" lineWidth="2"/>)", 2, "B"},
+        {R"(<LineDesc lineEnd="A"lineWidth="2">)", 9, "AlineWidth=2"},
+        {R"(<LineDesc lineWidth="2"lineEnd="A">)", 9, "2lineEnd=A"},
+        {R"(<LineDesc outlineEnd="B" mylineWidth="3">)", 3, "B"},
+        {R"(<LineDesc lineWidth="wide">)", 0, "KEPT"},
+        {R"(<LineDesc lineWidth="1e1mm">)", 10, "KEPT"},
+        {R"(<LineDesc lineWidth="1/2" lineEnd="A/B">)", 12, "AB"},
+        {R"(<LineDesc lineWidth=" -3">)", -3, "KEPT"},
+        {R"(<LineDesc lineEnd=A lineWidth="2">)", 9, "A 2"},
+        {R"(<LineDesc lineWidth=2 lineEnd="A">)", 2, "KEPT"},
+        {R"(<LineDesclineEnd="A">)", 9, "A>"},
+        {R"(<lineEnd="A"LineDesc lineWidth="2">)", 2, "ALineDesc"},
+        {R"(<MyLineDescs lineWidth="2">)", 2, "KEPT"},
+        {R"(<Linedesc lineWidth="2">)", 9, "KEPT"},
+        {R"(<Any LineDesc lineWidth="2">)", 9, "KEPT"},
         {"<LineDesc>", 9, "KEPT"},
     };
     for (const auto & row : cases) {
@@ -174,22 +176,22 @@ TYPED_TEST(LineDescReader, TakesEndAndWidth)
 
 TYPED_TEST(LineDescReader, ValueThatIsNotClosedRaisesBehindWhatStandsBefore)
 {
-    EXPECT_THROW(this->Read("<LineDesc lineWidth=\"2\" lineEnd=\"open />"), CInvalidArgException);
+    EXPECT_THROW(this->Read(R"(<LineDesc lineWidth="2" lineEnd="open />)"), CInvalidArgException);
     ExpectFields(*this->shape.LineDesc, 4, 2, "KEPT");
-    EXPECT_THROW(this->Read("<LineDesc lineEnd=\"A\" lineWidth=1 />"), CInvalidArgException);
+    EXPECT_THROW(this->Read(R"(<LineDesc lineEnd="A" lineWidth=1 />)"), CInvalidArgException);
     ExpectFields(*this->shape.LineDesc, 4, 2, "A");
 }
 
 TYPED_TEST(LineDescReader, LaterDescriptionOverwrites)
 {
-    Lines file{"<LineDesc lineEnd=\"A\" lineWidth=\"1\" />", "<LineDesc lineWidth=\"2\" />"};
+    Lines file{R"(<LineDesc lineEnd="A" lineWidth="1" />)", R"(<LineDesc lineWidth="2" />)"};
     EXPECT_EQ(this->shape.Import(file.File()), 1);
     ExpectFields(*this->shape.LineDesc, 4, 2, "A");
 }
 
 TYPED_TEST(LineDescReader, ClosingLineEndsNothing)
 {
-    Lines file{"<LineDesc lineEnd=\"A\" >", "</LineDesc>", "</LineDesc >", "<LineDesc lineWidth=\"2\">"};
+    Lines file{R"(<LineDesc lineEnd="A" >)", "</LineDesc>", "</LineDesc >", R"(<LineDesc lineWidth="2">)"};
     EXPECT_EQ(this->shape.Import(file.File()), 1);
     EXPECT_TRUE(file.Rest().empty());
     ExpectFields(*this->shape.LineDesc, 4, 2, "A");

@@ -11,15 +11,18 @@
 
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Below;
 using ipc2581::tests::Exported;
+using ipc2581::tests::Joined;
 using ipc2581::tests::Lines;
 using ipc2581::tests::Slot;
+using ipc2581::tests::Texts;
 using ipc2581::tests::Written;
 using Coordinates = std::array<double, 4>;
-using Texts = std::vector<std::string>;
 
 Coordinates Of(const CIPC2581_Line & line)
 {
@@ -186,7 +189,7 @@ TEST_F(Line, AssignmentThroughTheBaseLeavesTheParts)
 
 TEST_F(Line, ReadsItsLineDescription)
 {
-    Lines file{"<LineDesc lineEnd=\"NONE\" lineWidth=\"0.2\" />", "</Line>", "behind"};
+    Lines file{R"(<LineDesc lineEnd="NONE" lineWidth="0.2" />)", "</Line>", "behind"};
     EXPECT_EQ(line.Import(file.File()), 1);
     EXPECT_EQ(file.Rest(), Texts{"behind"});
     EXPECT_EQ(line.LineDesc->LineEnd, "NONE");
@@ -197,15 +200,15 @@ TEST_F(Line, ReadsItsLineDescription)
 // The caller has read the coordinates from the opening line.
 TEST_F(Line, NeverReadsItsCoordinates)
 {
-    Lines file{"<Line startX=\"6\" startY=\"6\" endX=\"6\" endY=\"6\">",
-               "<LineDesc startX=\"6\" startY=\"6\" endX=\"6\" endY=\"6\"/>", "</Line>"};
+    Lines file{R"(<Line startX="6" startY="6" endX="6" endY="6">)",
+               R"(<LineDesc startX="6" startY="6" endX="6" endY="6"/>)", "</Line>"};
     EXPECT_EQ(line.Import(file.File()), 1);
     ExpectSample(line);
 }
 
 TEST_F(Line, DescriptionIsTestedBeforeTheEnd)
 {
-    Lines file{"</Line/LineDesc lineWidth=\"3\">", "</LineDesc>", "<LineDesc></Line>", "</Line>", "behind"};
+    Lines file{R"(</Line/LineDesc lineWidth="3">)", "</LineDesc>", "<LineDesc></Line>", "</Line>", "behind"};
     EXPECT_EQ(line.Import(file.File()), 1);
     EXPECT_EQ(file.Rest(), Texts{"behind"});
     EXPECT_EQ(line.LineDesc->LineWidth, 3.0);
@@ -213,17 +216,17 @@ TEST_F(Line, DescriptionIsTestedBeforeTheEnd)
 
 TEST_F(Line, NestedLinesAndOtherEndsArePassedOver)
 {
-    Lines file{"<Line x=\"1\">", "<Line>", "</Polyline>", "</Arc>", "</Lin>", "</Lines>", "behind"};
+    Lines file{R"(<Line x="1">)", "<Line>", "</Polyline>", "</Arc>", "</Lin>", "</Lines>", "behind"};
     EXPECT_EQ(line.Import(file.File()), 1);
     EXPECT_EQ(file.Rest(), Texts{"behind"});
 }
 
 TEST_F(Line, KeepsWhatWasReadBeforeABlankLineOrTheEndOfFile)
 {
-    Lines blank{"<LineDesc lineWidth=\"3\" />", " ", "</Line>"};
+    Lines blank{R"(<LineDesc lineWidth="3" />)", " ", "</Line>"};
     EXPECT_THROW(line.Import(blank.File()), CInvalidArgException);
     EXPECT_EQ(line.LineDesc->LineWidth, 3.0);
-    Lines cut("<LineDesc lineWidth=\"4\" />");
+    Lines cut(R"(<LineDesc lineWidth="4" />)");
     EXPECT_EQ(line.Import(cut.File()), 1);
     EXPECT_EQ(line.LineDesc->LineWidth, 4.0);
 }
@@ -231,29 +234,33 @@ TEST_F(Line, KeepsWhatWasReadBeforeABlankLineOrTheEndOfFile)
 TEST_F(Line, IsWrittenWithItsDescription)
 {
     EXPECT_EQ(Exported(line).result, 1);
-    EXPECT_EQ(Written(line, 0),
-              "   <Line startX=\"1.000000\" startY=\"2.000000\" endX=\"3.000000\" endY=\"4.000000\">\n"
-              "      <LineDesc lineEnd=\"SQUARE\" lineWidth=\"0.500000\" />\n"
-              "   </Line>\n");
-    EXPECT_EQ(Written(line, 2),
-              "         <Line startX=\"1.000000\" startY=\"2.000000\" endX=\"3.000000\" endY=\"4.000000\">\n"
-              "            <LineDesc lineEnd=\"SQUARE\" lineWidth=\"0.500000\" />\n"
-              "         </Line>\n");
+    EXPECT_EQ(Written(line, 0), Below(R"(
+   <Line startX="1.000000" startY="2.000000" endX="3.000000" endY="4.000000">
+      <LineDesc lineEnd="SQUARE" lineWidth="0.500000" />
+   </Line>
+)"));
+    EXPECT_EQ(Written(line, 2), Below(R"(
+         <Line startX="1.000000" startY="2.000000" endX="3.000000" endY="4.000000">
+            <LineDesc lineEnd="SQUARE" lineWidth="0.500000" />
+         </Line>
+)"));
 }
 
 TEST_F(Line, NewOneIsWrittenWhole)
 {
     CIPC2581_Line made;
-    EXPECT_EQ(Written(made, -1), "<Line startX=\"0.000000\" startY=\"0.000000\" endX=\"0.000000\" endY=\"0.000000\">\n"
-                                 "   <LineDesc lineEnd=\"ROUND\" lineWidth=\"0.000000\" />\n"
-                                 "</Line>\n");
+    EXPECT_EQ(Written(made, -1), Below(R"(
+<Line startX="0.000000" startY="0.000000" endX="0.000000" endY="0.000000">
+   <LineDesc lineEnd="ROUND" lineWidth="0.000000" />
+</Line>
+)"));
 }
 
 TEST_F(Line, UnknownLineEndComesBack)
 {
-    Lines file{"<LineDesc lineEnd=\"POINTED\" />", "</Line>"};
+    Lines file{R"(<LineDesc lineEnd="POINTED" />)", "</Line>"};
     line.Import(file.File());
-    EXPECT_NE(Written(line).find("lineEnd=\"POINTED\""), std::string::npos);
+    EXPECT_NE(Written(line).find(R"(lineEnd="POINTED")"), std::string::npos);
 }
 
 class OddLineDesc : public CIPC2581_LineDesc {
@@ -268,7 +275,7 @@ private:
 TEST_F(Line, WritesNoClosingLineWhereItsDescriptionFails)
 {
     const std::string opening =
-        "   <Line startX=\"1.000000\" startY=\"2.000000\" endX=\"3.000000\" endY=\"4.000000\">\n";
+        Joined({R"(   <Line startX="1.000000" startY="2.000000" endX="3.000000" endY="4.000000">)"});
     for (const int result : {0, 1, -1}) {
         delete line.LineDesc;
         line.LineDesc = new OddLineDesc(result);

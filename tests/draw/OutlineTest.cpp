@@ -10,17 +10,19 @@
 
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Below;
 using ipc2581::tests::Exported;
 using ipc2581::tests::Lines;
 using ipc2581::tests::Slot;
+using ipc2581::tests::Texts;
 using ipc2581::tests::Tokens;
 using ipc2581::tests::Written;
-using Texts = std::vector<std::string>;
 
-void AddSegment(CIPC2581_Outline & outline, const char * line = "<PolyStepSegment x=\"3\" y=\"4\" />")
+void AddSegment(CIPC2581_Outline & outline, const char * line = R"(<PolyStepSegment x="3" y="4" />)")
 {
     Tokens tokens(line);
     outline.Polygon->SegmentAdd(tokens);
@@ -189,9 +191,9 @@ TEST_F(Outline, AssignmentThroughTheBaseLeavesTheParts)
 
 TEST_F(Outline, ReadsPolygonAndLineDescriptionInEitherOrder)
 {
-    const std::vector<std::string_view> polygon{"<Polygon>", "<PolyBegin x=\"1\" y=\"2\" />",
-                                                "<PolyStepSegment x=\"3\" y=\"4\" />", "</Polygon>"};
-    const std::string_view lineDesc = "<LineDesc lineEnd=\"SQUARE\" lineWidth=\"9\" />";
+    const std::vector<std::string_view> polygon{"<Polygon>", R"(<PolyBegin x="1" y="2" />)",
+                                                R"(<PolyStepSegment x="3" y="4" />)", "</Polygon>"};
+    const std::string_view lineDesc = R"(<LineDesc lineEnd="SQUARE" lineWidth="9" />)";
     Lines before{lineDesc, polygon[0], polygon[1], polygon[2], polygon[3], "</Outline>", "behind"};
     Lines behind{polygon[0], polygon[1], polygon[2], polygon[3], lineDesc, "</Outline>", "behind"};
     for (Lines * file : {&before, &behind}) {
@@ -206,11 +208,11 @@ TEST_F(Outline, ReadsPolygonAndLineDescriptionInEitherOrder)
 TEST_F(Outline, SecondPolygonAddsItsStepsAndReplacesTheBeginPoint)
 {
     Lines file{"<Polygon>",
-               "<PolyBegin x=\"7\" y=\"8\" />",
-               "<PolyStepSegment x=\"5\" />",
+               R"(<PolyBegin x="7" y="8" />)",
+               R"(<PolyStepSegment x="5" />)",
                "</Polygon>",
                "<Polygon >",
-               "<PolyStepSegment x=\"6\" />",
+               R"(<PolyStepSegment x="6" />)",
                "</Polygon>",
                "</Outline>"};
     EXPECT_EQ(outline.Import(file.File()), 1);
@@ -226,7 +228,7 @@ TEST_F(Outline, AnyLineWithPolygonStartsOne)
                               "<Polygon></Outline>", "</OutlinePolygon >"}) {
         CIPC2581_Outline read;
         Lines file{
-            line,         "</Outline>", "<LineDesc lineWidth=\"3\">", "<PolyStepSegment x=\"5\" />", "</Polygon>",
+            line,         "</Outline>", R"(<LineDesc lineWidth="3">)", R"(<PolyStepSegment x="5" />)", "</Polygon>",
             "</Outline>", "behind"};
         EXPECT_EQ(read.Import(file.File()), 1) << line;
         EXPECT_EQ(file.Rest(), Texts{"behind"}) << line;
@@ -237,7 +239,7 @@ TEST_F(Outline, AnyLineWithPolygonStartsOne)
 
 TEST_F(Outline, LineDescriptionIsTestedFirst)
 {
-    Lines file{"<PolygonLineDesc lineWidth=\"3\">", "<LineDescPolygon lineEnd=\"A\">", "</Outline>", "behind"};
+    Lines file{R"(<PolygonLineDesc lineWidth="3">)", R"(<LineDescPolygon lineEnd="A">)", "</Outline>", "behind"};
     EXPECT_EQ(outline.Import(file.File()), 1);
     EXPECT_EQ(file.Rest(), Texts{"behind"});
     EXPECT_EQ(outline.LineDesc->LineWidth, 3.0);
@@ -247,8 +249,8 @@ TEST_F(Outline, LineDescriptionIsTestedFirst)
 // A slash in the first token keeps a line from being a description.
 TEST_F(Outline, DescriptionWithASlashInItsFirstTokenIsPassedOver)
 {
-    for (const char * line : {"</LineDesc>", "<LineDesc/>", "<LineDesclineWidth=\"3\"/>", "</LineDesc lineWidth=\"3\">",
-                              "<LineDesc/ lineWidth=\"3\">"}) {
+    for (const char * line : {"</LineDesc>", "<LineDesc/>", R"(<LineDesclineWidth="3"/>)",
+                              R"(</LineDesc lineWidth="3">)", R"(<LineDesc/ lineWidth="3">)"}) {
         Lines file{line, "</Outline>", "behind"};
         EXPECT_EQ(outline.Import(file.File()), 1);
         EXPECT_EQ(file.Rest(), Texts{"behind"}) << line;
@@ -258,7 +260,7 @@ TEST_F(Outline, DescriptionWithASlashInItsFirstTokenIsPassedOver)
 
 TEST_F(Outline, DescriptionWithASlashGoesToTheLaterTests)
 {
-    Lines file{"</LineDesc/Outline lineWidth=\"3\">", "behind"};
+    Lines file{R"(</LineDesc/Outline lineWidth="3">)", "behind"};
     EXPECT_EQ(outline.Import(file.File()), 1);
     EXPECT_EQ(file.Rest(), Texts{"behind"});
     ExpectSample(outline);
@@ -267,8 +269,8 @@ TEST_F(Outline, DescriptionWithASlashGoesToTheLaterTests)
 TEST_F(Outline, StepsOutsideAPolygonArePassedOver)
 {
     Lines file{"<Outline>",
-               "<PolyBegin x=\"8\" y=\"9\" />",
-               "<PolyStepSegment x=\"5\" />",
+               R"(<PolyBegin x="8" y="9" />)",
+               R"(<PolyStepSegment x="5" />)",
                "<polygon>",
                "</outline>",
                "<Any Polygon>",
@@ -297,11 +299,11 @@ TEST_F(Outline, KeepsWhatWasReadAtTheEndOfFile)
 
 TEST_F(Outline, KeepsWhatWasReadBeforeALineThatRaises)
 {
-    Lines outside{"<LineDesc lineWidth=\"3\" />", " ", "behind"};
+    Lines outside{R"(<LineDesc lineWidth="3" />)", " ", "behind"};
     EXPECT_THROW(outline.Import(outside.File()), CInvalidArgException);
     EXPECT_EQ(outside.Rest(), Texts{"behind"});
     EXPECT_EQ(outline.LineDesc->LineWidth, 3.0);
-    Lines inside{"<Polygon>", "<PolyStepSegment x=\"5\" />", "<PolyStepCurve x=\"open", "behind"};
+    Lines inside{"<Polygon>", R"(<PolyStepSegment x="5" />)", R"(<PolyStepCurve x="open)", "behind"};
     EXPECT_THROW(outline.Import(inside.File()), CInvalidArgException);
     EXPECT_EQ(inside.Rest(), Texts{"behind"});
     EXPECT_EQ(Steps(outline), 2U);
@@ -357,20 +359,24 @@ TEST_F(Outline, PolygonIsReachedByItsVirtualOperations)
 TEST_F(Outline, IsWrittenPolygonFirst)
 {
     EXPECT_EQ(Exported(outline).result, 1);
-    EXPECT_EQ(Written(outline, 0), "   <Outline>\n"
-                                   "      <Polygon>\n"
-                                   "         <PolyBegin x=\"1.000000\" y=\"2.000000\" />\n"
-                                   "         <PolyStepSegment x=\"3.000000\" y=\"4.000000\" />\n"
-                                   "      </Polygon>\n"
-                                   "      <LineDesc lineEnd=\"SQUARE\" lineWidth=\"9.000000\" />\n"
-                                   "   </Outline>\n");
-    EXPECT_EQ(Written(outline, 2), "         <Outline>\n"
-                                   "            <Polygon>\n"
-                                   "               <PolyBegin x=\"1.000000\" y=\"2.000000\" />\n"
-                                   "               <PolyStepSegment x=\"3.000000\" y=\"4.000000\" />\n"
-                                   "            </Polygon>\n"
-                                   "            <LineDesc lineEnd=\"SQUARE\" lineWidth=\"9.000000\" />\n"
-                                   "         </Outline>\n");
+    EXPECT_EQ(Written(outline, 0), Below(R"(
+   <Outline>
+      <Polygon>
+         <PolyBegin x="1.000000" y="2.000000" />
+         <PolyStepSegment x="3.000000" y="4.000000" />
+      </Polygon>
+      <LineDesc lineEnd="SQUARE" lineWidth="9.000000" />
+   </Outline>
+)"));
+    EXPECT_EQ(Written(outline, 2), Below(R"(
+         <Outline>
+            <Polygon>
+               <PolyBegin x="1.000000" y="2.000000" />
+               <PolyStepSegment x="3.000000" y="4.000000" />
+            </Polygon>
+            <LineDesc lineEnd="SQUARE" lineWidth="9.000000" />
+         </Outline>
+)"));
 }
 
 TEST_F(Outline, IsNotWrittenWithoutSteps)
@@ -388,13 +394,15 @@ TEST_F(Outline, OneSegmentIsEnoughToBeWritten)
 {
     CIPC2581_Outline made;
     AddSegment(made, "<PolyStepSegment>");
-    EXPECT_EQ(Written(made, -1), "<Outline>\n"
-                                 "   <Polygon>\n"
-                                 "      <PolyBegin x=\"0.000000\" y=\"0.000000\" />\n"
-                                 "      <PolyStepSegment x=\"0.000000\" y=\"0.000000\" />\n"
-                                 "   </Polygon>\n"
-                                 "   <LineDesc lineEnd=\"ROUND\" lineWidth=\"0.000000\" />\n"
-                                 "</Outline>\n");
+    EXPECT_EQ(Written(made, -1), Below(R"(
+<Outline>
+   <Polygon>
+      <PolyBegin x="0.000000" y="0.000000" />
+      <PolyStepSegment x="0.000000" y="0.000000" />
+   </Polygon>
+   <LineDesc lineEnd="ROUND" lineWidth="0.000000" />
+</Outline>
+)"));
 }
 
 TEST_F(Outline, FailuresOfItsChildrenAreNotLookedAt)

@@ -10,10 +10,12 @@
 
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
 using ipc2581::tests::Exported;
+using ipc2581::tests::Joined;
 using ipc2581::tests::Lines;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Written;
@@ -122,7 +124,7 @@ TEST(Point, AssignmentToItselfDoesNothing)
 TEST(Point, ReadsNothing)
 {
     CIPC2581_Point point = Sample();
-    Lines file{"<PolyBegin x=\"3\" y=\"4\" />"};
+    Lines file{R"(<PolyBegin x="3" y="4" />)"};
     EXPECT_EQ(point.Import(file), 1);
     EXPECT_EQ(file.Rest().size(), 1U);
     ExpectSample(point);
@@ -132,15 +134,15 @@ TEST(Point, WritesItselfAsABeginPoint)
 {
     CIPC2581_Point point = Sample();
     EXPECT_EQ(Exported(point).result, 1);
-    EXPECT_EQ(Written(point, 0), "   <PolyBegin x=\"1.500000\" y=\"-2.000000\" />\n");
-    EXPECT_EQ(Written(point, 2), "         <PolyBegin x=\"1.500000\" y=\"-2.000000\" />\n");
+    EXPECT_EQ(Written(point, 0), Joined({R"(   <PolyBegin x="1.500000" y="-2.000000" />)"}));
+    EXPECT_EQ(Written(point, 2), Joined({R"(         <PolyBegin x="1.500000" y="-2.000000" />)"}));
 }
 
 TEST(Point, NegativeLevelHasNoIndent)
 {
     CIPC2581_Point point;
     for (const int level : {-1, -7}) {
-        EXPECT_EQ(Written(point, level), "<PolyBegin x=\"0.000000\" y=\"0.000000\" />\n");
+        EXPECT_EQ(Written(point, level), Joined({R"(<PolyBegin x="0.000000" y="0.000000" />)"}));
     }
 }
 
@@ -149,7 +151,7 @@ TEST(Point, WritesSixDecimals)
     CIPC2581_Point point;
     point.SetPoint_X(0.0000006);
     point.SetPoint_Y(12345678.9876543);
-    EXPECT_EQ(Written(point), "   <PolyBegin x=\"0.000001\" y=\"12345678.987654\" />\n");
+    EXPECT_EQ(Written(point), Joined({R"(   <PolyBegin x="0.000001" y="12345678.987654" />)"}));
 }
 
 TEST(Point, OrderOfVirtualOperations)

@@ -8,15 +8,18 @@
 
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Below;
 using ipc2581::tests::Exported;
+using ipc2581::tests::Joined;
 using ipc2581::tests::Lines;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Str;
+using ipc2581::tests::Texts;
 using ipc2581::tests::Written;
-using Texts = std::vector<std::string>;
 
 // All of it in short: "b1,2 s3,4 c5,6 w9" for a begin point, a segment, a curve and a line width.
 std::string Short(const CIPC2581_PolyLine & polyLine)
@@ -39,10 +42,10 @@ std::string Short(const CIPC2581_PolyLine & polyLine)
 
 void Fill(CIPC2581_PolyLine & polyLine)
 {
-    Lines file{"<PolyBegin x=\"1\" y=\"2\" />",
-               "   <PolyStepSegment x=\"3\" y=\"4\" />",
-               "<PolyStepCurve x=\"5\" y=\"6\" centerX=\"7\" centerY=\"8\" clockwise=\"TRUE\" />",
-               "<LineDesc lineEnd=\"SQUARE\" lineWidth=\"9\" />",
+    Lines file{R"(<PolyBegin x="1" y="2" />)",
+               R"(   <PolyStepSegment x="3" y="4" />)",
+               R"(<PolyStepCurve x="5" y="6" centerX="7" centerY="8" clockwise="TRUE" />)",
+               R"(<LineDesc lineEnd="SQUARE" lineWidth="9" />)",
                "</Polyline>",
                "behind"};
     EXPECT_EQ(polyLine.Import(file.File()), 1);
@@ -84,21 +87,21 @@ TEST(PolyLine, TestsHaveTheirOrder)
         const char * result;
         bool ends;
     } cases[] = {
-        {"<PolyBegin x=\"1\" y=\"2\">", "b1,2 w0", false},
-        {"<PolyBeginPolyStepSegment x=\"1\" y=\"2\">", "b1,2 s1,2 w0", false},
-        {"<PolyStepCurvePolyBegin x=\"1\" y=\"2\">", "b1,2 c1,2 w0", false},
-        {"<PolyBeginLineDesc x=\"1\" lineWidth=\"3\">", "b1,0 w3", false},
-        {"<PolyBegin/Polyline x=\"1\" y=\"2\">", "b1,2 w0", true},
+        {R"(<PolyBegin x="1" y="2">)", "b1,2 w0", false},
+        {R"(<PolyBeginPolyStepSegment x="1" y="2">)", "b1,2 s1,2 w0", false},
+        {R"(<PolyStepCurvePolyBegin x="1" y="2">)", "b1,2 c1,2 w0", false},
+        {R"(<PolyBeginLineDesc x="1" lineWidth="3">)", "b1,0 w3", false},
+        {R"(<PolyBegin/Polyline x="1" y="2">)", "b1,2 w0", true},
         {"<PolyBegin/></Polyline>", "b0,0 w0", true},
-        {"<PolyBeginPolyStepSegmentPolyStepCurve x=\"1\">", "b1,0 s1,0 w0", false},
-        {"<PolyBeginPolyStepSegment/Polyline x=\"1\">", "b1,0 s1,0 w0", false},
-        {"<PolyStepCurvePolyStepSegment x=\"1\" y=\"2\">", "b0,0 s1,2 w0", false},
-        {"<LineDescPolyStepSegment x=\"1\" lineWidth=\"3\">", "b0,0 s1,0 w0", false},
-        {"</PolylinePolyStepSegment x=\"1\">", "b0,0 s1,0 w0", false},
-        {"<LineDescPolyStepCurve x=\"1\" lineWidth=\"3\">", "b0,0 c1,0 w0", false},
-        {"</PolylinePolyStepCurve x=\"1\">", "b0,0 c1,0 w0", false},
-        {"</PolylineLineDesc x=\"1\" lineWidth=\"3\">", "b0,0 w3", false},
-        {"</Polyline x=\"1\" lineWidth=\"3\">", "b0,0 w0", true},
+        {R"(<PolyBeginPolyStepSegmentPolyStepCurve x="1">)", "b1,0 s1,0 w0", false},
+        {R"(<PolyBeginPolyStepSegment/Polyline x="1">)", "b1,0 s1,0 w0", false},
+        {R"(<PolyStepCurvePolyStepSegment x="1" y="2">)", "b0,0 s1,2 w0", false},
+        {R"(<LineDescPolyStepSegment x="1" lineWidth="3">)", "b0,0 s1,0 w0", false},
+        {R"(</PolylinePolyStepSegment x="1">)", "b0,0 s1,0 w0", false},
+        {R"(<LineDescPolyStepCurve x="1" lineWidth="3">)", "b0,0 c1,0 w0", false},
+        {R"(</PolylinePolyStepCurve x="1">)", "b0,0 c1,0 w0", false},
+        {R"(</PolylineLineDesc x="1" lineWidth="3">)", "b0,0 w3", false},
+        {R"(</Polyline x="1" lineWidth="3">)", "b0,0 w0", true},
         {"<Any/PolylineAny>", "b0,0 w0", true},
     };
     for (const auto & row : cases) {
@@ -126,8 +129,8 @@ TEST(PolyLine, OtherLinesArePassedOver)
                "</PolyLine>",
                "</Polygon>",
                "</Line>",
-               "<PolyStep x=\"1\">",
-               "<Any PolyBegin x=\"1\">",
+               R"(<PolyStep x="1">)",
+               R"(<Any PolyBegin x="1">)",
                "<Line>",
                "</polyline>",
                "< x>",
@@ -155,8 +158,8 @@ TEST(PolyLine, KeepsWhatWasReadAtTheEndOfFile)
 
 TEST(PolyLine, KeepsWhatWasReadBeforeALineThatRaises)
 {
-    for (const char * line : {" ", "<PolyStepSegment x=\"open", "<PolyStepCurve clockwise=TRUE", "<PolyBegin y=\"open",
-                              "<LineDesc lineEnd=\"open"}) {
+    for (const char * line : {" ", R"(<PolyStepSegment x="open)", "<PolyStepCurve clockwise=TRUE",
+                              R"(<PolyBegin y="open)", R"(<LineDesc lineEnd="open)"}) {
         CIPC2581_PolyLine polyLine;
         Fill(polyLine);
         Lines file{line, "behind"};
@@ -171,22 +174,22 @@ TEST(PolyLine, IsWrittenWithItsChildrenOneIndentDeeper)
     CIPC2581_PolyLine polyLine;
     Fill(polyLine);
     EXPECT_EQ(Exported(polyLine).result, 1);
-    EXPECT_EQ(Written(polyLine, 0),
-              "   <Polyline>\n"
-              "      <PolyBegin x=\"1.000000\" y=\"2.000000\" />\n"
-              "      <PolyStepSegment x=\"3.000000\" y=\"4.000000\" />\n"
-              "      <PolyStepCurve x=\"5.000000\" y=\"6.000000\" centerX=\"7.000000\" centerY=\"8.000000\" "
-              "clockwise=\"FALSE\" />\n"
-              "      <LineDesc lineEnd=\"SQUARE\" lineWidth=\"9.000000\" />\n"
-              "   </Polyline>\n");
-    EXPECT_EQ(Written(polyLine, 2),
-              "         <Polyline>\n"
-              "            <PolyBegin x=\"1.000000\" y=\"2.000000\" />\n"
-              "            <PolyStepSegment x=\"3.000000\" y=\"4.000000\" />\n"
-              "            <PolyStepCurve x=\"5.000000\" y=\"6.000000\" centerX=\"7.000000\" centerY=\"8.000000\" "
-              "clockwise=\"FALSE\" />\n"
-              "            <LineDesc lineEnd=\"SQUARE\" lineWidth=\"9.000000\" />\n"
-              "         </Polyline>\n");
+    EXPECT_EQ(Written(polyLine, 0), Below(R"(
+   <Polyline>
+      <PolyBegin x="1.000000" y="2.000000" />
+      <PolyStepSegment x="3.000000" y="4.000000" />
+      <PolyStepCurve x="5.000000" y="6.000000" centerX="7.000000" centerY="8.000000" clockwise="FALSE" />
+      <LineDesc lineEnd="SQUARE" lineWidth="9.000000" />
+   </Polyline>
+)"));
+    EXPECT_EQ(Written(polyLine, 2), Below(R"(
+         <Polyline>
+            <PolyBegin x="1.000000" y="2.000000" />
+            <PolyStepSegment x="3.000000" y="4.000000" />
+            <PolyStepCurve x="5.000000" y="6.000000" centerX="7.000000" centerY="8.000000" clockwise="FALSE" />
+            <LineDesc lineEnd="SQUARE" lineWidth="9.000000" />
+         </Polyline>
+)"));
 }
 
 TEST(PolyLine, IsWrittenWithoutSteps)
@@ -194,10 +197,12 @@ TEST(PolyLine, IsWrittenWithoutSteps)
     CIPC2581_PolyLine polyLine;
     const auto written = Exported(polyLine, -1);
     EXPECT_EQ(written.result, 1);
-    EXPECT_EQ(written.text, "<Polyline>\n"
-                            "   <PolyBegin x=\"0.000000\" y=\"0.000000\" />\n"
-                            "   <LineDesc lineEnd=\"ROUND\" lineWidth=\"0.000000\" />\n"
-                            "</Polyline>\n");
+    EXPECT_EQ(written.text, Below(R"(
+<Polyline>
+   <PolyBegin x="0.000000" y="0.000000" />
+   <LineDesc lineEnd="ROUND" lineWidth="0.000000" />
+</Polyline>
+)"));
 }
 
 template <typename Part>
@@ -217,8 +222,8 @@ TEST(PolyLine, WritingStopsWhereAChildFails)
 {
     CIPC2581_PolyLine polyLine;
     const std::string opening = "   <Polyline>\n";
-    const std::string begin = "      <PolyBegin x=\"0.000000\" y=\"0.000000\" />\n";
-    const std::string step = "      <PolyStepSegment x=\"0.000000\" y=\"0.000000\" />\n";
+    const std::string begin = Joined({R"(      <PolyBegin x="0.000000" y="0.000000" />)"});
+    const std::string step = Joined({R"(      <PolyStepSegment x="0.000000" y="0.000000" />)"});
     polyLine.PolyStepArray->Add(new CIPC2581_PolyStep);
     Refuse(polyLine.LineDesc);
     EXPECT_EQ(Exported(polyLine).result, 0);
@@ -240,7 +245,7 @@ TEST(PolyLine, WritesNoDescriptionWhereAStepFails)
     polyLine.PolyStepArray->Add(new Refusing<CIPC2581_PolyStep>);
     const auto written = Exported(polyLine);
     EXPECT_EQ(written.result, 0);
-    EXPECT_EQ(written.text, "   <Polyline>\n      <PolyBegin x=\"0.000000\" y=\"0.000000\" />\n");
+    EXPECT_EQ(written.text, Joined({"   <Polyline>", R"(      <PolyBegin x="0.000000" y="0.000000" />)"}));
 }
 
 TEST(PolyLine, InitKeepsItsParts)

@@ -14,11 +14,13 @@
 
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
 using ipc2581::tests::Exported;
 using ipc2581::tests::IsVirtual;
+using ipc2581::tests::Joined;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Written;
 
@@ -190,15 +192,15 @@ TEST(PolyStep, SegmentIsWrittenWithItsEnd)
     CIPC2581_PolyStep step;
     Set(step, 0, 1.5, -2, 4, 5, 0);
     EXPECT_EQ(Exported(step).result, 1);
-    EXPECT_EQ(Written(step, 0), "   <PolyStepSegment x=\"1.500000\" y=\"-2.000000\" />\n");
-    EXPECT_EQ(Written(step, 2), "         <PolyStepSegment x=\"1.500000\" y=\"-2.000000\" />\n");
-    EXPECT_EQ(Written(step, -1), "<PolyStepSegment x=\"1.500000\" y=\"-2.000000\" />\n");
+    EXPECT_EQ(Written(step, 0), Joined({R"(   <PolyStepSegment x="1.500000" y="-2.000000" />)"}));
+    EXPECT_EQ(Written(step, 2), Joined({R"(         <PolyStepSegment x="1.500000" y="-2.000000" />)"}));
+    EXPECT_EQ(Written(step, -1), Joined({R"(<PolyStepSegment x="1.500000" y="-2.000000" />)"}));
 }
 
 TEST(PolyStep, AnyOtherTypeIsWrittenAsACurve)
 {
-    const std::string line = "<PolyStepCurve x=\"1.500000\" y=\"-2.000000\" centerX=\"4.000000\" centerY=\"5.250000\" "
-                             "clockwise=\"TRUE\" />\n";
+    const std::string line = Joined(
+        {R"(<PolyStepCurve x="1.500000" y="-2.000000" centerX="4.000000" centerY="5.250000" clockwise="TRUE" />)"});
     for (const int type : {1, 2, -1}) {
         CIPC2581_PolyStep step;
         Set(step, type, 1.5, -2, 4, 5.25, 1);
@@ -213,8 +215,10 @@ TEST(PolyStep, AnyDirectionButOneIsWrittenAsFalse)
     for (const int clockWise : {0, 2, -1}) {
         CIPC2581_PolyStep step;
         Set(step, 1, 0, 0, 0, 0, clockWise);
-        EXPECT_EQ(Written(step), "   <PolyStepCurve x=\"0.000000\" y=\"0.000000\" centerX=\"0.000000\" "
-                                 "centerY=\"0.000000\" clockwise=\"FALSE\" />\n");
+        EXPECT_EQ(
+            Written(step),
+            Joined(
+                {R"(   <PolyStepCurve x="0.000000" y="0.000000" centerX="0.000000" centerY="0.000000" clockwise="FALSE" />)"}));
     }
 }
 
@@ -278,10 +282,10 @@ TEST(PolyStepArray, WritesItsStepsInOrderAtItsOwnLevel)
     CIPC2581_PolyStepArray array;
     Fill(array, {1, 2});
     EXPECT_EQ(Exported(array).result, 1);
-    EXPECT_EQ(Written(array, 0), "   <PolyStepSegment x=\"1.000000\" y=\"-1.000000\" />\n"
-                                 "   <PolyStepSegment x=\"2.000000\" y=\"-2.000000\" />\n");
-    EXPECT_EQ(Written(array, 2), "         <PolyStepSegment x=\"1.000000\" y=\"-1.000000\" />\n"
-                                 "         <PolyStepSegment x=\"2.000000\" y=\"-2.000000\" />\n");
+    EXPECT_EQ(Written(array, 0), Joined({R"(   <PolyStepSegment x="1.000000" y="-1.000000" />)",
+                                         R"(   <PolyStepSegment x="2.000000" y="-2.000000" />)"}));
+    EXPECT_EQ(Written(array, 2), Joined({R"(         <PolyStepSegment x="1.000000" y="-1.000000" />)",
+                                         R"(         <PolyStepSegment x="2.000000" y="-2.000000" />)"}));
 }
 
 TEST(PolyStepArray, WritingStopsAtTheFirstThatFails)
@@ -293,7 +297,7 @@ TEST(PolyStepArray, WritingStopsAtTheFirstThatFails)
     Fill(array, {2});
     const auto written = Exported(array);
     EXPECT_EQ(written.result, 0);
-    EXPECT_EQ(written.text, "   <PolyStepSegment x=\"1.000000\" y=\"-1.000000\" />\n");
+    EXPECT_EQ(written.text, Joined({R"(   <PolyStepSegment x="1.000000" y="-1.000000" />)"}));
 }
 
 TEST(PolyStepArray, OwnsItsSteps)

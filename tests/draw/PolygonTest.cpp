@@ -8,15 +8,18 @@
 
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Below;
 using ipc2581::tests::Exported;
+using ipc2581::tests::Joined;
 using ipc2581::tests::Lines;
 using ipc2581::tests::Slot;
+using ipc2581::tests::Texts;
 using ipc2581::tests::Tokens;
 using ipc2581::tests::Written;
-using Texts = std::vector<std::string>;
 
 // Begin point and steps in short: "b1,2 s3,4 c5,6" for a begin point, a segment and a curve.
 std::string Short(const CIPC2581_Polygon & polygon)
@@ -38,10 +41,10 @@ std::string Short(const CIPC2581_Polygon & polygon)
 TEST(Polygon, ReadsBeginPointAndSteps)
 {
     CIPC2581_Polygon polygon;
-    Lines file{"<PolyBegin x=\"1\" y=\"2\" />",
-               "   <PolyStepSegment x=\"3\" y=\"4\" />",
-               "<PolyStepCurve x=\"5\" y=\"6\" centerX=\"7\" centerY=\"8\" clockwise=\"TRUE\" />",
-               "<PolyStepSegment x=\"1\" y=\"2\"/>",
+    Lines file{R"(<PolyBegin x="1" y="2" />)",
+               R"(   <PolyStepSegment x="3" y="4" />)",
+               R"(<PolyStepCurve x="5" y="6" centerX="7" centerY="8" clockwise="TRUE" />)",
+               R"(<PolyStepSegment x="1" y="2"/>)",
                "</Polygon>",
                "behind"};
     EXPECT_EQ(polygon.Import(file.File()), 1);
@@ -56,9 +59,9 @@ TEST(Polygon, ReadsBeginPointAndSteps)
 TEST(Polygon, AddsToTheStepsThatItHas)
 {
     CIPC2581_Polygon polygon;
-    Lines first{"<PolyBegin x=\"1\" y=\"2\" />", "<PolyStepSegment x=\"3\" y=\"4\" />", "</Polygon>"};
+    Lines first{R"(<PolyBegin x="1" y="2" />)", R"(<PolyStepSegment x="3" y="4" />)", "</Polygon>"};
     polygon.Import(first.File());
-    Lines second{"<PolyBegin x=\"9\" />", "<PolyStepSegment x=\"5\" y=\"6\" />", "</Polygon>"};
+    Lines second{R"(<PolyBegin x="9" />)", R"(<PolyStepSegment x="5" y="6" />)", "</Polygon>"};
     polygon.Import(second.File());
     EXPECT_EQ(Short(polygon), "b9,2 s3,4 s5,6");
 }
@@ -71,16 +74,16 @@ TEST(Polygon, TestsHaveTheirOrderAndExcludeEachOther)
         const char * result;
         bool ends;
     } cases[] = {
-        {"<PolyBeginPolyStepSegment x=\"1\" y=\"2\">", "b1,2", false},
-        {"<PolyStepSegmentPolyBegin x=\"1\" y=\"2\">", "b1,2", false},
-        {"<PolyStepCurvePolyBegin x=\"1\" y=\"2\">", "b1,2", false},
-        {"</PolygonPolyBegin x=\"1\" y=\"2\">", "b1,2", false},
+        {R"(<PolyBeginPolyStepSegment x="1" y="2">)", "b1,2", false},
+        {R"(<PolyStepSegmentPolyBegin x="1" y="2">)", "b1,2", false},
+        {R"(<PolyStepCurvePolyBegin x="1" y="2">)", "b1,2", false},
+        {R"(</PolygonPolyBegin x="1" y="2">)", "b1,2", false},
         {"<PolyBegin></Polygon>", "b0,0", false},
-        {"<PolyStepCurvePolyStepSegment x=\"1\" y=\"2\">", "b0,0 s1,2", false},
-        {"</PolygonPolyStepSegment x=\"1\" y=\"2\">", "b0,0 s1,2", false},
-        {"<PolyStepCurve/Polygon x=\"1\" y=\"2\">", "b0,0 c1,2", false},
-        {"</Polygon x=\"1\" y=\"2\">", "b0,0", true},
-        {"<Any/PolygonAny x=\"1\" y=\"2\">", "b0,0", true},
+        {R"(<PolyStepCurvePolyStepSegment x="1" y="2">)", "b0,0 s1,2", false},
+        {R"(</PolygonPolyStepSegment x="1" y="2">)", "b0,0 s1,2", false},
+        {R"(<PolyStepCurve/Polygon x="1" y="2">)", "b0,0 c1,2", false},
+        {R"(</Polygon x="1" y="2">)", "b0,0", true},
+        {R"(<Any/PolygonAny x="1" y="2">)", "b0,0", true},
     };
     for (const auto & row : cases) {
         CIPC2581_Polygon polygon;
@@ -95,7 +98,7 @@ TEST(Polygon, TestsHaveTheirOrderAndExcludeEachOther)
 TEST(Polygon, ClosingLinesOfStepsAppendSteps)
 {
     CIPC2581_Polygon polygon;
-    Lines file{"<PolyBegin x=\"1\" y=\"2\">", "</PolyBegin>", "<PolyStepSegment x=\"3\" y=\"4\">", "</PolyStepSegment>",
+    Lines file{R"(<PolyBegin x="1" y="2">)", "</PolyBegin>", R"(<PolyStepSegment x="3" y="4">)", "</PolyStepSegment>",
                "</PolyStepCurve>"};
     EXPECT_EQ(polygon.Import(file.File()), 1);
     EXPECT_EQ(Short(polygon), "b1,2 s3,4 s0,0 c0,0");
@@ -106,15 +109,15 @@ TEST(Polygon, OtherLinesArePassedOver)
 {
     CIPC2581_Polygon polygon;
     Lines file{"<Polygon>",
-               "<LineDesc x=\"1\">",
-               "<polyBegin x=\"1\">",
-               "<PolyStep x=\"1\">",
-               "<Any PolyBegin x=\"1\">",
+               R"(<LineDesc x="1">)",
+               R"(<polyBegin x="1">)",
+               R"(<PolyStep x="1">)",
+               R"(<Any PolyBegin x="1">)",
                "</Polyline>",
                "</Cutout>",
                "</Outline>",
                "</polygon>",
-               "< PolyStepSegment x=\"1\">",
+               R"(< PolyStepSegment x="1">)",
                "<polystepcurve>",
                "</Polygon>",
                "behind"};
@@ -140,9 +143,9 @@ TEST(Polygon, KeepsWhatWasReadAtTheEndOfFile)
 
 TEST(Polygon, KeepsWhatWasReadBeforeALineThatRaises)
 {
-    for (const char * line : {" ", "<PolyStepSegment x=\"open", "<PolyStepCurve x=1", "<PolyBegin y=\"open"}) {
+    for (const char * line : {" ", R"(<PolyStepSegment x="open)", "<PolyStepCurve x=1", R"(<PolyBegin y="open)"}) {
         CIPC2581_Polygon polygon;
-        Lines file{"<PolyBegin x=\"1\" y=\"2\" />", "<PolyStepSegment x=\"3\" y=\"4\" />", line, "behind"};
+        Lines file{R"(<PolyBegin x="1" y="2" />)", R"(<PolyStepSegment x="3" y="4" />)", line, "behind"};
         EXPECT_THROW(polygon.Import(file.File()), CInvalidArgException) << line;
         EXPECT_EQ(Short(polygon), "b1,2 s3,4") << line;
         EXPECT_EQ(file.Rest(), Texts{"behind"}) << line;
@@ -152,8 +155,8 @@ TEST(Polygon, KeepsWhatWasReadBeforeALineThatRaises)
 CIPC2581_Polygon * Sample()
 {
     auto polygon = std::make_unique<CIPC2581_Polygon>();
-    Lines file{"<PolyBegin x=\"1\" y=\"2\" />", "<PolyStepSegment x=\"3\" y=\"4\" />",
-               "<PolyStepCurve x=\"5\" y=\"6\" centerX=\"7\" centerY=\"8\" clockwise=\"FALSE\" />"};
+    Lines file{R"(<PolyBegin x="1" y="2" />)", R"(<PolyStepSegment x="3" y="4" />)",
+               R"(<PolyStepCurve x="5" y="6" centerX="7" centerY="8" clockwise="FALSE" />)"};
     polygon->Import(file.File());
     return polygon.release();
 }
@@ -162,20 +165,20 @@ TEST(Polygon, IsWrittenWithItsChildrenOneIndentDeeper)
 {
     const std::unique_ptr<CIPC2581_Polygon> polygon(Sample());
     EXPECT_EQ(Exported(*polygon).result, 1);
-    EXPECT_EQ(Written(*polygon, 0),
-              "   <Polygon>\n"
-              "      <PolyBegin x=\"1.000000\" y=\"2.000000\" />\n"
-              "      <PolyStepSegment x=\"3.000000\" y=\"4.000000\" />\n"
-              "      <PolyStepCurve x=\"5.000000\" y=\"6.000000\" centerX=\"7.000000\" centerY=\"8.000000\" "
-              "clockwise=\"TRUE\" />\n"
-              "   </Polygon>\n");
-    EXPECT_EQ(Written(*polygon, 2),
-              "         <Polygon>\n"
-              "            <PolyBegin x=\"1.000000\" y=\"2.000000\" />\n"
-              "            <PolyStepSegment x=\"3.000000\" y=\"4.000000\" />\n"
-              "            <PolyStepCurve x=\"5.000000\" y=\"6.000000\" centerX=\"7.000000\" centerY=\"8.000000\" "
-              "clockwise=\"TRUE\" />\n"
-              "         </Polygon>\n");
+    EXPECT_EQ(Written(*polygon, 0), Below(R"(
+   <Polygon>
+      <PolyBegin x="1.000000" y="2.000000" />
+      <PolyStepSegment x="3.000000" y="4.000000" />
+      <PolyStepCurve x="5.000000" y="6.000000" centerX="7.000000" centerY="8.000000" clockwise="TRUE" />
+   </Polygon>
+)"));
+    EXPECT_EQ(Written(*polygon, 2), Below(R"(
+         <Polygon>
+            <PolyBegin x="1.000000" y="2.000000" />
+            <PolyStepSegment x="3.000000" y="4.000000" />
+            <PolyStepCurve x="5.000000" y="6.000000" centerX="7.000000" centerY="8.000000" clockwise="TRUE" />
+         </Polygon>
+)"));
 }
 
 TEST(Polygon, IsWrittenWithoutSteps)
@@ -183,16 +186,28 @@ TEST(Polygon, IsWrittenWithoutSteps)
     CIPC2581_Polygon polygon;
     const auto written = Exported(polygon);
     EXPECT_EQ(written.result, 1);
-    EXPECT_EQ(written.text, "   <Polygon>\n      <PolyBegin x=\"0.000000\" y=\"0.000000\" />\n   </Polygon>\n");
-    EXPECT_EQ(Written(polygon, -1), "<Polygon>\n   <PolyBegin x=\"0.000000\" y=\"0.000000\" />\n</Polygon>\n");
-    EXPECT_EQ(Written(polygon, -2), "<Polygon>\n<PolyBegin x=\"0.000000\" y=\"0.000000\" />\n</Polygon>\n");
+    EXPECT_EQ(written.text, Below(R"(
+   <Polygon>
+      <PolyBegin x="0.000000" y="0.000000" />
+   </Polygon>
+)"));
+    EXPECT_EQ(Written(polygon, -1), Below(R"(
+<Polygon>
+   <PolyBegin x="0.000000" y="0.000000" />
+</Polygon>
+)"));
+    EXPECT_EQ(Written(polygon, -2), Below(R"(
+<Polygon>
+<PolyBegin x="0.000000" y="0.000000" />
+</Polygon>
+)"));
 }
 
 TEST(Polygon, EachReadAndWriteTurnsTheDirectionRound)
 {
     const std::unique_ptr<CIPC2581_Polygon> polygon(Sample());
     std::string text = Written(*polygon);
-    for (const char * direction : {"clockwise=\"FALSE\"", "clockwise=\"TRUE\"", "clockwise=\"FALSE\""}) {
+    for (const char * direction : {R"(clockwise="FALSE")", R"(clockwise="TRUE")", R"(clockwise="FALSE")"}) {
         CIPC2581_Polygon read;
         Lines file(text);
         EXPECT_EQ(read.Import(file.File()), 1);
@@ -205,15 +220,15 @@ TEST(Polygon, EachReadAndWriteTurnsTheDirectionRound)
 TEST(Polygon, DirectionThatIsNotStatedIsWrittenAsTrueAndAnUnknownOneAsFalse)
 {
     CIPC2581_Polygon polygon;
-    Lines file{"<PolyStepCurve x=\"1\" />", "<PolyStepCurve x=\"2\" clockwise=\"maybe\" />"};
+    Lines file{R"(<PolyStepCurve x="1" />)", R"(<PolyStepCurve x="2" clockwise="maybe" />)"};
     polygon.Import(file.File());
-    EXPECT_EQ(Written(polygon), "   <Polygon>\n"
-                                "      <PolyBegin x=\"0.000000\" y=\"0.000000\" />\n"
-                                "      <PolyStepCurve x=\"1.000000\" y=\"0.000000\" centerX=\"0.000000\" "
-                                "centerY=\"0.000000\" clockwise=\"TRUE\" />\n"
-                                "      <PolyStepCurve x=\"2.000000\" y=\"0.000000\" centerX=\"0.000000\" "
-                                "centerY=\"0.000000\" clockwise=\"FALSE\" />\n"
-                                "   </Polygon>\n");
+    EXPECT_EQ(Written(polygon), Below(R"(
+   <Polygon>
+      <PolyBegin x="0.000000" y="0.000000" />
+      <PolyStepCurve x="1.000000" y="0.000000" centerX="0.000000" centerY="0.000000" clockwise="TRUE" />
+      <PolyStepCurve x="2.000000" y="0.000000" centerX="0.000000" centerY="0.000000" clockwise="FALSE" />
+   </Polygon>
+)"));
 }
 
 template <typename Part>
@@ -238,7 +253,7 @@ TEST(Polygon, WritingStopsWhereAStepFails)
     polygon.PolyStepArray->Add(new Refusing<CIPC2581_PolyStep>);
     const auto written = Exported(polygon);
     EXPECT_EQ(written.result, 0);
-    EXPECT_EQ(written.text, "   <Polygon>\n      <PolyBegin x=\"0.000000\" y=\"0.000000\" />\n");
+    EXPECT_EQ(written.text, Joined({"   <Polygon>", R"(      <PolyBegin x="0.000000" y="0.000000" />)"}));
 }
 
 TEST(Polygon, WritingStopsWhereItsStepListFails)
@@ -248,7 +263,7 @@ TEST(Polygon, WritingStopsWhereItsStepListFails)
     polygon.PolyStepArray = new Refusing<CIPC2581_PolyStepArray>;
     const auto written = Exported(polygon);
     EXPECT_EQ(written.result, 0);
-    EXPECT_EQ(written.text, "   <Polygon>\n      <PolyBegin x=\"0.000000\" y=\"0.000000\" />\n");
+    EXPECT_EQ(written.text, Joined({"   <Polygon>", R"(      <PolyBegin x="0.000000" y="0.000000" />)"}));
 }
 
 TEST(Polygon, InItKeepsItsParts)

@@ -14,10 +14,12 @@
 
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
 using ipc2581::tests::Exported;
+using ipc2581::tests::Joined;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Written;
 
@@ -120,17 +122,17 @@ TEST(Pt, SegmentIsWrittenWithItsEnd)
 {
     CIPC2581_Pt pt = Made(0, 1.5, -2, 3, 4, 0);
     EXPECT_EQ(Exported(pt).result, 1);
-    EXPECT_EQ(Written(pt, 0), "   <PolyStepSegment x=\"1.500000\" y=\"-2.000000\" />\n");
-    EXPECT_EQ(Written(pt, 2), "         <PolyStepSegment x=\"1.500000\" y=\"-2.000000\" />\n");
-    EXPECT_EQ(Written(pt, -1), "<PolyStepSegment x=\"1.500000\" y=\"-2.000000\" />\n");
+    EXPECT_EQ(Written(pt, 0), Joined({R"(   <PolyStepSegment x="1.500000" y="-2.000000" />)"}));
+    EXPECT_EQ(Written(pt, 2), Joined({R"(         <PolyStepSegment x="1.500000" y="-2.000000" />)"}));
+    EXPECT_EQ(Written(pt, -1), Joined({R"(<PolyStepSegment x="1.500000" y="-2.000000" />)"}));
 }
 
 TEST(Pt, CurveIsWrittenWithItsCentreAndDirection)
 {
     CIPC2581_Pt pt = Made(1, 1.5, -2, 3, 4.25, 1);
     EXPECT_EQ(Exported(pt).result, 1);
-    const std::string line = "<PolyStepCurve x=\"1.500000\" y=\"-2.000000\" centerX=\"3.000000\" centerY=\"4.250000\" "
-                             "clockwise=\"TRUE\" />\n";
+    const std::string line = Joined(
+        {R"(<PolyStepCurve x="1.500000" y="-2.000000" centerX="3.000000" centerY="4.250000" clockwise="TRUE" />)"});
     EXPECT_EQ(Written(pt, 0), "   " + line);
     EXPECT_EQ(Written(pt, 2), "         " + line);
 }
@@ -139,8 +141,10 @@ TEST(Pt, AnyDirectionButOneIsWrittenAsFalse)
 {
     for (const int clockWise : {0, 2, -1}) {
         CIPC2581_Pt pt = Made(1, 0, 0, 0, 0, clockWise);
-        EXPECT_EQ(Written(pt), "   <PolyStepCurve x=\"0.000000\" y=\"0.000000\" centerX=\"0.000000\" "
-                               "centerY=\"0.000000\" clockwise=\"FALSE\" />\n");
+        EXPECT_EQ(
+            Written(pt),
+            Joined(
+                {R"(   <PolyStepCurve x="0.000000" y="0.000000" centerX="0.000000" centerY="0.000000" clockwise="FALSE" />)"}));
     }
 }
 
@@ -212,7 +216,7 @@ TEST(PtArray, FirstIsWrittenAsBeginPointWhateverItsType)
         Fill(array, letters);
         const auto written = Exported(array);
         EXPECT_EQ(written.result, 1);
-        EXPECT_EQ(written.text, "   <PolyBegin x=\"65.000000\" y=\"-65.000000\" />\n") << letters;
+        EXPECT_EQ(written.text, Joined({R"(   <PolyBegin x="65.000000" y="-65.000000" />)"})) << letters;
     }
 }
 
@@ -223,11 +227,12 @@ TEST(PtArray, OthersWriteThemselvesAtItsOwnLevel)
     EXPECT_EQ(Exported(array).result, 1);
     for (const int level : {0, 2}) {
         const std::string indent = level == 0 ? "   " : "         ";
-        EXPECT_EQ(Written(array, level),
-                  indent + "<PolyBegin x=\"65.000000\" y=\"-65.000000\" />\n" + indent +
-                      "<PolyStepSegment x=\"66.000000\" y=\"-66.000000\" />\n" + indent +
-                      "<PolyStepCurve x=\"67.000000\" y=\"-67.000000\" centerX=\"0.000000\" centerY=\"0.000000\" "
-                      "clockwise=\"TRUE\" />\n");
+        EXPECT_EQ(
+            Written(array, level),
+            indent + Joined({R"(<PolyBegin x="65.000000" y="-65.000000" />)"}) + indent +
+                Joined({R"(<PolyStepSegment x="66.000000" y="-66.000000" />)"}) + indent +
+                Joined(
+                    {R"(<PolyStepCurve x="67.000000" y="-67.000000" centerX="0.000000" centerY="0.000000" clockwise="TRUE" />)"}));
     }
 }
 
@@ -239,8 +244,8 @@ TEST(PtArray, WritingOfTheFirstElementIsNeverAsked)
     Fill(array, "B");
     const auto written = Exported(array);
     EXPECT_EQ(written.result, 1);
-    EXPECT_EQ(written.text, "   <PolyBegin x=\"0.000000\" y=\"0.000000\" />\n"
-                            "   <PolyStepSegment x=\"66.000000\" y=\"-66.000000\" />\n");
+    EXPECT_EQ(written.text, Joined({R"(   <PolyBegin x="0.000000" y="0.000000" />)",
+                                    R"(   <PolyStepSegment x="66.000000" y="-66.000000" />)"}));
 }
 
 TEST(PtArray, WritingStopsAtTheFirstThatFails)
@@ -252,7 +257,7 @@ TEST(PtArray, WritingStopsAtTheFirstThatFails)
     Fill(array, "B");
     const auto written = Exported(array);
     EXPECT_EQ(written.result, 0);
-    EXPECT_EQ(written.text, "   <PolyBegin x=\"65.000000\" y=\"-65.000000\" />\n");
+    EXPECT_EQ(written.text, Joined({R"(   <PolyBegin x="65.000000" y="-65.000000" />)"}));
 }
 
 TEST(PtArray, OwnsItsElements)

@@ -14,15 +14,17 @@
 #include "ipc2581/draw/Cutout.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Below;
 using ipc2581::tests::Exported;
 using ipc2581::tests::IsVirtual;
 using ipc2581::tests::Lines;
 using ipc2581::tests::Slot;
+using ipc2581::tests::Texts;
 using ipc2581::tests::Tokens;
-using Texts = std::vector<std::string>;
 
 // 5, 6, 7, 8, 9.
 CIPC2581_Xform SampleXform()
@@ -241,7 +243,7 @@ TEST_F(Text, ReadsNothing)
     Lines file{"one", "</Text>"};
     EXPECT_EQ(base.Import(file.File()), 1);
     EXPECT_EQ(file.Rest(), (Texts{"one", "</Text>"}));
-    Tokens tokens("<Text textString=\"x\" fontSize=\"1\"/>");
+    Tokens tokens(R"(<Text textString="x" fontSize="1"/>)");
     EXPECT_EQ(base.Import(tokens.List()), 0);
     ExpectSample(text);
 }
@@ -261,8 +263,12 @@ TEST_F(Text, ListGoesOnBehindIt)
     list.Add(new CIPC2581_Cutout);
     const auto written = Exported(list);
     EXPECT_EQ(written.result, 1);
-    EXPECT_EQ(written.text, "   <Cutout>\n      <PolyBegin x=\"0.000000\" y=\"0.000000\" />\n   </Cutout>\n");
-    Lines file{"<PolyBegin x=\"1\" />", "</Cutout>", "behind"};
+    EXPECT_EQ(written.text, Below(R"(
+   <Cutout>
+      <PolyBegin x="0.000000" y="0.000000" />
+   </Cutout>
+)"));
+    Lines file{R"(<PolyBegin x="1" />)", "</Cutout>", "behind"};
     EXPECT_EQ(list.Import(file), 1);
     EXPECT_EQ(file.Rest(), Texts{"behind"});
 }

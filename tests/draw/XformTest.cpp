@@ -9,10 +9,12 @@
 
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
 using ipc2581::tests::Exported;
+using ipc2581::tests::Joined;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Written;
 
@@ -83,14 +85,14 @@ TEST(Xform, WritesItsRotationAlone)
 {
     CIPC2581_Xform xform = Sample();
     EXPECT_EQ(Exported(xform).result, 1);
-    EXPECT_EQ(Written(xform, 0), "   <Xform rotation=\"-90.500000\"/>\n");
-    EXPECT_EQ(Written(xform, 2), "         <Xform rotation=\"-90.500000\"/>\n");
+    EXPECT_EQ(Written(xform, 0), Joined({R"(   <Xform rotation="-90.500000"/>)"}));
+    EXPECT_EQ(Written(xform, 2), Joined({R"(         <Xform rotation="-90.500000"/>)"}));
 }
 
 TEST(Xform, WritesARotationOfZero)
 {
     CIPC2581_Xform xform;
-    EXPECT_EQ(Written(xform, -1), "<Xform rotation=\"0.000000\"/>\n");
+    EXPECT_EQ(Written(xform, -1), Joined({R"(<Xform rotation="0.000000"/>)"}));
 }
 
 TEST(Xform, OrderOfVirtualOperations)

@@ -17,16 +17,18 @@
 #include "ipc2581/logistics/RefDes.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Below;
+using ipc2581::tests::Joined;
 using ipc2581::tests::Lines;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Str;
 using ipc2581::tests::TempFolder;
+using ipc2581::tests::Texts;
 using ipc2581::tests::Tokens;
-
-using Texts = std::vector<std::string>;
 
 // Its own operation stands behind all those of the class.
 template <typename Model>
@@ -118,14 +120,14 @@ TEST(Bom, HasAVirtualDestructorOnly)
 TEST(Bom, TakesItsNameFromItsLine)
 {
     const std::vector<std::pair<std::string_view, std::string_view>> rows = {
-        {"<Bom name=\"Rev A\">", "Rev A"},
-        {"<Bom name=\"a\" name=\"b\">", "b"},
-        {"<Bom filename=\"f\" >", "f"},
-        {"<Bom name =\"a\">", ""},
+        {R"(<Bom name="Rev A">)", "Rev A"},
+        {R"(<Bom name="a" name="b">)", "b"},
+        {R"(<Bom filename="f" >)", "f"},
+        {R"(<Bom name ="a">)", ""},
         {"<Bom>", ""},
-        {"<Bom Name=\"a\">", ""},
-        {"<Bom name=\"a/b\" x=\"1\">", "ab"},
-        {"<Bom_name=\"t\" >", "t"},
+        {R"(<Bom Name="a">)", ""},
+        {R"(<Bom name="a/b" x="1">)", "ab"},
+        {R"(<Bom_name="t" >)", "t"},
     };
     for (const auto & [line, name] : rows) {
         Document document;
@@ -137,17 +139,31 @@ TEST(Bom, TakesItsNameFromItsLine)
 TEST(Bom, EndsAtItsClosingLine)
 {
     Document document;
-    document.Open("<Bom name=\"b\">\n</xBom>\n<HistoryRecord number=\"4\"/>\n");
+    document.Open(Below(R"(
+<Bom name="b">
+</xBom>
+<HistoryRecord number="4"/>
+)"));
     EXPECT_EQ(document.root.m_HistoryRecord.number, 0);
     Document other;
-    other.Open("<Bom name=\"b\">\n</Bomx>\n<HistoryRecord number=\"4\"/>\n");
+    other.Open(Below(R"(
+<Bom name="b">
+</Bomx>
+<HistoryRecord number="4"/>
+)"));
     EXPECT_EQ(other.root.m_HistoryRecord.number, 4);
 }
 
 TEST(Bom, ReadsItsHeader)
 {
     Document document;
-    document.Open("<Bom>\n<BomHeader assembly=\"A1\" revision=\"r\">\n<StepRef name=\"s\"/>\n</BomHeader>\n</Bom>\n");
+    document.Open(Below(R"(
+<Bom>
+<BomHeader assembly="A1" revision="r">
+<StepRef name="s"/>
+</BomHeader>
+</Bom>
+)"));
     EXPECT_EQ(document.bom.assembly, "A1");
     EXPECT_EQ(document.bom.m_arrBomItem.GetSize(), 0);
 }
@@ -155,15 +171,15 @@ TEST(Bom, ReadsItsHeader)
 TEST(Bom, TheHeaderFillsTheAssemblyAlone)
 {
     const std::vector<std::pair<std::string_view, std::string_view>> rows = {
-        {"<BomHeader assembly=\"A1\"/>", "A1"},
-        {"<BomHeader assembly=\"a\" assembly=\"b\" assembly=\"c\"/>", "c"},
-        {"<BomHeader revision=\"1\" affecting=\"FALSE\"/>", "before"},
-        {"<BomHeader revision=\"assembly\"/>", "assembly"},
-        {"<BomHeader subassembly=\"s\"/>", "s"},
-        {"<BomHeader Assembly=\"s\"/>", "before"},
-        {"<BomHeader assembly=\"two words\" x=\"1\">", "two words"},
+        {R"(<BomHeader assembly="A1"/>)", "A1"},
+        {R"(<BomHeader assembly="a" assembly="b" assembly="c"/>)", "c"},
+        {R"(<BomHeader revision="1" affecting="FALSE"/>)", "before"},
+        {R"(<BomHeader revision="assembly"/>)", "assembly"},
+        {R"(<BomHeader subassembly="s"/>)", "s"},
+        {R"(<BomHeader Assembly="s"/>)", "before"},
+        {R"(<BomHeader assembly="two words" x="1">)", "two words"},
         {"</BomHeader>", "before"},
-        {"<assembly=\"t\" >", "t"},
+        {R"(<assembly="t" >)", "t"},
     };
     for (const auto & [line, assembly] : rows) {
         CIPC2581_Bom bom;
@@ -180,9 +196,9 @@ TEST(Bom, TheHeaderFillsTheAssemblyAlone)
 TEST(Bom, ACutHeaderThrows)
 {
     CIPC2581_Bom bom;
-    Tokens tokens("<BomHeader assembly=\"open");
+    Tokens tokens(R"(<BomHeader assembly="open)");
     EXPECT_THROW(bom.ReadBomHeader(tokens), CInvalidArgException);
-    Tokens other("<BomHeader revision=\"open");
+    Tokens other(R"(<BomHeader revision="open)");
     bom.ReadBomHeader(other);
     EXPECT_EQ(bom.assembly, "");
 }
@@ -190,7 +206,14 @@ TEST(Bom, ACutHeaderThrows)
 TEST(Bom, AFirstTokenWithTwoWordsGoesToTheEarlierRow)
 {
     Document document;
-    document.Open("<Bom>\n<BomItemBomHeader assembly=\"a\" quantity=\"1\">\n</BomItem>\n<X/>\n</BomItem>\n</Bom>\n");
+    document.Open(Below(R"(
+<Bom>
+<BomItemBomHeader assembly="a" quantity="1">
+</BomItem>
+<X/>
+</BomItem>
+</Bom>
+)"));
     EXPECT_EQ(document.bom.assembly, "a");
     ASSERT_EQ(document.bom.m_arrBomItem.GetSize(), 1);
     EXPECT_EQ(document.bom.m_arrBomItem.GetAt(0)->quantity, "");
@@ -199,14 +222,25 @@ TEST(Bom, AFirstTokenWithTwoWordsGoesToTheEarlierRow)
 TEST(Bom, AClosingHeaderLineIsAHeaderLine)
 {
     Document document;
-    document.Open("<Bom>\n</BomHeader assembly=\"late\">\n</Bom>\n");
+    document.Open(Below(R"(
+<Bom>
+</BomHeader assembly="late">
+</Bom>
+)"));
     EXPECT_EQ(document.bom.assembly, "late");
 }
 
 TEST(Bom, AStrayClosingItemLineOpensAnItem)
 {
     Document document;
-    document.Open("<Bom>\n</BomItem quantity=\"5\">\n<RefDes name=\"R1\"/>\n</Bom>\n</BomItem>\n</Bom>\n");
+    document.Open(Below(R"(
+<Bom>
+</BomItem quantity="5">
+<RefDes name="R1"/>
+</Bom>
+</BomItem>
+</Bom>
+)"));
     ASSERT_EQ(document.bom.m_arrBomItem.GetSize(), 1);
     EXPECT_EQ(document.bom.m_arrBomItem.GetAt(0)->quantity, "5");
     EXPECT_EQ(document.bom.m_arrBomItem.GetAt(0)->m_arrRefDes.GetSize(), 1);
@@ -215,7 +249,15 @@ TEST(Bom, AStrayClosingItemLineOpensAnItem)
 TEST(Bom, IgnoresOtherLines)
 {
     Document document;
-    document.Open("<Bom>\n\n<RefDes name=\"R1\"/>\n<Ecad name=\"e\">\n</Ecad>\n<Bom name=\"x\">\n</Bom>\n");
+    document.Open(Below(R"(
+<Bom>
+
+<RefDes name="R1"/>
+<Ecad name="e">
+</Ecad>
+<Bom name="x">
+</Bom>
+)"));
     EXPECT_EQ(document.bom.name, "");
     EXPECT_EQ(document.bom.m_arrBomItem.GetSize(), 0);
     EXPECT_EQ(document.root.m_Ecad.name, "");
@@ -224,8 +266,14 @@ TEST(Bom, IgnoresOtherLines)
 TEST(Bom, KeepsItemsOfOnePartNumberApart)
 {
     Document document;
-    document.Open("<Bom>\n<BomItem internalPartNumber=\"P\" quantity=\"1\">\n</BomItem>\n"
-                  "<BomItem internalPartNumber=\"P\" quantity=\"2\">\n</BomItem>\n</Bom>\n");
+    document.Open(Below(R"(
+<Bom>
+<BomItem internalPartNumber="P" quantity="1">
+</BomItem>
+<BomItem internalPartNumber="P" quantity="2">
+</BomItem>
+</Bom>
+)"));
     ASSERT_EQ(document.bom.m_arrBomItem.GetSize(), 2);
     EXPECT_EQ(document.bom.m_arrBomItem.GetAt(0)->quantity, "1");
     EXPECT_EQ(document.bom.m_arrBomItem.GetAt(1)->quantity, "2");
@@ -234,8 +282,19 @@ TEST(Bom, KeepsItemsOfOnePartNumberApart)
 TEST(Bom, ASecondSectionAppendsAndOverwritesTheName)
 {
     Document document;
-    document.Open("<Bom name=\"a\">\n<BomHeader assembly=\"h\"/>\n<BomItem>\n</BomItem>\n</Bom>\n"
-                  "<Bom name=\"b\">\n<BomItem>\n</BomItem>\n</Bom>\n<Bom>\n</Bom>\n");
+    document.Open(Below(R"(
+<Bom name="a">
+<BomHeader assembly="h"/>
+<BomItem>
+</BomItem>
+</Bom>
+<Bom name="b">
+<BomItem>
+</BomItem>
+</Bom>
+<Bom>
+</Bom>
+)"));
     EXPECT_EQ(document.bom.name, "b");
     EXPECT_EQ(document.bom.assembly, "h");
     EXPECT_EQ(document.bom.m_arrBomItem.GetSize(), 2);
@@ -244,7 +303,13 @@ TEST(Bom, ASecondSectionAppendsAndOverwritesTheName)
 TEST(Bom, TheEndOfTheFileEndsIt)
 {
     Document document;
-    EXPECT_EQ(document.Open("<Bom name=\"a\">\n<BomHeader assembly=\"h\"/>\n<BomItem>\n</BomItem>\n"), 1);
+    EXPECT_EQ(document.Open(Below(R"(
+<Bom name="a">
+<BomHeader assembly="h"/>
+<BomItem>
+</BomItem>
+)")),
+              1);
     EXPECT_EQ(document.bom.name, "a");
     EXPECT_EQ(document.bom.assembly, "h");
     EXPECT_EQ(document.bom.m_arrBomItem.GetSize(), 1);
@@ -253,18 +318,27 @@ TEST(Bom, TheEndOfTheFileEndsIt)
 TEST(Bom, AnItemIsLostAtTheEndOfTheFile)
 {
     Document document;
-    EXPECT_EQ(document.Open("<Bom>\n<BomItem>\n</BomItem>\n<BomItem>\n<RefDes name=\"R1\"/>\n"), 1);
+    EXPECT_EQ(document.Open(Below(R"(
+<Bom>
+<BomItem>
+</BomItem>
+<BomItem>
+<RefDes name="R1"/>
+)")),
+              1);
     EXPECT_EQ(document.bom.m_arrBomItem.GetSize(), 1);
 }
 
 TEST(Bom, ALineOfBlanksThrowsAtEveryDepth)
 {
     Document document;
-    EXPECT_THROW(document.Open("<Bom name=\"b\">\n<BomItem>\n</BomItem>\n  \n</Bom>\n"), CInvalidArgException);
+    EXPECT_THROW(document.Open(Joined({R"(<Bom name="b">)", "<BomItem>", "</BomItem>", "  ", "</Bom>"})),
+                 CInvalidArgException);
     EXPECT_EQ(document.bom.name, "b");
     EXPECT_EQ(document.bom.m_arrBomItem.GetSize(), 1);
     Document inside;
-    EXPECT_THROW(inside.Open("<Bom>\n<BomItem>\n<RefDes name=\"R1\"/>\n  \n</BomItem>\n"), CInvalidArgException);
+    EXPECT_THROW(inside.Open(Joined({"<Bom>", "<BomItem>", R"(<RefDes name="R1"/>)", "  ", "</BomItem>"})),
+                 CInvalidArgException);
     EXPECT_EQ(inside.bom.m_arrBomItem.GetSize(), 0);
 }
 
@@ -306,18 +380,18 @@ TEST(BomItem, ItsArraysAddNothingToTheOwningArray)
 
 TEST(BomItem, ReadsItsSixAttributes)
 {
-    ReadItem read("<BomItem quantity=\"2\" numberIO=\"3\" category=\"ELECTRICAL\" internalPartNumber=\"P\""
-                  " description=\"two words\" packageRef=\"K\">");
+    ReadItem read(R"(<BomItem quantity="2" numberIO="3" category="ELECTRICAL" internalPartNumber="P")"
+                  R"( description="two words" packageRef="K">)");
     EXPECT_EQ(FieldsOf(read.Item()), (Texts{"2", "3", "ELECTRICAL", "P", "two words", "K"}));
-    ReadItem backwards("<BomItem packageRef=\"K\" description=\"d\" internalPartNumber=\"P\" category=\"c\""
-                       " numberIO=\"3\" quantity=\"many\">");
+    ReadItem backwards(R"(<BomItem packageRef="K" description="d" internalPartNumber="P" category="c")"
+                       R"( numberIO="3" quantity="many">)");
     EXPECT_EQ(FieldsOf(backwards.Item()), (Texts{"many", "3", "c", "P", "d", "K"}));
 }
 
 TEST(BomItem, TestsForTheWordsWithoutTheEqualSign)
 {
     for (std::size_t i = 0; i < std::size(Words); ++i) {
-        ReadItem read("<BomItem other=\"" + std::string(Words[i]) + "\" >");
+        ReadItem read(R"(<BomItem other=")" + std::string(Words[i]) + R"(" >)");
         Texts expected(6);
         expected[i] = Words[i];
         EXPECT_EQ(FieldsOf(read.Item()), expected) << Words[i];
@@ -328,7 +402,7 @@ TEST(BomItem, ATokenWithTwoWordsGoesToTheEarlierRow)
 {
     for (std::size_t earlier = 0; earlier < std::size(Words); ++earlier) {
         for (std::size_t later = earlier + 1; later < std::size(Words); ++later) {
-            ReadItem read("<BomItem " + std::string(Words[later]) + "=\"" + std::string(Words[earlier]) + "\" >");
+            ReadItem read("<BomItem " + std::string(Words[later]) + R"(=")" + std::string(Words[earlier]) + R"(" >)");
             Texts expected(6);
             expected[earlier] = Words[earlier];
             EXPECT_EQ(FieldsOf(read.Item()), expected) << Words[later];
@@ -338,19 +412,19 @@ TEST(BomItem, ATokenWithTwoWordsGoesToTheEarlierRow)
 
 TEST(BomItem, ADescriptionThatSaysQuantityLandsThere)
 {
-    ReadItem read("<BomItem description=\"quantity of one\" packageRef=\"K\">");
+    ReadItem read(R"(<BomItem description="quantity of one" packageRef="K">)");
     EXPECT_EQ(FieldsOf(read.Item()), (Texts{"quantity of one", "", "", "", "", "K"}));
 }
 
 TEST(BomItem, OtherAttributesAreNotKept)
 {
-    ReadItem read("<BomItem OEMDesignNumberRef=\"o\" Quantity=\"1\" pinCount=\"2\" quantity=\"7\"/>");
+    ReadItem read(R"(<BomItem OEMDesignNumberRef="o" Quantity="1" pinCount="2" quantity="7"/>)");
     EXPECT_EQ(FieldsOf(read.Item()), (Texts{"7", "", "", "", "", ""}));
 }
 
 TEST(BomItem, TheScanBeginsAtTheFirstToken)
 {
-    ReadItem read("<BomItem_quantity=\"1\" >");
+    ReadItem read(R"(<BomItem_quantity="1" >)");
     EXPECT_EQ(read.Item().quantity, "1");
 }
 
@@ -358,7 +432,7 @@ TEST(BomItem, ACutValueThrowsAndAddsNothing)
 {
     Lines lines({"</BomItem>"});
     CIPC2581_Bom bom;
-    Tokens tokens("<BomItem quantity=\"1\" description=\"open");
+    Tokens tokens(R"(<BomItem quantity="1" description="open)");
     EXPECT_THROW(bom.ReadBomItem(tokens, lines.File()), CInvalidArgException);
     EXPECT_EQ(bom.m_arrBomItem.GetSize(), 0);
     EXPECT_EQ(lines.Rest(), Texts{"</BomItem>"});
@@ -374,28 +448,39 @@ TEST(BomItem, AnItemWithoutRefDesIsAdded)
 
 TEST(BomItem, ReadsItsRefDesLines)
 {
-    ReadItem read("<BomItem>", "<RefDes name=\"R1\" packageRef=\"K\" populate=\"TRUE\" layerRef=\"TOP\"/>\n"
-                               "<RefDes name=\"R 2\" populate=\"FALSE\">\n"
-                               "</RefDes>\n"
-                               "<RefDes populate=\"true\" name=\"R3\"/>\n"
-                               "<RefDes name=\"R4\"/>\n"
-                               "<RefDes>\n"
-                               "<RefDesX populate=\"xTRUEx\" filename=\"R5\" >\n"
-                               "</BomItem>\n");
+    ReadItem read("<BomItem>", Below(R"(
+<RefDes name="R1" packageRef="K" populate="TRUE" layerRef="TOP"/>
+<RefDes name="R 2" populate="FALSE">
+</RefDes>
+<RefDes populate="true" name="R3"/>
+<RefDes name="R4"/>
+<RefDes>
+<RefDesX populate="xTRUEx" filename="R5" >
+</BomItem>
+)"));
     EXPECT_EQ(read.RefDes(), (Texts{"R1", "(R 2)", "(R3)", "R4", "", "R5"}));
 }
 
 TEST(BomItem, RefDesTestsCarryTheEqualSign)
 {
-    ReadItem read("<BomItem>", "<RefDes name =\"R1\" populate =\"FALSE\" kind=\"name\" >\n"
-                               "<RefDes populate=name=\"FALSE\"/>\n"
-                               "<RefDes_name=\"t\" populate=\"FALSE\" populate=\"TRUE\" >\n</BomItem>\n");
+    ReadItem read("<BomItem>", Below(R"(
+<RefDes name ="R1" populate ="FALSE" kind="name" >
+<RefDes populate=name="FALSE"/>
+<RefDes_name="t" populate="FALSE" populate="TRUE" >
+</BomItem>
+)"));
     EXPECT_EQ(read.RefDes(), (Texts{"", "name=FALSE", "t"}));
 }
 
 TEST(BomItem, ASlashInTheFirstTokenIsNoRefDes)
 {
-    ReadItem read("<BomItem>", "<RefDes/>\n</RefDes>\n</RefDes name=\"R1\">\n<RefDes/x name=\"R2\">\n</BomItem>\n");
+    ReadItem read("<BomItem>", Below(R"(
+<RefDes/>
+</RefDes>
+</RefDes name="R1">
+<RefDes/x name="R2">
+</BomItem>
+)"));
     EXPECT_EQ(read.RefDes(), Texts{});
 }
 
@@ -408,8 +493,15 @@ TEST(BomItem, AFirstTokenWithRefDesAndTheClosingWordEndsIt)
 
 TEST(BomItem, IgnoresOtherLines)
 {
-    ReadItem read("<BomItem>", "\n<Characteristics category=\"x\" quantity=\"9\">\n</Bom>\n<BomItem quantity=\"8\">\n"
-                               "<x name=\"RefDes\"/>\n<refdes name=\"a\"/>\n</BomItem>\n");
+    ReadItem read("<BomItem>", Below(R"(
+
+<Characteristics category="x" quantity="9">
+</Bom>
+<BomItem quantity="8">
+<x name="RefDes"/>
+<refdes name="a"/>
+</BomItem>
+)"));
     EXPECT_EQ(FieldsOf(read.Item()), (Texts{"", "", "", "", "", ""}));
     EXPECT_EQ(read.RefDes(), Texts{});
 }
@@ -417,8 +509,16 @@ TEST(BomItem, IgnoresOtherLines)
 TEST(BomItem, ASelfClosingItemTakesTheLinesOfTheNext)
 {
     Document document;
-    document.Open("<Bom>\n<BomItem quantity=\"1\"/>\n<BomItem quantity=\"2\">\n<RefDes name=\"R2\"/>\n</BomItem>\n"
-                  "<BomItem quantity=\"3\">\n</BomItem>\n</Bom>\n");
+    document.Open(Below(R"(
+<Bom>
+<BomItem quantity="1"/>
+<BomItem quantity="2">
+<RefDes name="R2"/>
+</BomItem>
+<BomItem quantity="3">
+</BomItem>
+</Bom>
+)"));
     ASSERT_EQ(document.bom.m_arrBomItem.GetSize(), 2);
     EXPECT_EQ(document.bom.m_arrBomItem.GetAt(0)->quantity, "1");
     EXPECT_EQ(document.bom.m_arrBomItem.GetAt(0)->m_arrRefDes.GetSize(), 1);
@@ -427,7 +527,7 @@ TEST(BomItem, ASelfClosingItemTakesTheLinesOfTheNext)
 
 TEST(BomItem, ACutRefDesThrows)
 {
-    Lines lines({"<RefDes name=\"R1\"/>", "<RefDes name=\"open", "</BomItem>"});
+    Lines lines({R"(<RefDes name="R1"/>)", R"(<RefDes name="open)", "</BomItem>"});
     CIPC2581_Bom bom;
     Tokens tokens("<BomItem>");
     EXPECT_THROW(bom.ReadBomItem(tokens, lines.File()), CInvalidArgException);
@@ -436,7 +536,7 @@ TEST(BomItem, ACutRefDesThrows)
 
 TEST(BomItem, TheEndOfTheFileAddsNoItem)
 {
-    ReadItem read("<BomItem quantity=\"1\">", "<RefDes name=\"R1\"/>\n");
+    ReadItem read(R"(<BomItem quantity="1">)", Joined({R"(<RefDes name="R1"/>)"}));
     EXPECT_EQ(read.bom.m_arrBomItem.GetSize(), 0);
 }
 

@@ -15,9 +15,11 @@
 #include "ipc2581/document/XmlLiteReader.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Below;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Tokens;
 
@@ -108,28 +110,28 @@ TEST(HistoryRecord, AnAssignmentCopiesAllFourFields)
 
 TEST(HistoryRecord, ReadsFourAttributes)
 {
-    EXPECT_EQ(Read("<HistoryRecord number=\"12\" origination=\"a\" toolRef=\"b\" lastChange=\"c\"/>"),
+    EXPECT_EQ(Read(R"(<HistoryRecord number="12" origination="a" toolRef="b" lastChange="c"/>)"),
               (Record{12, "a", "b", "c"}));
-    EXPECT_EQ(Read("<HistoryRecord lastChange=\"c\" toolRef=\"b\" origination=\"a\" number=\"12\" >"),
+    EXPECT_EQ(Read(R"(<HistoryRecord lastChange="c" toolRef="b" origination="a" number="12" >)"),
               (Record{12, "a", "b", "c"}));
 }
 
 TEST(HistoryRecord, ReadsWhatTheLineSays)
 {
     const std::vector<std::pair<std::string_view, Record>> rows = {
-        {"<HistoryRecord number=\"2\" lastChange=\"2020-01-02T03:04:05\"/>", {2, "o", "t", "2020-01-02T03:04:05"}},
-        {"<HistoryRecord number=\"x\"/>", {0, "o", "t", "l"}},
-        {"<HistoryRecord number=\"-4.7\"/>", {-4, "o", "t", "l"}},
-        {"<HistoryRecord number=\"\"/>", {0, "o", "t", "l"}},
-        {"<HistoryRecord origination=\"2020/01/02\"/>", {3, "20200102", "t", "l"}},
-        {"<HistoryRecord toolRef=\"two words\" lastChange=\"c\"/>", {3, "o", "two words", "c"}},
-        {"<HistoryRecord toolRef=\"a\" toolRef=\"b\"/>", {3, "o", "b", "l"}},
-        {"<HistoryRecord Number=\"1\" ToolRef=\"a\" lastchange=\"b\"/>", {3, "o", "t", "l"}},
-        {"<HistoryRecord number =\"1\" toolRef =\"a\"/>", {3, "o", "t", "l"}},
-        {"<HistoryRecord software=\"x\" note=\"number\"/>", {3, "o", "t", "l"}},
-        {"<HistoryRecord serialnumber=\"5\"/>", {5, "o", "t", "l"}},
-        {"<HistoryRecord toolRef=\"\" origination=\"\"/>", {3, "", "", "l"}},
-        {"<number=\"8\" >", {8, "o", "t", "l"}},
+        {R"(<HistoryRecord number="2" lastChange="2020-01-02T03:04:05"/>)", {2, "o", "t", "2020-01-02T03:04:05"}},
+        {R"(<HistoryRecord number="x"/>)", {0, "o", "t", "l"}},
+        {R"(<HistoryRecord number="-4.7"/>)", {-4, "o", "t", "l"}},
+        {R"(<HistoryRecord number=""/>)", {0, "o", "t", "l"}},
+        {R"(<HistoryRecord origination="2020/01/02"/>)", {3, "20200102", "t", "l"}},
+        {R"(<HistoryRecord toolRef="two words" lastChange="c"/>)", {3, "o", "two words", "c"}},
+        {R"(<HistoryRecord toolRef="a" toolRef="b"/>)", {3, "o", "b", "l"}},
+        {R"(<HistoryRecord Number="1" ToolRef="a" lastchange="b"/>)", {3, "o", "t", "l"}},
+        {R"(<HistoryRecord number ="1" toolRef ="a"/>)", {3, "o", "t", "l"}},
+        {R"(<HistoryRecord software="x" note="number"/>)", {3, "o", "t", "l"}},
+        {R"(<HistoryRecord serialnumber="5"/>)", {5, "o", "t", "l"}},
+        {R"(<HistoryRecord toolRef="" origination=""/>)", {3, "", "", "l"}},
+        {R"(<number="8" >)", {8, "o", "t", "l"}},
         {"</HistoryRecord>", {3, "o", "t", "l"}},
         {"<HistoryRecord/>", {3, "o", "t", "l"}},
     };
@@ -140,19 +142,19 @@ TEST(HistoryRecord, ReadsWhatTheLineSays)
 
 TEST(HistoryRecord, ATokenWithTwoWordsGoesToTheEarlierRow)
 {
-    EXPECT_EQ(Read("<HistoryRecord origination=number=\"1\"/>"), (Record{0, "o", "t", "l"}));
-    EXPECT_EQ(Read("<HistoryRecord toolRef=number=\"1\"/>"), (Record{0, "o", "t", "l"}));
-    EXPECT_EQ(Read("<HistoryRecord lastChange=number=\"1\"/>"), (Record{0, "o", "t", "l"}));
-    EXPECT_EQ(Read("<HistoryRecord toolRef=origination=\"1\"/>"), (Record{3, "origination=1", "t", "l"}));
-    EXPECT_EQ(Read("<HistoryRecord lastChange=origination=\"1\"/>"), (Record{3, "origination=1", "t", "l"}));
-    EXPECT_EQ(Read("<HistoryRecord lastChange=toolRef=\"1\"/>"), (Record{3, "o", "toolRef=1", "l"}));
+    EXPECT_EQ(Read(R"(<HistoryRecord origination=number="1"/>)"), (Record{0, "o", "t", "l"}));
+    EXPECT_EQ(Read(R"(<HistoryRecord toolRef=number="1"/>)"), (Record{0, "o", "t", "l"}));
+    EXPECT_EQ(Read(R"(<HistoryRecord lastChange=number="1"/>)"), (Record{0, "o", "t", "l"}));
+    EXPECT_EQ(Read(R"(<HistoryRecord toolRef=origination="1"/>)"), (Record{3, "origination=1", "t", "l"}));
+    EXPECT_EQ(Read(R"(<HistoryRecord lastChange=origination="1"/>)"), (Record{3, "origination=1", "t", "l"}));
+    EXPECT_EQ(Read(R"(<HistoryRecord lastChange=toolRef="1"/>)"), (Record{3, "o", "toolRef=1", "l"}));
 }
 
 TEST(HistoryRecord, AValueThatIsCutOffThrows)
 {
     CIPC2581_Parser root;
     CIPC2581_XmlLiteReader reader;
-    Tokens tokens("<HistoryRecord number=\"1\" toolRef=\"open and on");
+    Tokens tokens(R"(<HistoryRecord number="1" toolRef="open and on)");
     EXPECT_THROW(reader.HistoryRecordProcess(tokens, root), CInvalidArgException);
     EXPECT_EQ(root.m_HistoryRecord.number, 1);
 }
@@ -164,7 +166,7 @@ TEST(HistoryRecord, ReadsNoLine)
     CIPC2581_XmlLiteReader reader;
     const std::string path = folder.Save("lines.xml", "<Next/>\n");
     ASSERT_NE(reader.m_File.Open(path.c_str(), CStdioFile::modeRead, nullptr), 0);
-    Tokens tokens("<HistoryRecord number=\"1\">");
+    Tokens tokens(R"(<HistoryRecord number="1">)");
     reader.HistoryRecordProcess(tokens, root);
     CString line;
     EXPECT_NE(reader.m_File.ReadString(line), 0);
@@ -176,8 +178,11 @@ TEST(HistoryRecord, KeepsTheLastValueOfEachAttribute)
     const ipc2581::tests::TempFolder folder;
     CIPC2581_Parser root;
     CIPC2581_XmlLiteReader reader;
-    CString path(folder.Save("lines.xml", "<HistoryRecord number=\"1\" toolRef=\"a\"/>\n"
-                                          "<HistoryRecord number=\"2\" lastChange=\"b\">\n</HistoryRecord>\n"));
+    CString path(folder.Save("lines.xml", Below(R"(
+<HistoryRecord number="1" toolRef="a"/>
+<HistoryRecord number="2" lastChange="b">
+</HistoryRecord>
+)")));
     EXPECT_EQ(reader.OpenPath(path, root), 1);
     EXPECT_EQ(Of(root.m_HistoryRecord), (Record{2, "", "a", "b"}));
 }

@@ -14,9 +14,12 @@
 #include "ipc2581/document/XmlLiteReader.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
+#include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Below;
+using ipc2581::tests::Joined;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Str;
 using ipc2581::tests::TempFolder;
@@ -66,34 +69,39 @@ TEST(LogisticHeader, HasAVirtualDestructorOnly)
 
 TEST(LogisticHeader, KeepsTheLastRoleAndPerson)
 {
-    EXPECT_EQ(Read("<Role name=\"one\"/>\n<Person name=\"Ann\"/>\n<Role name=\"two\"/>\n<Person name=\"Bob\"/>\n"),
+    EXPECT_EQ(Read(Below(R"(
+<Role name="one"/>
+<Person name="Ann"/>
+<Role name="two"/>
+<Person name="Bob"/>
+)")),
               (Names{"two", "Bob"}));
 }
 
 TEST(LogisticHeader, WithoutRoleAndPersonStaysEmpty)
 {
     EXPECT_EQ(Read(""), (Names{"", ""}));
-    EXPECT_EQ(Read("<Enterprise id=\"E1\" name=\"x\" code=\"c\"/>\n"), (Names{"", ""}));
+    EXPECT_EQ(Read(Joined({R"(<Enterprise id="E1" name="x" code="c"/>)"})), (Names{"", ""}));
 }
 
 TEST(LogisticHeader, ReadsWhatTheLinesSay)
 {
     const std::vector<std::pair<std::string, Names>> rows = {
-        {"<Person name=\"Ann Lee\" enterpriseRef=\"E1\"/>", {"", "Ann Lee"}},
-        {"<Person name=\"Ann\" id=\"name\"/>", {"", "name"}},
-        {"<Person name=\"Ann\" enterpriseRef=\"name\"/>", {"", "name"}},
-        {"<Person nickname=\"A\"/>", {"", "A"}},
-        {"<Person Name=\"A\"/>", {"", ""}},
-        {"<Person x=\"1\">", {"", ""}},
+        {R"(<Person name="Ann Lee" enterpriseRef="E1"/>)", {"", "Ann Lee"}},
+        {R"(<Person name="Ann" id="name"/>)", {"", "name"}},
+        {R"(<Person name="Ann" enterpriseRef="name"/>)", {"", "name"}},
+        {R"(<Person nickname="A"/>)", {"", "A"}},
+        {R"(<Person Name="A"/>)", {"", ""}},
+        {R"(<Person x="1">)", {"", ""}},
         {"<Person>", {"", ""}},
-        {"<Role id=\"Owner\"/>", {"", ""}},
-        {"<Role name=\"Owner\" >", {"Owner", ""}},
-        {"<Role roleFunction=\"name\"/>", {"name", ""}},
-        {"<role name=\"a\"/>", {"", ""}},
-        {"<xRolex name=\"a\"/>", {"a", ""}},
-        {"</Role name=\"a\">", {"a", ""}},
-        {"</xPersonx name=\"a\">", {"", "a"}},
-        {"<Other role=\"Role\" name=\"Person\"/>", {"", ""}},
+        {R"(<Role id="Owner"/>)", {"", ""}},
+        {R"(<Role name="Owner" >)", {"Owner", ""}},
+        {R"(<Role roleFunction="name"/>)", {"name", ""}},
+        {R"(<role name="a"/>)", {"", ""}},
+        {R"(<xRolex name="a"/>)", {"a", ""}},
+        {R"(</Role name="a">)", {"a", ""}},
+        {R"(</xPersonx name="a">)", {"", "a"}},
+        {R"(<Other role="Role" name="Person"/>)", {"", ""}},
     };
     for (const auto & [line, names] : rows) {
         EXPECT_EQ(Read(line + "\n"), names) << line;
@@ -102,60 +110,84 @@ TEST(LogisticHeader, ReadsWhatTheLinesSay)
 
 TEST(LogisticHeader, ARoleWithoutANameLeavesTheFormer)
 {
-    EXPECT_EQ(Read("<Role name=\"a\"/>\n<Role id=\"b\"/>\n</Role>\n<Person name=\"c\"/>\n<Person id=\"d\"/>\n"),
+    EXPECT_EQ(Read(Below(R"(
+<Role name="a"/>
+<Role id="b"/>
+</Role>
+<Person name="c"/>
+<Person id="d"/>
+)")),
               (Names{"a", "c"}));
 }
 
 TEST(LogisticHeader, AFirstTokenWithTwoWordsGoesToTheEarlierRow)
 {
-    EXPECT_EQ(Read("<PersonRole name=\"a\"/>\n"), (Names{"a", ""}));
-    EXPECT_EQ(Read("</LogisticHeaderRole name=\"a\">\n<Role name=\"b\"/>\n"), (Names{"b", ""}));
-    EXPECT_EQ(Read("</LogisticHeaderPerson name=\"a\">\n<Person name=\"b\"/>\n"), (Names{"", "b"}));
+    EXPECT_EQ(Read(Joined({R"(<PersonRole name="a"/>)"})), (Names{"a", ""}));
+    EXPECT_EQ(Read(Joined({R"(</LogisticHeaderRole name="a">)", R"(<Role name="b"/>)"})), (Names{"b", ""}));
+    EXPECT_EQ(Read(Joined({R"(</LogisticHeaderPerson name="a">)", R"(<Person name="b"/>)"})), (Names{"", "b"}));
 }
 
 TEST(LogisticHeader, TheScanBeginsAtTheFirstToken)
 {
-    EXPECT_EQ(Read("<Role_name=\"a\" >\n<Person_name=\"b\" >\n"), (Names{"a", "b"}));
+    EXPECT_EQ(Read(Joined({R"(<Role_name="a" >)", R"(<Person_name="b" >)"})), (Names{"a", "b"}));
 }
 
 TEST(LogisticHeader, TheOpeningLineIsNotLookedAt)
 {
     Document document;
-    document.Open("<LogisticHeaderRole name=\"a\">\n</LogisticHeader>\n");
+    document.Open(Joined({R"(<LogisticHeaderRole name="a">)", "</LogisticHeader>"}));
     EXPECT_EQ(document.root.m_LogisticHeader.m_strRoleName, "");
 }
 
 TEST(LogisticHeader, EndsAtItsClosingLine)
 {
     Document document;
-    document.Open("<LogisticHeader>\n<x/LogisticHeaderx>\n<Role name=\"late\"/>\n<Bom name=\"b\">\n");
+    document.Open(Below(R"(
+<LogisticHeader>
+<x/LogisticHeaderx>
+<Role name="late"/>
+<Bom name="b">
+)"));
     EXPECT_EQ(document.root.m_LogisticHeader.m_strRoleName, "");
     EXPECT_EQ(document.root.m_Bom.name, "b");
 }
 
 TEST(LogisticHeader, IgnoresOtherLines)
 {
-    EXPECT_EQ(Read("\n<Bom name=\"b\">\n</Bom>\n<LogisticHeader>\ntext\n<Role name=\"r\"/>\n"), (Names{"r", ""}));
+    EXPECT_EQ(Read(Below(R"(
+
+<Bom name="b">
+</Bom>
+<LogisticHeader>
+text
+<Role name="r"/>
+)")),
+              (Names{"r", ""}));
 }
 
 TEST(LogisticHeader, ALineOfBlanksThrows)
 {
     Document document;
-    EXPECT_THROW(document.Open("<LogisticHeader>\n<Role name=\"r\"/>\n  \n</LogisticHeader>\n"), CInvalidArgException);
+    EXPECT_THROW(document.Open(Joined({"<LogisticHeader>", R"(<Role name="r"/>)", "  ", "</LogisticHeader>"})),
+                 CInvalidArgException);
     EXPECT_EQ(document.root.m_LogisticHeader.m_strRoleName, "r");
 }
 
 TEST(LogisticHeader, AValueThatIsCutOffThrowsIfItsTokenHoldsTheWord)
 {
     Document document;
-    EXPECT_THROW(document.Open("<LogisticHeader>\n<Person name=\"Ann\n"), CInvalidArgException);
-    EXPECT_EQ(Read("<Person name=\"Ann\" id=\"open\n"), (Names{"", "Ann"}));
+    EXPECT_THROW(document.Open(Joined({"<LogisticHeader>", R"(<Person name="Ann)"})), CInvalidArgException);
+    EXPECT_EQ(Read(Joined({R"(<Person name="Ann" id="open)"})), (Names{"", "Ann"}));
 }
 
 TEST(LogisticHeader, TheEndOfTheFileEndsIt)
 {
     Document document;
-    EXPECT_EQ(document.Open("<LogisticHeader>\n<Role name=\"r\"/>\n<Person name=\"p\"/>"), 1);
+    EXPECT_EQ(document.Open(Below(R"(
+<LogisticHeader>
+<Role name="r"/>
+<Person name="p"/>)")),
+              1);
     EXPECT_EQ(document.root.m_LogisticHeader.m_strRoleName, "r");
     EXPECT_EQ(document.root.m_LogisticHeader.m_strPersonName, "p");
 }
@@ -163,8 +195,15 @@ TEST(LogisticHeader, TheEndOfTheFileEndsIt)
 TEST(LogisticHeader, ASecondHeaderOverwritesWhatItNames)
 {
     Document document;
-    document.Open("<LogisticHeader>\n<Role name=\"r\"/>\n<Person name=\"p\"/>\n</LogisticHeader>\n"
-                  "<LogisticHeader>\n<Person name=\"q\"/>\n</LogisticHeader>\n");
+    document.Open(Below(R"(
+<LogisticHeader>
+<Role name="r"/>
+<Person name="p"/>
+</LogisticHeader>
+<LogisticHeader>
+<Person name="q"/>
+</LogisticHeader>
+)"));
     EXPECT_EQ(document.root.m_LogisticHeader.m_strRoleName, "r");
     EXPECT_EQ(document.root.m_LogisticHeader.m_strPersonName, "q");
 }

@@ -66,7 +66,7 @@ void ReplaceWhileWriting()
         cutout.Init();
         AddStep(*cutout.PolyStepArray, 2.0);
     });
-    Expect(cutout.Export(file, 0) == 1 && Holds(file.written, "x=\"2.000000\"") && !Holds(file.written, "x=\"1.0"),
+    Expect(cutout.Export(file, 0) == 1 && Holds(file.written, R"(x="2.000000")") && !Holds(file.written, R"(x="1.0)"),
            "a cutout that is reset is written as it is then");
 
     CIPC2581_Ecad_CadData_Step_Profile profile;
@@ -76,7 +76,7 @@ void ReplaceWhileWriting()
         profile.Polygon = new CIPC2581_Polygon;
         AddStep(*profile.Polygon->PolyStepArray, 2.0);
     });
-    Expect(profile.Export(outline, 0) == 1 && Holds(outline.written, "x=\"2.000000\""), "so is an outline");
+    Expect(profile.Export(outline, 0) == 1 && Holds(outline.written, R"(x="2.000000")"), "so is an outline");
 
     CIPC2581_Ecad_CadData_Step_LogicalNet net;
     WatchedFile pins("<LogicalNet ", [&] {

@@ -50,9 +50,9 @@ int main()
         Repeated("<HistoryRecord/>\n", 50000),
         "<Content>\n" + Repeated("<StepRef>a_name_of_some_length</StepRef>\n", 50000),
         "<Ecad>\n<CadData>\n" + Repeated("<Layer >\n", 20000),
-        "<Bom>\n" + Repeated("<BomItem description=\"" + std::string(3000, 'x') + "\">\n</BomItem>\n", 500),
-        InStep("<Package name=\"" + std::string(2 << 20, 'x') + "\">\n"),
-        InStep("<Component refDes=\"" + Repeated("a ", 1 << 20) + "\">\n"),
+        "<Bom>\n" + Repeated(R"(<BomItem description=")" + std::string(3000, 'x') + "\">\n</BomItem>\n", 500),
+        InStep(R"(<Package name=")" + std::string(2 << 20, 'x') + "\">\n"),
+        InStep(R"(<Component refDes=")" + Repeated("a ", 1 << 20) + "\">\n"),
     };
     for (const std::string & bytes : made) {
         CIPC2581_Parser root;

@@ -35,7 +35,7 @@ CIPC2581_DicDraw_Butterfly Butterfly(const char * shape)
 {
     CIPC2581_DicDraw_Butterfly butterfly;
     CArray<CString, CString> tokens;
-    tokens.Add(CString("shape=\"") + shape + "\"");
+    tokens.Add(CString(R"(shape=")") + shape + R"(")");
     butterfly.Import(tokens);
     return butterfly;
 }
@@ -73,7 +73,7 @@ int main()
     layer.Export(file, 0);
     file.Close();
     const std::string zero(1, '\0');
-    Expect(plain.Bytes() == "   <Layer name=\"TO" + zero + "P\" layerFunction=\"\" side=\"" + zero +
+    Expect(plain.Bytes() == R"(   <Layer name="TO)" + zero + R"(P" layerFunction="" side=")" + zero +
                                 "TOP\" polarity=\"POSITIVE\">\n   </Layer>\n",
            "a plain file keeps the byte");
 

@@ -36,7 +36,7 @@ public:
 int main()
 {
     const std::unique_ptr<Reader> reader(new Reader);
-    Expect(reader->CountTokens("<Pad x=\"1\" y=\"2\"/>") == 3, "a private base works");
+    Expect(reader->CountTokens(R"(<Pad x="1" y="2"/>)") == 3, "a private base works");
     Expect(std::make_unique<Shape>()->Type() == 17, "a shape of its own is a plain one");
     Expect(std::make_unique<Names>()->Count() == 0, "a list of its own is empty");
     Expect(std::make_unique<Layer>()->IsPositive(), "a layer of its own is positive");

@@ -16,13 +16,14 @@
 #include "ipc2581/base/platform/Afx.h"
 #include "ipc2581/base/platform/CString.h"
 #include "tests/support/Files.h"
+#include "tests/support/Text.h"
 
 namespace {
 
 using ipc2581::tests::Bytes;
 using ipc2581::tests::Lines;
 using ipc2581::tests::TempFolder;
-using Texts = std::vector<std::string>;
+using ipc2581::tests::Texts;
 
 constexpr unsigned kRead = CStdioFile::modeRead;
 constexpr unsigned kReadWrite = CStdioFile::modeReadWrite;

@@ -13,11 +13,10 @@
 #include "ipc2581/base/platform/Afx.h"
 #include "ipc2581/base/platform/CObject.h"
 #include "tests/support/Files.h"
+#include "tests/support/Text.h"
 
 namespace ipc2581::tests {
 namespace {
-
-using Texts = std::vector<std::string>;
 
 Texts All(const CStringArray & list)
 {

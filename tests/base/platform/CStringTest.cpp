@@ -18,6 +18,7 @@
 #include "ipc2581/base/platform/ObjectBlocks.h"
 #include "tests/support/Files.h"
 #include "tests/support/Locales.h"
+#include "tests/support/Text.h"
 
 namespace ipc2581::tests {
 namespace {
@@ -298,7 +299,7 @@ TEST(CString, HasNoPositionToOverwriteOutsideIt)
 
 TEST(CString, FindsTheFirstOccurrenceOfAText)
 {
-    const CString text("<Layer name=\"Layer\">");
+    const CString text(R"(<Layer name="Layer">)");
     EXPECT_EQ(text.Find("Layer", 0), 1);
     EXPECT_EQ(text.Find("Layer"), 1);
     EXPECT_EQ(text.Find("Layer", 1), 1);
@@ -306,8 +307,8 @@ TEST(CString, FindsTheFirstOccurrenceOfAText)
     EXPECT_EQ(text.Find("Layer", 14), -1);
     EXPECT_EQ(text.Find("layer", 0), -1);
     EXPECT_EQ(text.Find("<", 0), 0);
-    EXPECT_EQ(text.Find("\">", 0), 18);
-    EXPECT_EQ(text.Find("<Layer name=\"Layer\"> ", 0), -1);
+    EXPECT_EQ(text.Find(R"(">)", 0), 18);
+    EXPECT_EQ(text.Find(R"(<Layer name="Layer"> )", 0), -1);
     EXPECT_EQ(CString("aab").Find("ab", 0), 1);
 }
 
@@ -421,7 +422,7 @@ TEST(CString, WithNoMoreTokensAlwaysGivesTheEmptyText)
 TEST(CString, ReplacesEveryOccurrenceFromLeftToRight)
 {
     EXPECT_EQ(Replaced("a<b<c", "<", "", 2), "abc");
-    EXPECT_EQ(Replaced("\"quoted\"", "\"", "", 2), "quoted");
+    EXPECT_EQ(Replaced(R"("quoted")", R"(")", "", 2), "quoted");
     EXPECT_EQ(Replaced("abcabc", "bc", "X", 2), "aXaX");
     EXPECT_EQ(Replaced("aaaaa", "aa", "b", 2), "bba");
     EXPECT_EQ(Replaced("aXa", "X", "long replacement", 1), "along replacementa");
@@ -533,8 +534,8 @@ TEST(CStringFormat, WritesTexts)
     CString text;
     const CString name("TOP");
     const char * const part = "R1";
-    text.Format("a=\"%s\" b=\"%s\"", name, part);
-    EXPECT_EQ(text, "a=\"TOP\" b=\"R1\"");
+    text.Format(R"(a="%s" b="%s")", name, part);
+    EXPECT_EQ(text, R"(a="TOP" b="R1")");
     text.Format("[%s][%s]", CString(), "");
     EXPECT_EQ(text, "[][]");
     text.Format("%s", name.GetString());
@@ -593,8 +594,8 @@ TEST(CStringFormat, WritesConversionsSideBySide)
     EXPECT_EQ(text, "a12.000000b");
     const double x = 1.5;
     const int n = 3;
-    text.Format("   <Pad x=\"%f\" n=\"%d\" />\n", x, n);
-    EXPECT_EQ(text, "   <Pad x=\"1.500000\" n=\"3\" />\n");
+    text.Format(Joined({R"(   <Pad x="%f" n="%d" />)"}), x, n);
+    EXPECT_EQ(text, Joined({R"(   <Pad x="1.500000" n="3" />)"}));
 }
 
 TEST(CStringFormat, MayWriteATextIntoItself)

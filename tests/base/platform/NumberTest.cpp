@@ -78,7 +78,7 @@ testing::AssertionResult ParsesAsInC(const std::string & text)
     if (Same(actual, expected) && isSameAhead) {
         return testing::AssertionSuccess();
     }
-    return testing::AssertionFailure() << '"' << text << "\" gives " << Printed("%a", actual) << " in place of "
+    return testing::AssertionFailure() << '"' << text << R"(" gives )" << Printed("%a", actual) << " in place of "
                                        << Printed("%a", expected);
 }
 
@@ -208,7 +208,7 @@ TEST(Number, IsTheLongestPrefixThatIsOne)
 {
     for (const char * text :
          {"1.5mm", "1.5.5", "1,5",  "1 5",   "1_000", "12abc", "1e",    "1e+",    "1e-",      "1e+x",   "1ex",
-          "1e5.5", "1e 5",  "1.e",  "1.5e-", "7-3",   "7+3",   "1.5f",  "1.5L",   "1.5/",     "2\"",    "3e1e1",
+          "1e5.5", "1e 5",  "1.e",  "1.5e-", "7-3",   "7+3",   "1.5f",  "1.5L",   "1.5/",     R"(2")",  "3e1e1",
           "1d5",   "0b11",  "0o17", "1'000", "5..5",  "1e5e5", "1.5\n", "1.5\t2", "0.5-0.25", "1e2-e3", "4%"}) {
         EXPECT_TRUE(ParsesAsInC(text));
     }
@@ -219,8 +219,8 @@ TEST(Number, IsTheLongestPrefixThatIsOne)
 TEST(Number, IsZeroWhereThereIsNone)
 {
     for (const char * text :
-         {"",    " ",  "+", "-",     ".",  "-.", "+.",   "e5",  ".e5", "E",   "abc", "--1",      "+-1", "-+1",
-          "++1", "$1", "/", "\"1\"", "x1", "#",  "TRUE", "..5", "+e1", ". 5", "(1)", "\xc2\xb5", "p3"}) {
+         {"",    " ",  "+", "-",      ".",  "-.", "+.",   "e5",  ".e5", "E",   "abc", "--1",      "+-1", "-+1",
+          "++1", "$1", "/", R"("1")", "x1", "#",  "TRUE", "..5", "+e1", ". 5", "(1)", "\xc2\xb5", "p3"}) {
         EXPECT_TRUE(ParsesAsInC(text));
         EXPECT_EQ(ParseDouble(text), 0.0) << text;
         EXPECT_EQ(ParseInteger(text), 0) << text;
@@ -388,7 +388,7 @@ TEST(Number, IntegerIsTheLongestPrefixOfDigits)
     } table[] = {{"0", 0},     {"7", 7},      {"-7", -7}, {"+7", 7},   {"007", 7},   {"-007", -7}, {"1.9", 1},
                  {"-1.9", -1}, {"12abc", 12}, {"1e3", 1}, {"0x10", 0}, {"1,000", 1}, {"1 2", 1},   {" \t\n\v\f\r5", 5},
                  {"5 ", 5},    {"--5", 0},    {"+-5", 0}, {"-+5", 0},  {"", 0},      {" ", 0},     {"-", 0},
-                 {"+", 0},     {"a1", 0},     {".5", 0},  {"- 5", 0},  {"-0", 0},    {"010", 10},  {"3\"", 3},
+                 {"+", 0},     {"a1", 0},     {".5", 0},  {"- 5", 0},  {"-0", 0},    {"010", 10},  {R"(3")", 3},
                  {"4/", 4},    {"6-7", 6}};
     for (const auto & row : table) {
         EXPECT_EQ(ParseInteger(row.text), row.value) << row.text;
