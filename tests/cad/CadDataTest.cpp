@@ -1,6 +1,5 @@
 #include "ipc2581/cad/CadData.h"
 
-#include <functional>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -10,44 +9,27 @@
 
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/Afx.h"
-#include "ipc2581/base/platform/CProgressCtrl.h"
 #include "ipc2581/cad/Component.h"
 #include "ipc2581/cad/Layer.h"
+#include "tests/support/Derived.h"
 #include "tests/support/Files.h"
+#include "tests/support/Progress.h"
 #include "tests/support/Slots.h"
 #include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Bar;
+using ipc2581::tests::Behind;
 using ipc2581::tests::Below;
 using ipc2581::tests::Export;
 using ipc2581::tests::Exported;
 using ipc2581::tests::Joined;
 using ipc2581::tests::Lines;
+using ipc2581::tests::Refusing;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Str;
 using ipc2581::tests::Texts;
-
-class Behind : public CIPC2581_Ecad_CadData {
-public:
-    virtual void Next() {}
-};
-
-class Bar : public CProgressCtrl {
-public:
-    int SetPos(int position) override
-    {
-        positions.push_back(position);
-        if (look) {
-            seen.push_back(look());
-        }
-        return CProgressCtrl::SetPos(position);
-    }
-
-    std::vector<int> positions;
-    std::function<std::string()> look;
-    Texts seen;
-};
 
 // What ReadCadData makes of these lines.
 class Read {
@@ -101,7 +83,7 @@ TEST(CadData, HasItsOperationsInOrder)
     EXPECT_TRUE((std::is_base_of_v<CIPC2581_XmlDataAdd_Function, CIPC2581_Ecad_CadData>));
     EXPECT_TRUE(std::has_virtual_destructor_v<CIPC2581_Ecad_CadData>);
     EXPECT_EQ(Slot(&CIPC2581_Ecad_CadData::Export), 2u);
-    EXPECT_EQ(Slot(&Behind::Next), 3u);
+    EXPECT_EQ(Slot(&Behind<CIPC2581_Ecad_CadData>::Next), 3u);
 }
 
 TEST(CadData, ReadsLayersStackupAndStep)
@@ -349,11 +331,6 @@ public:
     int Export(CStdioFile & /*file*/, int /*level*/) override { return 0; }
 };
 
-class RefusingComponent : public CIPC2581_Ecad_CadData_Step_Component {
-public:
-    int Export(CStdioFile & /*file*/, int /*level*/) override { return 0; }
-};
-
 TEST(CadData, StopsAtALayerThatRefuses)
 {
     CIPC2581_Ecad_CadData data;
@@ -370,7 +347,7 @@ TEST(CadData, StopsAtALayerThatRefuses)
 TEST(CadData, StopsAtAStepThatRefuses)
 {
     CIPC2581_Ecad_CadData data;
-    data.m_Step.ComponentArray.Add(new RefusingComponent);
+    data.m_Step.ComponentArray.Add(new Refusing<CIPC2581_Ecad_CadData_Step_Component>);
     const Export exported = Exported(data, 0);
     EXPECT_EQ(exported.result, 0);
     EXPECT_EQ(exported.text.find("</CadData>"), std::string::npos);

@@ -1,6 +1,5 @@
 #include "ipc2581/cad/Component.h"
 
-#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -14,12 +13,14 @@
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/Afx.h"
 #include "ipc2581/draw/Xform.h"
+#include "tests/support/Derived.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
 #include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Behind;
 using ipc2581::tests::Below;
 using ipc2581::tests::Export;
 using ipc2581::tests::Exported;
@@ -31,12 +32,6 @@ using ipc2581::tests::Texts;
 
 using Component = CIPC2581_Ecad_CadData_Step_Component;
 using ComponentArray = CIPC2581_Ecad_CadData_Step_ComponentArray;
-
-template <typename Model>
-class Behind : public Model {
-public:
-    virtual void Next() {}
-};
 
 // The texts of a component, in their order.
 Texts TextsOf(const Component & part)

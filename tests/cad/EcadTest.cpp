@@ -1,6 +1,5 @@
 #include "ipc2581/cad/Ecad.h"
 
-#include <functional>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -11,49 +10,30 @@
 
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/Afx.h"
-#include "ipc2581/base/platform/CProgressCtrl.h"
 #include "ipc2581/cad/CadHeader.h"
 #include "ipc2581/cad/Component.h"
 #include "ipc2581/document/Parser.h"
 #include "ipc2581/document/XmlLiteReader.h"
+#include "tests/support/Derived.h"
 #include "tests/support/Files.h"
+#include "tests/support/Progress.h"
 #include "tests/support/Slots.h"
 #include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Bar;
+using ipc2581::tests::Behind;
 using ipc2581::tests::Below;
 using ipc2581::tests::Export;
 using ipc2581::tests::Exported;
 using ipc2581::tests::Joined;
+using ipc2581::tests::Refusing;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Str;
 using ipc2581::tests::TempFolder;
 using ipc2581::tests::Texts;
 using ipc2581::tests::Tokens;
-
-// Its own operation stands behind all those of the class.
-template <typename Model>
-class Behind : public Model {
-public:
-    virtual void Next() {}
-};
-
-class Bar : public CProgressCtrl {
-public:
-    int SetPos(int position) override
-    {
-        positions.push_back(position);
-        if (look) {
-            seen.push_back(look());
-        }
-        return CProgressCtrl::SetPos(position);
-    }
-
-    std::vector<int> positions;
-    std::function<std::string()> look;
-    Texts seen;
-};
 
 // A document that is one Ecad section, read with a bar.
 class Document {
@@ -459,15 +439,10 @@ data 1
     EXPECT_EQ(Exported(ecad, 0), (Export{0, Joined({R"(   <Ecad name="">)", "header 1"})}));
 }
 
-class RefusingComponent : public CIPC2581_Ecad_CadData_Step_Component {
-public:
-    int Export(CStdioFile & /*file*/, int /*level*/) override { return 0; }
-};
-
 TEST(Ecad, StopsAtDataThatRefuses)
 {
     CIPC2581_Ecad ecad;
-    ecad.m_CadData.m_Step.ComponentArray.Add(new RefusingComponent);
+    ecad.m_CadData.m_Step.ComponentArray.Add(new Refusing<CIPC2581_Ecad_CadData_Step_Component>);
     const Export exported = Exported(ecad, 0);
     EXPECT_EQ(exported.result, 0);
     EXPECT_EQ(exported.text.find("</Step>"), std::string::npos);

@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -17,8 +16,8 @@
 #include "ipc2581/draw/DrawObj.h"
 #include "ipc2581/draw/Line.h"
 #include "ipc2581/draw/PolyLine.h"
-#include "tests/cad/Models.h"
 #include "tests/support/Files.h"
+#include "tests/support/Models.h"
 #include "tests/support/Slots.h"
 #include "tests/support/Text.h"
 
@@ -361,8 +360,8 @@ TEST(Features, StopsAtTheFirstShapeThatGivesZero)
     EXPECT_EQ(Exported(features), (Export{0, Below(R"(
    <Features>
       <Location x="0.000000" y="0.000000"/>
-first at 1
-second at 1
+first 1
+second 1
 )")}));
 }
 

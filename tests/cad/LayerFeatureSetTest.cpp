@@ -10,14 +10,13 @@
 #include <gtest/gtest.h>
 
 #include "ipc2581/base/platform/Afx.h"
-#include "ipc2581/base/platform/CString.h"
 #include "ipc2581/cad/Features.h"
 #include "ipc2581/cad/Hole.h"
 #include "ipc2581/cad/Pad.h"
 #include "ipc2581/content/DicDraw_Circle.h"
 #include "ipc2581/draw/DrawObj.h"
-#include "tests/cad/Models.h"
 #include "tests/support/Files.h"
+#include "tests/support/Models.h"
 #include "tests/support/Slots.h"
 #include "tests/support/Text.h"
 

@@ -12,8 +12,8 @@
 #include "ipc2581/base/platform/Afx.h"
 #include "ipc2581/base/platform/CString.h"
 #include "ipc2581/cad/LayerFeatureSet.h"
-#include "tests/cad/Models.h"
 #include "tests/support/Files.h"
+#include "tests/support/Models.h"
 #include "tests/support/Slots.h"
 #include "tests/support/Text.h"
 
@@ -273,7 +273,7 @@ TEST(LayerFeature, StopsAtTheFirstSetThatGivesZero)
     feature.SetArray.Add(new Writing<Set>("first", 0));
     feature.SetArray.Add(new Writing<Set>("second"));
     EXPECT_EQ(Exported(feature),
-              (Export{0, Joined({R"(   <LayerFeature layerRef="">)"}) + ColourSet("") + "first at 1\n"}));
+              (Export{0, Joined({R"(   <LayerFeature layerRef="">)"}) + ColourSet("") + "first 1\n"}));
 }
 
 TEST(LayerFeature, GetsOneMoreSetInEachCycle)

@@ -11,12 +11,14 @@
 #include "ipc2581/base/ExPtrArray.h"
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/cad/CadData.h"
+#include "tests/support/Derived.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
 #include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Behind;
 using ipc2581::tests::Below;
 using ipc2581::tests::Export;
 using ipc2581::tests::Exported;
@@ -28,12 +30,6 @@ using ipc2581::tests::Texts;
 
 using Layer = CIPC2581_Ecad_CadData_Layer;
 using LayerArray = CIPC2581_Ecad_CadData_LayerArray;
-
-template <typename Model>
-class Behind : public Model {
-public:
-    virtual void Next() {}
-};
 
 // The four texts of a layer, in their order.
 Texts FieldsOf(const Layer & layer)

@@ -13,13 +13,16 @@
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/Afx.h"
 #include "ipc2581/cad/LogicalNetPin.h"
+#include "tests/support/Derived.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
 #include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Behind;
 using ipc2581::tests::Below;
+using ipc2581::tests::Counted;
 using ipc2581::tests::Export;
 using ipc2581::tests::Exported;
 using ipc2581::tests::Joined;
@@ -27,17 +30,12 @@ using ipc2581::tests::Lines;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Str;
 using ipc2581::tests::Texts;
+using ipc2581::tests::Writing;
 
 using Net = CIPC2581_Ecad_CadData_Step_LogicalNet;
 using NetArray = CIPC2581_Ecad_CadData_Step_LogicalNetArray;
 using Pin = CIPC2581_Ecad_CadData_Step_LogicalNet_LogicalNetPin;
 using PinArray = CIPC2581_Ecad_CadData_Step_LogicalNet_LogicalNetPinArray;
-
-template <typename Model>
-class Behind : public Model {
-public:
-    virtual void Next() {}
-};
 
 Pin * NewPin(const char * pin, const char * component)
 {
@@ -161,19 +159,6 @@ TEST(LogicalNet, AnAssignmentSharesThePinsAndDropsItsOwn)
     EXPECT_EQ(former->GetSize(), 1);
     target.LogicalNetPinArray = nullptr;
 }
-
-// Counts the objects that are deleted.
-template <typename Model>
-class Counted : public Model {
-public:
-    explicit Counted(int & deleted) : m_deleted(deleted) {}
-    Counted(const Counted &) = delete;
-    Counted & operator=(const Counted &) = delete;
-    ~Counted() override { ++m_deleted; }
-
-private:
-    int & m_deleted;
-};
 
 TEST(LogicalNet, DeletesItsPins)
 {
@@ -326,27 +311,12 @@ TEST(LogicalNet, WritesItsLines)
     EXPECT_EQ(Exported(empty, 1), (Export{1, Joined({R"(      <LogicalNet name="">)", "      </LogicalNet>"})}));
 }
 
-// Writes its name and its level in place of its lines.
-template <typename Model>
-class Marked : public Model {
-public:
-    explicit Marked(int result) : m_result(result) {}
-    int Export(CStdioFile & file, int level) override
-    {
-        file.WriteString(("mark " + std::to_string(level) + "\n").c_str());
-        return m_result;
-    }
-
-private:
-    int m_result;
-};
-
 TEST(LogicalNet, StopsAtAPinThatRefuses)
 {
     Net net;
-    net.LogicalNetPinArray->Add(new Marked<Pin>(1));
-    net.LogicalNetPinArray->Add(new Marked<Pin>(0));
-    net.LogicalNetPinArray->Add(new Marked<Pin>(1));
+    net.LogicalNetPinArray->Add(new Writing<Pin>("mark", 1));
+    net.LogicalNetPinArray->Add(new Writing<Pin>("mark", 0));
+    net.LogicalNetPinArray->Add(new Writing<Pin>("mark", 1));
     EXPECT_EQ(Exported(net, 0), (Export{0, Below(R"(
    <LogicalNet name="">
 mark 1
@@ -371,10 +341,10 @@ TEST(LogicalNetArray, WritesAtItsOwnLevelUpToTheFirstThatRefuses)
 {
     NetArray nets;
     EXPECT_EQ(Exported(nets, 3), (Export{1, ""}));
-    nets.Add(new Marked<Net>(1));
+    nets.Add(new Writing<Net>("mark", 1));
     EXPECT_EQ(Exported(nets, 3), (Export{1, "mark 3\n"}));
-    nets.Add(new Marked<Net>(0));
-    nets.Add(new Marked<Net>(1));
+    nets.Add(new Writing<Net>("mark", 0));
+    nets.Add(new Writing<Net>("mark", 1));
     EXPECT_EQ(Exported(nets, 3), (Export{0, "mark 3\nmark 3\n"}));
 }
 
@@ -448,8 +418,8 @@ TEST(LogicalNetPinArray, IsAnOwningArrayWithAnExport)
     EXPECT_EQ(Slot(&Behind<PinArray>::Next), 9u);
     PinArray pins;
     EXPECT_EQ(Exported(pins, 3), (Export{1, ""}));
-    pins.Add(new Marked<Pin>(0));
-    pins.Add(new Marked<Pin>(1));
+    pins.Add(new Writing<Pin>("mark", 0));
+    pins.Add(new Writing<Pin>("mark", 1));
     EXPECT_EQ(Exported(pins, 3), (Export{0, "mark 3\n"}));
 }
 

@@ -1,15 +1,11 @@
 #include <cstddef>
 #include <cstdint>
-#include <initializer_list>
 #include <memory>
-#include <string>
-#include <string_view>
 #include <type_traits>
 
 #include <gtest/gtest.h>
 
 #include "ipc2581/base/platform/Afx.h"
-#include "ipc2581/base/platform/CString.h"
 #include "ipc2581/cad/AssemblyDrawing.h"
 #include "ipc2581/cad/LandPattern.h"
 #include "ipc2581/cad/Package.h"
@@ -25,8 +21,8 @@
 #include "ipc2581/draw/Outline.h"
 #include "ipc2581/draw/PolyStep.h"
 #include "ipc2581/draw/Polygon.h"
-#include "tests/cad/Models.h"
 #include "tests/support/Files.h"
+#include "tests/support/Models.h"
 #include "tests/support/Slots.h"
 #include "tests/support/Text.h"
 
@@ -457,10 +453,10 @@ TEST(PackageOutline, StopsAtTheFirstPartThatGivesZero)
     EXPECT_EQ(Exported(outline), (Export{0, Below(R"(
    <Outline>
       <LineDesc lineEnd="ROUND" lineWidth="0.000000" />
-polygon at 1
+polygon 1
 )")}));
     Replace(outline.LineDesc, std::make_unique<Writing<CIPC2581_LineDesc>>("line", 0));
-    EXPECT_EQ(Exported(outline), (Export{0, "   <Outline>\nline at 1\n"}));
+    EXPECT_EQ(Exported(outline), (Export{0, "   <Outline>\nline 1\n"}));
 }
 
 TEST(AssemblyDrawing, StartsEmpty)
@@ -663,10 +659,10 @@ TEST(AssemblyDrawing, StopsAtTheFirstPartThatGivesZero)
     Replace(drawing.Outline, std::make_unique<Writing<CIPC2581_Outline>>("outline"));
     AddStep(*drawing.Outline, 3.0, 4.0);
     drawing.TargetArray.Add(TargetThatStops());
-    EXPECT_EQ(Exported(drawing), (Export{0, "   <AssemblyDrawing>\noutline at 1\n" + Indented(kStoppedTarget, 1)}));
+    EXPECT_EQ(Exported(drawing), (Export{0, "   <AssemblyDrawing>\noutline 1\n" + Indented(kStoppedTarget, 1)}));
     Replace(drawing.Outline, std::make_unique<Writing<CIPC2581_Outline>>("outline", 0));
     AddStep(*drawing.Outline, 3.0, 4.0);
-    EXPECT_EQ(Exported(drawing), (Export{0, "   <AssemblyDrawing>\noutline at 1\n"}));
+    EXPECT_EQ(Exported(drawing), (Export{0, "   <AssemblyDrawing>\noutline 1\n"}));
 }
 
 TEST(LandPattern, StartsEmpty)
@@ -784,7 +780,7 @@ TEST(LandPattern, StopsAtTheFirstElementThatGivesZero)
     pattern.TargetArray.Add(TargetThatStops());
     EXPECT_EQ(Exported(pattern), (Export{0, "   <LandPattern>\n" + Indented(kStoppedTarget, 1)}));
     pattern.PadArray.Add(new Writing<Pad>("pad", 0));
-    EXPECT_EQ(Exported(pattern), (Export{0, "   <LandPattern>\npad at 1\n"}));
+    EXPECT_EQ(Exported(pattern), (Export{0, "   <LandPattern>\npad 1\n"}));
 }
 
 TEST(SilkScreen, StartsEmpty)
@@ -913,7 +909,7 @@ TEST(SilkScreen, StopsAtTheFirstPartThatGivesZero)
     silkScreen.TargetArray.Add(TargetThatStops());
     EXPECT_EQ(Exported(silkScreen), (Export{0, "   <SilkScreen>\n" + Indented(kStoppedTarget, 1)}));
     Replace(silkScreen.Outline, std::make_unique<Writing<CIPC2581_Outline>>("outline", 0));
-    EXPECT_EQ(Exported(silkScreen), (Export{0, "   <SilkScreen>\noutline at 1\n"}));
+    EXPECT_EQ(Exported(silkScreen), (Export{0, "   <SilkScreen>\noutline 1\n"}));
 }
 
 TEST(SilkScreenArray, OwnsItsElementsAndCannotBeWritten)

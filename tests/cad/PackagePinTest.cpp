@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstddef>
-#include <initializer_list>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -17,8 +16,8 @@
 #include "ipc2581/draw/LineDesc.h"
 #include "ipc2581/draw/Polygon.h"
 #include "ipc2581/draw/Xform.h"
-#include "tests/cad/Models.h"
 #include "tests/support/Files.h"
+#include "tests/support/Models.h"
 #include "tests/support/Slots.h"
 #include "tests/support/Text.h"
 

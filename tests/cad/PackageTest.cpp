@@ -18,8 +18,8 @@
 #include "ipc2581/cad/Step.h"
 #include "ipc2581/cad/Target.h"
 #include "ipc2581/draw/Outline.h"
-#include "tests/cad/Models.h"
 #include "tests/support/Files.h"
+#include "tests/support/Models.h"
 #include "tests/support/Slots.h"
 #include "tests/support/Text.h"
 
@@ -539,9 +539,9 @@ TEST(Package, WritesItsChildrenInItsOwnOrder)
     package.PinArray.Add(new Writing<Pin>("pin"));
     EXPECT_EQ(Exported(package, 2), (Export{1, Below(R"(
          <Package name="P1" type="SOIC">
-outline at 3
+outline 3
             <SilkScreen>
-silk screen at 4
+silk screen 4
             </SilkScreen>
             <AssemblyDrawing>
                <Outline>
@@ -551,12 +551,12 @@ silk screen at 4
                   </Polygon>
                   <LineDesc lineEnd="ROUND" lineWidth="0.000000" />
                </Outline>
-drawing at 4
+drawing 4
             </AssemblyDrawing>
             <LandPattern>
-pad at 4
+pad 4
             </LandPattern>
-pin at 3
+pin 3
          </Package>
 )")}));
 }
@@ -566,18 +566,18 @@ TEST(Package, StopsAtTheFirstChildThatGivesZero)
     const std::string opening = Joined({R"(   <Package name="" type="">)"});
     Package package;
     package.PinArray.Add(new Writing<Pin>("pin", 0));
-    EXPECT_EQ(Exported(package), (Export{0, opening + "      <SilkScreen>\n      </SilkScreen>\npin at 1\n"}));
+    EXPECT_EQ(Exported(package), (Export{0, opening + "      <SilkScreen>\n      </SilkScreen>\npin 1\n"}));
     package.LandPattern.PadArray.Add(new Writing<Pad>("pad", 0));
     EXPECT_EQ(Exported(package), (Export{0, opening + "      <SilkScreen>\n      </SilkScreen>\n"
-                                                      "      <LandPattern>\npad at 2\n"}));
+                                                      "      <LandPattern>\npad 2\n"}));
     package.AssemblyDrawing.Outline->Polygon->PolyStepArray->Add(new CIPC2581_PolyStep);
     package.AssemblyDrawing.TargetArray.Add(new Writing<Target>("drawing", 0));
     EXPECT_EQ(Exported(package).result, 0);
     EXPECT_EQ(Written(package).find("pad"), std::string::npos);
     package.SilkScreen.TargetArray.Add(new Writing<Target>("silk screen", 0));
-    EXPECT_EQ(Exported(package), (Export{0, opening + "      <SilkScreen>\nsilk screen at 2\n"}));
+    EXPECT_EQ(Exported(package), (Export{0, opening + "      <SilkScreen>\nsilk screen 2\n"}));
     Replace(package.Outline, std::make_unique<Writing<CIPC2581_Outline>>("outline", 0));
-    EXPECT_EQ(Exported(package), (Export{0, opening + "outline at 1\n"}));
+    EXPECT_EQ(Exported(package), (Export{0, opening + "outline 1\n"}));
 }
 
 TEST(Package, WritesTheSilkScreenAloneWhenItIsEmpty)

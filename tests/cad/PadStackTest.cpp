@@ -16,8 +16,8 @@
 #include "ipc2581/cad/Hole.h"
 #include "ipc2581/cad/Pad.h"
 #include "ipc2581/cad/Step.h"
-#include "tests/cad/Models.h"
 #include "tests/support/Files.h"
+#include "tests/support/Models.h"
 
 namespace {
 

@@ -10,8 +10,8 @@
 
 #include "ipc2581/base/platform/Afx.h"
 #include "ipc2581/base/platform/CString.h"
-#include "tests/cad/Models.h"
 #include "tests/support/Files.h"
+#include "tests/support/Models.h"
 #include "tests/support/Slots.h"
 #include "tests/support/Text.h"
 

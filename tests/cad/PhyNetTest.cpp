@@ -13,13 +13,16 @@
 #include "ipc2581/base/platform/Afx.h"
 #include "ipc2581/cad/PhyNetGroup.h"
 #include "ipc2581/cad/PhyNetPoint.h"
+#include "tests/support/Derived.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
 #include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Behind;
 using ipc2581::tests::Below;
+using ipc2581::tests::Counted;
 using ipc2581::tests::Export;
 using ipc2581::tests::Exported;
 using ipc2581::tests::Joined;
@@ -27,46 +30,13 @@ using ipc2581::tests::Lines;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Str;
 using ipc2581::tests::Texts;
+using ipc2581::tests::Writing;
 
 using Group = CIPC2581_Ecad_CadData_Step_PhyNetGroup;
 using Net = CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet;
 using NetArray = CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNetArray;
 using Point = CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet_PhyNetPoint;
 using PointArray = CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet_PhyNetPointArray;
-
-template <typename Model>
-class Behind : public Model {
-public:
-    virtual void Next() {}
-};
-
-// Counts the objects that are deleted.
-template <typename Model>
-class Counted : public Model {
-public:
-    explicit Counted(int & deleted) : m_deleted(deleted) {}
-    Counted(const Counted &) = delete;
-    Counted & operator=(const Counted &) = delete;
-    ~Counted() override { ++m_deleted; }
-
-private:
-    int & m_deleted;
-};
-
-// Writes its level in place of its lines.
-template <typename Model>
-class Marked : public Model {
-public:
-    explicit Marked(int result) : m_result(result) {}
-    int Export(CStdioFile & file, int level) override
-    {
-        file.WriteString(("mark " + std::to_string(level) + "\n").c_str());
-        return m_result;
-    }
-
-private:
-    int m_result;
-};
 
 struct PointFields {
     double x = 0;
@@ -285,9 +255,9 @@ TEST(PhyNetGroup, WritesItsLines)
 TEST(PhyNetGroup, StopsAtANetThatRefuses)
 {
     Group group;
-    group.PhyNetArray.Add(new Marked<Net>(1));
-    group.PhyNetArray.Add(new Marked<Net>(0));
-    group.PhyNetArray.Add(new Marked<Net>(1));
+    group.PhyNetArray.Add(new Writing<Net>("mark", 1));
+    group.PhyNetArray.Add(new Writing<Net>("mark", 0));
+    group.PhyNetArray.Add(new Writing<Net>("mark", 1));
     EXPECT_EQ(Exported(group, 0), (Export{0, Below(R"(
    <PhyNetGroup name="">
 mark 1
@@ -443,9 +413,9 @@ TEST(PhyNet, WritesItsLines)
 TEST(PhyNet, StopsAtAPointThatRefuses)
 {
     Net net;
-    net.PhyNetPointArray.Add(new Marked<Point>(1));
-    net.PhyNetPointArray.Add(new Marked<Point>(0));
-    net.PhyNetPointArray.Add(new Marked<Point>(1));
+    net.PhyNetPointArray.Add(new Writing<Point>("mark", 1));
+    net.PhyNetPointArray.Add(new Writing<Point>("mark", 0));
+    net.PhyNetPointArray.Add(new Writing<Point>("mark", 1));
     EXPECT_EQ(Exported(net, 0), (Export{0, Below(R"(
    <PhyNet name="">
 mark 1
@@ -646,15 +616,15 @@ TEST(PhyNetArrays, WriteAtTheirOwnLevelUpToTheFirstThatRefuses)
 {
     NetArray nets;
     EXPECT_EQ(Exported(nets, 3), (Export{1, ""}));
-    nets.Add(new Marked<Net>(1));
+    nets.Add(new Writing<Net>("mark", 1));
     EXPECT_EQ(Exported(nets, 3), (Export{1, "mark 3\n"}));
-    nets.Add(new Marked<Net>(0));
-    nets.Add(new Marked<Net>(1));
+    nets.Add(new Writing<Net>("mark", 0));
+    nets.Add(new Writing<Net>("mark", 1));
     EXPECT_EQ(Exported(nets, 3), (Export{0, "mark 3\nmark 3\n"}));
     PointArray points;
     EXPECT_EQ(Exported(points, 3), (Export{1, ""}));
-    points.Add(new Marked<Point>(0));
-    points.Add(new Marked<Point>(1));
+    points.Add(new Writing<Point>("mark", 0));
+    points.Add(new Writing<Point>("mark", 1));
     EXPECT_EQ(Exported(points, 4), (Export{0, "mark 4\n"}));
 }
 

@@ -13,8 +13,8 @@
 #include "ipc2581/draw/Cutout.h"
 #include "ipc2581/draw/DrawObj.h"
 #include "ipc2581/draw/Polygon.h"
-#include "tests/cad/Models.h"
 #include "tests/support/Files.h"
+#include "tests/support/Models.h"
 #include "tests/support/Slots.h"
 #include "tests/support/Text.h"
 
@@ -367,9 +367,9 @@ TEST(Profile, StopsAtTheFirstPartThatGivesZero)
     profile.Cutouts->Add(new Writing<CIPC2581_Cutout>("second", 0));
     profile.Cutouts->Add(new Writing<CIPC2581_Cutout>("third"));
     Replace(profile.Polygon, std::make_unique<Writing<CIPC2581_Polygon>>("polygon"));
-    EXPECT_EQ(Exported(profile), (Export{0, "   <Profile>\npolygon at 1\nfirst at 1\nsecond at 1\n"}));
+    EXPECT_EQ(Exported(profile), (Export{0, "   <Profile>\npolygon 1\nfirst 1\nsecond 1\n"}));
     Replace(profile.Polygon, std::make_unique<Writing<CIPC2581_Polygon>>("polygon", 0));
-    EXPECT_EQ(Exported(profile), (Export{0, "   <Profile>\npolygon at 1\n"}));
+    EXPECT_EQ(Exported(profile), (Export{0, "   <Profile>\npolygon 1\n"}));
 }
 
 }  // namespace

@@ -13,13 +13,16 @@
 #include "ipc2581/base/platform/Afx.h"
 #include "ipc2581/cad/StackupGroup.h"
 #include "ipc2581/cad/StackupLayer.h"
+#include "tests/support/Derived.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
 #include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Behind;
 using ipc2581::tests::Below;
+using ipc2581::tests::Counted;
 using ipc2581::tests::Export;
 using ipc2581::tests::Exported;
 using ipc2581::tests::Joined;
@@ -32,12 +35,6 @@ using ipc2581::tests::Tokens;
 using Stackup = CIPC2581_Ecad_CadData_Stackup;
 using Group = CIPC2581_Ecad_CadData_Stackup_StackupGroup;
 using StackLayer = CIPC2581_Ecad_CadData_Stackup_StackupGroup_StackupLayer;
-
-template <typename Model>
-class Behind : public Model {
-public:
-    virtual void Next() {}
-};
 
 Texts FieldsOf(const Stackup & stackup)
 {
@@ -506,18 +503,6 @@ TEST(StackupArrays, OwnTheirElements)
     EXPECT_EQ(Slot(&Behind<GroupArray>::Next), 9u);
     EXPECT_EQ(Slot(&Behind<LayerArray>::Next), 8u);
 }
-
-template <typename Element>
-class Counted : public Element {
-public:
-    explicit Counted(int & deleted) : m_deleted(deleted) {}
-    Counted(const Counted &) = delete;
-    Counted & operator=(const Counted &) = delete;
-    ~Counted() override { ++m_deleted; }
-
-private:
-    int & m_deleted;
-};
 
 TEST(StackupArrays, DeleteTheirElements)
 {

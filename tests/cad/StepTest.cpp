@@ -1,7 +1,6 @@
 #include "ipc2581/cad/Step.h"
 
 #include <algorithm>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -12,7 +11,6 @@
 
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/Afx.h"
-#include "ipc2581/base/platform/CProgressCtrl.h"
 #include "ipc2581/cad/Component.h"
 #include "ipc2581/cad/LayerFeature.h"
 #include "ipc2581/cad/LogicalNet.h"
@@ -21,12 +19,16 @@
 #include "ipc2581/cad/PhyNet.h"
 #include "ipc2581/draw/DrawObj.h"
 #include "ipc2581/draw/Polygon.h"
+#include "tests/support/Derived.h"
 #include "tests/support/Files.h"
+#include "tests/support/Progress.h"
 #include "tests/support/Slots.h"
 #include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Bar;
+using ipc2581::tests::Behind;
 using ipc2581::tests::Below;
 using ipc2581::tests::Export;
 using ipc2581::tests::Exported;
@@ -36,31 +38,11 @@ using ipc2581::tests::Slot;
 using ipc2581::tests::Str;
 using ipc2581::tests::Texts;
 using ipc2581::tests::Tokens;
+using ipc2581::tests::Writing;
 
 using Step = CIPC2581_Ecad_CadData_Step;
 using Component = CIPC2581_Ecad_CadData_Step_Component;
 using Package = CIPC2581_Ecad_CadData_Step_Package;
-
-class Behind : public Step {
-public:
-    virtual void Next() {}
-};
-
-class Bar : public CProgressCtrl {
-public:
-    int SetPos(int position) override
-    {
-        positions.push_back(position);
-        if (look) {
-            seen.push_back(look());
-        }
-        return CProgressCtrl::SetPos(position);
-    }
-
-    std::vector<int> positions;
-    std::function<std::string()> look;
-    Texts seen;
-};
 
 // What ReadStep makes of the Step line and of the lines behind it.
 class Read {
@@ -145,7 +127,7 @@ TEST(Step, HasItsOperationsInOrder)
     EXPECT_TRUE((std::is_base_of_v<CIPC2581_XmlDataAdd_Function, Step>));
     EXPECT_TRUE(std::has_virtual_destructor_v<Step>);
     EXPECT_EQ(Slot(&Step::Export), 2u);
-    EXPECT_EQ(Slot(&Behind::Next), 3u);
+    EXPECT_EQ(Slot(&Behind<Step>::Next), 3u);
 }
 
 TEST(Step, InitEmptiesTheNameAndForgetsTheBar)
@@ -863,34 +845,18 @@ TEST(Step, KeepsTheFileOrderOfChildrenOfOneKind)
     EXPECT_LT(text.find(R"(refDes="B")"), text.find(R"(refDes="A")"));
 }
 
-// A child that writes its name and its level in place of its lines.
-template <typename Model>
-class Marked : public Model {
-public:
-    Marked(std::string mark, int result) : m_mark(std::move(mark)), m_result(result) {}
-    int Export(CStdioFile & file, int level) override
-    {
-        file.WriteString((m_mark + " " + std::to_string(level) + "\n").c_str());
-        return m_result;
-    }
-
-private:
-    std::string m_mark;
-    int m_result;
-};
-
 // The result, and the marks of the children up to the one that refuses; all of them for -1.
 std::pair<int, Texts> MarksUpTo(int refusing)
 {
     Step step;
     int next = 0;
     const auto result = [&] { return next++ == refusing ? 0 : 1; };
-    step.Profile.Cutouts->Add(new Marked<CIPC2581_DrawObj>("cutout", result()));
-    step.PackageArray.Add(new Marked<Package>("package", result()));
-    step.ComponentArray.Add(new Marked<Component>("component", result()));
-    step.LogicalNetArray.Add(new Marked<CIPC2581_Ecad_CadData_Step_LogicalNet>("net", result()));
-    step.PhyNetGroup.PhyNetArray.Add(new Marked<CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet>("phynet", result()));
-    step.LayerFeatureArray.Add(new Marked<CIPC2581_Ecad_CadData_Step_LayerFeature>("feature", result()));
+    step.Profile.Cutouts->Add(new Writing<CIPC2581_DrawObj>("cutout", result()));
+    step.PackageArray.Add(new Writing<Package>("package", result()));
+    step.ComponentArray.Add(new Writing<Component>("component", result()));
+    step.LogicalNetArray.Add(new Writing<CIPC2581_Ecad_CadData_Step_LogicalNet>("net", result()));
+    step.PhyNetGroup.PhyNetArray.Add(new Writing<CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet>("phynet", result()));
+    step.LayerFeatureArray.Add(new Writing<CIPC2581_Ecad_CadData_Step_LayerFeature>("feature", result()));
     const Export exported = Exported(step, 0);
     Texts marks;
     for (std::size_t at = 0; at < exported.text.size(); at = exported.text.find('\n', at) + 1) {

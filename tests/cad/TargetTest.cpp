@@ -18,8 +18,8 @@
 #include "ipc2581/draw/DrawObj.h"
 #include "ipc2581/draw/PolyLine.h"
 #include "ipc2581/draw/Xform.h"
-#include "tests/cad/Models.h"
 #include "tests/support/Files.h"
+#include "tests/support/Models.h"
 #include "tests/support/Slots.h"
 #include "tests/support/Text.h"
 
@@ -317,8 +317,8 @@ TEST(Target, StopsAtTheFirstShapeThatGivesZero)
     EXPECT_EQ(Exported(target), (Export{0, Below(R"(
    <Target>
       <Location x="0.000000" y="0.000000" />
-first at 1
-second at 1
+first 1
+second 1
 )")}));
 }
 

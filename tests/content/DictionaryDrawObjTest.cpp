@@ -7,7 +7,6 @@
 #include <type_traits>
 #include <typeinfo>
 #include <utility>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -15,6 +14,7 @@
 #include "ipc2581/content/DicDraw_Polygon.h"
 #include "ipc2581/draw/DrawObj.h"
 #include "ipc2581/draw/Pt.h"
+#include "tests/support/Derived.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
 #include "tests/support/Text.h"
@@ -25,6 +25,7 @@ using ipc2581::tests::Export;
 using ipc2581::tests::Exported;
 using ipc2581::tests::Joined;
 using ipc2581::tests::Slot;
+using ipc2581::tests::Unwritable;
 using ipc2581::tests::Written;
 
 using Base = CIPC2581_DictionaryDrawObj;
@@ -39,16 +40,6 @@ CIPC2581_Pt * NewPt(int type, double x, double y)
     point->EndPoint.SetData(x, y);
     return point.release();
 }
-
-// An object of which nothing can be written.
-class Unwritable : public Base {
-public:
-    int Export(CStdioFile & file, int /*level*/) override
-    {
-        file.WriteString("unwritable\n");
-        return 0;
-    }
-};
 
 // A step of which nothing can be written.
 class UnwritablePt : public CIPC2581_Pt {
@@ -320,7 +311,7 @@ TEST(DictionaryDrawObjArray, StopsAtTheFirstElementThatCannotBeWritten)
 {
     Array array;
     array.Add(new Polygon);
-    array.Add(new Unwritable);
+    array.Add(new Unwritable<Base>);
     array.Add(new Cutout);
     EXPECT_EQ(Exported(array), (Export{0, "   <Polygon>\n   </Polygon>\nunwritable\n"}));
 }

@@ -2,7 +2,6 @@
 
 #include <initializer_list>
 #include <memory>
-#include <string>
 #include <type_traits>
 #include <utility>
 
@@ -11,17 +10,20 @@
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/content/DicDraw_Circle.h"
 #include "ipc2581/content/EntryUser.h"
+#include "tests/support/Derived.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
 #include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Alive;
 using ipc2581::tests::Below;
 using ipc2581::tests::Export;
 using ipc2581::tests::Exported;
 using ipc2581::tests::Joined;
 using ipc2581::tests::Slot;
+using ipc2581::tests::Unwritable;
 using ipc2581::tests::Written;
 
 using Dictionary = CIPC2581_Content_DictionaryUser;
@@ -50,27 +52,6 @@ std::unique_ptr<Dictionary> With(const char * unit, const char * id)
     dictionary->SetEntry(NewEntry(id, {1}).release());
     return dictionary;
 }
-
-// An entry of which nothing can be written.
-class Unwritable : public Entry {
-public:
-    int Export(CStdioFile & file, int /*level*/) override
-    {
-        file.WriteString("unwritable\n");
-        return 0;
-    }
-};
-
-int g_alive = 0;
-
-class Counted : public Entry {
-public:
-    Counted() { ++g_alive; }
-    Counted(const Counted & other) : Entry(other) { ++g_alive; }
-    Counted & operator=(const Counted &) = delete;
-    ~Counted() override { --g_alive; }
-    Counted * clone() const override { return new Counted(*this); }
-};
 
 TEST(Content_DictionaryUser_EntryUser, StartsEmpty)
 {
@@ -184,23 +165,23 @@ TEST(Content_DictionaryUser_EntryUserArray, OwnsItsEntriesAndClonesThemThroughTh
 {
     {
         Array source;
-        source.Add(new Counted);
+        source.Add(new Alive<Entry>);
         source.GetAt(0)->ID = "A";
         Array assigned;
-        assigned.Add(new Counted);
-        assigned.Add(new Counted);
-        EXPECT_EQ(g_alive, 3);
+        assigned.Add(new Alive<Entry>);
+        assigned.Add(new Alive<Entry>);
+        EXPECT_EQ(Alive<Entry>::count, 3);
         assigned = source;
-        EXPECT_EQ(g_alive, 2);
+        EXPECT_EQ(Alive<Entry>::count, 2);
         const std::unique_ptr<const Array> cloned(std::as_const(source).clone());
         const Array constructed(source);
-        EXPECT_EQ(g_alive, 4);
+        EXPECT_EQ(Alive<Entry>::count, 4);
         for (const Array * copy : {cloned.get(), &constructed, &std::as_const(assigned)}) {
             ASSERT_EQ(copy->GetSize(), 1);
             EXPECT_EQ(copy->GetAt(0)->ID, "A");
         }
     }
-    EXPECT_EQ(g_alive, 0);
+    EXPECT_EQ(Alive<Entry>::count, 0);
 }
 
 TEST(Content_DictionaryUser_EntryUserArray, AssigningItselfKeepsTheEntries)
@@ -232,7 +213,7 @@ TEST(Content_DictionaryUser_EntryUserArray, StopsAtTheFirstEntryThatCannotBeWrit
 {
     Array array;
     array.Add(NewEntry("A").release());
-    array.Add(new Unwritable);
+    array.Add(new Unwritable<Entry>);
     array.Add(NewEntry("B").release());
     EXPECT_EQ(Exported(array), (Export{0, Below(R"(
    <EntryUser id="A">
@@ -287,8 +268,8 @@ TEST(Content_DictionaryUser, SetEntryAddsTheEntryAndOwnsIt)
 {
     {
         Dictionary dictionary;
-        auto * const first = new Counted;
-        auto * const second = new Counted;
+        auto * const first = new Alive<Entry>;
+        auto * const second = new Alive<Entry>;
         first->ID = "B";
         second->ID = "A";
         dictionary.SetEntry(first);
@@ -297,9 +278,9 @@ TEST(Content_DictionaryUser, SetEntryAddsTheEntryAndOwnsIt)
         EXPECT_EQ(dictionary.EntryArray->GetAt(0), first);
         EXPECT_EQ(dictionary.EntryArray->GetAt(1), second);
         EXPECT_EQ(dictionary.EntryArray->pGetEntryUserWithID("A"), second);
-        EXPECT_EQ(g_alive, 2);
+        EXPECT_EQ(Alive<Entry>::count, 2);
     }
-    EXPECT_EQ(g_alive, 0);
+    EXPECT_EQ(Alive<Entry>::count, 0);
 }
 
 TEST(Content_DictionaryUser, WritesItsEntriesOneLevelDeeper)
@@ -390,13 +371,13 @@ TEST(Content_DictionaryUser, InitDeletesTheEntriesAndKeepsTheArray)
 {
     Dictionary dictionary;
     dictionary.Unit = "MM";
-    dictionary.SetEntry(new Counted);
+    dictionary.SetEntry(new Alive<Entry>);
     const Array * const array = dictionary.EntryArray;
     dictionary.Init();
     EXPECT_EQ(dictionary.Unit, "");
     EXPECT_EQ(dictionary.EntryArray, array);
     EXPECT_TRUE(array->IsEmpty());
-    EXPECT_EQ(g_alive, 0);
+    EXPECT_EQ(Alive<Entry>::count, 0);
 }
 
 TEST(Content_DictionaryUser, InitMakesAMissingArray)

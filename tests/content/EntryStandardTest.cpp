@@ -15,12 +15,14 @@
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/Afx.h"
 #include "ipc2581/content/DicDraw.h"
+#include "tests/support/Derived.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
 #include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Alive;
 using ipc2581::tests::Below;
 using ipc2581::tests::Export;
 using ipc2581::tests::Exported;
@@ -28,6 +30,7 @@ using ipc2581::tests::Joined;
 using ipc2581::tests::Lines;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Texts;
+using ipc2581::tests::Unwritable;
 using ipc2581::tests::Written;
 
 using Entry = CIPC2581_Content_DictionaryStandard_EntryStandard;
@@ -106,27 +109,6 @@ std::unique_ptr<Entry> NewEntry(const char * id, std::initializer_list<double> d
     }
     return entry;
 }
-
-// An entry of which nothing can be written.
-class Unwritable : public Entry {
-public:
-    int Export(CStdioFile & file, int /*level*/) override
-    {
-        file.WriteString("unwritable\n");
-        return 0;
-    }
-};
-
-int g_alive = 0;
-
-class Counted : public Entry {
-public:
-    Counted() { ++g_alive; }
-    Counted(const Counted & other) : Entry(other) { ++g_alive; }
-    Counted & operator=(const Counted &) = delete;
-    ~Counted() override { --g_alive; }
-    Counted * clone() const override { return new Counted(*this); }
-};
 
 TEST(Content_DictionaryStandard_EntryStandard, StartsEmpty)
 {
@@ -445,7 +427,7 @@ TEST(Content_DictionaryStandard_EntryStandardArray, StopsAtTheFirstEntryThatCann
 {
     Array array;
     array.Add(NewEntry("A").release());
-    array.Add(new Unwritable);
+    array.Add(new Unwritable<Entry>);
     array.Add(NewEntry("B").release());
     EXPECT_EQ(Exported(array), (Export{0, Below(R"(
    <EntryStandard id="A">
@@ -458,21 +440,21 @@ TEST(Content_DictionaryStandard_EntryStandardArray, OwnsItsEntriesAndClonesThemT
 {
     {
         Array source;
-        source.Add(new Counted);
+        source.Add(new Alive<Entry>);
         source.GetAt(0)->EntryStandardId = "A";
         Array target;
-        target.Add(new Counted);
-        target.Add(new Counted);
-        EXPECT_EQ(g_alive, 3);
+        target.Add(new Alive<Entry>);
+        target.Add(new Alive<Entry>);
+        EXPECT_EQ(Alive<Entry>::count, 3);
         target = source;
-        EXPECT_EQ(g_alive, 2);
+        EXPECT_EQ(Alive<Entry>::count, 2);
         const Array constructed(source);
-        EXPECT_EQ(g_alive, 3);
+        EXPECT_EQ(Alive<Entry>::count, 3);
         ASSERT_EQ(target.GetSize(), 1);
         EXPECT_EQ(target.GetAt(0)->EntryStandardId, "A");
         EXPECT_EQ(constructed.GetAt(0)->EntryStandardId, "A");
     }
-    EXPECT_EQ(g_alive, 0);
+    EXPECT_EQ(Alive<Entry>::count, 0);
 }
 
 TEST(Content_DictionaryStandard_EntryStandardArray, AssigningItselfKeepsTheEntries)

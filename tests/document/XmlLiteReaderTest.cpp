@@ -1,6 +1,5 @@
 #include "ipc2581/document/XmlLiteReader.h"
 
-#include <functional>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -13,12 +12,16 @@
 #include "ipc2581/base/platform/Afx.h"
 #include "ipc2581/base/platform/CProgressCtrl.h"
 #include "ipc2581/document/Parser.h"
+#include "tests/support/Derived.h"
 #include "tests/support/Files.h"
+#include "tests/support/Progress.h"
 #include "tests/support/Slots.h"
 #include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Bar;
+using ipc2581::tests::Behind;
 using ipc2581::tests::Below;
 using ipc2581::tests::Joined;
 using ipc2581::tests::MessageBoxes;
@@ -27,30 +30,6 @@ using ipc2581::tests::Str;
 using ipc2581::tests::TempFolder;
 using ipc2581::tests::Texts;
 using ipc2581::tests::Tokens;
-
-// Its own operation stands behind all those of the class.
-template <typename Model>
-class Behind : public Model {
-public:
-    virtual void Next() {}
-};
-
-// A bar that keeps its positions and what was seen at each of them.
-class Bar : public CProgressCtrl {
-public:
-    int SetPos(int position) override
-    {
-        positions.push_back(position);
-        if (look) {
-            seen.push_back(look());
-        }
-        return CProgressCtrl::SetPos(position);
-    }
-
-    std::vector<int> positions;
-    std::function<std::string()> look;
-    Texts seen;
-};
 
 Texts TextsOf(const CStringArray & list)
 {

@@ -6,34 +6,26 @@
 #include <gtest/gtest.h>
 
 #include "ipc2581/base/platform/Afx.h"
-#include "ipc2581/base/platform/CProgressCtrl.h"
 #include "ipc2581/cad/Component.h"
 #include "ipc2581/cad/Layer.h"
 #include "ipc2581/content/EntryStandard.h"
 #include "ipc2581/document/Parser.h"
 #include "ipc2581/document/XmlLiteReader.h"
 #include "ipc2581/draw/DrawObj.h"
+#include "tests/support/Derived.h"
 #include "tests/support/Files.h"
+#include "tests/support/Progress.h"
 #include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Bar;
 using ipc2581::tests::Below;
 using ipc2581::tests::Bytes;
 using ipc2581::tests::Joined;
 using ipc2581::tests::MessageBoxes;
+using ipc2581::tests::Refusing;
 using ipc2581::tests::TempFolder;
-
-class Bar : public CProgressCtrl {
-public:
-    int SetPos(int position) override
-    {
-        positions.push_back(position);
-        return CProgressCtrl::SetPos(position);
-    }
-
-    std::vector<int> positions;
-};
 
 constexpr std::string_view Declaration = Below(R"(
 <?xml version="1.0" encoding="UTF-8"?>
@@ -103,12 +95,6 @@ public:
     CIPC2581_XmlLiteReader reader;
 };
 
-// A part of the model that does not export.
-class RefusingComponent : public CIPC2581_Ecad_CadData_Step_Component {
-public:
-    int Export(CStdioFile & /*file*/, int /*level*/) override { return 0; }
-};
-
 void MakeContentFail(CIPC2581_Parser & root)
 {
     auto * entry = new CIPC2581_Content_DictionaryStandard_EntryStandard;
@@ -118,7 +104,7 @@ void MakeContentFail(CIPC2581_Parser & root)
 
 void MakeEcadFail(CIPC2581_Parser & root)
 {
-    root.m_Ecad.m_CadData.m_Step.ComponentArray.Add(new RefusingComponent);
+    root.m_Ecad.m_CadData.m_Step.ComponentArray.Add(new Refusing<CIPC2581_Ecad_CadData_Step_Component>);
 }
 
 TEST(XmlLiteReaderWrite, WritesAnEmptyRoot)

@@ -3,12 +3,11 @@
 #include <memory>
 #include <string>
 #include <type_traits>
-#include <utility>
-#include <vector>
 
 #include <gtest/gtest.h>
 
 #include "ipc2581/draw/Text.h"
+#include "tests/support/Derived.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
 #include "tests/support/Text.h"
@@ -16,9 +15,11 @@
 namespace {
 
 using ipc2581::tests::Below;
+using ipc2581::tests::Counted;
 using ipc2581::tests::Exported;
 using ipc2581::tests::Joined;
 using ipc2581::tests::Lines;
+using ipc2581::tests::Refusing;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Str;
 using ipc2581::tests::Texts;
@@ -161,12 +162,6 @@ TEST(Cutout, IsWrittenWithoutSteps)
 )"));
 }
 
-template <typename Part>
-class Refusing : public Part {
-public:
-    int Export(CStdioFile & /*file*/, int /*level*/) override { return 0; }
-};
-
 TEST(Cutout, WritingStopsWhereAChildFails)
 {
     CIPC2581_Cutout cutout;
@@ -178,19 +173,6 @@ TEST(Cutout, WritingStopsWhereAChildFails)
     EXPECT_EQ(Exported(cutout).result, 0);
     EXPECT_EQ(Written(cutout), "   <Cutout>\n");
 }
-
-// Tells of its end.
-template <typename Part>
-class Counted : public Part {
-public:
-    explicit Counted(int & deleted) : m_deleted(&deleted) {}
-    Counted(const Counted &) = delete;
-    Counted & operator=(const Counted &) = delete;
-    ~Counted() override { ++*m_deleted; }
-
-private:
-    int * m_deleted;
-};
 
 // Unlike a polygon, which keeps its parts.
 TEST(Cutout, InitReplacesItsParts)

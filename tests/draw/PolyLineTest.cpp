@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/Derived.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
 #include "tests/support/Text.h"
@@ -16,6 +17,7 @@ using ipc2581::tests::Below;
 using ipc2581::tests::Exported;
 using ipc2581::tests::Joined;
 using ipc2581::tests::Lines;
+using ipc2581::tests::Refusing;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Str;
 using ipc2581::tests::Texts;
@@ -204,12 +206,6 @@ TEST(PolyLine, IsWrittenWithoutSteps)
 </Polyline>
 )"));
 }
-
-template <typename Part>
-class Refusing : public Part {
-public:
-    int Export(CStdioFile & /*file*/, int /*level*/) override { return 0; }
-};
 
 template <typename Part>
 void Refuse(Part *& part)

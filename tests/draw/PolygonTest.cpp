@@ -2,10 +2,10 @@
 
 #include <memory>
 #include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 
+#include "tests/support/Derived.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
 #include "tests/support/Text.h"
@@ -16,9 +16,9 @@ using ipc2581::tests::Below;
 using ipc2581::tests::Exported;
 using ipc2581::tests::Joined;
 using ipc2581::tests::Lines;
+using ipc2581::tests::Refusing;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Texts;
-using ipc2581::tests::Tokens;
 using ipc2581::tests::Written;
 
 // Begin point and steps in short: "b1,2 s3,4 c5,6" for a begin point, a segment and a curve.
@@ -230,12 +230,6 @@ TEST(Polygon, DirectionThatIsNotStatedIsWrittenAsTrueAndAnUnknownOneAsFalse)
    </Polygon>
 )"));
 }
-
-template <typename Part>
-class Refusing : public Part {
-public:
-    int Export(CStdioFile & /*file*/, int /*level*/) override { return 0; }
-};
 
 TEST(Polygon, WritingStopsWhereItsBeginPointFails)
 {

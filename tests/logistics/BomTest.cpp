@@ -15,13 +15,16 @@
 #include "ipc2581/document/XmlLiteReader.h"
 #include "ipc2581/logistics/BomItem.h"
 #include "ipc2581/logistics/RefDes.h"
+#include "tests/support/Derived.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
 #include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Behind;
 using ipc2581::tests::Below;
+using ipc2581::tests::Counted;
 using ipc2581::tests::Joined;
 using ipc2581::tests::Lines;
 using ipc2581::tests::Slot;
@@ -29,13 +32,6 @@ using ipc2581::tests::Str;
 using ipc2581::tests::TempFolder;
 using ipc2581::tests::Texts;
 using ipc2581::tests::Tokens;
-
-// Its own operation stands behind all those of the class.
-template <typename Model>
-class Behind : public Model {
-public:
-    virtual void Next() {}
-};
 
 class Document {
 public:
@@ -569,19 +565,6 @@ TEST(BomRefDes, CopiesByValue)
     EXPECT_EQ(assigned.name, "R1");
     EXPECT_FALSE(assigned.populate);
 }
-
-// Counts the objects that an array deletes.
-template <typename Element>
-class Counted : public Element {
-public:
-    explicit Counted(int & deleted) : m_deleted(deleted) {}
-    Counted(const Counted &) = delete;
-    Counted & operator=(const Counted &) = delete;
-    ~Counted() override { ++m_deleted; }
-
-private:
-    int & m_deleted;
-};
 
 TEST(BomItemArray, DeletesItsItems)
 {

@@ -13,20 +13,17 @@
 #include "ipc2581/base/platform/Afx.h"
 #include "ipc2581/document/Parser.h"
 #include "ipc2581/document/XmlLiteReader.h"
+#include "tests/support/Derived.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
 #include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Behind;
 using ipc2581::tests::Below;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Tokens;
-
-class Behind : public CIPC2581_HistoryRecord {
-public:
-    virtual void Next() {}
-};
 
 struct Record {
     int number;
@@ -86,7 +83,7 @@ TEST(HistoryRecord, HasAVirtualDestructorOnlyAndNoBase)
 {
     EXPECT_TRUE(std::has_virtual_destructor_v<CIPC2581_HistoryRecord>);
     EXPECT_FALSE((std::is_base_of_v<CIPC2581_XmlDataAdd_Function, CIPC2581_HistoryRecord>));
-    EXPECT_EQ(Slot(&Behind::Next), 2u);
+    EXPECT_EQ(Slot(&Behind<CIPC2581_HistoryRecord>::Next), 2u);
 }
 
 TEST(HistoryRecord, ACopyHasAllFourFields)

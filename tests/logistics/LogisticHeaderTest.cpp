@@ -1,7 +1,6 @@
 #include "ipc2581/logistics/LogisticHeader.h"
 
 #include <string>
-#include <string_view>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -12,12 +11,14 @@
 #include "ipc2581/base/platform/Afx.h"
 #include "ipc2581/document/Parser.h"
 #include "ipc2581/document/XmlLiteReader.h"
+#include "tests/support/Derived.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
 #include "tests/support/Text.h"
 
 namespace {
 
+using ipc2581::tests::Behind;
 using ipc2581::tests::Below;
 using ipc2581::tests::Joined;
 using ipc2581::tests::Slot;
@@ -25,11 +26,6 @@ using ipc2581::tests::Str;
 using ipc2581::tests::TempFolder;
 
 using Names = std::pair<std::string, std::string>;
-
-class Behind : public CIPC2581_LogisticHeader {
-public:
-    virtual void Next() {}
-};
 
 class Document {
 public:
@@ -64,7 +60,7 @@ TEST(LogisticHeader, HasAVirtualDestructorOnly)
 {
     EXPECT_TRUE((std::is_base_of_v<CIPC2581_XmlDataAdd_Function, CIPC2581_LogisticHeader>));
     EXPECT_TRUE(std::has_virtual_destructor_v<CIPC2581_LogisticHeader>);
-    EXPECT_EQ(Slot(&Behind::Next), 2u);
+    EXPECT_EQ(Slot(&Behind<CIPC2581_LogisticHeader>::Next), 2u);
 }
 
 TEST(LogisticHeader, KeepsTheLastRoleAndPerson)

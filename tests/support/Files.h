@@ -2,6 +2,7 @@
 #define IPC2581_TESTS_SUPPORT_FILES_H
 
 #include <initializer_list>
+#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -68,6 +69,11 @@ struct Export {
     int result;
     std::string text;
     bool operator==(const Export &) const = default;
+    // For the messages of failed comparisons.
+    friend void PrintTo(const Export & exported, std::ostream * out)
+    {
+        *out << exported.result << " with\n" << exported.text;
+    }
 };
 
 namespace detail {

@@ -1,5 +1,5 @@
-#ifndef IPC2581_TESTS_CAD_MODELS_H
-#define IPC2581_TESTS_CAD_MODELS_H
+#ifndef IPC2581_TESTS_SUPPORT_MODELS_H
+#define IPC2581_TESTS_SUPPORT_MODELS_H
 
 #include <cstddef>
 #include <cstdint>
@@ -16,6 +16,7 @@
 #include "ipc2581/base/platform/Afx.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/base/platform/CString.h"
+#include "tests/support/Derived.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
 #include "tests/support/Text.h"
@@ -93,34 +94,6 @@ void ExpectLineOfBlanksThrows(const Texts & lines, Reader read)
     }
 }
 
-// An object of the model that counts its own deletion.
-template <typename Model>
-class Counted : public Model {
-public:
-    explicit Counted(int & deleted) : m_deleted(deleted) {}
-    ~Counted() override { ++m_deleted; }
-
-private:
-    int & m_deleted;
-};
-
-// An object of the model that writes a word and its level, and gives a result of its own.
-template <typename Model>
-class Writing : public Model {
-public:
-    explicit Writing(std::string word, int result = 1) : m_word(std::move(word)), m_result(result) {}
-
-    int Export(CStdioFile & file, int level) override
-    {
-        file.WriteString((m_word + " at " + std::to_string(level) + "\n").c_str());
-        return m_result;
-    }
-
-private:
-    std::string m_word;
-    int m_result;
-};
-
 // The array deletes its elements, through their virtual destructor, when it goes.
 template <typename Array, typename Model>
 void ExpectOwnsItsElements()
@@ -143,10 +116,10 @@ void ExpectWritesItsElements()
     EXPECT_EQ(Exported(array, 4), (Export{1, ""}));
     array.Add(new Writing<Model>("first"));
     array.Add(new Writing<Model>("second"));
-    EXPECT_EQ(Exported(array, 4), (Export{1, "first at 4\nsecond at 4\n"}));
+    EXPECT_EQ(Exported(array, 4), (Export{1, "first 4\nsecond 4\n"}));
     array.Add(new Writing<Model>("third", 0));
     array.Add(new Writing<Model>("fourth"));
-    EXPECT_EQ(Exported(array, 4), (Export{0, "first at 4\nsecond at 4\nthird at 4\n"}));
+    EXPECT_EQ(Exported(array, 4), (Export{0, "first 4\nsecond 4\nthird 4\n"}));
     EXPECT_TRUE(IsVirtual(&Array::Export));
     EXPECT_EQ(Slot(&Array::Export), kFirstArraySlot);
 }
