@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "ipc2581/base/platform/Afx.h"
+#include "tests/cad/Holes.h"
 #include "tests/support/Files.h"
 #include "tests/support/Models.h"
 #include "tests/support/Slots.h"
@@ -59,12 +60,6 @@ void ExpectEmptyTexts(const Hole & hole)
     EXPECT_EQ(hole.MinusTol, "");
     EXPECT_EQ(hole.ToLayer, "");
     EXPECT_EQ(hole.FromLayer, "");
-}
-
-void ExpectAt(const Hole & hole, double x, double y)
-{
-    EXPECT_EQ(hole.Location.GetX(), x);
-    EXPECT_EQ(hole.Location.GetY(), y);
 }
 
 TEST(Hole, StartsEmpty)

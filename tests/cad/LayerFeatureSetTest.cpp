@@ -15,6 +15,7 @@
 #include "ipc2581/cad/Pad.h"
 #include "ipc2581/content/DicDraw_Circle.h"
 #include "ipc2581/draw/DrawObj.h"
+#include "tests/cad/Holes.h"
 #include "tests/support/Files.h"
 #include "tests/support/Models.h"
 #include "tests/support/Slots.h"
@@ -33,20 +34,6 @@ Texts Read(Set & set, std::initializer_list<std::string_view> lines)
     Lines file(lines);
     set.SetAdd(file);
     return file.Rest();
-}
-
-using Five = std::array<std::string, 5>;
-
-// Name, diameter, plating status and the two tolerances.
-Five TextsOf(const Hole & hole)
-{
-    return {Str(hole.Name), Str(hole.Diameter), Str(hole.PlatingStatus), Str(hole.PlusTol), Str(hole.MinusTol)};
-}
-
-void ExpectAt(const Hole & hole, double x, double y)
-{
-    EXPECT_EQ(hole.Location.GetX(), x);
-    EXPECT_EQ(hole.Location.GetY(), y);
 }
 
 void Fill(Set & set)
@@ -75,7 +62,7 @@ void ExpectFilledButForTheHolePosition(const Set & set)
     EXPECT_EQ(set.Pad.Pin, "4");
     EXPECT_EQ(set.Pad.Location.GetX(), 5.0);
     EXPECT_EQ(set.Pad.Location.GetY(), 6.0);
-    EXPECT_EQ(TextsOf(set.Hole), (Five{"H", "0.3", "", "", ""}));
+    EXPECT_EQ(TextsOf(set.Hole), (HoleTexts{"H", "0.3", "", "", ""}));
 }
 
 TEST(LayerFeatureSet, StartsEmpty)
@@ -89,7 +76,7 @@ TEST(LayerFeatureSet, StartsEmpty)
     EXPECT_EQ(set.PadUsage, "");
     EXPECT_TRUE(set.Features.DrawObjArray.IsEmpty());
     EXPECT_EQ(set.Pad.Pin, "");
-    EXPECT_EQ(TextsOf(set.Hole), Five{});
+    EXPECT_EQ(TextsOf(set.Hole), HoleTexts{});
     ExpectAt(set.Hole, 0.0, 0.0);
 }
 
@@ -183,7 +170,7 @@ TEST(LayerFeatureSet, ASecondPadOrHoleWritesOverTheFieldsThatItNames)
     EXPECT_EQ(set.Pad.Pin, "1");
     EXPECT_EQ(set.Pad.Location.GetX(), 3.0);
     EXPECT_EQ(set.Pad.Location.GetY(), 2.0);
-    EXPECT_EQ(TextsOf(set.Hole), (Five{"H1", "2", "", "", ""}));
+    EXPECT_EQ(TextsOf(set.Hole), (HoleTexts{"H1", "2", "", "", ""}));
     ExpectAt(set.Hole, 3.0, 2.0);
 }
 
@@ -293,7 +280,7 @@ TEST(LayerFeatureSet, ScansTheLineOfAHoleTwiceInEachStep)
 {
     const struct {
         const char * line;
-        Five texts;
+        HoleTexts texts;
         double x;
         double y;
     } rows[] = {
@@ -337,7 +324,7 @@ TEST(LayerFeatureSet, KeepsTheLastValueOfASelfClosingHoleClean)
     Set set;
     Read(set, {R"(<Hole x="1" y="2" name="H" diameter="0.300" platingStatus="VIA" plusTol="0" minusTol="0.10"/>)",
                "</Hole>", "</Set>"});
-    EXPECT_EQ(TextsOf(set.Hole), (Five{"H", "0.300", "VIA", "0", "0.10"}));
+    EXPECT_EQ(TextsOf(set.Hole), (HoleTexts{"H", "0.300", "VIA", "0", "0.10"}));
     ExpectExport(set, Below(R"(
    <Set>
       <Hole name="H" diameter="0.300" platingStatus="VIA" plusTol="0" minusTol="0.10" x="1.000000" y="2.000000" />

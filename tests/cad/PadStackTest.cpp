@@ -16,6 +16,7 @@
 #include "ipc2581/cad/Hole.h"
 #include "ipc2581/cad/Pad.h"
 #include "ipc2581/cad/Step.h"
+#include "tests/cad/Holes.h"
 #include "tests/support/Files.h"
 #include "tests/support/Models.h"
 
@@ -35,20 +36,6 @@ Texts Read(PadStack & stack, std::initializer_list<std::string_view> lines)
     return file.Rest();
 }
 
-using Five = std::array<std::string, 5>;
-
-// Name, diameter, plating status and the two tolerances.
-Five TextsOf(const Hole & hole)
-{
-    return {Str(hole.Name), Str(hole.Diameter), Str(hole.PlatingStatus), Str(hole.PlusTol), Str(hole.MinusTol)};
-}
-
-void ExpectAt(const Hole & hole, double x, double y)
-{
-    EXPECT_EQ(hole.Location.GetX(), x);
-    EXPECT_EQ(hole.Location.GetY(), y);
-}
-
 TEST(PadStack, StartsWithAnEmptyHoleAndNoPads)
 {
     const PadStack stack;
@@ -56,7 +43,7 @@ TEST(PadStack, StartsWithAnEmptyHoleAndNoPads)
     ASSERT_NE(stack.LayerPadArray, nullptr);
     EXPECT_TRUE(stack.LayerPadArray->IsEmpty());
     ASSERT_NE(stack.LayerHole, nullptr);
-    EXPECT_EQ(TextsOf(*stack.LayerHole), Five{});
+    EXPECT_EQ(TextsOf(*stack.LayerHole), HoleTexts{});
     EXPECT_EQ(stack.LayerHole->ToLayer, "");
     EXPECT_EQ(stack.LayerHole->FromLayer, "");
     ExpectAt(*stack.LayerHole, 0.0, 0.0);
@@ -201,7 +188,7 @@ TEST(PadStack, ReadsItsPadsAndItsHole)
     EXPECT_EQ(stack.LayerPadArray->GetAt(0)->StandardPrimitiveRefId, "A");
     EXPECT_EQ(stack.LayerPadArray->GetAt(1)->LayerRef, "BOTTOM");
     EXPECT_EQ(stack.LayerPadArray->GetAt(1)->StandardPrimitiveRefId, "B");
-    EXPECT_EQ(TextsOf(*stack.LayerHole), (Five{"H1", "0.30", "VIA", "0.1", "0.2"}));
+    EXPECT_EQ(TextsOf(*stack.LayerHole), (HoleTexts{"H1", "0.30", "VIA", "0.1", "0.2"}));
     ExpectAt(*stack.LayerHole, 1.5, -2.0);
     EXPECT_EQ(stack.LayerHole->FromLayer, "TOP");
     EXPECT_EQ(stack.LayerHole->ToLayer, "BOTTOM");
@@ -214,7 +201,7 @@ TEST(PadStack, KeepsItsDefaultHoleWithoutALayerHole)
     const Hole * const hole = stack.LayerHole;
     Read(stack, {R"(<LayerPad layerRef="TOP">)", "</LayerPad>", "</PadStack>"});
     EXPECT_EQ(stack.LayerHole, hole);
-    EXPECT_EQ(TextsOf(*stack.LayerHole), Five{});
+    EXPECT_EQ(TextsOf(*stack.LayerHole), HoleTexts{});
 }
 
 TEST(PadStack, ASecondHoleWritesOverTheFieldsThatItNames)
@@ -224,7 +211,7 @@ TEST(PadStack, ASecondHoleWritesOverTheFieldsThatItNames)
          {R"(<LayerHole name="H1" diameter="1" platingStatus="VIA" x="1" y="2">)",
           R"(<Span fromLayer="TOP" toLayer="BOTTOM"/>)", "</LayerHole>",
           R"(<LayerHole diameter="2" plusTol="0.1" y="4">)", R"(<Span toLayer="L2"/>)", "</LayerHole>", "</PadStack>"});
-    EXPECT_EQ(TextsOf(*stack.LayerHole), (Five{"H1", "2", "VIA", "0.1", ""}));
+    EXPECT_EQ(TextsOf(*stack.LayerHole), (HoleTexts{"H1", "2", "VIA", "0.1", ""}));
     ExpectAt(*stack.LayerHole, 1.0, 4.0);
     EXPECT_EQ(stack.LayerHole->FromLayer, "TOP");
     EXPECT_EQ(stack.LayerHole->ToLayer, "L2");
@@ -234,7 +221,7 @@ TEST(PadStack, ScansTheLineOfAHoleTwiceInEachStep)
 {
     const struct {
         const char * line;
-        Five texts;
+        HoleTexts texts;
         double x;
         double y;
     } rows[] = {
@@ -362,7 +349,7 @@ TEST(PadStack, IgnoresEmptyAndUnknownLines)
                            R"(< LayerPad pin="1">)", R"(<Span toLayer="B"/>)", "</padstack>", "</PadStack>", "left"}),
               Texts{"left"});
     EXPECT_TRUE(stack.LayerPadArray->IsEmpty());
-    EXPECT_EQ(TextsOf(*stack.LayerHole), Five{});
+    EXPECT_EQ(TextsOf(*stack.LayerHole), HoleTexts{});
     EXPECT_EQ(stack.LayerHole->ToLayer, "");
 }
 

@@ -13,6 +13,7 @@
 #include "ipc2581/base/platform/Afx.h"
 #include "ipc2581/cad/StackupGroup.h"
 #include "ipc2581/cad/StackupLayer.h"
+#include "tests/cad/Stackups.h"
 #include "tests/support/Derived.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
@@ -25,77 +26,17 @@ using ipc2581::tests::Below;
 using ipc2581::tests::Counted;
 using ipc2581::tests::Export;
 using ipc2581::tests::Exported;
+using ipc2581::tests::FieldsOf;
 using ipc2581::tests::Joined;
 using ipc2581::tests::Lines;
+using ipc2581::tests::ReadStackup;
 using ipc2581::tests::Slot;
-using ipc2581::tests::Str;
 using ipc2581::tests::Texts;
 using ipc2581::tests::Tokens;
 
 using Stackup = CIPC2581_Ecad_CadData_Stackup;
 using Group = CIPC2581_Ecad_CadData_Stackup_StackupGroup;
 using StackLayer = CIPC2581_Ecad_CadData_Stackup_StackupGroup_StackupLayer;
-
-Texts FieldsOf(const Stackup & stackup)
-{
-    return {Str(stackup.overallThickness), Str(stackup.tolPlus), Str(stackup.tolMinus), Str(stackup.whereMeasured)};
-}
-
-struct GroupFields {
-    std::string name;
-    double thickness;
-    double tolPlus;
-    double tolMinus;
-    bool operator==(const GroupFields &) const = default;
-};
-
-struct LayerFields {
-    std::string layerOrGroupRef;
-    std::string materialType;
-    double thickness;
-    bool operator==(const LayerFields &) const = default;
-};
-
-GroupFields FieldsOf(const Group & group)
-{
-    return {Str(group.name), group.thickness, group.tolPlus, group.tolMinus};
-}
-
-LayerFields FieldsOf(const StackLayer & layer)
-{
-    return {Str(layer.layerOrGroupRef), Str(layer.materialType), layer.thickness};
-}
-
-// What ReadStackUp makes of the Stackup line and of the lines behind it.
-class Read {
-public:
-    explicit Read(std::string_view opening, std::string_view behind = "") : m_lines(behind)
-    {
-        Tokens tokens(opening);
-        stackup.ReadStackUp(tokens, m_lines.File());
-    }
-
-    const Group & GroupAt(std::int64_t index) { return *stackup.StackupGroupArray.GetAt(index); }
-    // The names of the groups, each with the references of its layers.
-    Texts Groups()
-    {
-        Texts groups;
-        for (std::int64_t i = 0; i < stackup.StackupGroupArray.GetSize(); ++i) {
-            std::string text = Str(GroupAt(i).name) + ":";
-            for (std::int64_t j = 0; j < GroupAt(i).StackupLayerArray.GetSize(); ++j) {
-                text += " " + Str(GroupAt(i).StackupLayerArray.GetAt(j)->layerOrGroupRef);
-            }
-            groups.push_back(text);
-        }
-        return groups;
-    }
-    Texts Rest() { return m_lines.Rest(); }
-
-    Stackup stackup;
-
-private:
-    Lines m_lines;
-};
 
 TEST(Stackup, IsEmptyAtFirst)
 {
@@ -137,7 +78,7 @@ TEST(Stackup, KeepsItsAttributesAsText)
         {R"(<Stackup_tolPlus="1" >)", {"", "1", "", ""}},
     };
     for (const auto & [line, fields] : rows) {
-        EXPECT_EQ(FieldsOf(Read(line).stackup), fields) << line;
+        EXPECT_EQ(FieldsOf(ReadStackup(line).stackup), fields) << line;
     }
 }
 
@@ -148,7 +89,7 @@ TEST(Stackup, ATokenWithTwoWordsGoesToTheEarlierRow)
         for (std::size_t later = earlier + 1; later < words.size(); ++later) {
             Texts expected(4);
             expected[earlier] = words[earlier] + "v";
-            EXPECT_EQ(FieldsOf(Read("<Stackup " + words[later] + words[earlier] + R"("v" >)").stackup), expected)
+            EXPECT_EQ(FieldsOf(ReadStackup("<Stackup " + words[later] + words[earlier] + R"("v" >)").stackup), expected)
                 << words[later];
         }
     }
@@ -156,7 +97,7 @@ TEST(Stackup, ATokenWithTwoWordsGoesToTheEarlierRow)
 
 TEST(Stackup, ReadsItsGroups)
 {
-    Read read("<Stackup>", Below(R"(
+    ReadStackup read("<Stackup>", Below(R"(
 <StackupGroup name="a">
 <StackupLayer layerOrGroupRef="1">
 </StackupLayer>
@@ -173,7 +114,7 @@ TEST(Stackup, ReadsItsGroups)
 
 TEST(Stackup, ASlashInTheFirstTokenIsNoGroup)
 {
-    Read read("<Stackup>", Below(R"(
+    ReadStackup read("<Stackup>", Below(R"(
 <xStackupGroup/>
 <StackupGroup name="a">
 </StackupGroup>
@@ -184,7 +125,7 @@ TEST(Stackup, ASlashInTheFirstTokenIsNoGroup)
 
 TEST(Stackup, AStrayClosingGroupLineEndsIt)
 {
-    Read read("<Stackup>", Joined({"</StackupGroup>", R"(<StackupGroup name="a">)"}));
+    ReadStackup read("<Stackup>", Joined({"</StackupGroup>", R"(<StackupGroup name="a">)"}));
     EXPECT_EQ(read.Groups(), Texts{});
     EXPECT_EQ(read.Rest(), Texts{R"(<StackupGroup name="a">)"});
 }
@@ -192,14 +133,14 @@ TEST(Stackup, AStrayClosingGroupLineEndsIt)
 TEST(Stackup, EndsAtItsClosingWordAnywhereInTheFirstToken)
 {
     for (const std::string_view line : {"</Stackup>", "</Stackupx y>", "<x/Stackup>", "   </Stackup>"}) {
-        Read read("<Stackup>", Joined({line, R"(<StackupGroup name="a">)"}));
+        ReadStackup read("<Stackup>", Joined({line, R"(<StackupGroup name="a">)"}));
         EXPECT_EQ(read.Groups(), Texts{}) << line;
     }
 }
 
 TEST(Stackup, IgnoresOtherLines)
 {
-    Read read("<Stackup>", Below(R"(
+    ReadStackup read("<Stackup>", Below(R"(
 
 <Stackup tolPlus="1">
 <StackupLayer layerOrGroupRef="1"/>
@@ -225,7 +166,7 @@ TEST(Stackup, DoesNotTrimItsLines)
 
 TEST(Stackup, ASecondStackupAddsToTheFirst)
 {
-    Read read(R"(<Stackup tolPlus="1" tolMinus="2">)", Below(R"(
+    ReadStackup read(R"(<Stackup tolPlus="1" tolMinus="2">)", Below(R"(
 <StackupGroup name="a">
 </StackupGroup>
 </Stackup>
@@ -239,11 +180,11 @@ TEST(Stackup, ASecondStackupAddsToTheFirst)
 
 TEST(Stackup, TheEndOfTheFileKeepsWhatWasRead)
 {
-    EXPECT_EQ(
-        Read("<Stackup>", Joined({R"(<StackupGroup name="a">)", R"(<StackupLayer layerOrGroupRef="1">)"})).Groups(),
-        Texts{"a: 1"});
-    EXPECT_EQ(Read("<Stackup>", Joined({R"(<StackupGroup name="a">)"})).Groups(), Texts{"a:"});
-    EXPECT_EQ(Read(R"(<Stackup tolPlus="1">)").stackup.tolPlus, "1");
+    EXPECT_EQ(ReadStackup("<Stackup>", Joined({R"(<StackupGroup name="a">)", R"(<StackupLayer layerOrGroupRef="1">)"}))
+                  .Groups(),
+              Texts{"a: 1"});
+    EXPECT_EQ(ReadStackup("<Stackup>", Joined({R"(<StackupGroup name="a">)"})).Groups(), Texts{"a:"});
+    EXPECT_EQ(ReadStackup(R"(<Stackup tolPlus="1">)").stackup.tolPlus, "1");
 }
 
 TEST(Stackup, ACutValueOfItsOwnThrows)
@@ -279,7 +220,7 @@ TEST(Stackup, AGroupThatFailsInItsLinesIsKept)
 
 TEST(Stackup, IsNeverWritten)
 {
-    Read read(R"(<Stackup tolPlus="1">)", Below(R"(
+    ReadStackup read(R"(<Stackup tolPlus="1">)", Below(R"(
 <StackupGroup name="a">
 <StackupLayer layerOrGroupRef="1"/>
 </StackupGroup>
@@ -321,176 +262,6 @@ TEST(Stackup, AGroupExportOtherThanZeroGivesOne)
     Stackup stackup;
     stackup.StackupGroupArray.Add(new HostGroup(7));
     EXPECT_EQ(Exported(stackup, 0), (Export{1, "group 0\n"}));
-}
-
-TEST(StackupGroup, IsEmptyAtFirst)
-{
-    const Group group;
-    EXPECT_EQ(FieldsOf(group), (GroupFields{"", 0, 0, 0}));
-    EXPECT_EQ(group.StackupLayerArray.GetSize(), 0);
-    const auto at = [](const auto & member) { return static_cast<const void *>(&member); };
-    EXPECT_LT(at(group.name), at(group.thickness));
-    EXPECT_LT(at(group.thickness), at(group.tolPlus));
-    EXPECT_LT(at(group.tolPlus), at(group.tolMinus));
-    EXPECT_LT(at(group.tolMinus), at(group.StackupLayerArray));
-}
-
-TEST(StackupGroup, HasItsOperationsInOrder)
-{
-    EXPECT_TRUE((std::is_base_of_v<CIPC2581_XmlDataAdd_Function, Group>));
-    EXPECT_TRUE(std::has_virtual_destructor_v<Group>);
-    EXPECT_EQ(Slot(&Group::Export), 2u);
-    EXPECT_EQ(Slot(&Behind<Group>::Next), 3u);
-}
-
-TEST(StackupGroup, ReadsItsAttributesAsNumbers)
-{
-    const std::vector<std::pair<std::string_view, GroupFields>> rows = {
-        {R"(<StackupGroup name="g" thickness="1.5" tolPlus="0.1" tolMinus="0.2">)", {"g", 1.5, 0.1, 0.2}},
-        {R"(<StackupGroup tolMinus="-2e1" tolPlus="3mm" thickness="x" name="a b"/>)", {"a b", 0, 3, -20}},
-        {R"(<StackupGroup overallThickness="1" Name="a" thickness ="1">)", {"", 0, 0, 0}},
-        {R"(<StackupGroup filename="f" subthickness="2" >)", {"f", 2, 0, 0}},
-        {R"(<StackupGroup thickness="1" thickness="2">)", {"", 2, 0, 0}},
-        {"<StackupGroup>", {"", 0, 0, 0}},
-        {"<StackupGroup />", {"", 0, 0, 0}},
-        {R"(<xStackupGroup_name="t" >)", {"t", 0, 0, 0}},
-    };
-    for (const auto & [line, fields] : rows) {
-        Read read("<Stackup>", std::string(line) + "\n");
-        ASSERT_EQ(read.stackup.StackupGroupArray.GetSize(), 1) << line;
-        EXPECT_EQ(FieldsOf(read.GroupAt(0)), fields) << line;
-    }
-}
-
-TEST(StackupGroup, ATokenWithTwoWordsGoesToTheEarlierRow)
-{
-    const Texts words = {"name=", "thickness=", "tolPlus=", "tolMinus="};
-    for (std::size_t earlier = 0; earlier < words.size(); ++earlier) {
-        for (std::size_t later = earlier + 1; later < words.size(); ++later) {
-            Read read("<Stackup>", R"(<StackupGroup thickness="7" tolPlus="7" tolMinus="7" )" + words[later] +
-                                       words[earlier] + Joined({R"("5" >)"}));
-            const auto number = [earlier](std::size_t row) { return row == earlier ? 0.0 : 7.0; };
-            EXPECT_EQ(FieldsOf(read.GroupAt(0)),
-                      (GroupFields{earlier == 0 ? "name=5" : "", number(1), number(2), number(3)}))
-                << words[later] << words[earlier];
-        }
-    }
-}
-
-TEST(StackupGroup, ReadsOnlyItsLayers)
-{
-    Lines lines({"", R"(<StackupGroup name="x">)", R"(<StackupLayer layerOrGroupRef="1">)", R"(<Layer name="l"/>)",
-                 "</StackupLayer>", "</Stackup>", "<x StackupLayer>", "<stackupLayer>", "<StackupLayer/>",
-                 R"(</StackupLayer layerOrGroupRef="2">)", "</StackupGroup>", "<Behind/>"});
-    Group group;
-    group.StackUpGroupAdd(lines.File());
-    EXPECT_EQ(group.name, "");
-    ASSERT_EQ(group.StackupLayerArray.GetSize(), 1);
-    EXPECT_EQ(group.StackupLayerArray.GetAt(0)->layerOrGroupRef, "1");
-    EXPECT_EQ(lines.Rest(), Texts{"<Behind/>"});
-}
-
-TEST(StackupGroup, EndsAtItsClosingWordWhateverElseThatHolds)
-{
-    for (const std::string_view line : {"</StackupGroup>", "</StackupGroupStackupLayer x>", "<x/StackupGroupx>"}) {
-        Lines lines({line, "<StackupLayer>"});
-        Group group;
-        group.StackUpGroupAdd(lines.File());
-        EXPECT_EQ(group.StackupLayerArray.GetSize(), 0) << line;
-        EXPECT_EQ(lines.Rest(), Texts{"<StackupLayer>"}) << line;
-    }
-}
-
-TEST(StackupGroup, ALayerTestComesFirst)
-{
-    Lines lines({R"(<StackupGroupStackupLayer layerOrGroupRef="1">)"});
-    Group group;
-    group.StackUpGroupAdd(lines.File());
-    EXPECT_EQ(group.StackupLayerArray.GetSize(), 1);
-}
-
-TEST(StackupGroup, ASelfClosingGroupTakesTheLinesOfTheNext)
-{
-    Read read("<Stackup>", Below(R"(
-<StackupGroup name="a"/>
-<StackupGroup name="b">
-<StackupLayer layerOrGroupRef="1"/>
-</StackupGroup>
-</Stackup>
-)"));
-    EXPECT_EQ(read.Groups(), Texts{"a: 1"});
-}
-
-TEST(StackupGroup, ALineOfBlanksThrows)
-{
-    Lines lines({"<StackupLayer>", "   "});
-    Group group;
-    EXPECT_THROW(group.StackUpGroupAdd(lines.File()), CInvalidArgException);
-    EXPECT_EQ(group.StackupLayerArray.GetSize(), 1);
-}
-
-TEST(StackupLayer, IsEmptyAtFirst)
-{
-    const StackLayer layer;
-    EXPECT_EQ(FieldsOf(layer), (LayerFields{"", "", 0}));
-    const auto at = [](const auto & member) { return static_cast<const void *>(&member); };
-    EXPECT_LT(at(layer.layerOrGroupRef), at(layer.materialType));
-    EXPECT_LT(at(layer.materialType), at(layer.thickness));
-}
-
-TEST(StackupLayer, HasAVirtualDestructorOnlyAndNoBase)
-{
-    EXPECT_TRUE(std::has_virtual_destructor_v<StackLayer>);
-    EXPECT_FALSE((std::is_base_of_v<CIPC2581_XmlDataAdd_Function, StackLayer>));
-    EXPECT_EQ(Slot(&Behind<StackLayer>::Next), 2u);
-}
-
-TEST(StackupLayer, CopiesAllFields)
-{
-    StackLayer source;
-    source.layerOrGroupRef = "l";
-    source.materialType = "m";
-    source.thickness = 2;
-    const StackLayer copy(source);
-    StackLayer assigned;
-    EXPECT_EQ(&(assigned = source), &assigned);
-    source.materialType = "other";
-    EXPECT_EQ(FieldsOf(copy), (LayerFields{"l", "m", 2}));
-    EXPECT_EQ(FieldsOf(assigned), (LayerFields{"l", "m", 2}));
-}
-
-LayerFields ReadLayer(std::string_view line)
-{
-    Lines lines({line});
-    Group group;
-    group.StackUpGroupAdd(lines.File());
-    EXPECT_EQ(group.StackupLayerArray.GetSize(), 1) << line;
-    return FieldsOf(*group.StackupLayerArray.GetAt(0));
-}
-
-TEST(StackupLayer, ReadsItsAttributes)
-{
-    const std::vector<std::pair<std::string_view, LayerFields>> rows = {
-        {R"(<StackupLayer layerOrGroupRef="L1" materialType="COPPER" thickness="0.035">)", {"L1", "COPPER", 0.035}},
-        {R"(<StackupLayer thickness="x" materialType="FR 4" layerOrGroupRef="L1" />)", {"L1", "FR 4", 0}},
-        {R"(<StackupLayer tolPlus="1" tolMinus="2" sequence="3" overallThickness="4">)", {"", "", 0}},
-        {R"(<StackupLayer layerOrGroupRef ="a" Thickness="1" kind="materialType" >)", {"", "", 0}},
-        {R"(<StackupLayer materialType="a" materialType="b">)", {"", "b", 0}},
-        {"<StackupLayer>", {"", "", 0}},
-        {R"(<xStackupLayer_thickness="3" >)", {"", "", 3}},
-    };
-    for (const auto & [line, fields] : rows) {
-        EXPECT_EQ(ReadLayer(line), fields) << line;
-    }
-}
-
-TEST(StackupLayer, ATokenWithTwoWordsGoesToTheEarlierRow)
-{
-    EXPECT_EQ(ReadLayer(R"(<StackupLayer materialType=layerOrGroupRef="v" >)"),
-              (LayerFields{"layerOrGroupRef=v", "", 0}));
-    EXPECT_EQ(ReadLayer(R"(<StackupLayer thickness=layerOrGroupRef="v" >)"), (LayerFields{"layerOrGroupRef=v", "", 0}));
-    EXPECT_EQ(ReadLayer(R"(<StackupLayer thickness="7" thickness=materialType="v" >)"),
-              (LayerFields{"", "materialType=v", 7}));
 }
 
 TEST(StackupArrays, OwnTheirElements)

@@ -17,6 +17,7 @@
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/Afx.h"
 #include "ipc2581/draw/DrawObj.h"
+#include "tests/content/DicDraws.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
 #include "tests/support/Text.h"
@@ -25,13 +26,11 @@ namespace {
 
 using ipc2581::tests::Export;
 using ipc2581::tests::Exported;
-using ipc2581::tests::Joined;
 using ipc2581::tests::Lines;
 using ipc2581::tests::Slot;
 using ipc2581::tests::Str;
 using ipc2581::tests::Texts;
 using ipc2581::tests::Tokens;
-using ipc2581::tests::Written;
 
 using Butterfly = CIPC2581_DicDraw_Butterfly;
 using Circle = CIPC2581_DicDraw_Circle;
@@ -48,7 +47,6 @@ using RectCorner = CIPC2581_DicDraw_RectCorner;
 using RectRound = CIPC2581_DicDraw_RectRound;
 using Thermal = CIPC2581_DicDraw_Thermal;
 using Triangle = CIPC2581_DicDraw_Triangle;
-
 using Shape = CIPC2581_DrawObj;
 using List = CArray<CString, CString>;
 using Values = std::vector<double>;
@@ -642,83 +640,6 @@ TEST_P(DicDraw, InitRestoresTheDefaultsWhereTheClassHasOne)
     }
 }
 
-// Sets through the accessor what the field then holds, and gets what the field holds.
-template <typename T, typename Owner, typename Type, typename Get, typename Set>
-void ExpectAccessors(Type Owner::*field, Get get, Set set)
-{
-    T shape;
-    (shape.*set)(3);
-    EXPECT_EQ(shape.*field, 3);
-    shape.*field = 4;
-    EXPECT_EQ((shape.*get)(), 4);
-}
-
-TEST(DicDraw_Circle, HasAccessors)
-{
-    ExpectAccessors<Circle>(&Circle::Diameter, &Circle::GetDiameter, &Circle::SetDiameter);
-    ExpectAccessors<Circle>(&Circle::OffsetX, &Circle::GetOffsetX, &Circle::SetOffsetX);
-    ExpectAccessors<Circle>(&Circle::OffsetY, &Circle::GetOffsetY, &Circle::SetOffsetY);
-}
-
-TEST(DicDraw_Donut, HasAccessors)
-{
-    ExpectAccessors<Donut>(&Donut::Shape, &Donut::GetShape, &Donut::SetShape);
-    ExpectAccessors<Donut>(&Donut::OuterDiameter, &Donut::GetOuterDiameter, &Donut::SetOuterDiameter);
-    ExpectAccessors<Donut>(&Donut::InnerDiameter, &Donut::GetInnerDiameter, &Donut::SetInnerDiameter);
-}
-
-TEST(DicDraw_Oval, HasAccessors)
-{
-    ExpectAccessors<Oval>(&Oval::Width, &Oval::GetWidth, &Oval::SetWidth);
-    ExpectAccessors<Oval>(&Oval::Height, &Oval::GetHeight, &Oval::SetHeight);
-}
-
-TEST(DicDraw_RectCenter, HasAccessors)
-{
-    ExpectAccessors<RectCenter>(&RectCenter::Width, &RectCenter::GetWidth, &RectCenter::SetWidth);
-    ExpectAccessors<RectCenter>(&RectCenter::Height, &RectCenter::GetHeight, &RectCenter::SetHeight);
-}
-
-TEST(DicDraw_RectCham, HasAccessors)
-{
-    ExpectAccessors<RectCham>(&RectCham::Width, &RectCham::GetWidth, &RectCham::SetWidth);
-    ExpectAccessors<RectCham>(&RectCham::Height, &RectCham::GetHeight, &RectCham::SetHeight);
-    ExpectAccessors<RectCham>(&RectCham::Chamfer, &RectCham::GetChamfer, &RectCham::SetChamfer);
-    ExpectAccessors<RectCham>(&RectCham::UpperRight, &RectCham::GetUpperRight, &RectCham::SetUpperRight);
-    ExpectAccessors<RectCham>(&RectCham::UpperLeft, &RectCham::GetUpperLeft, &RectCham::SetUpperLeft);
-    ExpectAccessors<RectCham>(&RectCham::LowerLeft, &RectCham::GetLowerLeft, &RectCham::SetLowerLeft);
-    ExpectAccessors<RectCham>(&RectCham::LowerRight, &RectCham::GetLowerRight, &RectCham::SetLowerRight);
-}
-
-TEST(DicDraw_RectCorner, HasAccessors)
-{
-    ExpectAccessors<RectCorner>(&RectCorner::Lower_LeftX, &RectCorner::GetLower_LeftX, &RectCorner::SetLower_LeftX);
-    ExpectAccessors<RectCorner>(&RectCorner::Lower_LeftY, &RectCorner::GetLower_LeftY, &RectCorner::SetLower_LeftY);
-    ExpectAccessors<RectCorner>(&RectCorner::Upper_RightX, &RectCorner::GetUpper_RightX, &RectCorner::SetUpper_RightX);
-    ExpectAccessors<RectCorner>(&RectCorner::Upper_RightY, &RectCorner::GetUpper_RightY, &RectCorner::SetUpper_RightY);
-}
-
-TEST(DicDraw_RectRound, HasAccessors)
-{
-    ExpectAccessors<RectRound>(&RectRound::Width, &RectRound::GetWidth, &RectRound::SetWidth);
-    ExpectAccessors<RectRound>(&RectRound::Height, &RectRound::GetHeight, &RectRound::SetHeight);
-    ExpectAccessors<RectRound>(&RectRound::Radius, &RectRound::GetRadius, &RectRound::SetRadius);
-    ExpectAccessors<RectRound>(&RectRound::UpperRight, &RectRound::GetUpperRight, &RectRound::SetUpperRight);
-    ExpectAccessors<RectRound>(&RectRound::UpperLeft, &RectRound::GetUpperLeft, &RectRound::SetUpperLeft);
-    ExpectAccessors<RectRound>(&RectRound::LowerLeft, &RectRound::GetLowerLeft, &RectRound::SetLowerLeft);
-    ExpectAccessors<RectRound>(&RectRound::LowerRight, &RectRound::GetLowerRight, &RectRound::SetLowerRight);
-}
-
-TEST(DicDraw_Thermal, HasAccessors)
-{
-    ExpectAccessors<Thermal>(&Thermal::Shape, &Thermal::GetShape, &Thermal::SetShape);
-    ExpectAccessors<Thermal>(&Thermal::OuterDiameter, &Thermal::GetOuterDiameter, &Thermal::SetOuterDiameter);
-    ExpectAccessors<Thermal>(&Thermal::InnerDiameter, &Thermal::GetInnerDiameter, &Thermal::SetInnerDiameter);
-    ExpectAccessors<Thermal>(&Thermal::SpokeCount, &Thermal::GetSpokeCount, &Thermal::SetSpokeCount);
-    ExpectAccessors<Thermal>(&Thermal::Gap, &Thermal::GetGap, &Thermal::SetGap);
-    ExpectAccessors<Thermal>(&Thermal::SpokeStartAngle, &Thermal::GetSpokeStartAngle, &Thermal::SetSpokeStartAngle);
-}
-
 template <typename T>
 concept HasAnAccessor = requires(T shape)
 {
@@ -754,169 +675,8 @@ concept HasAnAccessor = requires(T shape)
 };
 
 static_assert(HasAnAccessor<Oval> && HasAnAccessor<Circle> && HasAnAccessor<Thermal>);
+
 static_assert(!HasAnAccessor<Butterfly> && !HasAnAccessor<Diamond> && !HasAnAccessor<Ellipse> &&
               !HasAnAccessor<Hexagon> && !HasAnAccessor<Moire> && !HasAnAccessor<Octagon> && !HasAnAccessor<Triangle>);
-
-TEST(DicDraw_Butterfly, WritesByItsShape)
-{
-    Butterfly shape;
-    shape.Size = 2.25;
-    shape.Shape = 0;
-    EXPECT_EQ(Exported(shape), (Export{1, Joined({R"(   <Butterfly Shape="ROUND" diameter="2.250000" />)"})}));
-    EXPECT_EQ(Exported(shape, 2), (Export{1, Joined({R"(         <Butterfly Shape="ROUND" diameter="2.250000" />)"})}));
-    shape.Shape = 1;
-    EXPECT_EQ(Exported(shape), (Export{1, Joined({R"(   <Butterfly Shape="SQUARE" side="2.250000" />)"})}));
-}
-
-TEST(DicDraw_Butterfly, IsNotWrittenWithAnotherShape)
-{
-    Butterfly shape;
-    for (const int code : {-1, 2, 3, 4}) {
-        shape.Shape = code;
-        EXPECT_EQ(Exported(shape), (Export{1, ""})) << code;
-    }
-}
-
-TEST(DicDraw_Butterfly, KeepsItsSizeAndLosesItsShapeWhenItIsReadBack)
-{
-    Butterfly shape;
-    shape.Shape = 0;
-    shape.Size = 2.25;
-    Butterfly back;
-    back.Import(Tokens(Written(shape)));
-    EXPECT_EQ(back.Shape, -1);
-    EXPECT_EQ(back.Size, 2.25);
-    EXPECT_EQ(Exported(back), (Export{1, ""}));
-}
-
-TEST(DicDraw_Donut, WritesTheWordOfItsShapeUnderTheTagDiamond)
-{
-    Donut shape;
-    const std::vector<std::pair<int, std::string>> words = {{0, "ROUND"},   {1, "SQUARE"}, {2, "HEXAGON"},
-                                                            {3, "OCTAGON"}, {-1, "ROUND"}, {4, "ROUND"}};
-    for (const auto & [code, word] : words) {
-        shape.Shape = code;
-        EXPECT_EQ(Written(shape), R"(   <Diamond Shape=")" + word +
-                                      Joined({R"(" outerDiameter="0.000000" innerDiameter="0.000000" />)"}));
-    }
-}
-
-TEST(DicDraw_Donut, ReadsBackAsADiamondWithoutSize)
-{
-    Donut shape;
-    shape.Import(Tokens(R"(<Donut shape="ROUND" outerDiameter="3" innerDiameter="2"/>)"));
-    Diamond back;
-    back.Import(Tokens(Written(shape)));
-    EXPECT_EQ(back.Width, 0);
-    EXPECT_EQ(back.Height, 0);
-    EXPECT_EQ(Written(back), Joined({R"(   <Diamond width="0.000000" height="0.000000" />)"}));
-}
-
-TEST(DicDraw_Moire, WritesItsLineLengthAsTheDiameterAndNothingElse)
-{
-    Moire shape;
-    shape.Import(Tokens(R"(<Moire diameter="1" ringWidth="2" ringGap="3" ringNumber="4" lineWidth="5" )"
-                        R"(lineLength="6" lineAngle="7"/>)"));
-    EXPECT_EQ(
-        Written(shape, 1),
-        Joined(
-            {R"(      <Moire diameter="6.000000" ringWidth="0.000000" ringGap="0.000000" ringNumber="0" lineWidth="0.000000" lineLength="0.000000" lineAngle="0.000000" />)"}));
-    EXPECT_EQ(Written(shape), Written(*std::unique_ptr<Shape>(shape.clone())));
-}
-
-// The corner pieces that the shape writes for each set of flags.
-template <typename T>
-void ExpectCorners(const std::string & front)
-{
-    for (int flags = 0; flags < 16; ++flags) {
-        T shape;
-        shape.UpperRight = (flags & 1) != 0 ? 1 : 0;
-        shape.UpperLeft = (flags & 2) != 0 ? 1 : 0;
-        shape.LowerLeft = (flags & 4) != 0 ? -1 : 0;
-        shape.LowerRight = (flags & 8) != 0 ? 2 : 0;
-        const std::string line = front + ((flags & 1) != 0 ? R"(upperRight="TRUE")" : "") +
-                                 ((flags & 2) != 0 ? R"(upperLeft="TRUE")" : "") +
-                                 ((flags & 4) != 0 ? R"(lowerLeft="TRUE")" : "") +
-                                 ((flags & 8) != 0 ? R"(lowerRight="TRUE")" : "") + " />\n";
-        EXPECT_EQ(Exported(shape, 1), (Export{1, "      " + line})) << flags;
-    }
-}
-
-TEST(DicDraw_RectCham, WritesThePiecesOfItsCornersWithoutABlankBetweenThem)
-{
-    ExpectCorners<RectCham>(R"(<RectCham width="0.000000" height="0.000000" chamfer="0.000000" )");
-}
-
-TEST(DicDraw_RectRound, WritesThePiecesOfItsCornersWithoutABlankBetweenThem)
-{
-    ExpectCorners<RectRound>(R"(<RectRound width="0.000000" height="0.000000" radius="0.000000" )");
-}
-
-template <typename T>
-void ExpectCornersAreNotReadBack(const std::string & tag)
-{
-    T shape;
-    shape.Import(Tokens("<" + tag + R"( upperRight="TURE" upperLeft="TURE"/>)"));
-    EXPECT_EQ(shape.UpperRight, 1);
-    EXPECT_EQ(shape.UpperLeft, 1);
-    const std::string written = Written(shape);
-    EXPECT_NE(written.find(Joined({R"( upperRight="TRUE"upperLeft="TRUE" />)"})), std::string::npos);
-    T back;
-    back.Import(Tokens(written));
-    EXPECT_EQ(back.UpperRight, 0);
-    EXPECT_EQ(back.UpperLeft, 0);
-}
-
-TEST(DicDraw_RectCham, DoesNotReadBackTheCornersThatItWrote)
-{
-    ExpectCornersAreNotReadBack<RectCham>("RectCham");
-}
-
-TEST(DicDraw_RectRound, DoesNotReadBackTheCornersThatItWrote)
-{
-    ExpectCornersAreNotReadBack<RectRound>("RectRound");
-}
-
-TEST(DicDraw_Thermal, WritesFourSpokesWhateverItHolds)
-{
-    Thermal shape;
-    shape.Import(Tokens(R"(<Thermal spokeCount="6"/>)"));
-    EXPECT_EQ(shape.SpokeCount, 6);
-    EXPECT_EQ(Thermal(shape).SpokeCount, 6);
-    EXPECT_EQ(
-        Written(shape),
-        Joined(
-            {R"(   <Thermal shape="ROUND" outerDiameter="0.000000" innerDiameter="0.000000" spokeCount="4" gap="0.000000" spokeStartAngle="0.000000" />)"}));
-}
-
-TEST(DicDraw_Thermal, WritesTheWordThatItsReaderFinds)
-{
-    const std::vector<std::pair<int, std::string>> words = {
-        {0, "ROUND"}, {1, "SQUARE"}, {2, "HEXAGON"}, {3, "OCTAGON"}};
-    for (const auto & [code, word] : words) {
-        Thermal shape;
-        shape.Shape = code;
-        EXPECT_EQ(Written(shape).find(R"(   <Thermal shape=")" + word + R"(" )"), 0U);
-        Thermal back;
-        back.Import(Tokens(Written(shape)));
-        EXPECT_EQ(back.Shape, code);
-    }
-}
-
-TEST(DicDraw_Circle, KeepsItsOffsetsToItself)
-{
-    Circle shape;
-    shape.SetDiameter(1);
-    shape.SetOffsetX(2);
-    shape.SetOffsetY(3);
-    EXPECT_EQ(Written(shape), Joined({R"(   <Circle diameter="1.000000" />)"}));
-    shape.Import(Tokens(R"(<Circle diameter="4" OffsetX="5" offsetX="6" offsetY="7"/>)"));
-    EXPECT_EQ(shape.GetOffsetX(), 2);
-    EXPECT_EQ(shape.GetOffsetY(), 3);
-    const Circle copy(shape);
-    EXPECT_EQ(copy.GetDiameter(), 4);
-    EXPECT_EQ(copy.GetOffsetX(), 0);
-    EXPECT_EQ(copy.GetOffsetY(), 0);
-}
 
 }  // namespace
