@@ -17,9 +17,7 @@
 
 namespace {
 
-using ipc2581::tests::IsVirtual;
-using ipc2581::tests::Str;
-using ipc2581::tests::Texts;
+using namespace ipc2581::tests;
 using Function = CIPC2581_XmlDataAdd_Function;
 using List = CArray<CString, CString>;
 

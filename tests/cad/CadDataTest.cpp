@@ -2,7 +2,6 @@
 
 #include <string>
 #include <string_view>
-#include <type_traits>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -13,23 +12,13 @@
 #include "ipc2581/cad/Layer.h"
 #include "tests/support/Derived.h"
 #include "tests/support/Files.h"
+#include "tests/support/Models.h"
 #include "tests/support/Progress.h"
-#include "tests/support/Slots.h"
 #include "tests/support/Text.h"
 
 namespace {
 
-using ipc2581::tests::Bar;
-using ipc2581::tests::Behind;
-using ipc2581::tests::Below;
-using ipc2581::tests::Export;
-using ipc2581::tests::Exported;
-using ipc2581::tests::Joined;
-using ipc2581::tests::Lines;
-using ipc2581::tests::Refusing;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Str;
-using ipc2581::tests::Texts;
+using namespace ipc2581::tests;
 
 // What ReadCadData makes of these lines.
 class Read {
@@ -80,10 +69,7 @@ TEST(CadData, HoldsItsFieldsInOrder)
 
 TEST(CadData, HasItsOperationsInOrder)
 {
-    EXPECT_TRUE((std::is_base_of_v<CIPC2581_XmlDataAdd_Function, CIPC2581_Ecad_CadData>));
-    EXPECT_TRUE(std::has_virtual_destructor_v<CIPC2581_Ecad_CadData>);
-    EXPECT_EQ(Slot(&CIPC2581_Ecad_CadData::Export), 2u);
-    EXPECT_EQ(Slot(&Behind<CIPC2581_Ecad_CadData>::Next), 3u);
+    ExpectExportIsItsOneOperation<CIPC2581_Ecad_CadData>();
 }
 
 TEST(CadData, ReadsLayersStackupAndStep)

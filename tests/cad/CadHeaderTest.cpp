@@ -10,8 +10,7 @@
 
 namespace {
 
-using ipc2581::tests::Behind;
-using ipc2581::tests::Slot;
+using namespace ipc2581::tests;
 
 TEST(CadHeader, IsEmptyAtFirst)
 {

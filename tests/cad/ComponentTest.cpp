@@ -15,20 +15,13 @@
 #include "ipc2581/draw/Xform.h"
 #include "tests/support/Derived.h"
 #include "tests/support/Files.h"
+#include "tests/support/Models.h"
 #include "tests/support/Slots.h"
 #include "tests/support/Text.h"
 
 namespace {
 
-using ipc2581::tests::Behind;
-using ipc2581::tests::Below;
-using ipc2581::tests::Export;
-using ipc2581::tests::Exported;
-using ipc2581::tests::Joined;
-using ipc2581::tests::Lines;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Str;
-using ipc2581::tests::Texts;
+using namespace ipc2581::tests;
 
 using Component = CIPC2581_Ecad_CadData_Step_Component;
 using ComponentArray = CIPC2581_Ecad_CadData_Step_ComponentArray;
@@ -116,10 +109,7 @@ TEST(Component, HoldsItsFieldsInOrder)
 
 TEST(Component, HasItsOperationsInOrder)
 {
-    EXPECT_TRUE((std::is_base_of_v<CIPC2581_XmlDataAdd_Function, Component>));
-    EXPECT_TRUE(std::has_virtual_destructor_v<Component>);
-    EXPECT_EQ(Slot(&Component::Export), 2u);
-    EXPECT_EQ(Slot(&Behind<Component>::Next), 3u);
+    ExpectExportIsItsOneOperation<Component>();
 }
 
 TEST(Component, InitGivesTheDefaultsAndANewTransform)

@@ -21,18 +21,7 @@
 
 namespace {
 
-using ipc2581::tests::Bar;
-using ipc2581::tests::Behind;
-using ipc2581::tests::Below;
-using ipc2581::tests::Export;
-using ipc2581::tests::Exported;
-using ipc2581::tests::Joined;
-using ipc2581::tests::Refusing;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Str;
-using ipc2581::tests::TempFolder;
-using ipc2581::tests::Texts;
-using ipc2581::tests::Tokens;
+using namespace ipc2581::tests;
 
 // A document that is one Ecad section, read with a bar.
 class Document {

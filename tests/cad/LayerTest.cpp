@@ -18,15 +18,7 @@
 
 namespace {
 
-using ipc2581::tests::Behind;
-using ipc2581::tests::Below;
-using ipc2581::tests::Export;
-using ipc2581::tests::Exported;
-using ipc2581::tests::Joined;
-using ipc2581::tests::Lines;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Str;
-using ipc2581::tests::Texts;
+using namespace ipc2581::tests;
 
 using Layer = CIPC2581_Ecad_CadData_Layer;
 using LayerArray = CIPC2581_Ecad_CadData_LayerArray;

@@ -13,12 +13,7 @@
 
 namespace {
 
-using ipc2581::tests::Behind;
-using ipc2581::tests::Export;
-using ipc2581::tests::Exported;
-using ipc2581::tests::Joined;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Writing;
+using namespace ipc2581::tests;
 
 using Pin = CIPC2581_Ecad_CadData_Step_LogicalNet_LogicalNetPin;
 using PinArray = CIPC2581_Ecad_CadData_Step_LogicalNet_LogicalNetPinArray;

@@ -15,22 +15,13 @@
 #include "ipc2581/cad/LogicalNetPin.h"
 #include "tests/support/Derived.h"
 #include "tests/support/Files.h"
+#include "tests/support/Models.h"
 #include "tests/support/Slots.h"
 #include "tests/support/Text.h"
 
 namespace {
 
-using ipc2581::tests::Behind;
-using ipc2581::tests::Below;
-using ipc2581::tests::Counted;
-using ipc2581::tests::Export;
-using ipc2581::tests::Exported;
-using ipc2581::tests::Joined;
-using ipc2581::tests::Lines;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Str;
-using ipc2581::tests::Texts;
-using ipc2581::tests::Writing;
+using namespace ipc2581::tests;
 
 using Net = CIPC2581_Ecad_CadData_Step_LogicalNet;
 using NetArray = CIPC2581_Ecad_CadData_Step_LogicalNetArray;
@@ -88,10 +79,7 @@ TEST(LogicalNet, HoldsItsFieldsInOrder)
 
 TEST(LogicalNet, HasItsOperationsInOrder)
 {
-    EXPECT_TRUE((std::is_base_of_v<CIPC2581_XmlDataAdd_Function, Net>));
-    EXPECT_TRUE(std::has_virtual_destructor_v<Net>);
-    EXPECT_EQ(Slot(&Net::Export), 2u);
-    EXPECT_EQ(Slot(&Behind<Net>::Next), 3u);
+    ExpectExportIsItsOneOperation<Net>();
 }
 
 TEST(LogicalNet, ItsAccessorsReachItsFields)

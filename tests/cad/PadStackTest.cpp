@@ -1,6 +1,5 @@
 #include "ipc2581/cad/PadStack.h"
 
-#include <array>
 #include <cstddef>
 #include <initializer_list>
 #include <memory>

@@ -15,23 +15,12 @@
 #include "tests/cad/PhyNets.h"
 #include "tests/support/Derived.h"
 #include "tests/support/Files.h"
-#include "tests/support/Slots.h"
+#include "tests/support/Models.h"
 #include "tests/support/Text.h"
 
 namespace {
 
-using ipc2581::tests::Behind;
-using ipc2581::tests::Below;
-using ipc2581::tests::Export;
-using ipc2581::tests::Exported;
-using ipc2581::tests::Joined;
-using ipc2581::tests::Lines;
-using ipc2581::tests::PointsOf;
-using ipc2581::tests::ReadPart;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Str;
-using ipc2581::tests::Texts;
-using ipc2581::tests::Writing;
+using namespace ipc2581::tests;
 
 using Group = CIPC2581_Ecad_CadData_Step_PhyNetGroup;
 using Net = CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet;
@@ -65,10 +54,7 @@ TEST(PhyNetGroup, HasItsOperationsInOrder)
 {
     EXPECT_FALSE(std::is_copy_constructible_v<Group>);
     EXPECT_FALSE(std::is_copy_assignable_v<Group>);
-    EXPECT_TRUE((std::is_base_of_v<CIPC2581_XmlDataAdd_Function, Group>));
-    EXPECT_TRUE(std::has_virtual_destructor_v<Group>);
-    EXPECT_EQ(Slot(&Group::Export), 2u);
-    EXPECT_EQ(Slot(&Behind<Group>::Next), 3u);
+    ExpectExportIsItsOneOperation<Group>();
 }
 
 TEST(PhyNetGroup, ReadsItsNets)

@@ -2,7 +2,6 @@
 
 #include <string>
 #include <string_view>
-#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -14,23 +13,12 @@
 #include "tests/cad/PhyNets.h"
 #include "tests/support/Derived.h"
 #include "tests/support/Files.h"
-#include "tests/support/Slots.h"
+#include "tests/support/Models.h"
 #include "tests/support/Text.h"
 
 namespace {
 
-using ipc2581::tests::Behind;
-using ipc2581::tests::Below;
-using ipc2581::tests::Export;
-using ipc2581::tests::Exported;
-using ipc2581::tests::FieldsOf;
-using ipc2581::tests::Joined;
-using ipc2581::tests::Lines;
-using ipc2581::tests::PointFields;
-using ipc2581::tests::PointsOf;
-using ipc2581::tests::ReadPart;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Texts;
+using namespace ipc2581::tests;
 
 using Net = CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet;
 using Point = CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet_PhyNetPoint;
@@ -69,10 +57,7 @@ TEST(PhyNetPoint, HoldsItsFieldsInOrder)
 
 TEST(PhyNetPoint, HasItsOperationsInOrder)
 {
-    EXPECT_TRUE((std::is_base_of_v<CIPC2581_XmlDataAdd_Function, Point>));
-    EXPECT_TRUE(std::has_virtual_destructor_v<Point>);
-    EXPECT_EQ(Slot(&Point::Export), 2u);
-    EXPECT_EQ(Slot(&Behind<Point>::Next), 3u);
+    ExpectExportIsItsOneOperation<Point>();
 }
 
 TEST(PhyNetPoint, CopiesAllFields)

@@ -2,7 +2,6 @@
 
 #include <string>
 #include <string_view>
-#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -14,21 +13,12 @@
 #include "tests/cad/Stackups.h"
 #include "tests/support/Derived.h"
 #include "tests/support/Files.h"
-#include "tests/support/Slots.h"
+#include "tests/support/Models.h"
 #include "tests/support/Text.h"
 
 namespace {
 
-using ipc2581::tests::Behind;
-using ipc2581::tests::Below;
-using ipc2581::tests::Export;
-using ipc2581::tests::FieldsOf;
-using ipc2581::tests::GroupFields;
-using ipc2581::tests::Joined;
-using ipc2581::tests::Lines;
-using ipc2581::tests::ReadStackup;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Texts;
+using namespace ipc2581::tests;
 
 using Stackup = CIPC2581_Ecad_CadData_Stackup;
 using Group = CIPC2581_Ecad_CadData_Stackup_StackupGroup;
@@ -47,10 +37,7 @@ TEST(StackupGroup, IsEmptyAtFirst)
 
 TEST(StackupGroup, HasItsOperationsInOrder)
 {
-    EXPECT_TRUE((std::is_base_of_v<CIPC2581_XmlDataAdd_Function, Group>));
-    EXPECT_TRUE(std::has_virtual_destructor_v<Group>);
-    EXPECT_EQ(Slot(&Group::Export), 2u);
-    EXPECT_EQ(Slot(&Behind<Group>::Next), 3u);
+    ExpectExportIsItsOneOperation<Group>();
 }
 
 TEST(StackupGroup, ReadsItsAttributesAsNumbers)

@@ -16,11 +16,7 @@
 
 namespace {
 
-using ipc2581::tests::Behind;
-using ipc2581::tests::FieldsOf;
-using ipc2581::tests::LayerFields;
-using ipc2581::tests::Lines;
-using ipc2581::tests::Slot;
+using namespace ipc2581::tests;
 
 using Group = CIPC2581_Ecad_CadData_Stackup_StackupGroup;
 using StackLayer = CIPC2581_Ecad_CadData_Stackup_StackupGroup_StackupLayer;

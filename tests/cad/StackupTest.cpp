@@ -16,23 +16,13 @@
 #include "tests/cad/Stackups.h"
 #include "tests/support/Derived.h"
 #include "tests/support/Files.h"
+#include "tests/support/Models.h"
 #include "tests/support/Slots.h"
 #include "tests/support/Text.h"
 
 namespace {
 
-using ipc2581::tests::Behind;
-using ipc2581::tests::Below;
-using ipc2581::tests::Counted;
-using ipc2581::tests::Export;
-using ipc2581::tests::Exported;
-using ipc2581::tests::FieldsOf;
-using ipc2581::tests::Joined;
-using ipc2581::tests::Lines;
-using ipc2581::tests::ReadStackup;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Texts;
-using ipc2581::tests::Tokens;
+using namespace ipc2581::tests;
 
 using Stackup = CIPC2581_Ecad_CadData_Stackup;
 using Group = CIPC2581_Ecad_CadData_Stackup_StackupGroup;
@@ -59,10 +49,7 @@ TEST(Stackup, HasItsOperationsInOrder)
 {
     EXPECT_FALSE(std::is_copy_constructible_v<Stackup>);
     EXPECT_FALSE(std::is_copy_assignable_v<Stackup>);
-    EXPECT_TRUE((std::is_base_of_v<CIPC2581_XmlDataAdd_Function, Stackup>));
-    EXPECT_TRUE(std::has_virtual_destructor_v<Stackup>);
-    EXPECT_EQ(Slot(&Stackup::Export), 2u);
-    EXPECT_EQ(Slot(&Behind<Stackup>::Next), 3u);
+    ExpectExportIsItsOneOperation<Stackup>();
 }
 
 TEST(Stackup, KeepsItsAttributesAsText)

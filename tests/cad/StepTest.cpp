@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <string>
 #include <string_view>
-#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -21,24 +20,13 @@
 #include "ipc2581/draw/Polygon.h"
 #include "tests/support/Derived.h"
 #include "tests/support/Files.h"
+#include "tests/support/Models.h"
 #include "tests/support/Progress.h"
-#include "tests/support/Slots.h"
 #include "tests/support/Text.h"
 
 namespace {
 
-using ipc2581::tests::Bar;
-using ipc2581::tests::Behind;
-using ipc2581::tests::Below;
-using ipc2581::tests::Export;
-using ipc2581::tests::Exported;
-using ipc2581::tests::Joined;
-using ipc2581::tests::Lines;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Str;
-using ipc2581::tests::Texts;
-using ipc2581::tests::Tokens;
-using ipc2581::tests::Writing;
+using namespace ipc2581::tests;
 
 using Step = CIPC2581_Ecad_CadData_Step;
 using Component = CIPC2581_Ecad_CadData_Step_Component;
@@ -124,10 +112,7 @@ TEST(Step, HoldsItsFieldsInOrder)
 
 TEST(Step, HasItsOperationsInOrder)
 {
-    EXPECT_TRUE((std::is_base_of_v<CIPC2581_XmlDataAdd_Function, Step>));
-    EXPECT_TRUE(std::has_virtual_destructor_v<Step>);
-    EXPECT_EQ(Slot(&Step::Export), 2u);
-    EXPECT_EQ(Slot(&Behind<Step>::Next), 3u);
+    ExpectExportIsItsOneOperation<Step>();
 }
 
 TEST(Step, InitEmptiesTheNameAndForgetsTheBar)

@@ -24,18 +24,7 @@
 
 namespace {
 
-using ipc2581::tests::Below;
-using ipc2581::tests::Bytes;
-using ipc2581::tests::Export;
-using ipc2581::tests::Exported;
-using ipc2581::tests::Joined;
-using ipc2581::tests::Lines;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Str;
-using ipc2581::tests::TempFolder;
-using ipc2581::tests::Texts;
-using ipc2581::tests::Tokens;
-using ipc2581::tests::Written;
+using namespace ipc2581::tests;
 
 using Content = CIPC2581_Content;
 using Standard = CIPC2581_Content_DictionaryStandard;

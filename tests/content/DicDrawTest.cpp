@@ -24,13 +24,7 @@
 
 namespace {
 
-using ipc2581::tests::Export;
-using ipc2581::tests::Exported;
-using ipc2581::tests::Lines;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Str;
-using ipc2581::tests::Texts;
-using ipc2581::tests::Tokens;
+using namespace ipc2581::tests;
 
 using Butterfly = CIPC2581_DicDraw_Butterfly;
 using Circle = CIPC2581_DicDraw_Circle;

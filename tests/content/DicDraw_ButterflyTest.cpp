@@ -10,11 +10,7 @@
 
 namespace {
 
-using ipc2581::tests::Export;
-using ipc2581::tests::Exported;
-using ipc2581::tests::Joined;
-using ipc2581::tests::Tokens;
-using ipc2581::tests::Written;
+using namespace ipc2581::tests;
 
 using Butterfly = CIPC2581_DicDraw_Butterfly;
 using Shape = CIPC2581_DrawObj;

@@ -9,10 +9,7 @@
 
 namespace {
 
-using ipc2581::tests::ExpectAccessors;
-using ipc2581::tests::Joined;
-using ipc2581::tests::Tokens;
-using ipc2581::tests::Written;
+using namespace ipc2581::tests;
 
 using Circle = CIPC2581_DicDraw_Circle;
 

@@ -4,7 +4,6 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <type_traits>
 #include <typeinfo>
 #include <utility>
 #include <vector>
@@ -23,15 +22,7 @@
 
 namespace {
 
-using ipc2581::tests::Below;
-using ipc2581::tests::Export;
-using ipc2581::tests::Exported;
-using ipc2581::tests::Joined;
-using ipc2581::tests::Lines;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Texts;
-using ipc2581::tests::Tokens;
-using ipc2581::tests::Written;
+using namespace ipc2581::tests;
 
 using Contour = CIPC2581_DicDraw_Contour;
 using Shape = CIPC2581_DrawObj;

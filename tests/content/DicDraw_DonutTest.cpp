@@ -14,10 +14,7 @@
 
 namespace {
 
-using ipc2581::tests::ExpectAccessors;
-using ipc2581::tests::Joined;
-using ipc2581::tests::Tokens;
-using ipc2581::tests::Written;
+using namespace ipc2581::tests;
 
 using Diamond = CIPC2581_DicDraw_Diamond;
 using Donut = CIPC2581_DicDraw_Donut;

@@ -12,9 +12,7 @@
 
 namespace {
 
-using ipc2581::tests::Joined;
-using ipc2581::tests::Tokens;
-using ipc2581::tests::Written;
+using namespace ipc2581::tests;
 
 using Moire = CIPC2581_DicDraw_Moire;
 using Shape = CIPC2581_DrawObj;

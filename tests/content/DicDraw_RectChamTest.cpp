@@ -7,9 +7,7 @@
 
 namespace {
 
-using ipc2581::tests::ExpectAccessors;
-using ipc2581::tests::ExpectCorners;
-using ipc2581::tests::ExpectCornersAreNotReadBack;
+using namespace ipc2581::tests;
 
 using RectCham = CIPC2581_DicDraw_RectCham;
 

@@ -14,10 +14,7 @@
 
 namespace {
 
-using ipc2581::tests::ExpectAccessors;
-using ipc2581::tests::Joined;
-using ipc2581::tests::Tokens;
-using ipc2581::tests::Written;
+using namespace ipc2581::tests;
 
 using Thermal = CIPC2581_DicDraw_Thermal;
 using Shape = CIPC2581_DrawObj;

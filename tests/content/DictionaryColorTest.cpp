@@ -14,15 +14,7 @@
 
 namespace {
 
-using ipc2581::tests::Before;
-using ipc2581::tests::Below;
-using ipc2581::tests::CountedEntry;
-using ipc2581::tests::Export;
-using ipc2581::tests::Exported;
-using ipc2581::tests::FieldsOf;
-using ipc2581::tests::g_entriesAlive;
-using ipc2581::tests::NewEntry;
-using ipc2581::tests::Slot;
+using namespace ipc2581::tests;
 
 using Dictionary = CIPC2581_Content_DictionaryColor;
 using Entry = CIPC2581_Content_DictionaryColor_EntryColor;

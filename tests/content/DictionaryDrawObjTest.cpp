@@ -21,12 +21,7 @@
 
 namespace {
 
-using ipc2581::tests::Export;
-using ipc2581::tests::Exported;
-using ipc2581::tests::Joined;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Unwritable;
-using ipc2581::tests::Written;
+using namespace ipc2581::tests;
 
 using Base = CIPC2581_DictionaryDrawObj;
 using Array = CIPC2581_DictionaryDrawObjArray;

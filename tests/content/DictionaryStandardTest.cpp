@@ -1,7 +1,6 @@
 #include "ipc2581/content/DictionaryStandard.h"
 
 #include <memory>
-#include <string>
 #include <type_traits>
 
 #include <gtest/gtest.h>
@@ -15,11 +14,7 @@
 
 namespace {
 
-using ipc2581::tests::Below;
-using ipc2581::tests::Export;
-using ipc2581::tests::Exported;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Written;
+using namespace ipc2581::tests;
 
 using Dictionary = CIPC2581_Content_DictionaryStandard;
 using Entry = CIPC2581_Content_DictionaryStandard_EntryStandard;

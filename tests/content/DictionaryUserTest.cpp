@@ -17,14 +17,7 @@
 
 namespace {
 
-using ipc2581::tests::Alive;
-using ipc2581::tests::Below;
-using ipc2581::tests::Export;
-using ipc2581::tests::Exported;
-using ipc2581::tests::Joined;
-using ipc2581::tests::NewEntry;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Written;
+using namespace ipc2581::tests;
 
 using Dictionary = CIPC2581_Content_DictionaryUser;
 using Entry = CIPC2581_Content_DictionaryUser_EntryUser;

@@ -20,19 +20,7 @@
 
 namespace {
 
-using ipc2581::tests::Before;
-using ipc2581::tests::Below;
-using ipc2581::tests::CountedEntry;
-using ipc2581::tests::Export;
-using ipc2581::tests::Exported;
-using ipc2581::tests::Fields;
-using ipc2581::tests::FieldsOf;
-using ipc2581::tests::g_entriesAlive;
-using ipc2581::tests::Lines;
-using ipc2581::tests::NewEntry;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Texts;
-using ipc2581::tests::Written;
+using namespace ipc2581::tests;
 
 using Entry = CIPC2581_Content_DictionaryColor_EntryColor;
 using Array = CIPC2581_Content_DictionaryColor_EntryColorArray;

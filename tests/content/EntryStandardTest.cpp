@@ -22,16 +22,7 @@
 
 namespace {
 
-using ipc2581::tests::Alive;
-using ipc2581::tests::Below;
-using ipc2581::tests::Export;
-using ipc2581::tests::Exported;
-using ipc2581::tests::Joined;
-using ipc2581::tests::Lines;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Texts;
-using ipc2581::tests::Unwritable;
-using ipc2581::tests::Written;
+using namespace ipc2581::tests;
 
 using Entry = CIPC2581_Content_DictionaryStandard_EntryStandard;
 using Array = CIPC2581_Content_DictionaryStandard_EntryStandardArray;

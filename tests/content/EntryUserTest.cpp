@@ -16,15 +16,7 @@
 
 namespace {
 
-using ipc2581::tests::Alive;
-using ipc2581::tests::Below;
-using ipc2581::tests::Export;
-using ipc2581::tests::Exported;
-using ipc2581::tests::Joined;
-using ipc2581::tests::NewEntry;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Unwritable;
-using ipc2581::tests::Written;
+using namespace ipc2581::tests;
 
 using Entry = CIPC2581_Content_DictionaryUser_EntryUser;
 using Array = CIPC2581_Content_DictionaryUser_EntryUserArray;

@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <string>
 #include <type_traits>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -16,11 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-using ipc2581::tests::Bytes;
-using ipc2581::tests::MessageBoxes;
-using ipc2581::tests::Str;
-using ipc2581::tests::TempFolder;
-using ipc2581::tests::Texts;
+using namespace ipc2581::tests;
 
 const std::string Empty = " \n\nDictionaryStandard Units: \n";
 

@@ -10,15 +10,7 @@
 
 namespace {
 
-using ipc2581::tests::Below;
-using ipc2581::tests::BoardLine;
-using ipc2581::tests::MessageBoxes;
-using ipc2581::tests::ModelFiles;
-using ipc2581::tests::ModelSizes;
-using ipc2581::tests::Outcome;
-using ipc2581::tests::Shrunk;
-using ipc2581::tests::WholeBoard;
-using ipc2581::tests::WholeBoardBytes;
+using namespace ipc2581::tests;
 
 // True if a value is taken that the beginning of a line leaves open: behind its last closed value stands a word that
 // is tested for, and no value that is closed.

@@ -106,10 +106,7 @@ void operator delete[](void * memory, const std::nothrow_t & /*tag*/) noexcept
 
 namespace {
 
-using ipc2581::tests::Bytes;
-using ipc2581::tests::ModelCounter;
-using ipc2581::tests::TempFolder;
-using ipc2581::tests::WholeBoardBytes;
+using namespace ipc2581::tests;
 
 // More than the work on the board ever allocates.
 constexpr std::int64_t Bound = 100000;

@@ -13,16 +13,7 @@
 
 namespace {
 
-using ipc2581::tests::Bytes;
-using ipc2581::tests::Joined;
-using ipc2581::tests::MessageBoxes;
-using ipc2581::tests::ModelFiles;
-using ipc2581::tests::ModelSizes;
-using ipc2581::tests::Outcome;
-using ipc2581::tests::Shrunk;
-using ipc2581::tests::Split;
-using ipc2581::tests::TempFolder;
-using ipc2581::tests::Texts;
+using namespace ipc2581::tests;
 
 std::string_view WithoutIndent(std::string_view line)
 {

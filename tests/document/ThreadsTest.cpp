@@ -15,13 +15,7 @@
 
 namespace {
 
-using ipc2581::tests::Bytes;
-using ipc2581::tests::Export;
-using ipc2581::tests::Exported;
-using ipc2581::tests::ModelCounter;
-using ipc2581::tests::ModelSizes;
-using ipc2581::tests::TempFolder;
-using ipc2581::tests::WholeBoardBytes;
+using namespace ipc2581::tests;
 
 constexpr std::size_t Count = 8;
 constexpr int Turns = 6;

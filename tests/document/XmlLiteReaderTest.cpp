@@ -20,16 +20,7 @@
 
 namespace {
 
-using ipc2581::tests::Bar;
-using ipc2581::tests::Behind;
-using ipc2581::tests::Below;
-using ipc2581::tests::Joined;
-using ipc2581::tests::MessageBoxes;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Str;
-using ipc2581::tests::TempFolder;
-using ipc2581::tests::Texts;
-using ipc2581::tests::Tokens;
+using namespace ipc2581::tests;
 
 Texts TextsOf(const CStringArray & list)
 {

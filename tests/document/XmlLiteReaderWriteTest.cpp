@@ -19,13 +19,7 @@
 
 namespace {
 
-using ipc2581::tests::Bar;
-using ipc2581::tests::Below;
-using ipc2581::tests::Bytes;
-using ipc2581::tests::Joined;
-using ipc2581::tests::MessageBoxes;
-using ipc2581::tests::Refusing;
-using ipc2581::tests::TempFolder;
+using namespace ipc2581::tests;
 
 constexpr std::string_view Declaration = Below(R"(
 <?xml version="1.0" encoding="UTF-8"?>

@@ -15,13 +15,7 @@
 
 namespace {
 
-using ipc2581::tests::Below;
-using ipc2581::tests::Exported;
-using ipc2581::tests::Joined;
-using ipc2581::tests::Lines;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Texts;
-using ipc2581::tests::Written;
+using namespace ipc2581::tests;
 // Start, end and centre.
 using Coordinates = std::array<double, 6>;
 

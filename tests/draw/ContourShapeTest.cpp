@@ -4,7 +4,6 @@
 #include <memory>
 #include <ostream>
 #include <string>
-#include <type_traits>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -17,8 +16,7 @@
 
 namespace {
 
-using ipc2581::tests::IsVirtual;
-using ipc2581::tests::Tokens;
+using namespace ipc2581::tests;
 
 struct Step {
     int type = 0;

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "ipc2581/draw/Text.h"
+#include "tests/draw/Contours.h"
 #include "tests/support/Derived.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
@@ -14,33 +15,7 @@
 
 namespace {
 
-using ipc2581::tests::Below;
-using ipc2581::tests::Counted;
-using ipc2581::tests::Exported;
-using ipc2581::tests::Joined;
-using ipc2581::tests::Lines;
-using ipc2581::tests::Refusing;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Str;
-using ipc2581::tests::Texts;
-using ipc2581::tests::Written;
-
-// Begin point and steps in short: "b1,2 s3,4 c5,6" for a begin point, a segment and a curve.
-std::string Short(const CIPC2581_Cutout & cutout)
-{
-    const auto at = [](char what, const CIPC2581_Point & point) {
-        CString text;
-        text.Format("%s%d,%d", CString(std::string_view(&what, 1)), static_cast<int>(point.GetPoint_X()),
-                    static_cast<int>(point.GetPoint_Y()));
-        return Str(text);
-    };
-    std::string text = at('b', *cutout.PolyBegin);
-    for (std::int64_t i = 0; i < cutout.PolyStepArray->GetSize(); ++i) {
-        const CIPC2581_PolyStep & step = *cutout.PolyStepArray->GetAt(i);
-        text += " " + at(step.GetType() == 0 ? 's' : 'c', *step.GetEndPoint());
-    }
-    return text;
-}
+using namespace ipc2581::tests;
 
 void Fill(CIPC2581_Cutout & cutout)
 {
@@ -54,12 +29,12 @@ TEST(Cutout, ReadsBeginPointAndSteps)
 {
     CIPC2581_Cutout cutout;
     Fill(cutout);
-    EXPECT_EQ(Short(cutout), "b1,2 s3,4 c5,6");
+    EXPECT_EQ(ShortContour(cutout), "b1,2 s3,4 c5,6");
     EXPECT_EQ(cutout.PolyStepArray->GetAt(1)->GetCenterPoint()->GetPoint_X(), 7.0);
     EXPECT_EQ(cutout.PolyStepArray->GetAt(1)->GetCenterPoint()->GetPoint_Y(), 8.0);
     EXPECT_EQ(cutout.PolyStepArray->GetAt(1)->GetClockWise(), 1);
     Fill(cutout);
-    EXPECT_EQ(Short(cutout), "b1,2 s3,4 c5,6 s3,4 c5,6");
+    EXPECT_EQ(ShortContour(cutout), "b1,2 s3,4 c5,6 s3,4 c5,6");
 }
 
 // A line whose first token holds two words goes to the first test that it passes.
@@ -87,7 +62,7 @@ TEST(Cutout, TestsHaveTheirOrderAndExcludeEachOther)
         CIPC2581_Cutout cutout;
         Lines file{row.line, "behind"};
         EXPECT_EQ(cutout.Import(file.File()), 1);
-        EXPECT_EQ(Short(cutout), row.result) << row.line;
+        EXPECT_EQ(ShortContour(cutout), row.result) << row.line;
         EXPECT_EQ(file.Rest().size(), row.ends ? 1U : 0U) << row.line;
     }
 }
@@ -99,7 +74,7 @@ TEST(Cutout, OtherLinesArePassedOver)
                "</Cutout>", "behind"};
     EXPECT_EQ(cutout.Import(file.File()), 1);
     EXPECT_EQ(file.Rest(), Texts{"behind"});
-    EXPECT_EQ(Short(cutout), "b0,0");
+    EXPECT_EQ(ShortContour(cutout), "b0,0");
 }
 
 TEST(Cutout, KeepsWhatWasReadAtTheEndOfFile)
@@ -112,7 +87,7 @@ TEST(Cutout, KeepsWhatWasReadAtTheEndOfFile)
         CIPC2581_Cutout cutout;
         Lines file(bytes);
         EXPECT_EQ(cutout.Import(file.File()), 1);
-        EXPECT_EQ(Short(cutout), results[count]);
+        EXPECT_EQ(ShortContour(cutout), results[count]);
         bytes += count < lines.size() ? lines[count] : "";
     }
 }
@@ -124,7 +99,7 @@ TEST(Cutout, KeepsWhatWasReadBeforeALineThatRaises)
         Fill(cutout);
         Lines file{line, "behind"};
         EXPECT_THROW(cutout.Import(file.File()), CInvalidArgException) << line;
-        EXPECT_EQ(Short(cutout), "b1,2 s3,4 c5,6") << line;
+        EXPECT_EQ(ShortContour(cutout), "b1,2 s3,4 c5,6") << line;
         EXPECT_EQ(file.Rest(), Texts{"behind"}) << line;
     }
 }
@@ -190,7 +165,7 @@ TEST(Cutout, InitReplacesItsParts)
     EXPECT_EQ(begins, 1);
     EXPECT_EQ(lists, 1);
     EXPECT_EQ(steps, 1);
-    EXPECT_EQ(Short(cutout), "b0,0");
+    EXPECT_EQ(ShortContour(cutout), "b0,0");
     EXPECT_EQ(cutout.GetDrawType(), 23);
 }
 
@@ -219,7 +194,7 @@ Texts All(const CIPC2581_CutoutArray & array)
 {
     Texts texts;
     for (std::int64_t i = 0; i < array.GetSize(); ++i) {
-        texts.push_back(Short(*array.GetAt(i)));
+        texts.push_back(ShortContour(*array.GetAt(i)));
     }
     return texts;
 }

@@ -8,7 +8,6 @@
 #include <type_traits>
 #include <typeinfo>
 #include <utility>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -26,14 +25,7 @@
 
 namespace {
 
-using ipc2581::tests::Exported;
-using ipc2581::tests::IsVirtual;
-using ipc2581::tests::Lines;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Str;
-using ipc2581::tests::Texts;
-using ipc2581::tests::Tokens;
-using ipc2581::tests::Written;
+using namespace ipc2581::tests;
 using TokenList = CArray<CString, CString>;
 
 bool IsPlain(const CIPC2581_DrawObj & shape)

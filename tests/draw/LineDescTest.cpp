@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <functional>
 #include <memory>
-#include <string>
 #include <type_traits>
 #include <vector>
 
@@ -19,11 +18,7 @@
 
 namespace {
 
-using ipc2581::tests::Exported;
-using ipc2581::tests::Joined;
-using ipc2581::tests::Lines;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Written;
+using namespace ipc2581::tests;
 
 CIPC2581_LineDesc Made(int shape, double width, const char * end)
 {

@@ -14,13 +14,7 @@
 
 namespace {
 
-using ipc2581::tests::Below;
-using ipc2581::tests::Exported;
-using ipc2581::tests::Lines;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Texts;
-using ipc2581::tests::Tokens;
-using ipc2581::tests::Written;
+using namespace ipc2581::tests;
 
 void AddSegment(CIPC2581_Outline & outline, const char * line = R"(<PolyStepSegment x="3" y="4" />)")
 {

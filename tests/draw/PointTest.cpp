@@ -1,10 +1,8 @@
 #include "ipc2581/draw/Point.h"
 
 #include <memory>
-#include <string>
 #include <type_traits>
 #include <utility>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -14,11 +12,7 @@
 
 namespace {
 
-using ipc2581::tests::Exported;
-using ipc2581::tests::Joined;
-using ipc2581::tests::Lines;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Written;
+using namespace ipc2581::tests;
 
 // At 1.5, -2.
 CIPC2581_Point Sample()

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/draw/Contours.h"
 #include "tests/support/Derived.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
@@ -13,33 +14,12 @@
 
 namespace {
 
-using ipc2581::tests::Below;
-using ipc2581::tests::Exported;
-using ipc2581::tests::Joined;
-using ipc2581::tests::Lines;
-using ipc2581::tests::Refusing;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Str;
-using ipc2581::tests::Texts;
-using ipc2581::tests::Written;
+using namespace ipc2581::tests;
 
 // All of it in short: "b1,2 s3,4 c5,6 w9" for a begin point, a segment, a curve and a line width.
 std::string Short(const CIPC2581_PolyLine & polyLine)
 {
-    const auto at = [](char what, const CIPC2581_Point & point) {
-        CString text;
-        text.Format("%s%d,%d ", CString(std::string_view(&what, 1)), static_cast<int>(point.GetPoint_X()),
-                    static_cast<int>(point.GetPoint_Y()));
-        return Str(text);
-    };
-    std::string text = at('b', *polyLine.PolyBegin);
-    for (std::int64_t i = 0; i < polyLine.PolyStepArray->GetSize(); ++i) {
-        const CIPC2581_PolyStep & step = *polyLine.PolyStepArray->GetAt(i);
-        text += at(step.GetType() == 0 ? 's' : 'c', *step.GetEndPoint());
-    }
-    CString width;
-    width.Format("w%d", static_cast<int>(polyLine.LineDesc->LineWidth));
-    return text + Str(width);
+    return ShortContour(polyLine) + " w" + std::to_string(static_cast<int>(polyLine.LineDesc->LineWidth));
 }
 
 void Fill(CIPC2581_PolyLine & polyLine)

@@ -18,11 +18,7 @@
 
 namespace {
 
-using ipc2581::tests::Exported;
-using ipc2581::tests::IsVirtual;
-using ipc2581::tests::Joined;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Written;
+using namespace ipc2581::tests;
 
 void Set(CIPC2581_PolyStep & step, int type, double x, double y, double centerX = 0, double centerY = 0,
          int clockWise = 1)

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/draw/Contours.h"
 #include "tests/support/Derived.h"
 #include "tests/support/Files.h"
 #include "tests/support/Slots.h"
@@ -12,31 +13,7 @@
 
 namespace {
 
-using ipc2581::tests::Below;
-using ipc2581::tests::Exported;
-using ipc2581::tests::Joined;
-using ipc2581::tests::Lines;
-using ipc2581::tests::Refusing;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Texts;
-using ipc2581::tests::Written;
-
-// Begin point and steps in short: "b1,2 s3,4 c5,6" for a begin point, a segment and a curve.
-std::string Short(const CIPC2581_Polygon & polygon)
-{
-    const auto at = [](char what, const CIPC2581_Point & point) {
-        CString text;
-        text.Format("%s%d,%d", CString(std::string_view(&what, 1)), static_cast<int>(point.GetPoint_X()),
-                    static_cast<int>(point.GetPoint_Y()));
-        return ipc2581::tests::Str(text);
-    };
-    std::string text = at('b', *polygon.PolyBegin);
-    for (std::int64_t i = 0; i < polygon.PolyStepArray->GetSize(); ++i) {
-        const CIPC2581_PolyStep & step = *polygon.PolyStepArray->GetAt(i);
-        text += " " + at(step.GetType() == 0 ? 's' : 'c', *step.GetEndPoint());
-    }
-    return text;
-}
+using namespace ipc2581::tests;
 
 TEST(Polygon, ReadsBeginPointAndSteps)
 {
@@ -49,7 +26,7 @@ TEST(Polygon, ReadsBeginPointAndSteps)
                "behind"};
     EXPECT_EQ(polygon.Import(file.File()), 1);
     EXPECT_EQ(file.Rest(), Texts{"behind"});
-    EXPECT_EQ(Short(polygon), "b1,2 s3,4 c5,6 s1,2");
+    EXPECT_EQ(ShortContour(polygon), "b1,2 s3,4 c5,6 s1,2");
     const CIPC2581_PolyStep & curve = *polygon.PolyStepArray->GetAt(1);
     EXPECT_EQ(curve.GetCenterPoint()->GetPoint_X(), 7.0);
     EXPECT_EQ(curve.GetCenterPoint()->GetPoint_Y(), 8.0);
@@ -63,7 +40,7 @@ TEST(Polygon, AddsToTheStepsThatItHas)
     polygon.Import(first.File());
     Lines second{R"(<PolyBegin x="9" />)", R"(<PolyStepSegment x="5" y="6" />)", "</Polygon>"};
     polygon.Import(second.File());
-    EXPECT_EQ(Short(polygon), "b9,2 s3,4 s5,6");
+    EXPECT_EQ(ShortContour(polygon), "b9,2 s3,4 s5,6");
 }
 
 // A line whose first token holds two words goes to the first test that it passes.
@@ -89,7 +66,7 @@ TEST(Polygon, TestsHaveTheirOrderAndExcludeEachOther)
         CIPC2581_Polygon polygon;
         Lines file{row.line, "behind"};
         EXPECT_EQ(polygon.Import(file.File()), 1);
-        EXPECT_EQ(Short(polygon), row.result) << row.line;
+        EXPECT_EQ(ShortContour(polygon), row.result) << row.line;
         EXPECT_EQ(file.Rest().size(), row.ends ? 1U : 0U) << row.line;
     }
 }
@@ -101,7 +78,7 @@ TEST(Polygon, ClosingLinesOfStepsAppendSteps)
     Lines file{R"(<PolyBegin x="1" y="2">)", "</PolyBegin>", R"(<PolyStepSegment x="3" y="4">)", "</PolyStepSegment>",
                "</PolyStepCurve>"};
     EXPECT_EQ(polygon.Import(file.File()), 1);
-    EXPECT_EQ(Short(polygon), "b1,2 s3,4 s0,0 c0,0");
+    EXPECT_EQ(ShortContour(polygon), "b1,2 s3,4 s0,0 c0,0");
     EXPECT_EQ(polygon.PolyStepArray->GetAt(2)->GetClockWise(), 1);
 }
 
@@ -123,7 +100,7 @@ TEST(Polygon, OtherLinesArePassedOver)
                "behind"};
     EXPECT_EQ(polygon.Import(file.File()), 1);
     EXPECT_EQ(file.Rest(), Texts{"behind"});
-    EXPECT_EQ(Short(polygon), "b0,0");
+    EXPECT_EQ(ShortContour(polygon), "b0,0");
 }
 
 TEST(Polygon, KeepsWhatWasReadAtTheEndOfFile)
@@ -136,7 +113,7 @@ TEST(Polygon, KeepsWhatWasReadAtTheEndOfFile)
         CIPC2581_Polygon polygon;
         Lines file(bytes);
         EXPECT_EQ(polygon.Import(file.File()), 1);
-        EXPECT_EQ(Short(polygon), results[count]);
+        EXPECT_EQ(ShortContour(polygon), results[count]);
         bytes += count < lines.size() ? lines[count] : "";
     }
 }
@@ -147,7 +124,7 @@ TEST(Polygon, KeepsWhatWasReadBeforeALineThatRaises)
         CIPC2581_Polygon polygon;
         Lines file{R"(<PolyBegin x="1" y="2" />)", R"(<PolyStepSegment x="3" y="4" />)", line, "behind"};
         EXPECT_THROW(polygon.Import(file.File()), CInvalidArgException) << line;
-        EXPECT_EQ(Short(polygon), "b1,2 s3,4") << line;
+        EXPECT_EQ(ShortContour(polygon), "b1,2 s3,4") << line;
         EXPECT_EQ(file.Rest(), Texts{"behind"}) << line;
     }
 }
@@ -211,7 +188,7 @@ TEST(Polygon, EachReadAndWriteTurnsTheDirectionRound)
         CIPC2581_Polygon read;
         Lines file(text);
         EXPECT_EQ(read.Import(file.File()), 1);
-        EXPECT_EQ(Short(read), "b1,2 s3,4 c5,6");
+        EXPECT_EQ(ShortContour(read), "b1,2 s3,4 c5,6");
         text = Written(read);
         EXPECT_NE(text.find(direction), std::string::npos) << text;
     }
@@ -270,7 +247,7 @@ TEST(Polygon, InItKeepsItsParts)
     EXPECT_EQ(polygon->PolyBegin, begin);
     EXPECT_EQ(polygon->PolyBegin->GetPoint(), point);
     EXPECT_EQ(polygon->PolyStepArray, steps);
-    EXPECT_EQ(Short(*polygon), "b0,0");
+    EXPECT_EQ(ShortContour(*polygon), "b0,0");
     EXPECT_EQ(polygon->GetDrawType(), 22);
 }
 
@@ -280,7 +257,7 @@ TEST(Polygon, InitOfTheBaseChangesTheTypeAlone)
     const std::unique_ptr<CIPC2581_Polygon> polygon(Sample());
     polygon->Init();
     EXPECT_EQ(polygon->GetDrawType(), 17);
-    EXPECT_EQ(Short(*polygon), "b1,2 s3,4 c5,6");
+    EXPECT_EQ(ShortContour(*polygon), "b1,2 s3,4 c5,6");
 }
 
 TEST(Polygon, CopyingLeavesTheType)

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <functional>
 #include <memory>
-#include <string>
 #include <type_traits>
 #include <typeinfo>
 #include <utility>
@@ -18,13 +17,7 @@
 
 namespace {
 
-using ipc2581::tests::Below;
-using ipc2581::tests::Exported;
-using ipc2581::tests::IsVirtual;
-using ipc2581::tests::Lines;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Texts;
-using ipc2581::tests::Tokens;
+using namespace ipc2581::tests;
 
 // 5, 6, 7, 8, 9.
 CIPC2581_Xform SampleXform()

@@ -13,10 +13,7 @@
 
 namespace {
 
-using ipc2581::tests::Exported;
-using ipc2581::tests::Joined;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Written;
+using namespace ipc2581::tests;
 
 CIPC2581_Xform Sample()
 {

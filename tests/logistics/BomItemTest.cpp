@@ -19,16 +19,7 @@
 
 namespace {
 
-using ipc2581::tests::Behind;
-using ipc2581::tests::Below;
-using ipc2581::tests::BomDocument;
-using ipc2581::tests::Counted;
-using ipc2581::tests::Joined;
-using ipc2581::tests::Lines;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Str;
-using ipc2581::tests::Texts;
-using ipc2581::tests::Tokens;
+using namespace ipc2581::tests;
 
 // The six texts of an item, in their order.
 Texts FieldsOf(const CIPC2581_Bom_BomItem & item)

@@ -18,12 +18,7 @@
 
 namespace {
 
-using ipc2581::tests::Behind;
-using ipc2581::tests::Below;
-using ipc2581::tests::BomDocument;
-using ipc2581::tests::Joined;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Tokens;
+using namespace ipc2581::tests;
 
 TEST(Bom, IsEmptyAtFirst)
 {

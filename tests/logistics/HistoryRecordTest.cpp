@@ -20,10 +20,7 @@
 
 namespace {
 
-using ipc2581::tests::Behind;
-using ipc2581::tests::Below;
-using ipc2581::tests::Slot;
-using ipc2581::tests::Tokens;
+using namespace ipc2581::tests;
 
 struct Record {
     int number;

@@ -11,9 +11,7 @@
 
 namespace {
 
-using ipc2581::tests::Behind;
-using ipc2581::tests::Counted;
-using ipc2581::tests::Slot;
+using namespace ipc2581::tests;
 
 TEST(BomRefDes, HasItsDefaults)
 {

@@ -7,12 +7,14 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <typeinfo>
 #include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
 
+#include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/Afx.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/base/platform/CString.h"
@@ -122,6 +124,16 @@ void ExpectWritesItsElements()
     EXPECT_EQ(Exported(array, 4), (Export{0, "first 4\nsecond 4\nthird 4\n"}));
     EXPECT_TRUE(IsVirtual(&Array::Export));
     EXPECT_EQ(Slot(&Array::Export), kFirstArraySlot);
+}
+
+// The class is a reader whose one virtual operation behind the destructor is Export.
+template <typename Model>
+void ExpectExportIsItsOneOperation()
+{
+    EXPECT_TRUE((std::is_base_of_v<CIPC2581_XmlDataAdd_Function, Model>));
+    EXPECT_TRUE(std::has_virtual_destructor_v<Model>);
+    EXPECT_EQ(Slot(&Model::Export), kFirstSlot);
+    EXPECT_EQ(Slot(&Behind<Model>::Next), kFirstSlot + 1);
 }
 
 // Deletes the part of that type and puts an object of a derived class in its place.

@@ -5,7 +5,6 @@
 #include <string>
 #include <string_view>
 #include <system_error>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -20,10 +19,7 @@
 
 namespace {
 
-using ipc2581::tests::Bytes;
-using ipc2581::tests::Lines;
-using ipc2581::tests::TempFolder;
-using ipc2581::tests::Texts;
+using namespace ipc2581::tests;
 
 constexpr unsigned kRead = CStdioFile::modeRead;
 constexpr unsigned kReadWrite = CStdioFile::modeReadWrite;

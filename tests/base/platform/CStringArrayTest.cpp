@@ -1,12 +1,9 @@
 #include "ipc2581/base/platform/CStringArray.h"
 
 #include <cstdint>
-#include <initializer_list>
 #include <limits>
 #include <string>
-#include <string_view>
 #include <type_traits>
-#include <vector>
 
 #include <gtest/gtest.h>
 
