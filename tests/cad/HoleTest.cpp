@@ -197,10 +197,9 @@ TEST(Hole, ThrowsForAValueThatItsLineDoesNotClose)
 TEST(Hole, WritesOneLine)
 {
     Hole hole;
-    ExpectExport(
-        hole,
-        Joined(
-            {R"(   <Hole name="" diameter="" platingStatus="" plusTol="" minusTol="" x="0.000000" y="0.000000" />)"}));
+    ExpectExport(hole, Below(R"(
+   <Hole name="" diameter="" platingStatus="" plusTol="" minusTol="" x="0.000000" y="0.000000" />
+)"));
 }
 
 TEST(Hole, WritesItsTextsAsTheyAreAndNoSpan)

@@ -341,8 +341,9 @@ TEST_F(Arc, KeepsWhatWasReadBeforeABlankLine)
 
 TEST_F(Arc, IsWrittenWithItsDescription)
 {
-    const std::string opening = Joined(
-        {R"(<Arc startX="1.000000" startY="2.000000" endX="3.000000" endY="4.000000" centerX="5.000000" centerY="6.000000" clockwise="TRUE">)"});
+    const std::string opening = Below(R"(
+<Arc startX="1.000000" startY="2.000000" endX="3.000000" endY="4.000000" centerX="5.000000" centerY="6.000000" clockwise="TRUE">
+)");
     EXPECT_EQ(Exported(arc).result, 1);
     EXPECT_EQ(Written(arc, 0),
               "   " + opening + Joined({R"(      <LineDesc lineEnd="SQUARE" lineWidth="0.500000" />)", "   </Arc>"}));
@@ -386,8 +387,9 @@ private:
 
 TEST_F(Arc, WritesNoClosingLineWhereItsDescriptionFails)
 {
-    const std::string opening = Joined(
-        {R"(   <Arc startX="1.000000" startY="2.000000" endX="3.000000" endY="4.000000" centerX="5.000000" centerY="6.000000" clockwise="TRUE">)"});
+    const std::string opening = Below(R"(
+   <Arc startX="1.000000" startY="2.000000" endX="3.000000" endY="4.000000" centerX="5.000000" centerY="6.000000" clockwise="TRUE">
+)");
     for (const int result : {0, 1, -1}) {
         delete arc.LineDesc;
         arc.LineDesc = new OddLineDesc(result);

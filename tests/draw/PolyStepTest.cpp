@@ -195,8 +195,9 @@ TEST(PolyStep, SegmentIsWrittenWithItsEnd)
 
 TEST(PolyStep, AnyOtherTypeIsWrittenAsACurve)
 {
-    const std::string line = Joined(
-        {R"(<PolyStepCurve x="1.500000" y="-2.000000" centerX="4.000000" centerY="5.250000" clockwise="TRUE" />)"});
+    const std::string line = Below(R"(
+<PolyStepCurve x="1.500000" y="-2.000000" centerX="4.000000" centerY="5.250000" clockwise="TRUE" />
+)");
     for (const int type : {1, 2, -1}) {
         CIPC2581_PolyStep step;
         Set(step, type, 1.5, -2, 4, 5.25, 1);
@@ -211,10 +212,9 @@ TEST(PolyStep, AnyDirectionButOneIsWrittenAsFalse)
     for (const int clockWise : {0, 2, -1}) {
         CIPC2581_PolyStep step;
         Set(step, 1, 0, 0, 0, 0, clockWise);
-        EXPECT_EQ(
-            Written(step),
-            Joined(
-                {R"(   <PolyStepCurve x="0.000000" y="0.000000" centerX="0.000000" centerY="0.000000" clockwise="FALSE" />)"}));
+        EXPECT_EQ(Written(step), Below(R"(
+   <PolyStepCurve x="0.000000" y="0.000000" centerX="0.000000" centerY="0.000000" clockwise="FALSE" />
+)"));
     }
 }
 

@@ -128,8 +128,9 @@ TEST(Pt, CurveIsWrittenWithItsCentreAndDirection)
 {
     CIPC2581_Pt pt = Made(1, 1.5, -2, 3, 4.25, 1);
     EXPECT_EQ(Exported(pt).result, 1);
-    const std::string line = Joined(
-        {R"(<PolyStepCurve x="1.500000" y="-2.000000" centerX="3.000000" centerY="4.250000" clockwise="TRUE" />)"});
+    const std::string line = Below(R"(
+<PolyStepCurve x="1.500000" y="-2.000000" centerX="3.000000" centerY="4.250000" clockwise="TRUE" />
+)");
     EXPECT_EQ(Written(pt, 0), "   " + line);
     EXPECT_EQ(Written(pt, 2), "         " + line);
 }
@@ -138,10 +139,9 @@ TEST(Pt, AnyDirectionButOneIsWrittenAsFalse)
 {
     for (const int clockWise : {0, 2, -1}) {
         CIPC2581_Pt pt = Made(1, 0, 0, 0, 0, clockWise);
-        EXPECT_EQ(
-            Written(pt),
-            Joined(
-                {R"(   <PolyStepCurve x="0.000000" y="0.000000" centerX="0.000000" centerY="0.000000" clockwise="FALSE" />)"}));
+        EXPECT_EQ(Written(pt), Below(R"(
+   <PolyStepCurve x="0.000000" y="0.000000" centerX="0.000000" centerY="0.000000" clockwise="FALSE" />
+)"));
     }
 }
 
@@ -224,12 +224,11 @@ TEST(PtArray, OthersWriteThemselvesAtItsOwnLevel)
     EXPECT_EQ(Exported(array).result, 1);
     for (const int level : {0, 2}) {
         const std::string indent = level == 0 ? "   " : "         ";
-        EXPECT_EQ(
-            Written(array, level),
-            indent + Joined({R"(<PolyBegin x="65.000000" y="-65.000000" />)"}) + indent +
-                Joined({R"(<PolyStepSegment x="66.000000" y="-66.000000" />)"}) + indent +
-                Joined(
-                    {R"(<PolyStepCurve x="67.000000" y="-67.000000" centerX="0.000000" centerY="0.000000" clockwise="TRUE" />)"}));
+        EXPECT_EQ(Written(array, level), indent + Joined({R"(<PolyBegin x="65.000000" y="-65.000000" />)"}) + indent +
+                                             Joined({R"(<PolyStepSegment x="66.000000" y="-66.000000" />)"}) + indent +
+                                             Below(R"(
+<PolyStepCurve x="67.000000" y="-67.000000" centerX="0.000000" centerY="0.000000" clockwise="TRUE" />
+)"));
     }
 }
 
