@@ -73,6 +73,7 @@
 #include "ipc2581/draw/Pt.h"
 #include "ipc2581/draw/Text.h"
 #include "ipc2581/draw/Xform.h"
+#include "ipc2581/each.h"
 #include "ipc2581/logistics/Bom.h"
 #include "ipc2581/logistics/BomItem.h"
 #include "ipc2581/logistics/HistoryRecord.h"

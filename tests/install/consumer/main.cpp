@@ -1,11 +1,11 @@
 #include <cstdio>
-#include <string_view>
 #include <typeinfo>
 
 #include <ipc2581/ipc2581.h>
 
 #include "ipc2581/base/platform/Afx.h"
 #include "ipc2581/cad/Step.h"
+#include "ipc2581/each.h"
 #include "ipc2581/version.h"
 
 namespace {
@@ -33,7 +33,7 @@ bool WritesWhatItRead(const char * boardPath, const char * writtenPath)
     CString board(boardPath);
     CIPC2581_XmlLiteReader().OpenPath(board, root);
     const CIPC2581_Ecad_CadData_Step & step = root.m_Ecad.m_CadData.m_Step;
-    if (static_cast<std::string_view>(step.Name) != "installed") {
+    if (ipc2581::Str(step.Name) != "installed" || !ipc2581::Each(step.ComponentArray).empty()) {
         return false;
     }
     CString written(writtenPath);
