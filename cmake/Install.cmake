@@ -23,7 +23,7 @@ install(FILES ${PROJECT_BINARY_DIR}/ipc2581.pc DESTINATION ${pkgconfig_folder})
 
 if(TARGET ipc2581_host)
     install(TARGETS ipc2581_host)
-    install(FILES ${PROJECT_SOURCE_DIR}/hosts/ipc2581/ipc2581.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-    install(FILES ${PROJECT_SOURCE_DIR}/hosts/ipc2581/completion.bash
+    install(FILES ${PROJECT_SOURCE_DIR}/hosts/ipc2581/share/ipc2581.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+    install(FILES ${PROJECT_SOURCE_DIR}/hosts/ipc2581/share/completion.bash
         DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME ipc2581)
 endif()

@@ -7,10 +7,10 @@
 #include <CLI/CLI.hpp>
 #include <ipc2581/ipc2581.h>
 
-#include "hosts/ipc2581/Commands.h"
-#include "hosts/ipc2581/Error.h"
-#include "hosts/ipc2581/Output.h"
-#include "hosts/ipc2581/Temporary.h"
+#include "hosts/ipc2581/commands/Commands.h"
+#include "hosts/ipc2581/files/Error.h"
+#include "hosts/ipc2581/files/Temporary.h"
+#include "hosts/ipc2581/output/Output.h"
 
 using namespace ipc2581::host;
 

@@ -1,0 +1,79 @@
+#include "hosts/ipc2581/board/Board.h"
+
+#include <string_view>
+
+#include "hosts/ipc2581/board/LibraryMessages.h"
+#include "hosts/ipc2581/board/MemoryBound.h"
+#include "hosts/ipc2581/files/Error.h"
+#include "hosts/ipc2581/output/Progress.h"
+
+namespace ipc2581::host {
+namespace {
+
+std::size_t CountLines(CStdioFile & file)
+{
+    std::size_t count = 0;
+    CString line;
+    while (file.ReadString(line) != 0) {
+        ++count;
+    }
+    return count;
+}
+
+std::string_view StopCause(std::string_view line)
+{
+    if (line.empty()) {
+        return "an empty line inside the Content section stops the read";
+    }
+    if (line.find_first_not_of(' ') == std::string_view::npos) {
+        return "a line of blanks stops the read";
+    }
+    return "a value that is cut off at the end of its line stops the read";
+}
+
+// The reader stops at the last line that it has taken, and its file stays open behind that line.
+Error StopError(const BoardFile & board, CStdioFile & stopped)
+{
+    const std::size_t behind = CountLines(stopped);
+    CStdioFile file;
+    file.Open(board.PlainPath().c_str(), CStdioFile::modeRead, nullptr);
+    const std::size_t number = CountLines(file) - behind;
+    file.Open(board.PlainPath().c_str(), CStdioFile::modeRead, nullptr);
+    CString line;
+    for (std::size_t i = 0; i < number; ++i) {
+        file.ReadString(line);
+    }
+    return {board.Name(), number, StopCause(line)};
+}
+
+}  // namespace
+
+Board::Board(const std::string & path) : m_file(path)
+{
+    Progress progress("Reading " + path);
+    CIPC2581_XmlLiteReader reader;
+    reader.m_pProgressCtrl = &progress;
+    reader.SetMemoryLimit(MemoryForABoard());
+    CString plainPath(m_file.PlainPath().c_str());
+    const LibraryMessages messages;
+    try {
+        reader.OpenPath(plainPath, m_root);
+    }
+    catch (const CInvalidArgException &) {
+        throw StopError(m_file, reader.m_File);
+    }
+    catch (const CFileException & failure) {
+        throw Error(path, "cannot be read: " + CauseOf(failure));
+    }
+    // The bar is gone with this call, and the model keeps pointers to it.
+    Data().m_pProgressCtrl = nullptr;
+    Step().Progress = nullptr;
+    if (!messages.Text().empty()) {
+        throw Error(path, messages.Text());
+    }
+    if (reader.m_arrSectionLog.IsEmpty()) {
+        throw Error(path, "holds no section of an IPC-2581 document");
+    }
+}
+
+}  // namespace ipc2581::host

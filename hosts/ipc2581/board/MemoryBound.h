@@ -1,0 +1,14 @@
+#ifndef IPC2581_HOSTS_IPC2581_BOARD_MEMORYBOUND_H
+#define IPC2581_HOSTS_IPC2581_BOARD_MEMORYBOUND_H
+
+#include <cstdint>
+
+namespace ipc2581::host {
+
+// What the model of one board may take, in bytes: a third of what this process may have, since two boards may be
+// compared. A file that was made to take all of it then ends with a message.
+std::uint64_t MemoryForABoard();
+
+}  // namespace ipc2581::host
+
+#endif

@@ -1,0 +1,137 @@
+#include "hosts/ipc2581/check/LineTags.h"
+
+#include <cstddef>
+
+namespace ipc2581::host {
+namespace {
+
+constexpr std::string_view Blanks = " \t\r\n";
+constexpr std::size_t None = std::string_view::npos;
+
+std::size_t SkipBlanks(std::string_view line, std::size_t at)
+{
+    const std::size_t next = line.find_first_not_of(Blanks, at);
+    return next == None ? line.size() : next;
+}
+
+}  // namespace
+
+const std::vector<Tag> & LineTags::Find(std::string_view line)
+{
+    m_tags.clear();
+    m_hasSelfClosedEarlier = false;
+    m_beganWithComment = m_state == State::Comment;
+    std::size_t at = GoOn(line, 0);
+    while (m_state == State::Text && at < line.size()) {
+        at = line.find('<', at);
+        if (at == None) {
+            break;
+        }
+        at = Begin(line, at);
+    }
+    return m_tags;
+}
+
+std::size_t LineTags::GoOn(std::string_view line, std::size_t at)
+{
+    std::string_view end;
+    switch (m_state) {
+    case State::Text:
+        return at;
+    case State::Tag:
+        return FinishTag(line, at, nullptr);
+    case State::Comment:
+        end = "-->";
+        break;
+    case State::Declaration:
+        end = ">";
+        break;
+    }
+    const std::size_t found = line.find(end, at);
+    if (found == None) {
+        return line.size();
+    }
+    m_state = State::Text;
+    return found + end.size();
+}
+
+std::size_t LineTags::Begin(std::string_view line, std::size_t at)
+{
+    const std::string_view rest = line.substr(at);
+    if (rest.starts_with("<!--")) {
+        m_state = State::Comment;
+        m_beganWithComment = m_beganWithComment || m_tags.empty();
+        return GoOn(line, at + 4);
+    }
+    if (rest.starts_with("<!") || rest.starts_with("<?")) {
+        m_state = State::Declaration;
+        return GoOn(line, at);
+    }
+    Tag tag;
+    ++at;
+    if (at < line.size() && line[at] == '/') {
+        tag.isClosing = true;
+        ++at;
+    }
+    std::size_t end = line.find_first_of(" \t\r\n/>", at);
+    end = end == None ? line.size() : end;
+    tag.name = line.substr(at, end - at);
+    m_state = State::Tag;
+    at = FinishTag(line, end, &tag);
+    m_tags.push_back(std::move(tag));
+    return at;
+}
+
+std::size_t LineTags::FinishTag(std::string_view line, std::size_t at, Tag * tag)
+{
+    if (m_quote != 0) {
+        const std::size_t end = line.find(m_quote, at);
+        if (end == None) {
+            return line.size();
+        }
+        m_quote = 0;
+        at = end + 1;
+    }
+    for (at = SkipBlanks(line, at); at < line.size(); at = SkipBlanks(line, at)) {
+        if (line[at] == '>') {
+            m_state = State::Text;
+            if (tag != nullptr) {
+                tag->isFinished = true;
+            }
+            return at + 1;
+        }
+        if (line[at] == '/') {
+            const bool isEnd = line.substr(at).starts_with("/>");
+            if (tag != nullptr) {
+                tag->isSelfClosed = isEnd;
+            }
+            else {
+                m_hasSelfClosedEarlier = m_hasSelfClosedEarlier || isEnd;
+            }
+            ++at;
+            continue;
+        }
+        TagAttribute attribute;
+        std::size_t end = line.find_first_of("= \t\r\n/>", at);
+        end = end == None ? line.size() : end;
+        attribute.name = line.substr(at, end - at);
+        at = SkipBlanks(line, end);
+        if (at < line.size() && line[at] == '=') {
+            at = SkipBlanks(line, at + 1);
+            if (at < line.size() && (line[at] == '"' || line[at] == '\'')) {
+                const char quote = line[at];
+                attribute.isSingleQuoted = quote == '\'';
+                end = line.find(quote, ++at);
+                attribute.value = line.substr(at, end == None ? None : end - at);
+                m_quote = end == None ? quote : '\0';
+                at = end == None ? line.size() : end + 1;
+            }
+        }
+        if (tag != nullptr) {
+            tag->attributes.push_back(attribute);
+        }
+    }
+    return at;
+}
+
+}  // namespace ipc2581::host

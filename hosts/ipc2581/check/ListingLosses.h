@@ -1,0 +1,19 @@
+#ifndef IPC2581_HOSTS_IPC2581_CHECK_LISTINGLOSSES_H
+#define IPC2581_HOSTS_IPC2581_CHECK_LISTINGLOSSES_H
+
+#include <initializer_list>
+#include <string>
+
+#include "hosts/ipc2581/board/Board.h"
+
+namespace ipc2581::host {
+
+enum class Listed { Items, Components, LogicalNets, PhysicalNets };
+
+// What is known to be missing in a listing of these, or to stand in it otherwise than the writer of the file meant,
+// cause by cause; empty if nothing is.
+std::string ListingLosses(Board & board, std::initializer_list<Listed> listed);
+
+}  // namespace ipc2581::host
+
+#endif

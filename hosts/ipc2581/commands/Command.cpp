@@ -1,0 +1,49 @@
+#include "hosts/ipc2581/commands/Command.h"
+
+#include <iostream>
+#include <map>
+
+namespace ipc2581::host {
+namespace {
+
+const std::map<std::string, Format> Formats = {{"table", Format::Table}, {"csv", Format::Csv}, {"json", Format::Json}};
+
+}  // namespace
+
+CLI::App & AddCommand(CLI::App & program, const std::string & name, const std::string & description,
+                      const std::string & example)
+{
+    CLI::App & command = *program.add_subcommand(name, description);
+    command.footer("Example: " + example);
+    return command;
+}
+
+void AddBoard(CLI::App & command, std::string & board)
+{
+    command.add_option("BOARD", board, "IPC-2581 file; may be packed as .gz, .zst or .zip")->required()->type_name("");
+}
+
+void AddListingOptions(CLI::App & command, ListingOptions & options)
+{
+    command
+        .add_option_function<std::string>(
+            "-f,--format", [&options](const std::string & name) { options.format = Formats.at(name); },
+            "table (default), csv or json")
+        ->check([](const std::string & name) {
+            return Formats.contains(name) ? "" : "must be table, csv or json, not " + name;
+        })
+        ->type_name("FORMAT");
+    command.add_option("-o,--output", options.output, "Write to FILE instead of the standard output")
+        ->type_name("FILE");
+}
+
+void WarnOfLosses(Board & board, std::initializer_list<Listed> listed)
+{
+    const std::string losses = ListingLosses(board, listed);
+    if (!losses.empty()) {
+        const std::string & name = board.File().Name();
+        std::cerr << "ipc2581: " << name << ": warning: " << losses << "; see ipc2581 check " << name << "\n";
+    }
+}
+
+}  // namespace ipc2581::host

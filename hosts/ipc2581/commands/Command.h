@@ -1,0 +1,46 @@
+#ifndef IPC2581_HOSTS_IPC2581_COMMANDS_COMMAND_H
+#define IPC2581_HOSTS_IPC2581_COMMANDS_COMMAND_H
+
+#include <initializer_list>
+#include <string>
+
+#include <CLI/CLI.hpp>
+
+#include "hosts/ipc2581/board/Board.h"
+#include "hosts/ipc2581/check/ListingLosses.h"
+#include "hosts/ipc2581/output/Output.h"
+#include "hosts/ipc2581/table/Table.h"
+
+// What the commands have in common.
+namespace ipc2581::host {
+
+// A new command. The example is told by its help and by that of the program.
+CLI::App & AddCommand(CLI::App & program, const std::string & name, const std::string & description,
+                      const std::string & example);
+
+// The argument BOARD.
+void AddBoard(CLI::App & command, std::string & board);
+
+// The options of everything that lists.
+struct ListingOptions {
+    Format format = Format::Table;
+    std::string output;  // empty is the standard output
+};
+void AddListingOptions(CLI::App & command, ListingOptions & options);
+
+// Tells in one line on the error stream what a listing of these is known to lack, and points to the command that tells
+// all of it. Silent if nothing is.
+void WarnOfLosses(Board & board, std::initializer_list<Listed> listed);
+
+// Prints a Table or a Listing where the options tell. The inputs are never written over.
+template <typename Printed>
+void Print(const Printed & printed, const ListingOptions & options, std::initializer_list<std::string> inputs)
+{
+    Output output(options.output, inputs);
+    printed.Print(output.Stream(), options.format);
+    output.Finish();
+}
+
+}  // namespace ipc2581::host
+
+#endif

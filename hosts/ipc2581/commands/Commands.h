@@ -1,0 +1,23 @@
+#ifndef IPC2581_HOSTS_IPC2581_COMMANDS_COMMANDS_H
+#define IPC2581_HOSTS_IPC2581_COMMANDS_COMMANDS_H
+
+namespace CLI {
+class App;
+}  // namespace CLI
+
+// One line a command; each has a source file of its own, which is named after it.
+namespace ipc2581::host {
+
+void AddInfoCommand(CLI::App & program);
+void AddBomCommand(CLI::App & program);
+void AddComponentsCommand(CLI::App & program);
+void AddNetsCommand(CLI::App & program);
+void AddSvgCommand(CLI::App & program);
+void AddCheckCommand(CLI::App & program);
+void AddConvertCommand(CLI::App & program);
+void AddReportCommand(CLI::App & program);
+void AddDiffCommand(CLI::App & program);
+
+}  // namespace ipc2581::host
+
+#endif

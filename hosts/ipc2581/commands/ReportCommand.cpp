@@ -1,0 +1,76 @@
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <system_error>
+
+#include "hosts/ipc2581/board/Board.h"
+#include "hosts/ipc2581/board/LibraryMessages.h"
+#include "hosts/ipc2581/commands/Command.h"
+#include "hosts/ipc2581/commands/Commands.h"
+#include "hosts/ipc2581/files/Error.h"
+
+namespace ipc2581::host {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char * DesignEnding = ".cvg";
+
+// Beside the design file, with ".txt" for the first ".cvg" of the name and all behind it.
+std::string ReportPath(const std::string & board)
+{
+    const fs::path path(board);
+    const std::string name = path.filename().string();
+    const std::size_t end = name.find(DesignEnding);
+    if (end == std::string::npos) {
+        throw Error(board, "has no \".cvg\" in its name, from which the report gets its own");
+    }
+    return (path.parent_path() / (name.substr(0, end) + ".txt")).string();
+}
+
+// The library makes the report in one go under a name of its own choice: in a folder where nothing can suffer.
+std::string ReportText(const std::string & told, CIPC2581_Parser & root)
+{
+    ScratchFolder folder;
+    const std::string made = folder.File("report.txt");
+    const std::string design = made.substr(0, made.size() - 4) + DesignEnding;
+    if (design.find(DesignEnding) != made.size() - 4) {
+        throw Error(made, "the folder for temporary files must not have \".cvg\" in its name");
+    }
+    CString path(design.c_str());
+    const LibraryMessages messages;
+    try {
+        CIPC2581_DataPrint().DataPrint(path, root);
+    }
+    catch (const CFileException & failure) {
+        throw Error(told, "cannot be written: " + CauseOf(failure));
+    }
+    if (!messages.Text().empty()) {
+        throw Error(told, messages.Text());
+    }
+    std::ifstream in(made, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+void Report(const std::string & path)
+{
+    const std::string reportPath = ReportPath(path);
+    Board board(path);
+    Output output(reportPath, {path});
+    output.Stream() << ReportText(reportPath, board.Root());
+    output.Finish();
+}
+
+}  // namespace
+
+void AddReportCommand(CLI::App & program)
+{
+    const auto board = std::make_shared<std::string>();
+    CLI::App & command =
+        AddCommand(program, "report", "Write the library's report beside the board, with .txt for .cvg in its name",
+                   "ipc2581 report board.cvg");
+    AddBoard(command, *board);
+    command.callback([board] { Report(*board); });
+}
+
+}  // namespace ipc2581::host

@@ -1,0 +1,103 @@
+#include <filesystem>
+#include <functional>
+#include <iostream>
+#include <memory>
+#include <set>
+#include <string>
+#include <system_error>
+
+#include "hosts/ipc2581/board/Board.h"
+#include "hosts/ipc2581/check/PictureLosses.h"
+#include "hosts/ipc2581/commands/Command.h"
+#include "hosts/ipc2581/commands/Commands.h"
+#include "hosts/ipc2581/files/Error.h"
+#include "hosts/ipc2581/output/Output.h"
+#include "hosts/ipc2581/svg/SvgBoard.h"
+#include "hosts/ipc2581/svg/SvgPicture.h"
+
+namespace ipc2581::host {
+namespace {
+
+struct Options {
+    std::string board;
+    std::string folder;
+};
+
+void MakeFolder(const std::string & folder)
+{
+    std::error_code failure;
+    std::filesystem::create_directories(folder, failure);
+    if (failure) {
+        throw Error(folder, "cannot be made: " + SystemCause(failure.value()));
+    }
+}
+
+// Names of files, each of which no other one has on any file system.
+class FileNames {
+public:
+    std::string NameOf(std::string_view layer)
+    {
+        constexpr std::size_t longest = 100;
+        std::string name = "layer-";
+        for (const char ch : layer.substr(0, longest)) {
+            const bool isPlain = (ch >= 'a' && ch <= 'z') || (ch >= 'A' && ch <= 'Z') || (ch >= '0' && ch <= '9') ||
+                                 ch == '.' || ch == '-' || ch == '_' || ch == '+';
+            name += isPlain ? ch : '_';
+        }
+        std::string tried = name;
+        for (int i = 2; !m_taken.insert(Folded(tried)).second; ++i) {
+            tried = name + "-" + std::to_string(i);
+        }
+        return tried + ".svg";
+    }
+
+private:
+    static std::string Folded(std::string name)
+    {
+        for (char & ch : name) {
+            ch = ch >= 'A' && ch <= 'Z' ? static_cast<char>(ch - 'A' + 'a') : ch;
+        }
+        return name;
+    }
+
+    std::set<std::string> m_taken;
+};
+
+void Svg(const Options & options)
+{
+    Board board(options.board);
+    const SvgBoard pictures(board);
+    MakeFolder(options.folder);
+    const auto write = [&](const std::string & name, const std::function<void(std::ostream &)> & picture) {
+        Output output((std::filesystem::path(options.folder) / name).string(), {options.board});
+        picture(output.Stream());
+        output.Finish();
+    };
+    write("board-top.svg", [&](std::ostream & out) { WriteSidePicture(out, pictures, Side::Top); });
+    write("board-bottom.svg", [&](std::ostream & out) { WriteSidePicture(out, pictures, Side::Bottom); });
+    FileNames names;
+    for (const BoardLayer & layer : pictures.Layers()) {
+        write(names.NameOf(layer.name), [&](std::ostream & out) { WriteLayerPicture(out, pictures, layer); });
+    }
+    const std::string losses = PictureLosses(board);
+    if (!losses.empty()) {
+        std::cerr << "ipc2581: " << options.board << ": warning: " << losses << " (see ipc2581 check " << options.board
+                  << ")\n";
+    }
+}
+
+}  // namespace
+
+void AddSvgCommand(CLI::App & program)
+{
+    const auto options = std::make_shared<Options>();
+    CLI::App & command =
+        AddCommand(program, "svg", "Draw top, bottom and each layer of a board", "ipc2581 svg board.cvg -o pictures");
+    AddBoard(command, options->board);
+    command.add_option("-o,--output", options->folder, "Folder for the pictures; it is made if need be")
+        ->required()
+        ->type_name("DIR");
+    command.callback([options] { Svg(*options); });
+}
+
+}  // namespace ipc2581::host

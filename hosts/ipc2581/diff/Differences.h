@@ -1,0 +1,58 @@
+#ifndef IPC2581_HOSTS_IPC2581_DIFF_DIFFERENCES_H
+#define IPC2581_HOSTS_IPC2581_DIFF_DIFFERENCES_H
+
+#include <string>
+#include <vector>
+
+#include "hosts/ipc2581/table/Table.h"
+
+namespace ipc2581::host {
+
+// Something with a name, and what can differ in it.
+class Record {
+public:
+    explicit Record(std::string name) : m_name(std::move(name)) {}
+
+    // A value that a difference shows.
+    void Add(const char * property, const Cell & value);
+    // A value too long to be shown: a difference tells that there is one.
+    void AddHidden(const char * property, std::string value);
+    // Members without an order. A difference shows those that the other one lacks.
+    void AddMembers(const char * property, std::vector<std::string> members);
+    // Members too long to be shown: a difference tells how many of them the other one lacks.
+    void AddHiddenMembers(const char * property, std::vector<std::string> members);
+
+    [[nodiscard]] const std::string & Name() const { return m_name; }
+
+private:
+    friend class Differences;
+
+    struct Property {
+        const char * name;
+        bool isHidden;
+        bool isList;
+        std::vector<std::string> values;  // one, or the members in order
+    };
+
+    std::string m_name;
+    std::vector<Property> m_properties;
+};
+
+// What differs between two states of the same things, as rows of a table.
+class Differences {
+public:
+    // Records are the same by their name; of several with one name the first is the first. All of a kind have the same
+    // properties.
+    void Compare(const char * kind, const std::vector<Record> & before, const std::vector<Record> & after);
+
+    [[nodiscard]] const Table & Rows() const { return m_table; }
+
+private:
+    void CompareProperties(const char * kind, const Record & before, const Record & after);
+
+    Table m_table{{"kind", "name", "change", "property", "before", "after"}};
+};
+
+}  // namespace ipc2581::host
+
+#endif

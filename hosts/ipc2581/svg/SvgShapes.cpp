@@ -1,0 +1,433 @@
+#include "hosts/ipc2581/svg/SvgShapes.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <numbers>
+
+namespace ipc2581::host {
+namespace {
+
+// Unlike the library's point it has no virtual operations, which lists of them would warn of.
+struct Vertex {
+    double X;
+    double Y;
+    operator CPointD() const { return {X, Y}; }
+};
+
+using Corners = std::vector<Vertex>;
+
+constexpr double Pi = std::numbers::pi;
+
+Vertex Polar(double radius, double angle)
+{
+    return {radius * std::cos(angle), radius * std::sin(angle)};
+}
+
+double Radians(double degrees)
+{
+    return degrees * Pi / 180;
+}
+
+void AddCorners(const Corners & corners, SvgPath & path)
+{
+    for (std::size_t i = 0; i < corners.size(); ++i) {
+        i == 0 ? path.MoveTo(corners[i]) : path.LineTo(corners[i]);
+    }
+    if (!corners.empty()) {
+        path.Close();
+    }
+}
+
+Corners Rectangle(double left, double bottom, double right, double top)
+{
+    return {{left, bottom}, {right, bottom}, {right, top}, {left, top}};
+}
+
+Corners Regular(int count, double radius, double firstAngle)
+{
+    Corners corners;
+    corners.reserve(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) {
+        corners.push_back(Polar(radius, firstAngle + 2 * Pi * i / count));
+    }
+    return corners;
+}
+
+// From corner to corner, with two of them on the x axis.
+Corners Hexagon(double length)
+{
+    return Regular(6, length / 2, 0);
+}
+
+// From side to side.
+Corners Octagon(double length)
+{
+    return Regular(8, length / 2 / std::cos(Pi / 8), Pi / 8);
+}
+
+// The corners of a shape type; none for a round one, which one that was not read is too.
+Corners FormCorners(int shape, double size)
+{
+    switch (shape) {
+    case 1:
+        return Rectangle(-size / 2, -size / 2, size / 2, size / 2);
+    case 2:
+        return Hexagon(size);
+    case 3:
+        return Octagon(size);
+    default:
+        return {};
+    }
+}
+
+void AddForm(int shape, double size, SvgPath & path)
+{
+    const Corners corners = FormCorners(shape, size);
+    corners.empty() ? path.AddEllipse(CPointD(0, 0), size / 2, size / 2) : AddCorners(corners, path);
+}
+
+enum class Corner { Round, Chamfered };
+
+struct CornerFlags {
+    bool upperRight = true;
+    bool upperLeft = true;
+    bool lowerLeft = true;
+    bool lowerRight = true;
+};
+
+// Without any flag all corners are cut: the format leaves them out for that, and of those that a file has the reader
+// takes none but by a misspelt word.
+template <typename Rect>
+CornerFlags FlagsOf(const Rect & rect)
+{
+    if (rect.UpperRight == 0 && rect.UpperLeft == 0 && rect.LowerLeft == 0 && rect.LowerRight == 0) {
+        return {};
+    }
+    return {rect.UpperRight != 0, rect.UpperLeft != 0, rect.LowerLeft != 0, rect.LowerRight != 0};
+}
+
+void AddCutRectangle(double width, double height, double cut, const CornerFlags & flags, Corner kind, SvgPath & path)
+{
+    const double x = width / 2;
+    const double y = height / 2;
+    const double size = std::clamp(cut, 0.0, std::max(0.0, std::min(x, y)));
+    // Against the clock; the second and third point of a corner are where its edges come from and go to.
+    struct Turn {
+        bool isCut;
+        CPointD corner;
+        CPointD in;
+        CPointD out;
+    };
+    const std::array<Turn, 4> turns = {{{flags.lowerRight, {x, -y}, {1, 0}, {0, 1}},
+                                        {flags.upperRight, {x, y}, {0, 1}, {-1, 0}},
+                                        {flags.upperLeft, {-x, y}, {-1, 0}, {0, -1}},
+                                        {flags.lowerLeft, {-x, -y}, {0, -1}, {1, 0}}}};
+    for (const Turn & turn : turns) {
+        const double own = turn.isCut ? size : 0.0;
+        const CPointD start(turn.corner.X - own * turn.in.X, turn.corner.Y - own * turn.in.Y);
+        const CPointD end(turn.corner.X + own * turn.out.X, turn.corner.Y + own * turn.out.Y);
+        path.IsEmpty() ? path.MoveTo(start) : path.LineTo(start);
+        if (own == 0.0) {
+            continue;
+        }
+        if (kind == Corner::Chamfered) {
+            path.LineTo(end);
+        }
+        else {
+            path.ArcTo(end, CPointD(start.X + own * turn.out.X, start.Y + own * turn.out.Y), false);
+        }
+    }
+    path.Close();
+}
+
+// Two quarters that meet in the centre, upper right and lower left.
+void Fill(const CIPC2581_DicDraw_Butterfly & shape, SvgPath & path)
+{
+    const double half = shape.Size / 2;
+    for (const double side : {half, -half}) {
+        path.MoveTo(CPointD(0, 0));
+        path.LineTo(CPointD(side, 0));
+        if (shape.Shape == 1) {
+            path.LineTo(CPointD(side, side));
+            path.LineTo(CPointD(0, side));
+        }
+        else {
+            path.ArcTo(CPointD(0, side), CPointD(0, 0), false);
+        }
+        path.Close();
+    }
+}
+
+void Fill(const CIPC2581_DicDraw_Circle & shape, SvgPath & path)
+{
+    path.AddEllipse(CPointD(shape.OffsetX, shape.OffsetY), shape.Diameter / 2, shape.Diameter / 2);
+}
+
+void Fill(const CIPC2581_DicDraw_Diamond & shape, SvgPath & path)
+{
+    const double x = shape.Width / 2;
+    const double y = shape.Height / 2;
+    AddCorners({{x, 0}, {0, y}, {-x, 0}, {0, -y}}, path);
+}
+
+void Fill(const CIPC2581_DicDraw_Donut & shape, SvgPath & path)
+{
+    AddForm(shape.Shape, shape.OuterDiameter, path);
+    AddForm(shape.Shape, shape.InnerDiameter, path);
+}
+
+void Fill(const CIPC2581_DicDraw_Ellipse & shape, SvgPath & path)
+{
+    path.AddEllipse(CPointD(0, 0), shape.Width / 2, shape.Height / 2);
+}
+
+void Fill(const CIPC2581_DicDraw_Hexagon & shape, SvgPath & path)
+{
+    AddCorners(Hexagon(shape.Length), path);
+}
+
+void Fill(const CIPC2581_DicDraw_Octagon & shape, SvgPath & path)
+{
+    AddCorners(Octagon(shape.Length), path);
+}
+
+void Fill(const CIPC2581_DicDraw_Oval & shape, SvgPath & path)
+{
+    AddCutRectangle(shape.Width, shape.Height, std::min(shape.Width, shape.Height) / 2, {}, Corner::Round, path);
+}
+
+void Fill(const CIPC2581_DicDraw_RectCenter & shape, SvgPath & path)
+{
+    AddCorners(Rectangle(-shape.Width / 2, -shape.Height / 2, shape.Width / 2, shape.Height / 2), path);
+}
+
+void Fill(const CIPC2581_DicDraw_RectCham & shape, SvgPath & path)
+{
+    AddCutRectangle(shape.Width, shape.Height, shape.Chamfer, FlagsOf(shape), Corner::Chamfered, path);
+}
+
+void Fill(const CIPC2581_DicDraw_RectCorner & shape, SvgPath & path)
+{
+    AddCorners(Rectangle(shape.Lower_LeftX, shape.Lower_LeftY, shape.Upper_RightX, shape.Upper_RightY), path);
+}
+
+void Fill(const CIPC2581_DicDraw_RectRound & shape, SvgPath & path)
+{
+    AddCutRectangle(shape.Width, shape.Height, shape.Radius, FlagsOf(shape), Corner::Round, path);
+}
+
+void Fill(const CIPC2581_DicDraw_Triangle & shape, SvgPath & path)
+{
+    const double x = shape.Base / 2;
+    const double y = shape.Height / 2;
+    AddCorners({{-x, -y}, {x, -y}, {0, y}}, path);
+}
+
+// Where a spoke bridges the ring of a thermal: the ring has a gap there.
+struct Spoke {
+    double angle;
+    double halfGap;
+};
+
+std::vector<Spoke> SpokesOf(const CIPC2581_DicDraw_Thermal & shape)
+{
+    const int count = std::clamp(shape.SpokeCount, 0, 64);
+    std::vector<Spoke> spokes;
+    spokes.reserve(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) {
+        spokes.push_back({Radians(shape.SpokeStartAngle) + 2 * Pi * i / count, std::max(0.0, shape.Gap / 2)});
+    }
+    if (count == 1) {
+        spokes.push_back({spokes.front().angle + Pi, 0.0});
+    }
+    if (!spokes.empty()) {
+        spokes.push_back({spokes.front().angle + 2 * Pi, spokes.front().halfGap});
+    }
+    return spokes;
+}
+
+// What an edge of a gap cuts off of a circle.
+double GapAngle(const Spoke & spoke, double radius)
+{
+    return radius > spoke.halfGap ? std::asin(spoke.halfGap / radius) : Pi / 2;
+}
+
+void AddRoundSegment(const Spoke & first, const Spoke & second, double outer, double inner, SvgPath & path)
+{
+    const double from = first.angle + GapAngle(first, outer);
+    const double to = second.angle - GapAngle(second, outer);
+    if (from >= to) {
+        return;
+    }
+    const double middle = (first.angle + second.angle) / 2;
+    const double innerFrom = std::min(middle, first.angle + GapAngle(first, inner));
+    const double innerTo = std::max(middle, second.angle - GapAngle(second, inner));
+    path.MoveTo(Polar(outer, from));
+    path.ArcTo(Polar(outer, to), CPointD(0, 0), false);
+    path.LineTo(Polar(inner, innerTo));
+    if (innerFrom < innerTo) {
+        path.ArcTo(Polar(inner, innerFrom), CPointD(0, 0), true);
+    }
+    path.Close();
+}
+
+// What of a convex area lies beyond a line through the origin, moved aside by a distance.
+Corners CutOff(const Corners & corners, double normalAngle, double distance)
+{
+    const Vertex normal = Polar(1, normalAngle);
+    const auto beyond = [&](const Vertex & point) { return point.X * normal.X + point.Y * normal.Y - distance; };
+    // What lies on the line but for rounding is kept.
+    constexpr double rounding = 1e-9;
+    Corners kept;
+    for (std::size_t i = 0; i < corners.size(); ++i) {
+        const Vertex & from = corners[i];
+        const Vertex & to = corners[(i + 1) % corners.size()];
+        const double a = beyond(from);
+        const double b = beyond(to);
+        if (a >= -rounding) {
+            kept.push_back(from);
+        }
+        if ((a < -rounding) != (b < -rounding)) {
+            const double part = a / (a - b);
+            kept.push_back({from.X + part * (to.X - from.X), from.Y + part * (to.Y - from.Y)});
+        }
+    }
+    return kept;
+}
+
+void AddAngularSegment(const Spoke & first, const Spoke & second, const Corners & form, SvgPath & path)
+{
+    const Corners half = CutOff(form, first.angle + Pi / 2, first.halfGap);
+    AddCorners(CutOff(half, second.angle - Pi / 2, second.halfGap), path);
+}
+
+void Fill(const CIPC2581_DicDraw_Thermal & shape, SvgPath & path)
+{
+    const std::vector<Spoke> spokes = SpokesOf(shape);
+    if (spokes.empty()) {
+        AddForm(shape.Shape, shape.OuterDiameter, path);
+        AddForm(shape.Shape, shape.InnerDiameter, path);
+        return;
+    }
+    const Corners outer = FormCorners(shape.Shape, shape.OuterDiameter);
+    const Corners inner = FormCorners(shape.Shape, shape.InnerDiameter);
+    for (std::size_t i = 0; i + 1 < spokes.size(); ++i) {
+        if (outer.empty()) {
+            AddRoundSegment(spokes[i], spokes[i + 1], shape.OuterDiameter / 2, shape.InnerDiameter / 2, path);
+        }
+        else {
+            AddAngularSegment(spokes[i], spokes[i + 1], outer, path);
+            AddAngularSegment(spokes[i], spokes[i + 1], inner, path);
+        }
+    }
+}
+
+void FillRings(const CIPC2581_DicDraw_Moire & shape, SvgPath & path)
+{
+    const double pitch = shape.RingWidth + shape.RingGap;
+    const int count = pitch > 0 ? std::clamp(shape.RingNumber, 0, 100) : std::clamp(shape.RingNumber, 0, 1);
+    for (int i = 0; i < count; ++i) {
+        const double outer = shape.Diameter / 2 - i * pitch;
+        if (outer <= 0) {
+            return;
+        }
+        path.AddEllipse(CPointD(0, 0), outer, outer);
+        if (outer > shape.RingWidth) {
+            path.AddEllipse(CPointD(0, 0), outer - shape.RingWidth, outer - shape.RingWidth);
+        }
+    }
+}
+
+void FillBar(double length, double width, double angle, SvgPath & path)
+{
+    const Vertex along = Polar(length / 2, angle);
+    const Vertex across = Polar(width / 2, angle + Pi / 2);
+    AddCorners({{along.X - across.X, along.Y - across.Y},
+                {along.X + across.X, along.Y + across.Y},
+                {across.X - along.X, across.Y - along.Y},
+                {-along.X - across.X, -along.Y - across.Y}},
+               path);
+}
+
+using Paths = std::vector<SvgPath>;
+
+void AddFilled(const CIPC2581_DicDraw_Moire & shape, const SvgFrame & frame, Paths & paths)
+{
+    FillRings(shape, paths.emplace_back(frame));
+    FillBar(shape.LineLength, shape.LineWidth, Radians(shape.LineAngle), paths.emplace_back(frame));
+    FillBar(shape.LineLength, shape.LineWidth, Radians(shape.LineAngle) + Pi / 2, paths.emplace_back(frame));
+}
+
+// Each polygon with the cutouts behind it.
+void AddFilled(const CIPC2581_DicDraw_Contour & shape, const SvgFrame & frame, Paths & paths)
+{
+    bool hasPolygon = false;
+    for (const CIPC2581_DrawObj * const part : Each(shape.DicDrawObjArray)) {
+        const auto * const polygon = dynamic_cast<const CIPC2581_Polygon *>(part);
+        const auto * const cutout = dynamic_cast<const CIPC2581_Cutout *>(part);
+        if (paths.empty() || (polygon != nullptr && hasPolygon)) {
+            paths.emplace_back(frame);
+        }
+        if (polygon != nullptr) {
+            hasPolygon = true;
+            paths.back().AddContour(*polygon->PolyBegin, *polygon->PolyStepArray);
+        }
+        else if (cutout != nullptr) {
+            paths.back().AddContour(*cutout->PolyBegin, *cutout->PolyStepArray);
+        }
+    }
+}
+
+template <typename Shape>
+void AddFilled(const Shape & shape, const SvgFrame & frame, Paths & paths)
+{
+    Fill(shape, paths.emplace_back(frame));
+}
+
+// True if the shape is of the type, and so drawn.
+template <typename Shape>
+bool AddIf(const CIPC2581_DrawObj & shape, const SvgFrame & frame, Paths & paths)
+{
+    const auto * const known = dynamic_cast<const Shape *>(&shape);
+    if (known != nullptr) {
+        AddFilled(*known, frame, paths);
+    }
+    return known != nullptr;
+}
+
+template <typename... Shapes>
+void AddAny(const CIPC2581_DrawObj & shape, const SvgFrame & frame, Paths & paths)
+{
+    static_cast<void>((AddIf<Shapes>(shape, frame, paths) || ...));
+}
+
+}  // namespace
+
+std::vector<SvgPath> FilledPaths(const CIPC2581_DrawObj & shape, const SvgFrame & frame)
+{
+    Paths paths;
+    AddAny<CIPC2581_DicDraw_Contour, CIPC2581_DicDraw_Circle, CIPC2581_DicDraw_RectCenter, CIPC2581_DicDraw_RectRound,
+           CIPC2581_DicDraw_Oval, CIPC2581_DicDraw_Butterfly, CIPC2581_DicDraw_Diamond, CIPC2581_DicDraw_Donut,
+           CIPC2581_DicDraw_Ellipse, CIPC2581_DicDraw_Hexagon, CIPC2581_DicDraw_Moire, CIPC2581_DicDraw_Octagon,
+           CIPC2581_DicDraw_RectCham, CIPC2581_DicDraw_RectCorner, CIPC2581_DicDraw_Thermal, CIPC2581_DicDraw_Triangle>(
+        shape, frame, paths);
+    std::erase_if(paths, [](const SvgPath & path) { return path.IsEmpty(); });
+    return paths;
+}
+
+SvgPath ProfilePath(const CIPC2581_Ecad_CadData_Step_Profile & profile, const SvgFrame & frame)
+{
+    SvgPath path(frame);
+    path.AddContour(*profile.Polygon->PolyBegin, *profile.Polygon->PolyStepArray);
+    for (const CIPC2581_DrawObj * const part : Each(profile.Cutouts)) {
+        const auto * const cutout = dynamic_cast<const CIPC2581_Cutout *>(part);
+        if (cutout != nullptr) {
+            path.AddContour(*cutout->PolyBegin, *cutout->PolyStepArray);
+        }
+    }
+    return path;
+}
+
+}  // namespace ipc2581::host

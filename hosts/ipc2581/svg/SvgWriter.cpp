@@ -1,0 +1,298 @@
+#include "hosts/ipc2581/svg/SvgWriter.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <numbers>
+#include <utility>
+
+namespace ipc2581::host {
+namespace {
+
+// Long enough to save most of the tags, and short enough to be kept back.
+constexpr std::size_t StrokesAtOnce = 4096;
+
+char ClassOfEnds(std::string_view ends)
+{
+    return ends == "SQUARE" ? 'q' : ends == "NONE" ? 'n' : 't';
+}
+
+// The bytes of the UTF-8 character that the text begins with; 0 if it begins with none that XML takes.
+std::size_t CharacterLength(std::string_view text)
+{
+    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+    const unsigned first = byte(0);
+    if (first < 0x80) {
+        return first >= ' ' || first == '\t' ? 1 : 0;
+    }
+    const std::size_t length = first >= 0xf0 ? 4 : first >= 0xe0 ? 3 : 2;
+    if (first < 0xc2 || first > 0xf4 || text.size() < length) {
+        return 0;
+    }
+    unsigned code = first & (0xffU >> (length + 1));
+    for (std::size_t i = 1; i < length; ++i) {
+        if ((byte(i) & 0xc0U) != 0x80U) {
+            return 0;
+        }
+        code = code << 6U | (byte(i) & 0x3fU);
+    }
+    constexpr std::array<unsigned, 5> least = {0, 0, 0x80, 0x800, 0x10000};
+    const bool isSurrogate = code >= 0xd800 && code < 0xe000;
+    return code < least[length] || code > 0x10ffff || isSurrogate || (code & 0xfffeU) == 0xfffe ? 0 : length;
+}
+
+bool StartsWithEntity(std::string_view text)
+{
+    constexpr std::array<std::string_view, 5> entities = {"&amp;", "&lt;", "&gt;", "&quot;", "&apos;"};
+    return std::any_of(entities.begin(), entities.end(),
+                       [&](std::string_view entity) { return text.starts_with(entity); });
+}
+
+std::string TransformOf(const Placement & placement, int decimals)
+{
+    std::string text = "translate(";
+    AppendNumber(text, placement.location.X, decimals);
+    text += ' ';
+    text += SvgNumber(placement.location.Y, decimals) + ")";
+    text += placement.isMirrored ? "scale(-1 1)" : "";
+    const std::string degrees = SvgNumber(placement.rotation, 3);
+    return degrees == "0" ? text : text + "rotate(" + degrees + ")";
+}
+
+Extents Grown(const Extents & box, double margin)
+{
+    Extents grown;
+    grown.Add({box.MinX() - margin, box.MinY() - margin});
+    grown.Add({box.MaxX() + margin, box.MaxY() + margin});
+    return grown;
+}
+
+void Draw(SvgWriter & writer, const SvgDrawing & drawing, const std::function<void()> & between)
+{
+    drawing.draw(writer);
+    writer.Flush();
+    between();
+    drawing.label(writer);
+}
+
+void WriteHead(std::ostream & out, const SvgSheet & sheet, const Extents & page)
+{
+    const auto number = [&](double length) { return SvgNumber(length, sheet.unit.decimals); };
+    const double width = page.MaxX() - page.MinX();
+    const double height = page.MaxY() - page.MinY();
+    const std::string left = number(sheet.isFromBelow ? -page.MaxX() : page.MinX());
+    const std::string top = number(-page.MaxY());
+    const auto length = [&](double value) {
+        return SvgNumber(value * sheet.unit.factor, sheet.unit.decimals + 3) + sheet.unit.suffix;
+    };
+    out << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" << length(width) << "\" height=\"" << length(height)
+        << "\" viewBox=\"" << left << " " << top << " " << number(width) << " " << number(height)
+        << "\" fill-rule=\"evenodd\">\n"
+        << "<style>.t,.q,.n{fill:none;stroke:currentColor;stroke-linejoin:round}.t{stroke-linecap:round}"
+        << ".q{stroke-linecap:square}</style>\n"
+        << "<rect x=\"" << left << "\" y=\"" << top << "\" width=\"" << number(width) << "\" height=\""
+        << number(height) << "\" fill=\"" << sheet.background << "\"/>\n"
+        << "<g transform=\"scale(" << (sheet.isFromBelow ? "-1 -1" : "1 -1") << ")\">\n";
+}
+
+}  // namespace
+
+SvgUnit SvgUnitOf(std::string_view units)
+{
+    if (units == "MILLIMETER") {
+        return {"mm", 1.0, 1.0, 3};
+    }
+    if (units == "INCH") {
+        return {"in", 1.0, 25.4, 4};
+    }
+    if (units == "MICRON") {
+        return {"mm", 0.001, 0.001, 0};
+    }
+    if (units == "MIL") {
+        return {"in", 0.001, 0.0254, 1};
+    }
+    return {};
+}
+
+std::string SvgText(std::string_view text)
+{
+    std::string escaped;
+    while (!text.empty()) {
+        const std::size_t length = CharacterLength(text);
+        const std::string_view character = text.substr(0, std::max<std::size_t>(length, 1));
+        if (length == 0) {
+            escaped += "\xef\xbf\xbd";
+        }
+        else if (character == "&") {
+            escaped += StartsWithEntity(text) ? "&" : "&amp;";
+        }
+        else if (character == "<") {
+            escaped += "&lt;";
+        }
+        else if (character == ">") {
+            escaped += "&gt;";
+        }
+        else {
+            escaped += character;
+        }
+        text.remove_prefix(character.size());
+    }
+    return escaped;
+}
+
+CPointD Placement::Of(const CPointD & point) const
+{
+    const double angle = rotation * std::numbers::pi / 180;
+    const double x = point.X * std::cos(angle) - point.Y * std::sin(angle);
+    const double y = point.X * std::sin(angle) + point.Y * std::cos(angle);
+    return {location.X + (isMirrored ? -x : x), location.Y + y};
+}
+
+Extents Placement::Of(const Extents & box) const
+{
+    Extents placed;
+    if (!box.IsEmpty()) {
+        for (const double x : {box.MinX(), box.MaxX()}) {
+            for (const double y : {box.MinY(), box.MaxY()}) {
+                placed.Add(Of(CPointD(x, y)));
+            }
+        }
+    }
+    return placed;
+}
+
+void SvgWriter::AddBox(const Extents & box, double margin)
+{
+    if (!box.IsEmpty()) {
+        const Extents grown = Grown(box, margin);
+        m_box->Add({grown.MinX(), grown.MinY()});
+        m_box->Add({grown.MaxX(), grown.MaxY()});
+    }
+}
+
+void SvgWriter::BeginGroup(std::string_view color, std::string_view attributes)
+{
+    Flush();
+    m_out << "<g color=\"" << color << "\" fill=\"" << color << "\"" << attributes << ">\n";
+}
+
+void SvgWriter::EndGroup()
+{
+    Flush();
+    m_out << "</g>\n";
+}
+
+void SvgWriter::Fill(const SvgPath & path)
+{
+    Flush();
+    if (!path.IsEmpty()) {
+        AddBox(path.Box());
+        m_out << "<path d=\"" << path.Data() << "\"/>\n";
+    }
+}
+
+void SvgWriter::Disc(const CPointD & center, double diameter)
+{
+    Flush();
+    SvgPath path(m_frame);
+    path.AddEllipse(center, diameter / 2, diameter / 2);
+    AddBox(path.Box());
+    m_out << "<circle cx=\"" << SvgNumber(center.X, m_frame.decimals) << "\" cy=\""
+          << SvgNumber(center.Y, m_frame.decimals) << "\" r=\"" << SvgNumber(diameter / 2, m_frame.decimals)
+          << "\"/>\n";
+}
+
+void SvgWriter::Stroke(const SvgPath & path, double width, std::string_view ends)
+{
+    if (path.IsEmpty()) {
+        return;
+    }
+    const double shown = width > 0 ? width : m_hairline;
+    const char strokeClass = ClassOfEnds(ends);
+    if (shown != m_strokeWidth || strokeClass != m_strokeClass || m_strokes.size() > StrokesAtOnce) {
+        Flush();
+        m_strokeWidth = shown;
+        m_strokeClass = strokeClass;
+    }
+    // A square end reaches beyond the end of the line by half the width on each axis of the line.
+    AddBox(path.Box(), strokeClass == 'q' ? shown * std::numbers::sqrt2 / 2 : shown / 2);
+    m_strokes += path.Data();
+}
+
+void SvgWriter::Stroke(const SvgPath & path, const CIPC2581_LineDesc & line)
+{
+    Stroke(path, line.LineWidth, line.LineEnd);
+}
+
+void SvgWriter::Define(const void * key, const std::function<void()> & draw)
+{
+    const std::size_t number = m_symbols.size();
+    Symbol & symbol = m_symbols.emplace(key, Symbol{number, {}}).first->second;
+    Extents * const outer = std::exchange(m_box, &symbol.box);
+    m_out << "<defs><g id=\"s" << number << "\">\n";
+    draw();
+    Flush();
+    m_out << "</g></defs>\n";
+    m_box = outer;
+}
+
+void SvgWriter::Use(const void * key, const std::function<void()> & draw, const Placement & placement)
+{
+    Flush();
+    if (!m_symbols.contains(key)) {
+        Define(key, draw);
+    }
+    const Symbol & symbol = m_symbols.at(key);
+    AddBox(placement.Of(symbol.box));
+    m_out << "<use href=\"#s" << symbol.number << "\"";
+    if (placement.isMirrored || SvgNumber(placement.rotation, 3) != "0") {
+        m_out << " transform=\"" << TransformOf(placement, m_frame.decimals) << "\"/>\n";
+    }
+    else {
+        m_out << " x=\"" << SvgNumber(placement.location.X, m_frame.decimals) << "\" y=\""
+              << SvgNumber(placement.location.Y, m_frame.decimals) << "\"/>\n";
+    }
+}
+
+void SvgWriter::Text(const CPointD & place, double size, bool isUpright, std::string_view text)
+{
+    const std::string x = SvgNumber(place.X, 1);
+    const std::string y = SvgNumber(place.Y, 1);
+    m_out << "<text font-size=\"" << SvgNumber(size, 1) << "\" dy=\".35em\" ";
+    if (isUpright) {
+        m_out << "transform=\"translate(" << x << " " << y << ")rotate(-90)\">";
+    }
+    else {
+        m_out << "x=\"" << x << "\" y=\"" << y << "\">";
+    }
+    m_out << SvgText(text) << "</text>\n";
+}
+
+void SvgWriter::Flush()
+{
+    if (!m_strokes.empty()) {
+        m_out << "<path class=\"" << m_strokeClass << "\" stroke-width=\""
+              << SvgNumber(m_strokeWidth, m_frame.decimals + 1) << "\" d=\"" << m_strokes << "\"/>\n";
+        m_strokes.clear();
+    }
+}
+
+void WriteSvg(std::ostream & out, const SvgSheet & sheet, const SvgDrawing & drawing)
+{
+    const SvgFrame frame{.decimals = sheet.unit.decimals};
+    std::ostream nowhere(nullptr);
+    SvgWriter measure(nowhere, frame, 0.0);
+    Draw(measure, drawing, [] {});
+    Extents box = measure.Box();
+    if (box.IsEmpty()) {
+        box.Add({0, 0});
+        box.Add({1, 1});
+    }
+    const double size = std::max(box.MaxX() - box.MinX(), box.MaxY() - box.MinY());
+    WriteHead(out, sheet, Grown(box, size / 50));
+    SvgWriter writer(out, frame, size / 1000);
+    Draw(writer, drawing, [&out] { out << "</g>\n"; });
+    out << "</svg>\n";
+}
+
+}  // namespace ipc2581::host

@@ -1,0 +1,109 @@
+#ifndef IPC2581_HOSTS_IPC2581_SVG_SVGWRITER_H
+#define IPC2581_HOSTS_IPC2581_SVG_SVGWRITER_H
+
+#include <functional>
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include <ipc2581/ipc2581.h>
+
+#include "hosts/ipc2581/svg/SvgPath.h"
+
+namespace ipc2581::host {
+
+// The unit of a board, as far as a picture needs it.
+struct SvgUnit {
+    const char * suffix = "";  // of a length; empty for a unit that nobody knows
+    double factor = 1.0;       // from the board's unit to that of the suffix
+    double millimetres = 0.0;  // 0 for a unit that nobody knows
+    int decimals = 4;          // about two thousandths of a millimetre
+};
+SvgUnit SvgUnitOf(std::string_view units);
+
+// Text between tags. What XML or UTF-8 does not allow becomes a replacement character. The reader hands on the
+// entities of the file as they stand, so that those of XML stay entities.
+std::string SvgText(std::string_view text);
+
+// Where something is put: turned against the clock, then mirrored, then moved.
+struct Placement {
+    CPointD location = {};
+    double rotation = 0.0;  // degrees
+    bool isMirrored = false;
+
+    [[nodiscard]] CPointD Of(const CPointD & point) const;
+    [[nodiscard]] Extents Of(const Extents & box) const;
+};
+
+// Writes the elements of a picture as they come, and takes the measure of them. The y axis points up.
+class SvgWriter {
+public:
+    SvgWriter(std::ostream & out, const SvgFrame & frame, double hairline)
+        : m_out(out), m_frame(frame), m_hairline(hairline)
+    {
+    }
+    SvgWriter(const SvgWriter &) = delete;
+    SvgWriter & operator=(const SvgWriter &) = delete;
+
+    [[nodiscard]] const SvgFrame & Frame() const { return m_frame; }
+
+    // What follows has the colour, up to the end of the group. The attributes are written as they stand.
+    void BeginGroup(std::string_view color, std::string_view attributes = "");
+    void EndGroup();
+
+    void Fill(const SvgPath & path);
+    void Disc(const CPointD & center, double diameter);
+    // A stroke with the ends that a line description names. One without a width is a hairline.
+    void Stroke(const SvgPath & path, double width, std::string_view ends);
+    void Stroke(const SvgPath & path, const CIPC2581_LineDesc & line);
+
+    // Something that is drawn once and used at many places. The key tells it from others.
+    void Use(const void * key, const std::function<void()> & draw, const Placement & placement);
+
+    // Readable in a picture as it is seen: its place is one of the picture, with the y axis pointing down. Places and
+    // sizes have one decimal.
+    void Text(const CPointD & place, double size, bool isUpright, std::string_view text);
+
+    // Writes out what is kept back.
+    void Flush();
+    [[nodiscard]] const Extents & Box() const { return *m_box; }
+
+private:
+    struct Symbol {
+        std::size_t number;
+        Extents box;
+    };
+
+    void AddBox(const Extents & box, double margin = 0.0);
+    void Define(const void * key, const std::function<void()> & draw);
+
+    std::ostream & m_out;
+    SvgFrame m_frame;
+    double m_hairline;
+    Extents m_whole;
+    Extents * m_box = &m_whole;
+    std::unordered_map<const void *, Symbol> m_symbols;
+    // Strokes of one kind are kept back, to become one element.
+    std::string m_strokes;
+    double m_strokeWidth = 0.0;
+    char m_strokeClass = ' ';
+};
+
+// What a picture is drawn on.
+struct SvgSheet {
+    SvgUnit unit;
+    std::string background;
+    bool isFromBelow = false;
+};
+
+// Writes a whole picture. The drawing and then the texts are made twice, first to take their measure.
+struct SvgDrawing {
+    std::function<void(SvgWriter &)> draw;
+    std::function<void(SvgWriter &)> label;
+};
+void WriteSvg(std::ostream & out, const SvgSheet & sheet, const SvgDrawing & drawing);
+
+}  // namespace ipc2581::host
+
+#endif
