@@ -8,15 +8,16 @@
 #include <ipc2581/ipc2581.h>
 
 #include "hosts/ipc2581/commands/Commands.h"
+#include "hosts/ipc2581/commands/ExitStatus.h"
 #include "hosts/ipc2581/files/Error.h"
-#include "hosts/ipc2581/files/Temporary.h"
 #include "hosts/ipc2581/output/Output.h"
+#include "hosts/ipc2581/output/SignalRemoval.h"
 
 using namespace ipc2581::host;
 
 namespace {
 
-enum ExitStatus { Done = 0, NotDone = 1, WrongUsage = 2 };
+enum Status { Done = 0, NotDone = 1, WrongUsage = 2 };
 
 void AddCommands(CLI::App & program)
 {
@@ -76,12 +77,12 @@ int Run(int count, const char * const * arguments)
 
 int main(int count, char ** arguments)
 {
-    RemoveTemporariesOnSignals();
+    RemoveListedOnSignals();
     try {
         return Run(count, arguments);
     }
-    catch (const End & end) {
-        return end.status;
+    catch (const ExitStatus & end) {
+        return end.number;
     }
     catch (const std::bad_alloc &) {
         std::cerr << "ipc2581: out of memory\n";

@@ -1,11 +1,11 @@
 #include "hosts/ipc2581/board/Board.h"
 
+#include <cstddef>
 #include <string_view>
+#include <utility>
 
-#include "hosts/ipc2581/board/LibraryMessages.h"
-#include "hosts/ipc2581/board/MemoryBound.h"
+#include "hosts/ipc2581/board/ReadWrite.h"
 #include "hosts/ipc2581/files/Error.h"
-#include "hosts/ipc2581/output/Progress.h"
 
 namespace ipc2581::host {
 namespace {
@@ -48,31 +48,14 @@ Error StopError(const BoardFile & board, CStdioFile & stopped)
 
 }  // namespace
 
-Board::Board(const std::string & path) : m_file(path)
+Board::Board(BoardFile file, CProgressCtrl * progress) : m_file(std::move(file))
 {
-    Progress progress("Reading " + path);
     CIPC2581_XmlLiteReader reader;
-    reader.m_pProgressCtrl = &progress;
-    reader.SetMemoryLimit(MemoryForABoard());
-    CString plainPath(m_file.PlainPath().c_str());
-    const LibraryMessages messages;
-    try {
-        reader.OpenPath(plainPath, m_root);
-    }
-    catch (const CInvalidArgException &) {
+    if (!ReadModel(m_file, reader, m_root, progress)) {
         throw StopError(m_file, reader.m_File);
     }
-    catch (const CFileException & failure) {
-        throw Error(path, "cannot be read: " + CauseOf(failure));
-    }
-    // The bar is gone with this call, and the model keeps pointers to it.
-    Data().m_pProgressCtrl = nullptr;
-    Step().Progress = nullptr;
-    if (!messages.Text().empty()) {
-        throw Error(path, messages.Text());
-    }
     if (reader.m_arrSectionLog.IsEmpty()) {
-        throw Error(path, "holds no section of an IPC-2581 document");
+        throw Error(m_file.Name(), "holds no section of an IPC-2581 document");
     }
 }
 

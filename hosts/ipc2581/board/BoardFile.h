@@ -1,10 +1,10 @@
 #ifndef IPC2581_HOSTS_IPC2581_BOARD_BOARDFILE_H
 #define IPC2581_HOSTS_IPC2581_BOARD_BOARDFILE_H
 
-#include <optional>
+#include <memory>
 #include <string>
 
-#include "hosts/ipc2581/files/Temporary.h"
+#include "hosts/ipc2581/files/ScratchFile.h"
 
 namespace ipc2581::host {
 
@@ -23,7 +23,7 @@ public:
 private:
     std::string m_name;
     std::string m_plainPath;
-    std::optional<ScratchFile> m_copy;
+    std::unique_ptr<ScratchFile> m_copy;
 };
 
 }  // namespace ipc2581::host

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "hosts/ipc2581/files/Temporary.h"
+#include "hosts/ipc2581/files/ScratchFile.h"
 
 namespace ipc2581::host {
 

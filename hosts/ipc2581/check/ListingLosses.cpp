@@ -131,7 +131,7 @@ void AddItems(Board & board, const Tally & tally, Causes & causes)
 std::size_t CountWithoutSide(Board & board)
 {
     std::set<std::string> layers;
-    for (const CIPC2581_Ecad_CadData_Layer * const layer : Each(board.Data().m_arrLayer)) {
+    for (const CIPC2581_Ecad_CadData_Layer * const layer : Each(board.CadData().m_arrLayer)) {
         layers.insert(Str(layer->name));
     }
     std::size_t count = 0;

@@ -88,7 +88,7 @@ Drawn CountInModel(Board & board)
     const CIPC2581_Ecad_CadData_Step & step = board.Step();
     const Names shapes = ShapeNames(board.Content());
     Names packages;
-    count.layers = Count(board.Data().m_arrLayer);
+    count.layers = Count(board.CadData().m_arrLayer);
     for (const CIPC2581_Ecad_CadData_Step_LayerFeature * const feature : Each(step.LayerFeatureArray)) {
         for (const CIPC2581_Ecad_CadData_Step_LayerFeature_Set * const set : Each(feature->SetArray)) {
             CountSet(*set, shapes, count);

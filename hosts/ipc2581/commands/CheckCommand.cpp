@@ -1,15 +1,10 @@
+#include <cstddef>
 #include <limits>
 #include <memory>
-#include <set>
 
-#include "hosts/ipc2581/board/BoardFile.h"
-#include "hosts/ipc2581/board/LibraryMessages.h"
-#include "hosts/ipc2581/board/MemoryBound.h"
-#include "hosts/ipc2581/check/ElementCounts.h"
-#include "hosts/ipc2581/check/LineCheck.h"
+#include "hosts/ipc2581/check/CheckListing.h"
 #include "hosts/ipc2581/commands/Command.h"
 #include "hosts/ipc2581/commands/Commands.h"
-#include "hosts/ipc2581/files/Error.h"
 #include "hosts/ipc2581/output/Progress.h"
 
 namespace ipc2581::host {
@@ -21,138 +16,17 @@ struct Options {
     ListingOptions listing;
 };
 
-// Reads what the library takes of the board, which may end at a line that stops it.
-void Read(const BoardFile & file, CIPC2581_Parser & root)
+Listing CheckWithProgress(const Options & options)
 {
-    Progress progress("Reading " + file.Name());
-    CIPC2581_XmlLiteReader reader;
-    reader.m_pProgressCtrl = &progress;
-    reader.SetMemoryLimit(MemoryForABoard());
-    CString path(file.PlainPath().c_str());
-    const LibraryMessages messages;
-    try {
-        reader.OpenPath(path, root);
-    }
-    catch (const CInvalidArgException &) {
-        // The check of the lines tells where.
-    }
-    catch (const CFileException & failure) {
-        throw Error(file.Name(), "cannot be read: " + CauseOf(failure));
-    }
-    // The bar is gone with this call, and the model keeps pointers to it.
-    root.m_Ecad.m_CadData.m_pProgressCtrl = nullptr;
-    root.m_Ecad.m_CadData.m_Step.Progress = nullptr;
-    if (!messages.Text().empty()) {
-        throw Error(file.Name(), messages.Text());
-    }
-}
-
-XmlCounts CountWritten(CIPC2581_Parser & root)
-{
-    const ScratchFile file;
-    CIPC2581_XmlLiteReader writer;
-    CString path(file.Path().c_str());
-    const LibraryMessages messages;
-    try {
-        if (writer.WriteFilePath(path, root) == 0) {
-            throw Error("temporary file", "cannot be written: " + messages.Text());
-        }
-    }
-    catch (const CFileException & failure) {
-        throw Error("temporary file", "cannot be written: " + CauseOf(failure));
-    }
-    return CountXml(file.Path());
-}
-
-std::size_t Sum(const Findings & findings)
-{
-    std::size_t sum = 0;
-    for (const auto & [what, places] : findings.All()) {
-        sum += places.count;
-    }
-    return sum;
-}
-
-std::vector<std::string> LinesOf(const Places & places)
-{
-    std::vector<std::string> lines;
-    for (const std::size_t line : places.lines) {
-        lines.push_back(std::to_string(line));
-    }
-    if (places.lines.size() < places.count) {
-        lines.push_back("and " + std::to_string(places.count - places.lines.size()) + " more");
-    }
-    return lines;
-}
-
-void List(const Findings & findings, Table & table)
-{
-    for (const auto & [what, places] : findings.All()) {
-        std::vector<Cell> row(what.begin(), what.end());
-        row.emplace_back(places.count);
-        row.emplace_back(LinesOf(places));
-        table.Add(std::move(row));
-    }
-}
-
-std::string WellFormed(const XmlCounts & counts)
-{
-    return counts.error.empty() ? "yes" : "no, line " + std::to_string(counts.errorLine) + ": " + counts.error;
-}
-
-std::size_t Find(const ElementCounts & counts, const std::string & name)
-{
-    const auto found = counts.find(name);
-    return found == counts.end() ? 0 : found->second;
-}
-
-void ListElements(const ElementCounts & file, const ElementCounts & taken, const ElementCounts & model,
-                  const ElementCounts & written, Table & table)
-{
-    std::set<std::string> names;
-    for (const ElementCounts * const counts : {&file, &taken, &written}) {
-        for (const auto & [name, count] : *counts) {
-            names.insert(name);
-        }
-    }
-    for (const std::string & name : names) {
-        const auto inModel = model.find(name);
-        table.Add({name, Find(file, name), Find(taken, name), inModel == model.end() ? Cell() : Cell(inModel->second),
-                   Find(written, name)});
-    }
+    constexpr std::size_t few = 10;
+    const BoardFile file(options.board);
+    Progress progress("Reading " + options.board);
+    return CheckListing(file, options.isAll ? std::numeric_limits<std::size_t>::max() : few, &progress);
 }
 
 void Check(const Options & options)
 {
-    constexpr std::size_t few = 10;
-    const BoardFile file(options.board);
-    const LineFindings found =
-        CheckLines(file.PlainPath(), options.isAll ? std::numeric_limits<std::size_t>::max() : few);
-    const XmlCounts inFile = CountXml(file.PlainPath());
-    CIPC2581_Parser root;
-    Read(file, root);
-    const XmlCounts written = CountWritten(root);
-
-    Listing listing;
-    Table & sums = listing.AddRecord("check");
-    sums.Add({"lines", found.lines});
-    sums.Add({"well-formed XML", WellFormed(inFile)});
-    sums.Add({"well-formed when written", WellFormed(written)});
-    sums.Add({"stops of the read", Sum(found.stops)});
-    sums.Add({"lines taken for others", Sum(found.swallows)});
-    sums.Add({"values read otherwise", Sum(found.readOtherwise)});
-    sums.Add({"elements passed over", Sum(found.elements)});
-    sums.Add({"attributes passed over", Sum(found.attributes)});
-    sums.Add({"attributes not written as read", Sum(found.notWritten)});
-    List(found.stops, listing.AddTable("stops", {"what stops the read", "count", "lines"}));
-    List(found.swallows, listing.AddTable("structure", {"what is taken for something else", "count", "lines"}));
-    List(found.readOtherwise, listing.AddTable("values", {"what is read otherwise", "count", "lines"}));
-    List(found.elements, listing.AddTable("passed elements", {"element", "in", "count", "lines"}));
-    List(found.attributes, listing.AddTable("passed attributes", {"element", "attribute", "count", "lines"}));
-    List(found.notWritten, listing.AddTable("not written", {"element", "attribute", "written", "count", "lines"}));
-    ListElements(inFile.elements, found.taken, CountModel(root), written.elements,
-                 listing.AddTable("elements", {"element", "file", "taken", "model", "written"}));
-    Print(listing, options.listing, {options.board});
+    Print(CheckWithProgress(options), options.listing, {options.board});
 }
 
 }  // namespace

@@ -2,6 +2,9 @@
 
 #include <iostream>
 #include <map>
+#include <utility>
+
+#include "hosts/ipc2581/output/Progress.h"
 
 namespace ipc2581::host {
 namespace {
@@ -21,6 +24,13 @@ CLI::App & AddCommand(CLI::App & program, const std::string & name, const std::s
 void AddBoard(CLI::App & command, std::string & board)
 {
     command.add_option("BOARD", board, "IPC-2581 file; may be packed as .gz, .zst or .zip")->required()->type_name("");
+}
+
+Board OpenBoard(const std::string & path)
+{
+    BoardFile file(path);
+    Progress progress("Reading " + path);
+    return Board(std::move(file), &progress);
 }
 
 void AddListingOptions(CLI::App & command, ListingOptions & options)

@@ -21,6 +21,9 @@ CLI::App & AddCommand(CLI::App & program, const std::string & name, const std::s
 // The argument BOARD.
 void AddBoard(CLI::App & command, std::string & board);
 
+// Reads a board, with a bar on a terminal meanwhile. Throws Error.
+Board OpenBoard(const std::string & path);
+
 // The options of everything that lists.
 struct ListingOptions {
     Format format = Format::Table;

@@ -1,10 +1,9 @@
 #include <memory>
 
-#include "hosts/ipc2581/board/Board.h"
-#include "hosts/ipc2581/board/LibraryMessages.h"
+#include "hosts/ipc2581/board/ReadWrite.h"
 #include "hosts/ipc2581/commands/Command.h"
 #include "hosts/ipc2581/commands/Commands.h"
-#include "hosts/ipc2581/files/Error.h"
+#include "hosts/ipc2581/output/FileReplacement.h"
 #include "hosts/ipc2581/output/Progress.h"
 
 namespace ipc2581::host {
@@ -15,29 +14,15 @@ struct Options {
     std::string output;
 };
 
-void WriteFile(const std::string & path, const std::string & told, CIPC2581_Parser & root)
-{
-    Progress progress("Writing " + told);
-    CIPC2581_XmlLiteReader writer;
-    writer.m_pProgressCtrl = &progress;
-    CString writePath(path.c_str());
-    const LibraryMessages messages;
-    try {
-        if (writer.WriteFilePath(writePath, root) == 0) {
-            throw Error(told, "cannot be written: " + messages.Text());
-        }
-    }
-    catch (const CFileException & failure) {
-        throw Error(told, "cannot be written: " + CauseOf(failure));
-    }
-}
-
 void Convert(const Options & options)
 {
     RefuseInput(options.output, {options.board});
-    Board board(options.board);
+    Board board = OpenBoard(options.board);
     FileReplacement file(options.output);
-    WriteFile(file.WritePath(), options.output, board.Root());
+    {
+        Progress progress("Writing " + options.output);
+        WriteModel(file.WritePath(), options.output, board.Root(), &progress);
+    }
     file.Commit();
 }
 

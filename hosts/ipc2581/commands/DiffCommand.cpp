@@ -1,18 +1,11 @@
-#include <cstddef>
 #include <exception>
-#include <fstream>
 #include <iostream>
 #include <memory>
-#include <string_view>
-#include <unordered_map>
-#include <vector>
 
-#include "hosts/ipc2581/board/Board.h"
 #include "hosts/ipc2581/commands/Command.h"
 #include "hosts/ipc2581/commands/Commands.h"
-#include "hosts/ipc2581/diff/Differences.h"
-#include "hosts/ipc2581/files/Error.h"
-#include "hosts/ipc2581/files/Temporary.h"
+#include "hosts/ipc2581/commands/ExitStatus.h"
+#include "hosts/ipc2581/diff/BoardDifferences.h"
 
 namespace ipc2581::host {
 namespace {
@@ -25,291 +18,11 @@ struct Options {
     ListingOptions listing;
 };
 
-// What the library writes of each of several objects.
-class Writings {
-public:
-    Writings() { m_file.Open(m_scratch.Path().c_str(), CStdioFile::modeWrite | CStdioFile::modeCreate, nullptr); }
-
-    template <typename Object>
-    void Add(Object & object)
-    {
-        object.Export(m_file, 0);
-        m_file.WriteString(Separator);
-    }
-
-    // In the order of the objects; called once, behind the last one.
-    std::vector<std::string> Texts()
-    {
-        m_file.Close();
-        std::vector<std::string> texts;
-        std::ifstream in(m_scratch.Path(), std::ios::binary);
-        std::string line;
-        std::string text;
-        while (std::getline(in, line)) {
-            if (line == "\f") {
-                texts.push_back(std::move(text));
-                text.clear();
-            }
-            else {
-                text.append(line).append("\n");
-            }
-        }
-        return texts;
-    }
-
-private:
-    // No name in a file is a line of its own.
-    static constexpr const char * Separator = "\n\f\n";
-
-    ScratchFile m_scratch;
-    CStdioFile m_file;
-};
-
-std::string Position(const CPointD & point)
-{
-    return Cell(point.X).Text() + "," + Cell(point.Y).Text();
-}
-
-std::vector<Record> Boards(Board & board)
-{
-    const CIPC2581_Parser & root = board.Root();
-    Record record("");
-    record.Add("name", Str(root.m_Ecad.name));
-    record.Add("units", Str(root.m_Ecad.m_CadHeader.units));
-    record.Add("dictionary units", Str(root.m_Content.DictionaryStandard->Unit));
-    record.Add("function mode", Str(root.m_Content.FunctionMode));
-    record.Add("step", Str(board.Step().Name));
-    record.Add("datum", Position(board.Step().Datum));
-    Writings profile;
-    profile.Add(board.Step().Profile);
-    record.AddHidden("profile", profile.Texts().front());
-    return {record};
-}
-
-// What lies on each layer, whether it is a layer of the list or not. The sets of a big board would take as much room
-// again as its model, so of each stands its hash.
-std::unordered_map<std::string, std::vector<std::string>> SetsOfLayers(Board & board)
-{
-    std::unordered_map<std::string, std::vector<std::string>> setsOfLayers;
-    for (const auto * const feature : Each(board.Step().LayerFeatureArray)) {
-        Writings writings;
-        for (auto * const set : Each(feature->SetArray)) {
-            writings.Add(*set);
-        }
-        std::vector<std::string> & sets = setsOfLayers[Str(feature->LayerRef)];
-        for (const std::string & text : writings.Texts()) {
-            sets.push_back(std::to_string(std::hash<std::string>()(text)));
-        }
-    }
-    return setsOfLayers;
-}
-
-std::vector<Record> Layers(Board & board)
-{
-    auto setsOfLayers = SetsOfLayers(board);
-    std::vector<Record> records;
-    const auto add = [&](const std::string & name, const CIPC2581_Ecad_CadData_Layer & layer) {
-        Record & record = records.emplace_back(name);
-        record.Add("function", Str(layer.layerFunction));
-        record.Add("side", Str(layer.side));
-        record.Add("polarity", Str(layer.polarity));
-        record.AddHiddenMembers("sets", std::move(setsOfLayers[name]));
-        setsOfLayers.erase(name);
-    };
-    for (const CIPC2581_Ecad_CadData_Layer * const layer : Each(board.Data().m_arrLayer)) {
-        add(Str(layer->name), *layer);
-    }
-    for (const auto * const feature : Each(board.Step().LayerFeatureArray)) {
-        if (setsOfLayers.contains(Str(feature->LayerRef))) {
-            add(Str(feature->LayerRef), CIPC2581_Ecad_CadData_Layer());
-        }
-    }
-    return records;
-}
-
-std::vector<Record> StackupLayers(Board & board)
-{
-    std::vector<Record> records;
-    for (const auto * const group : Each(board.Data().m_Stackup.StackupGroupArray)) {
-        for (const auto * const layer : Each(group->StackupLayerArray)) {
-            Record & record = records.emplace_back(Str(layer->layerOrGroupRef));
-            record.Add("group", Str(group->name));
-            record.Add("material", Str(layer->materialType));
-            record.Add("thickness", layer->thickness);
-        }
-    }
-    return records;
-}
-
-std::vector<Record> Shapes(Board & board)
-{
-    std::vector<Record> records;
-    Writings writings;
-    const auto entries = Each(board.Content().DictionaryStandard->EntryArray);
-    for (auto * const entry : entries) {
-        writings.Add(*entry);
-    }
-    const std::vector<std::string> texts = writings.Texts();
-    for (std::size_t i = 0; i < entries.size(); ++i) {
-        records.emplace_back(Str(entries[i]->EntryStandardId)).AddHidden("drawing", texts[i]);
-    }
-    return records;
-}
-
-// Pad stacks have no name, and are never written by the library.
-std::vector<std::string> PadStacks(Board & board)
-{
-    std::vector<std::string> texts;
-    for (const auto * const stack : Each(board.Step().PadStackArray)) {
-        const CIPC2581_Ecad_CadData_Step_Hole & hole = *stack->LayerHole;
-        std::string text = Str(stack->NetName) + " " + Str(hole.Name) + " " + Str(hole.Diameter) + " " +
-                           Str(hole.PlatingStatus) + " " + Str(hole.PlusTol) + " " + Str(hole.MinusTol) + " " +
-                           Position(hole.Location) + " " + Str(hole.FromLayer) + " " + Str(hole.ToLayer);
-        for (const CIPC2581_Ecad_CadData_Step_Pad * const pad : Each(stack->LayerPadArray)) {
-            text += "\n" + Str(pad->LayerRef) + " " + Str(pad->Pin) + " " + Cell(pad->Rotation).Text() + " " +
-                    Position(pad->Location) + " " + Str(pad->StandardPrimitiveRefId);
-        }
-        texts.push_back(std::move(text));
-    }
-    return texts;
-}
-
-std::vector<Record> Packages(Board & board)
-{
-    constexpr std::size_t drawings = 4;
-    Writings writings;
-    const auto packages = Each(board.Step().PackageArray);
-    for (auto * const package : packages) {
-        writings.Add(*package->Outline);
-        writings.Add(package->SilkScreen);
-        writings.Add(package->AssemblyDrawing);
-        writings.Add(package->LandPattern);
-    }
-    const std::vector<std::string> texts = writings.Texts();
-    std::vector<Record> records;
-    for (std::size_t i = 0; i < packages.size(); ++i) {
-        std::vector<std::string> pins;
-        for (const CIPC2581_Ecad_CadData_Step_Package_Pin * const pin : Each(packages[i]->PinArray)) {
-            pins.push_back(Str(pin->number) + "(" + Position(pin->Location) + "," + Cell(pin->Xform->Rotation).Text() +
-                           "," + Str(pin->StandardPrimitiveRef) + ")");
-        }
-        Record & record = records.emplace_back(Str(packages[i]->name));
-        record.Add("type", Str(packages[i]->type));
-        record.AddMembers("pins", std::move(pins));
-        record.AddHidden("outline", texts[i * drawings]);
-        record.AddHidden("silk screen", texts[i * drawings + 1]);
-        record.AddHidden("assembly drawing", texts[i * drawings + 2]);
-        record.AddHidden("land pattern", texts[i * drawings + 3]);
-    }
-    return records;
-}
-
-std::vector<Record> Components(Board & board)
-{
-    std::vector<Record> records;
-    for (const CIPC2581_Ecad_CadData_Step_Component * const component : Each(board.Step().ComponentArray)) {
-        Record & record = records.emplace_back(Str(component->RefDes));
-        record.Add("package", Str(component->PackageRef));
-        record.Add("part", Str(component->Part));
-        record.Add("layer", Str(component->LayerRef));
-        record.Add("mount", Str(component->MountType));
-        record.Add("x", component->Location.X);
-        record.Add("y", component->Location.Y);
-        record.Add("rotation", component->Xform->Rotation);
-        record.Add("mirror", component->Xform->Mirror != 0);
-        record.Add("height", component->Height);
-        record.Add("standoff", Str(component->Standoff));
-    }
-    return records;
-}
-
-std::vector<Record> Nets(Board & board)
-{
-    std::vector<Record> records;
-    for (const CIPC2581_Ecad_CadData_Step_LogicalNet * const net : Each(board.Step().LogicalNetArray)) {
-        std::vector<std::string> pins;
-        for (const CIPC2581_Ecad_CadData_Step_LogicalNet_LogicalNetPin * const pin : Each(net->LogicalNetPinArray)) {
-            pins.push_back(Str(pin->ComponentRef) + "." + Str(pin->Pin));
-        }
-        records.emplace_back(Str(net->Name)).AddMembers("pins", std::move(pins));
-    }
-    return records;
-}
-
-std::vector<Record> PhysicalNets(Board & board)
-{
-    std::vector<Record> records;
-    for (const CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet * const net : Each(board.Step().PhyNetGroup.PhyNetArray)) {
-        std::vector<std::string> points;
-        for (const auto * const point : Each(net->PhyNetPointArray)) {
-            points.push_back(Str(point->LayerRef) + "(" + Position(point->Location) + "," + Str(point->Exposure) + "," +
-                             Str(point->NetNode) + (point->Via != 0 ? ",via," : ",") +
-                             Str(point->StandardPrimitiveRefId) + ")");
-        }
-        records.emplace_back(Str(net->Name)).AddMembers("points", std::move(points));
-    }
-    return records;
-}
-
-// An item has no name of its own where the file keeps its number in an attribute that the reader passes over: it goes
-// by its first designator then.
-std::string ItemName(const CIPC2581_Bom_BomItem & item)
-{
-    if (item.internalPartNumber.IsEmpty() && !item.m_arrRefDes.IsEmpty()) {
-        return Str(item.m_arrRefDes.GetAt(0)->name);
-    }
-    return Str(item.internalPartNumber);
-}
-
-std::vector<Record> Items(Board & board)
-{
-    std::vector<Record> records;
-    for (const CIPC2581_Bom_BomItem * const item : Each(board.Root().m_Bom.m_arrBomItem)) {
-        std::vector<std::string> fitted;
-        std::vector<std::string> notFitted;
-        for (const CIPC2581_Bom_BomItem_RefDes * const refDes : Each(item->m_arrRefDes)) {
-            (refDes->populate ? fitted : notFitted).push_back(Str(refDes->name));
-        }
-        Record & record = records.emplace_back(ItemName(*item));
-        record.Add("quantity", Str(item->quantity));
-        record.Add("pins", Str(item->numberIO));
-        record.Add("category", Str(item->category));
-        record.Add("description", Str(item->description));
-        record.Add("package", Str(item->packageRef));
-        record.AddMembers("fitted", std::move(fitted));
-        record.AddMembers("not fitted", std::move(notFitted));
-    }
-    return records;
-}
-
-std::vector<Record> AllPadStacks(Board & board)
-{
-    Record record("");
-    record.AddHiddenMembers("pads and holes", PadStacks(board));
-    return {record};
-}
-
-Differences Compare(Board & before, Board & after)
-{
-    Differences differences;
-    differences.Compare("board", Boards(before), Boards(after));
-    differences.Compare("layer", Layers(before), Layers(after));
-    differences.Compare("stackup layer", StackupLayers(before), StackupLayers(after));
-    differences.Compare("shape", Shapes(before), Shapes(after));
-    differences.Compare("pad stacks", AllPadStacks(before), AllPadStacks(after));
-    differences.Compare("package", Packages(before), Packages(after));
-    differences.Compare("component", Components(before), Components(after));
-    differences.Compare("net", Nets(before), Nets(after));
-    differences.Compare("physical net", PhysicalNets(before), PhysicalNets(after));
-    differences.Compare("BOM item", Items(before), Items(after));
-    return differences;
-}
-
 bool Diff(const Options & options)
 {
-    Board before(options.before);
-    Board after(options.after);
-    const Differences differences = Compare(before, after);
+    Board before = OpenBoard(options.before);
+    Board after = OpenBoard(options.after);
+    const Differences differences = DifferencesOf(before, after);
     const bool isDifferent = !differences.Rows().Rows().empty();
     if (!isDifferent && options.listing.format == Format::Table) {
         // Like diff, which has nothing to say of what is the same.
@@ -318,8 +31,8 @@ bool Diff(const Options & options)
     else {
         Print(differences.Rows(), options.listing, {options.before, options.after});
     }
-    for (Board * const board : {&before, &after}) {
-        WarnOfLosses(*board, {Listed::Items, Listed::Components, Listed::LogicalNets, Listed::PhysicalNets});
+    for (Board * const read : {&before, &after}) {
+        WarnOfLosses(*read, {Listed::Items, Listed::Components, Listed::LogicalNets, Listed::PhysicalNets});
     }
     return isDifferent;
 }
@@ -332,10 +45,10 @@ void DiffAndEnd(const Options & options)
     }
     catch (const std::exception & error) {
         std::cerr << "ipc2581: " << error.what() << "\n";
-        throw End{Trouble};
+        throw ExitStatus{Trouble};
     }
     if (isDifferent) {
-        throw End{Different};
+        throw ExitStatus{Different};
     }
 }
 

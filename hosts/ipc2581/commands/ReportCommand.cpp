@@ -3,11 +3,11 @@
 #include <memory>
 #include <system_error>
 
-#include "hosts/ipc2581/board/Board.h"
 #include "hosts/ipc2581/board/LibraryMessages.h"
 #include "hosts/ipc2581/commands/Command.h"
 #include "hosts/ipc2581/commands/Commands.h"
 #include "hosts/ipc2581/files/Error.h"
+#include "hosts/ipc2581/output/ScratchFolder.h"
 
 namespace ipc2581::host {
 namespace {
@@ -55,7 +55,7 @@ std::string ReportText(const std::string & told, CIPC2581_Parser & root)
 void Report(const std::string & path)
 {
     const std::string reportPath = ReportPath(path);
-    Board board(path);
+    Board board = OpenBoard(path);
     Output output(reportPath, {path});
     output.Stream() << ReportText(reportPath, board.Root());
     output.Finish();

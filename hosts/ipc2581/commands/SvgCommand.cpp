@@ -6,7 +6,6 @@
 #include <string>
 #include <system_error>
 
-#include "hosts/ipc2581/board/Board.h"
 #include "hosts/ipc2581/check/PictureLosses.h"
 #include "hosts/ipc2581/commands/Command.h"
 #include "hosts/ipc2581/commands/Commands.h"
@@ -65,7 +64,7 @@ private:
 
 void Svg(const Options & options)
 {
-    Board board(options.board);
+    Board board = OpenBoard(options.board);
     const SvgBoard pictures(board);
     MakeFolder(options.folder);
     const auto write = [&](const std::string & name, const std::function<void(std::ostream &)> & picture) {

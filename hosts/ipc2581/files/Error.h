@@ -15,11 +15,6 @@ public:
     Error(std::string_view file, std::size_t line, std::string_view cause);
 };
 
-// Ends the program with this status. All that is to be said was said.
-struct End {
-    int status;
-};
-
 // The system's words for an errno.
 std::string SystemCause(int number);
 

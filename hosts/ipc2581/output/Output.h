@@ -7,7 +7,7 @@
 #include <ostream>
 #include <string>
 
-#include "hosts/ipc2581/files/Temporary.h"
+#include "hosts/ipc2581/output/FileReplacement.h"
 
 namespace ipc2581::host {
 

@@ -122,7 +122,7 @@ BoardLayer & SvgBoard::LayerOf(const CString & name)
 
 void SvgBoard::AddLayers(Board & board)
 {
-    for (const CIPC2581_Ecad_CadData_Layer * const layer : Each(board.Data().m_arrLayer)) {
+    for (const CIPC2581_Ecad_CadData_Layer * const layer : Each(board.CadData().m_arrLayer)) {
         if (!m_layerIndex.contains(layer->name)) {
             BoardLayer & added = LayerOf(layer->name);
             added.function = layer->layerFunction;

@@ -1,0 +1,51 @@
+#include "hosts/ipc2581/board/ReadWrite.h"
+
+#include "hosts/ipc2581/board/LibraryMessages.h"
+#include "hosts/ipc2581/board/MemoryBound.h"
+#include "hosts/ipc2581/files/Error.h"
+
+namespace ipc2581::host {
+
+bool ReadModel(const BoardFile & file, CIPC2581_XmlLiteReader & reader, CIPC2581_Parser & root,
+               CProgressCtrl * progress)
+{
+    reader.m_pProgressCtrl = progress;
+    reader.SetMemoryLimit(MemoryForABoard());
+    CString path(file.PlainPath().c_str());
+    bool isWhole = true;
+    const LibraryMessages messages;
+    try {
+        reader.OpenPath(path, root);
+    }
+    catch (const CInvalidArgException &) {
+        isWhole = false;
+    }
+    catch (const CFileException & failure) {
+        throw Error(file.Name(), "cannot be read: " + CauseOf(failure));
+    }
+    // The model keeps pointers to the progress, which may go with this call.
+    root.m_Ecad.m_CadData.m_pProgressCtrl = nullptr;
+    root.m_Ecad.m_CadData.m_Step.Progress = nullptr;
+    if (!messages.Text().empty()) {
+        throw Error(file.Name(), messages.Text());
+    }
+    return isWhole;
+}
+
+void WriteModel(const std::string & path, const std::string & told, CIPC2581_Parser & root, CProgressCtrl * progress)
+{
+    CIPC2581_XmlLiteReader writer;
+    writer.m_pProgressCtrl = progress;
+    CString writePath(path.c_str());
+    const LibraryMessages messages;
+    try {
+        if (writer.WriteFilePath(writePath, root) == 0) {
+            throw Error(told, "cannot be written: " + messages.Text());
+        }
+    }
+    catch (const CFileException & failure) {
+        throw Error(told, "cannot be written: " + CauseOf(failure));
+    }
+}
+
+}  // namespace ipc2581::host

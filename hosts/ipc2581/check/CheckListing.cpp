@@ -1,0 +1,112 @@
+#include "hosts/ipc2581/check/CheckListing.h"
+
+#include <set>
+
+#include "hosts/ipc2581/board/ReadWrite.h"
+#include "hosts/ipc2581/check/ElementCounts.h"
+#include "hosts/ipc2581/check/LineCheck.h"
+#include "hosts/ipc2581/files/ScratchFile.h"
+
+namespace ipc2581::host {
+namespace {
+
+XmlCounts CountWritten(CIPC2581_Parser & root)
+{
+    const ScratchFile file;
+    WriteModel(file.Path(), "temporary file", root, nullptr);
+    return CountXml(file.Path());
+}
+
+std::size_t Sum(const Findings & findings)
+{
+    std::size_t sum = 0;
+    for (const auto & [what, places] : findings.All()) {
+        sum += places.count;
+    }
+    return sum;
+}
+
+std::vector<std::string> LinesOf(const Places & places)
+{
+    std::vector<std::string> lines;
+    for (const std::size_t line : places.lines) {
+        lines.push_back(std::to_string(line));
+    }
+    if (places.lines.size() < places.count) {
+        lines.push_back("and " + std::to_string(places.count - places.lines.size()) + " more");
+    }
+    return lines;
+}
+
+void List(const Findings & findings, Table & table)
+{
+    for (const auto & [what, places] : findings.All()) {
+        std::vector<Cell> row(what.begin(), what.end());
+        row.emplace_back(places.count);
+        row.emplace_back(LinesOf(places));
+        table.Add(std::move(row));
+    }
+}
+
+std::string WellFormed(const XmlCounts & counts)
+{
+    return counts.error.empty() ? "yes" : "no, line " + std::to_string(counts.errorLine) + ": " + counts.error;
+}
+
+std::size_t Find(const ElementCounts & counts, const std::string & name)
+{
+    const auto found = counts.find(name);
+    return found == counts.end() ? 0 : found->second;
+}
+
+void ListElements(const ElementCounts & file, const ElementCounts & taken, const ElementCounts & model,
+                  const ElementCounts & written, Table & table)
+{
+    std::set<std::string> names;
+    for (const ElementCounts * const counts : {&file, &taken, &written}) {
+        for (const auto & [name, count] : *counts) {
+            names.insert(name);
+        }
+    }
+    for (const std::string & name : names) {
+        const auto inModel = model.find(name);
+        table.Add({name, Find(file, name), Find(taken, name), inModel == model.end() ? Cell() : Cell(inModel->second),
+                   Find(written, name)});
+    }
+}
+
+}  // namespace
+
+Listing CheckListing(const BoardFile & file, std::size_t limit, CProgressCtrl * progress)
+{
+    const LineFindings found = CheckLines(file.PlainPath(), limit);
+    const XmlCounts inFile = CountXml(file.PlainPath());
+    CIPC2581_Parser root;
+    CIPC2581_XmlLiteReader reader;
+    // Where a line stops the read is among the findings.
+    static_cast<void>(ReadModel(file, reader, root, progress));
+    const XmlCounts written = CountWritten(root);
+
+    Listing listing;
+    Table & sums = listing.AddRecord("check");
+    sums.Add({"lines", found.lines});
+    sums.Add({"well-formed XML", WellFormed(inFile)});
+    sums.Add({"well-formed when written", WellFormed(written)});
+    sums.Add({"stops of the read", Sum(found.stops)});
+    sums.Add({"lines taken for others", Sum(found.swallows)});
+    sums.Add({"values read otherwise", Sum(found.readOtherwise)});
+    sums.Add({"elements passed over", Sum(found.elements)});
+    sums.Add({"attributes passed over", Sum(found.attributes)});
+    sums.Add({"attributes not written as read", Sum(found.notWritten)});
+    List(found.stops, listing.AddTable("stops", {"what stops the read", "count", "lines"}));
+    List(found.swallows, listing.AddTable("structure", {"what is taken for something else", "count", "lines"}));
+    List(found.readOtherwise, listing.AddTable("values", {"what is read otherwise", "count", "lines"}));
+    List(found.elements, listing.AddTable("passed elements", {"element", "in", "count", "lines"}));
+    List(found.attributes, listing.AddTable("passed attributes", {"element", "attribute", "count", "lines"}));
+    List(found.notWritten, listing.AddTable("not written", {"element", "attribute", "written", "count", "lines"}));
+    ListElements(inFile.elements, found.taken, CountModel(root), written.elements,
+                 listing.AddTable("elements", {"element", "file", "taken", "model", "written"}));
+    return listing;
+}
+
+}  // namespace ipc2581::host

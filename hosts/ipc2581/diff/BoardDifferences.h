@@ -1,0 +1,14 @@
+#ifndef IPC2581_HOSTS_IPC2581_DIFF_BOARDDIFFERENCES_H
+#define IPC2581_HOSTS_IPC2581_DIFF_BOARDDIFFERENCES_H
+
+#include "hosts/ipc2581/board/Board.h"
+#include "hosts/ipc2581/diff/Differences.h"
+
+namespace ipc2581::host {
+
+// What differs in anything that the model holds of two boards.
+Differences DifferencesOf(Board & before, Board & after);
+
+}  // namespace ipc2581::host
+
+#endif

@@ -1,0 +1,122 @@
+#include "hosts/ipc2581/listings/BomTable.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdint>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "hosts/ipc2581/board/Board.h"
+#include "hosts/ipc2581/listings/NaturalOrder.h"
+
+namespace ipc2581::host {
+namespace {
+
+using Component = CIPC2581_Ecad_CadData_Step_Component;
+
+struct Row {
+    const CIPC2581_Bom_BomItem * item = nullptr;
+    std::vector<std::string> parts;
+    std::vector<std::string> packages;
+    std::vector<std::string> fitted;
+    std::vector<std::string> notFitted;
+    std::string firstDesignator;
+};
+
+// The components of a board by their designators.
+class Placements {
+public:
+    explicit Placements(Board & board)
+    {
+        for (const Component * const component : Each(board.Step().ComponentArray)) {
+            m_components.emplace(Str(component->RefDes), component);
+        }
+    }
+
+    // Adds the text of the designated component, if it has one that is not there yet.
+    void AddText(const std::string & designator, CString Component::*text, std::vector<std::string> & texts) const
+    {
+        const auto found = m_components.find(designator);
+        if (found == m_components.end() || (found->second->*text).IsEmpty()) {
+            return;
+        }
+        const std::string added = Str(found->second->*text);
+        if (std::find(texts.begin(), texts.end(), added) == texts.end()) {
+            texts.push_back(added);
+        }
+    }
+
+private:
+    std::unordered_map<std::string, const Component *> m_components;
+};
+
+// An amount as a number, where it is one as it stands.
+Cell Amount(const CString & text)
+{
+    const std::string amount = Str(text);
+    std::int64_t number = 0;
+    const char * const end = amount.data() + amount.size();
+    const std::from_chars_result result = std::from_chars(amount.data(), end, number);
+    if (result.ec == std::errc() && result.ptr == end && std::to_string(number) == amount) {
+        return number;
+    }
+    return amount;
+}
+
+Row MakeRow(const CIPC2581_Bom_BomItem & item, const Placements & placements)
+{
+    Row row;
+    row.item = &item;
+    if (!item.packageRef.IsEmpty()) {
+        row.packages = {Str(item.packageRef)};
+    }
+    for (const CIPC2581_Bom_BomItem_RefDes * const refDes : Each(item.m_arrRefDes)) {
+        const std::string name = Str(refDes->name);
+        (refDes->populate ? row.fitted : row.notFitted).push_back(name);
+        placements.AddText(name, &Component::Part, row.parts);
+        // Many files tell the package with the component alone.
+        if (item.packageRef.IsEmpty()) {
+            placements.AddText(name, &Component::PackageRef, row.packages);
+        }
+        if (row.firstDesignator.empty() || NaturalLess(name, row.firstDesignator)) {
+            row.firstDesignator = name;
+        }
+    }
+    return row;
+}
+
+void Sort(std::vector<Row> & rows)
+{
+    for (Row & row : rows) {
+        std::stable_sort(row.fitted.begin(), row.fitted.end(), NaturalLess);
+        std::stable_sort(row.notFitted.begin(), row.notFitted.end(), NaturalLess);
+    }
+    std::stable_sort(rows.begin(), rows.end(), [](const Row & left, const Row & right) {
+        return NaturalLess(left.firstDesignator, right.firstDesignator);
+    });
+}
+
+}  // namespace
+
+Table BomTable(Board & board, bool isSorted)
+{
+    const Placements placements(board);
+    std::vector<Row> rows;
+    for (const CIPC2581_Bom_BomItem * const item : Each(board.Root().m_Bom.m_arrBomItem)) {
+        rows.push_back(MakeRow(*item, placements));
+    }
+    if (isSorted) {
+        Sort(rows);
+    }
+    Table table(
+        {"quantity", "part number", "part", "pins", "category", "description", "package", "fitted", "not fitted"});
+    for (Row & row : rows) {
+        table.Add({Amount(row.item->quantity), Str(row.item->internalPartNumber), std::move(row.parts),
+                   Amount(row.item->numberIO), Str(row.item->category), Str(row.item->description),
+                   std::move(row.packages), std::move(row.fitted), std::move(row.notFitted)});
+    }
+    return table;
+}
+
+}  // namespace ipc2581::host

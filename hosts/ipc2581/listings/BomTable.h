@@ -1,0 +1,14 @@
+#ifndef IPC2581_HOSTS_IPC2581_LISTINGS_BOMTABLE_H
+#define IPC2581_HOSTS_IPC2581_LISTINGS_BOMTABLE_H
+
+#include "hosts/ipc2581/board/Board.h"
+#include "hosts/ipc2581/table/Table.h"
+
+namespace ipc2581::host {
+
+// What must be bought, a row an item: in the order of the file, or by designators, R2 before R10.
+Table BomTable(Board & board, bool isSorted);
+
+}  // namespace ipc2581::host
+
+#endif

@@ -1,0 +1,303 @@
+#include "hosts/ipc2581/listings/InfoListing.h"
+
+#include <array>
+#include <cstddef>
+#include <map>
+#include <string_view>
+#include <vector>
+
+#include "hosts/ipc2581/board/Board.h"
+#include "hosts/ipc2581/geometry/Extents.h"
+
+namespace ipc2581::host {
+namespace {
+
+// Where shapes stand.
+enum Place { InFeatures, InSilkScreens, InOutlines, InDictionary, PlaceCount };
+
+// Shapes by the name of their element, in the order of their draw types.
+class ShapeCounts {
+public:
+    void Add(const CIPC2581_DrawObj & shape, Place place)
+    {
+        // Nobody reads an outline into a list of shapes: the numbers between are those of the base and of hosts.
+        static constexpr std::array<const char *, 24> names = {
+            "",         "Butterfly", "Circle", "Contour",    "Diamond",  "Donut",      "Ellipse",   "Hexagon",
+            "Moire",    "Octagon",   "Oval",   "RectCenter", "RectCham", "RectCorner", "RectRound", "Thermal",
+            "Triangle", "",          "Line",   "Outline",    "Polyline", "",           "Polygon",   "Cutout"};
+        const std::size_t type = static_cast<std::size_t>(shape.DrawType);
+        AddOne(shape.DrawType, type < names.size() ? names[type] : "", place);
+        if (const auto * const contour = dynamic_cast<const CIPC2581_DicDraw_Contour *>(&shape)) {
+            AddAll(*contour->DicDrawObjArray, place);
+        }
+        else if (const auto * const polygon = dynamic_cast<const CIPC2581_Polygon *>(&shape)) {
+            AddSteps(*polygon->PolyStepArray, place);
+        }
+        else if (const auto * const cutout = dynamic_cast<const CIPC2581_Cutout *>(&shape)) {
+            AddSteps(*cutout->PolyStepArray, place);
+        }
+        else if (const auto * const polyline = dynamic_cast<const CIPC2581_PolyLine *>(&shape)) {
+            AddSteps(*polyline->PolyStepArray, place);
+        }
+    }
+
+    void AddAll(const CIPC2581_DrawObjArray & shapes, Place place)
+    {
+        for (const CIPC2581_DrawObj * const shape : Each(shapes)) {
+            Add(*shape, place);
+        }
+    }
+
+    // A polygon that is there in the model, and in the file only if it has steps.
+    void AddOutline(const CIPC2581_Polygon & polygon, Place place)
+    {
+        if (!polygon.PolyStepArray->IsEmpty()) {
+            Add(polygon, place);
+        }
+    }
+
+    void Print(Table & table) const
+    {
+        for (const auto & [key, counted] : m_counts) {
+            const std::array<std::size_t, PlaceCount> & at = counted.places;
+            table.Add({counted.name, at[InFeatures], at[InSilkScreens], at[InOutlines], at[InDictionary]});
+        }
+    }
+
+private:
+    struct Counted {
+        const char * name = "";
+        std::array<std::size_t, PlaceCount> places{};
+    };
+
+    void AddSteps(const CIPC2581_PolyStepArray & steps, Place place)
+    {
+        // Behind all draw types.
+        constexpr int segment = 100;
+        constexpr int curve = 101;
+        for (const CIPC2581_PolyStep * const step : Each(steps)) {
+            if (step->Type == 0) {
+                AddOne(segment, "PolyStepSegment", place);
+            }
+            else {
+                AddOne(curve, "PolyStepCurve", place);
+            }
+        }
+    }
+
+    void AddOne(int key, const char * name, Place place)
+    {
+        Counted & counted = m_counts[key];
+        counted.name = name;
+        ++counted.places[place];
+    }
+
+    std::map<int, Counted> m_counts;
+};
+
+// All that is counted in one walk through the model.
+struct Counts {
+    std::size_t padStackPads = 0;
+    std::size_t pins = 0;
+    std::size_t landPads = 0;
+    std::size_t targets = 0;
+    std::size_t netPins = 0;
+    std::size_t points = 0;
+    std::size_t sets = 0;
+    std::array<std::size_t, 3> setsByKind{};
+    std::size_t designators = 0;
+    std::size_t fitted = 0;
+    std::size_t stackupLayers = 0;
+    ShapeCounts shapes;
+};
+
+void CountPackages(CIPC2581_Ecad_CadData_Step & step, Counts & counts)
+{
+    for (const CIPC2581_Ecad_CadData_Step_Package * const package : Each(step.PackageArray)) {
+        counts.shapes.AddOutline(*package->Outline->Polygon, InOutlines);
+        counts.shapes.AddOutline(*package->AssemblyDrawing.Outline->Polygon, InOutlines);
+        counts.landPads += Count(package->LandPattern.PadArray);
+        for (const CIPC2581_Ecad_CadData_Step_Target * const target : Each(package->SilkScreen.TargetArray)) {
+            ++counts.targets;
+            counts.shapes.AddAll(*target->DrawObjArray, InSilkScreens);
+        }
+        for (const CIPC2581_Ecad_CadData_Step_Package_Pin * const pin : Each(package->PinArray)) {
+            ++counts.pins;
+            counts.shapes.AddOutline(*pin->Outline.Polygon, InOutlines);
+        }
+    }
+}
+
+void CountSets(CIPC2581_Ecad_CadData_Step & step, Counts & counts)
+{
+    for (const CIPC2581_Ecad_CadData_Step_LayerFeature * const feature : Each(step.LayerFeatureArray)) {
+        for (const CIPC2581_Ecad_CadData_Step_LayerFeature_Set * const set : Each(feature->SetArray)) {
+            ++counts.sets;
+            ++counts.setsByKind[static_cast<std::size_t>(set->Kind)];
+            counts.shapes.AddAll(set->Features.DrawObjArray, InFeatures);
+        }
+    }
+}
+
+Counts CountAll(Board & board)
+{
+    Counts counts;
+    CIPC2581_Ecad_CadData_Step & step = board.Step();
+    for (const CIPC2581_Content_DictionaryStandard_EntryStandard * const entry :
+         Each(board.Content().DictionaryStandard->EntryArray)) {
+        counts.shapes.AddAll(*entry->DrawArray, InDictionary);
+    }
+    for (const CIPC2581_Bom_BomItem * const item : Each(board.Root().m_Bom.m_arrBomItem)) {
+        for (const CIPC2581_Bom_BomItem_RefDes * const refDes : Each(item->m_arrRefDes)) {
+            ++counts.designators;
+            counts.fitted += refDes->populate ? 1 : 0;
+        }
+    }
+    for (const CIPC2581_Ecad_CadData_Stackup_StackupGroup * const group :
+         Each(board.CadData().m_Stackup.StackupGroupArray)) {
+        counts.stackupLayers += Count(group->StackupLayerArray);
+    }
+    for (const CIPC2581_Ecad_CadData_Step_PadStack * const padStack : Each(step.PadStackArray)) {
+        counts.padStackPads += Count(padStack->LayerPadArray);
+    }
+    for (const CIPC2581_Ecad_CadData_Step_LogicalNet * const net : Each(step.LogicalNetArray)) {
+        counts.netPins += Count(net->LogicalNetPinArray);
+    }
+    for (const CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet * const net : Each(step.PhyNetGroup.PhyNetArray)) {
+        counts.points += Count(net->PhyNetPointArray);
+    }
+    CountPackages(step, counts);
+    CountSets(step, counts);
+    counts.shapes.AddOutline(*step.Profile.Polygon, InOutlines);
+    counts.shapes.AddAll(*step.Profile.Cutouts, InOutlines);
+    return counts;
+}
+
+// The references that stood in text form; the others are empty entries.
+std::vector<std::string> Named(const CStringArray & list)
+{
+    std::vector<std::string> names;
+    for (std::int64_t i = 0; i < list.GetSize(); ++i) {
+        if (!list[i].IsEmpty()) {
+            names.push_back(Str(list[i]));
+        }
+    }
+    return names;
+}
+
+void ListBoard(Board & board, Table & table)
+{
+    const CIPC2581_Parser & root = board.Root();
+    const CIPC2581_Content & content = root.m_Content;
+    const CIPC2581_HistoryRecord & history = root.m_HistoryRecord;
+    table.Add({"name", Str(root.m_Ecad.name)});
+    table.Add({"step", Str(board.Step().Name)});
+    table.Add({"units", Str(root.m_Ecad.m_CadHeader.units)});
+    table.Add({"dictionary units", Str(content.DictionaryStandard->Unit)});
+    table.Add({"function mode", Str(content.FunctionMode)});
+    table.Add({"function level", Str(content.FunctionModeLevel)});
+    table.Add({"step references", Named(content.StepRef)});
+    table.Add({"layer references", Named(content.LayerRef)});
+    table.Add({"BOM references", Named(content.BomRef)});
+    table.Add({"role", Str(root.m_LogisticHeader.m_strRoleName)});
+    table.Add({"person", Str(root.m_LogisticHeader.m_strPersonName)});
+    table.Add({"history number", history.number});
+    table.Add({"origination", Str(history.origination)});
+    table.Add({"tool", Str(history.toolRef)});
+    table.Add({"last change", Str(history.lastChange)});
+    table.Add({"BOM", Str(root.m_Bom.name)});
+    table.Add({"assembly", Str(root.m_Bom.assembly)});
+}
+
+void ListProfile(const CIPC2581_Ecad_CadData_Step & step, Table & table)
+{
+    Extents extents;
+    extents.AddContour(*step.Profile.Polygon->PolyBegin, *step.Profile.Polygon->PolyStepArray);
+    if (extents.IsEmpty()) {
+        return;
+    }
+    table.Add({"left", extents.MinX()});
+    table.Add({"bottom", extents.MinY()});
+    table.Add({"right", extents.MaxX()});
+    table.Add({"top", extents.MaxY()});
+    table.Add({"width", extents.MaxX() - extents.MinX()});
+    table.Add({"height", extents.MaxY() - extents.MinY()});
+    table.Add({"cutouts", Count(step.Profile.Cutouts)});
+}
+
+void ListLayers(Board & board, Table & table)
+{
+    for (const CIPC2581_Ecad_CadData_Layer * const layer : Each(board.CadData().m_arrLayer)) {
+        table.Add({Str(layer->name), Str(layer->layerFunction), Str(layer->side), Str(layer->polarity)});
+    }
+}
+
+void ListStackup(const CIPC2581_Ecad_CadData_Stackup & stackup, Table & table)
+{
+    for (const CIPC2581_Ecad_CadData_Stackup_StackupGroup * const group : Each(stackup.StackupGroupArray)) {
+        for (const CIPC2581_Ecad_CadData_Stackup_StackupGroup_StackupLayer * const layer :
+             Each(group->StackupLayerArray)) {
+            table.Add({Str(layer->layerOrGroupRef), Str(group->name), Str(layer->materialType), layer->thickness});
+        }
+    }
+}
+
+void ListThickness(const CIPC2581_Ecad_CadData_Stackup & stackup, Table & table)
+{
+    table.Add({"overall", Str(stackup.overallThickness)});
+    table.Add({"tolerance plus", Str(stackup.tolPlus)});
+    table.Add({"tolerance minus", Str(stackup.tolMinus)});
+    table.Add({"measured", Str(stackup.whereMeasured)});
+}
+
+void ListCounts(Board & board, const Counts & counts, Table & table)
+{
+    const CIPC2581_Content & content = board.Content();
+    const CIPC2581_Ecad_CadData_Step & step = board.Step();
+    table.Add({"step references", content.StepRef.GetSize()});
+    table.Add({"layer references", content.LayerRef.GetSize()});
+    table.Add({"BOM references", content.BomRef.GetSize()});
+    table.Add({"layers", Count(board.CadData().m_arrLayer)});
+    table.Add({"stackup groups", Count(board.CadData().m_Stackup.StackupGroupArray)});
+    table.Add({"stackup layers", counts.stackupLayers});
+    table.Add({"pad stacks", Count(step.PadStackArray)});
+    table.Add({"pad stack pads", counts.padStackPads});
+    table.Add({"packages", Count(step.PackageArray)});
+    table.Add({"package pins", counts.pins});
+    table.Add({"land pattern pads", counts.landPads});
+    table.Add({"silk screen targets", counts.targets});
+    table.Add({"components", Count(step.ComponentArray)});
+    table.Add({"logical nets", Count(step.LogicalNetArray)});
+    table.Add({"logical net pins", counts.netPins});
+    table.Add({"physical nets", Count(step.PhyNetGroup.PhyNetArray)});
+    table.Add({"physical net points", counts.points});
+    table.Add({"layer features", Count(step.LayerFeatureArray)});
+    table.Add({"sets", counts.sets});
+    table.Add({"sets of features", counts.setsByKind[0]});
+    table.Add({"sets of a pad", counts.setsByKind[1]});
+    table.Add({"sets of a hole", counts.setsByKind[2]});
+    table.Add({"BOM items", Count(board.Root().m_Bom.m_arrBomItem)});
+    table.Add({"BOM designators", counts.designators});
+    table.Add({"BOM designators fitted", counts.fitted});
+    table.Add({"dictionary entries", Count(content.DictionaryStandard->EntryArray)});
+    table.Add({"colours", Count(content.m_DictionaryColor->Entry)});
+}
+
+}  // namespace
+
+Listing InfoListing(Board & board)
+{
+    const Counts counts = CountAll(board);
+    const CIPC2581_Ecad_CadData_Stackup & stackup = board.CadData().m_Stackup;
+    Listing listing;
+    ListBoard(board, listing.AddRecord("board"));
+    ListProfile(board.Step(), listing.AddRecord("profile"));
+    ListLayers(board, listing.AddTable("layers", {"layer", "function", "side", "polarity"}));
+    ListThickness(stackup, listing.AddRecord("thickness"));
+    ListStackup(stackup, listing.AddTable("stackup", {"layer", "group", "material", "thickness"}));
+    ListCounts(board, counts, listing.AddRecord("counts"));
+    counts.shapes.Print(listing.AddTable("shapes", {"shape", "features", "silk screens", "outlines", "dictionary"}));
+    return listing;
+}
+
+}  // namespace ipc2581::host
