@@ -9,9 +9,9 @@
 #include "hosts/ipc2581/check/PictureLosses.h"
 #include "hosts/ipc2581/commands/Command.h"
 #include "hosts/ipc2581/commands/Commands.h"
+#include "hosts/ipc2581/drawing/BoardDrawing.h"
 #include "hosts/ipc2581/files/Error.h"
 #include "hosts/ipc2581/output/Output.h"
-#include "hosts/ipc2581/svg/SvgBoard.h"
 #include "hosts/ipc2581/svg/SvgPicture.h"
 
 namespace ipc2581::host {
@@ -65,18 +65,18 @@ private:
 void Svg(const Options & options)
 {
     Board board = OpenBoard(options.board);
-    const SvgBoard pictures(board);
+    const Drawing drawing = DrawingOf(board);
     MakeFolder(options.folder);
     const auto write = [&](const std::string & name, const std::function<void(std::ostream &)> & picture) {
         Output output((std::filesystem::path(options.folder) / name).string(), {options.board});
         picture(output.Stream());
         output.Finish();
     };
-    write("board-top.svg", [&](std::ostream & out) { WriteSidePicture(out, pictures, Side::Top); });
-    write("board-bottom.svg", [&](std::ostream & out) { WriteSidePicture(out, pictures, Side::Bottom); });
+    write("board-top.svg", [&](std::ostream & out) { WriteSidePicture(out, drawing, Side::Top); });
+    write("board-bottom.svg", [&](std::ostream & out) { WriteSidePicture(out, drawing, Side::Bottom); });
     FileNames names;
-    for (const BoardLayer & layer : pictures.Layers()) {
-        write(names.NameOf(layer.name), [&](std::ostream & out) { WriteLayerPicture(out, pictures, layer); });
+    for (std::size_t i = 0; i < drawing.layers.size(); ++i) {
+        write(names.NameOf(drawing.layers[i].name), [&](std::ostream & out) { WriteLayerPicture(out, drawing, i); });
     }
     const std::string losses = PictureLosses(board);
     if (!losses.empty()) {

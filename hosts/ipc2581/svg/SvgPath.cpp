@@ -17,6 +17,11 @@ double Tame(double number)
     return std::isfinite(number) ? std::clamp(number, -limit, limit) : 0.0;
 }
 
+Vertex Tame(const Vertex & point)
+{
+    return {Tame(point.X), Tame(point.Y)};
+}
+
 // How far a curve turns, more than 0 and up to a full turn.
 double TurnOf(double from, double to, bool isClockwise)
 {
@@ -55,28 +60,46 @@ std::string SvgNumber(double number, int decimals)
     return text;
 }
 
-CPointD SvgPath::Placed(const CPointD & point) const
+SvgPath::SvgPath(const Path & path, int decimals) : m_decimals(decimals)
 {
-    return {Tame(point.X * m_frame.scale + m_frame.offset.X), Tame(point.Y * m_frame.scale + m_frame.offset.Y)};
+    for (const PathStep & step : path.steps) {
+        Add(step);
+    }
 }
 
-void SvgPath::AppendPoint(char command, const CPointD & placed)
+void SvgPath::Add(const PathStep & step)
+{
+    switch (step.kind) {
+    case StepKind::Move:
+        AppendPoint('M', Tame(step.end));
+        break;
+    case StepKind::Line:
+        LineTo(Tame(step.end));
+        break;
+    case StepKind::Arc:
+    case StepKind::ClockwiseArc:
+        ArcTo(Tame(step.end), Tame(step.center), step.kind == StepKind::ClockwiseArc);
+        break;
+    case StepKind::Ellipse:
+        AddEllipse(Tame(step.center), Tame(step.end));
+        break;
+    case StepKind::Close:
+        m_data += 'Z';
+        break;
+    }
+}
+
+void SvgPath::AppendPoint(char command, const Vertex & point)
 {
     m_data += command;
-    AppendNumber(m_data, placed.X, m_frame.decimals);
-    AppendNumber(m_data, placed.Y, m_frame.decimals);
-    m_box.Add(placed);
-    m_at = placed;
+    AppendNumber(m_data, point.X, m_decimals);
+    AppendNumber(m_data, point.Y, m_decimals);
+    m_box.Add(point);
+    m_at = point;
 }
 
-void SvgPath::MoveTo(const CPointD & point)
+void SvgPath::LineTo(const Vertex & end)
 {
-    AppendPoint('M', Placed(point));
-}
-
-void SvgPath::LineTo(const CPointD & point)
-{
-    const CPointD end = Placed(point);
     constexpr double rounding = 1e-9;
     const bool isUpright = std::abs(end.X - m_at.X) < rounding;
     if (isUpright == (std::abs(end.Y - m_at.Y) < rounding)) {
@@ -84,88 +107,54 @@ void SvgPath::LineTo(const CPointD & point)
         return;
     }
     m_data += isUpright ? 'V' : 'H';
-    AppendNumber(m_data, isUpright ? end.Y : end.X, m_frame.decimals);
+    AppendNumber(m_data, isUpright ? end.Y : end.X, m_decimals);
     m_box.Add(end);
     m_at = end;
 }
 
-void SvgPath::AppendArc(double radiusX, double radiusY, bool isLarge, bool isClockwise, const CPointD & placed)
+void SvgPath::AppendArc(double radiusX, double radiusY, bool isLarge, bool isClockwise, const Vertex & end)
 {
     m_data += 'A';
-    AppendNumber(m_data, radiusX, m_frame.decimals);
-    AppendNumber(m_data, radiusY, m_frame.decimals);
+    AppendNumber(m_data, radiusX, m_decimals);
+    AppendNumber(m_data, radiusY, m_decimals);
     m_data += isLarge ? " 0 1" : " 0 0";
     m_data += isClockwise ? " 0" : " 1";
-    AppendNumber(m_data, placed.X, m_frame.decimals);
-    AppendNumber(m_data, placed.Y, m_frame.decimals);
-    m_at = placed;
+    AppendNumber(m_data, end.X, m_decimals);
+    AppendNumber(m_data, end.Y, m_decimals);
+    m_at = end;
 }
 
-void SvgPath::ArcTo(const CPointD & end, const CPointD & center, bool isClockwise)
+void SvgPath::ArcTo(const Vertex & end, const Vertex & center, bool isClockwise)
 {
-    const CPointD start = m_at;
-    const CPointD to = Placed(end);
-    const CPointD middle = Placed(center);
-    const double radius = std::hypot(start.X - middle.X, start.Y - middle.Y);
-    if (SvgNumber(radius, m_frame.decimals) == "0") {
-        AppendPoint('L', to);
+    const Vertex start = m_at;
+    const double radius = std::hypot(start.X - center.X, start.Y - center.Y);
+    if (SvgNumber(radius, m_decimals) == "0") {
+        AppendPoint('L', end);
         return;
     }
-    m_box.AddArc(start, to, middle, isClockwise);
-    const double from = std::atan2(start.Y - middle.Y, start.X - middle.X);
-    const double turn = TurnOf(from, std::atan2(to.Y - middle.Y, to.X - middle.X), isClockwise);
+    m_box.AddArc(start, end, center, isClockwise);
+    const double from = std::atan2(start.Y - center.Y, start.X - center.X);
+    const double turn = TurnOf(from, std::atan2(end.Y - center.Y, end.X - center.X), isClockwise);
     // Two arcs where the ends are so near each other that rounding could turn a circle into nothing.
     const bool isNearlyRound = turn > 1.5 * std::numbers::pi;
     if (isNearlyRound) {
         const double half = isClockwise ? from - turn / 2 : from + turn / 2;
         AppendArc(radius, radius, false, isClockwise,
-                  {middle.X + radius * std::cos(half), middle.Y + radius * std::sin(half)});
+                  {center.X + radius * std::cos(half), center.Y + radius * std::sin(half)});
     }
-    AppendArc(radius, radius, !isNearlyRound && turn > std::numbers::pi, isClockwise, to);
+    AppendArc(radius, radius, !isNearlyRound && turn > std::numbers::pi, isClockwise, end);
 }
 
-void SvgPath::Close()
+void SvgPath::AddEllipse(const Vertex & center, const Vertex & radii)
 {
+    const double x = std::abs(radii.X);
+    const double y = std::abs(radii.Y);
+    AppendPoint('M', {center.X + x, center.Y});
+    AppendArc(x, y, false, false, {center.X - x, center.Y});
+    AppendArc(x, y, false, false, {center.X + x, center.Y});
     m_data += 'Z';
-}
-
-void SvgPath::AddEllipse(const CPointD & center, double radiusX, double radiusY)
-{
-    const CPointD middle = Placed(center);
-    const double x = std::abs(Tame(radiusX * m_frame.scale));
-    const double y = std::abs(Tame(radiusY * m_frame.scale));
-    AppendPoint('M', {middle.X + x, middle.Y});
-    AppendArc(x, y, false, false, {middle.X - x, middle.Y});
-    AppendArc(x, y, false, false, {middle.X + x, middle.Y});
-    Close();
-    m_box.Add({middle.X - x, middle.Y - y});
-    m_box.Add({middle.X + x, middle.Y + y});
-}
-
-void SvgPath::AddSteps(const CIPC2581_Point & begin, const CIPC2581_PolyStepArray & steps)
-{
-    if (steps.GetSize() == 0) {
-        return;
-    }
-    MoveTo(*begin.Point);
-    for (const CIPC2581_PolyStep * const step : Each(steps)) {
-        if (step->Type == 0) {
-            LineTo(*step->EndPoint->Point);
-        }
-        else {
-            // The reader keeps no trace of a missing direction: such a curve stands there as a file's "FALSE" does,
-            // and is drawn like it.
-            ArcTo(*step->EndPoint->Point, *step->CenterPoint->Point, IsDrawnClockwise(*step));
-        }
-    }
-}
-
-void SvgPath::AddContour(const CIPC2581_Point & begin, const CIPC2581_PolyStepArray & steps)
-{
-    if (steps.GetSize() != 0) {
-        AddSteps(begin, steps);
-        Close();
-    }
+    m_box.Add(Vertex(center.X - x, center.Y - y));
+    m_box.Add(Vertex(center.X + x, center.Y + y));
 }
 
 }  // namespace ipc2581::host

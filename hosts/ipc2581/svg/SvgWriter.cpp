@@ -6,15 +6,17 @@
 #include <numbers>
 #include <utility>
 
+#include "hosts/ipc2581/svg/SvgPath.h"
+
 namespace ipc2581::host {
 namespace {
 
 // Long enough to save most of the tags, and short enough to be kept back.
 constexpr std::size_t StrokesAtOnce = 4096;
 
-char ClassOfEnds(std::string_view ends)
+char ClassOfEnds(StrokeEnds ends)
 {
-    return ends == "SQUARE" ? 'q' : ends == "NONE" ? 'n' : 't';
+    return ends == StrokeEnds::Square ? 'q' : ends == StrokeEnds::None ? 'n' : 't';
 }
 
 // The bytes of the UTF-8 character that the text begins with; 0 if it begins with none that XML takes.
@@ -77,14 +79,13 @@ void Draw(SvgWriter & writer, const SvgDrawing & drawing, const std::function<vo
 
 void WriteHead(std::ostream & out, const SvgSheet & sheet, const Extents & page)
 {
-    const auto number = [&](double length) { return SvgNumber(length, sheet.unit.decimals); };
+    const auto number = [&](double length) { return SvgNumber(length, sheet.decimals); };
     const double width = page.MaxX() - page.MinX();
     const double height = page.MaxY() - page.MinY();
     const std::string left = number(sheet.isFromBelow ? -page.MaxX() : page.MinX());
     const std::string top = number(-page.MaxY());
-    const auto length = [&](double value) {
-        return SvgNumber(value * sheet.unit.factor, sheet.unit.decimals + 3) + sheet.unit.suffix;
-    };
+    const SvgUnit unit = SvgUnitOf(sheet.unit);
+    const auto length = [&](double value) { return SvgNumber(value * unit.factor, sheet.decimals + 3) + unit.suffix; };
     out << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" << length(width) << "\" height=\"" << length(height)
         << "\" viewBox=\"" << left << " " << top << " " << number(width) << " " << number(height)
         << "\" fill-rule=\"evenodd\">\n"
@@ -97,19 +98,19 @@ void WriteHead(std::ostream & out, const SvgSheet & sheet, const Extents & page)
 
 }  // namespace
 
-SvgUnit SvgUnitOf(std::string_view units)
+SvgUnit SvgUnitOf(std::string_view unit)
 {
-    if (units == "MILLIMETER") {
-        return {"mm", 1.0, 1.0, 3};
+    if (unit == "MILLIMETER") {
+        return {"mm", 1.0};
     }
-    if (units == "INCH") {
-        return {"in", 1.0, 25.4, 4};
+    if (unit == "INCH") {
+        return {"in", 1.0};
     }
-    if (units == "MICRON") {
-        return {"mm", 0.001, 0.001, 0};
+    if (unit == "MICRON") {
+        return {"mm", 0.001};
     }
-    if (units == "MIL") {
-        return {"in", 0.001, 0.0254, 1};
+    if (unit == "MIL") {
+        return {"in", 0.001};
     }
     return {};
 }
@@ -140,27 +141,6 @@ std::string SvgText(std::string_view text)
     return escaped;
 }
 
-CPointD Placement::Of(const CPointD & point) const
-{
-    const double angle = rotation * std::numbers::pi / 180;
-    const double x = point.X * std::cos(angle) - point.Y * std::sin(angle);
-    const double y = point.X * std::sin(angle) + point.Y * std::cos(angle);
-    return {location.X + (isMirrored ? -x : x), location.Y + y};
-}
-
-Extents Placement::Of(const Extents & box) const
-{
-    Extents placed;
-    if (!box.IsEmpty()) {
-        for (const double x : {box.MinX(), box.MaxX()}) {
-            for (const double y : {box.MinY(), box.MaxY()}) {
-                placed.Add(Of(CPointD(x, y)));
-            }
-        }
-    }
-    return placed;
-}
-
 void SvgWriter::AddBox(const Extents & box, double margin)
 {
     if (!box.IsEmpty()) {
@@ -182,27 +162,27 @@ void SvgWriter::EndGroup()
     m_out << "</g>\n";
 }
 
-void SvgWriter::Fill(const SvgPath & path)
+void SvgWriter::Fill(const Path & path)
 {
     Flush();
     if (!path.IsEmpty()) {
-        AddBox(path.Box());
-        m_out << "<path d=\"" << path.Data() << "\"/>\n";
+        const SvgPath written(path, m_decimals);
+        AddBox(written.Box());
+        m_out << "<path d=\"" << written.Data() << "\"/>\n";
     }
 }
 
-void SvgWriter::Disc(const CPointD & center, double diameter)
+void SvgWriter::Disc(const Vertex & center, double diameter)
 {
     Flush();
-    SvgPath path(m_frame);
+    Path path;
     path.AddEllipse(center, diameter / 2, diameter / 2);
-    AddBox(path.Box());
-    m_out << "<circle cx=\"" << SvgNumber(center.X, m_frame.decimals) << "\" cy=\""
-          << SvgNumber(center.Y, m_frame.decimals) << "\" r=\"" << SvgNumber(diameter / 2, m_frame.decimals)
-          << "\"/>\n";
+    AddBox(SvgPath(path, m_decimals).Box());
+    m_out << "<circle cx=\"" << SvgNumber(center.X, m_decimals) << "\" cy=\"" << SvgNumber(center.Y, m_decimals)
+          << "\" r=\"" << SvgNumber(diameter / 2, m_decimals) << "\"/>\n";
 }
 
-void SvgWriter::Stroke(const SvgPath & path, double width, std::string_view ends)
+void SvgWriter::Stroke(const Path & path, double width, StrokeEnds ends)
 {
     if (path.IsEmpty()) {
         return;
@@ -214,14 +194,10 @@ void SvgWriter::Stroke(const SvgPath & path, double width, std::string_view ends
         m_strokeWidth = shown;
         m_strokeClass = strokeClass;
     }
+    const SvgPath written(path, m_decimals);
     // A square end reaches beyond the end of the line by half the width on each axis of the line.
-    AddBox(path.Box(), strokeClass == 'q' ? shown * std::numbers::sqrt2 / 2 : shown / 2);
-    m_strokes += path.Data();
-}
-
-void SvgWriter::Stroke(const SvgPath & path, const CIPC2581_LineDesc & line)
-{
-    Stroke(path, line.LineWidth, line.LineEnd);
+    AddBox(written.Box(), strokeClass == 'q' ? shown * std::numbers::sqrt2 / 2 : shown / 2);
+    m_strokes += written.Data();
 }
 
 void SvgWriter::Define(const void * key, const std::function<void()> & draw)
@@ -246,15 +222,15 @@ void SvgWriter::Use(const void * key, const std::function<void()> & draw, const 
     AddBox(placement.Of(symbol.box));
     m_out << "<use href=\"#s" << symbol.number << "\"";
     if (placement.isMirrored || SvgNumber(placement.rotation, 3) != "0") {
-        m_out << " transform=\"" << TransformOf(placement, m_frame.decimals) << "\"/>\n";
+        m_out << " transform=\"" << TransformOf(placement, m_decimals) << "\"/>\n";
     }
     else {
-        m_out << " x=\"" << SvgNumber(placement.location.X, m_frame.decimals) << "\" y=\""
-              << SvgNumber(placement.location.Y, m_frame.decimals) << "\"/>\n";
+        m_out << " x=\"" << SvgNumber(placement.location.X, m_decimals) << "\" y=\""
+              << SvgNumber(placement.location.Y, m_decimals) << "\"/>\n";
     }
 }
 
-void SvgWriter::Text(const CPointD & place, double size, bool isUpright, std::string_view text)
+void SvgWriter::Text(const Vertex & place, double size, bool isUpright, std::string_view text)
 {
     const std::string x = SvgNumber(place.X, 1);
     const std::string y = SvgNumber(place.Y, 1);
@@ -271,26 +247,25 @@ void SvgWriter::Text(const CPointD & place, double size, bool isUpright, std::st
 void SvgWriter::Flush()
 {
     if (!m_strokes.empty()) {
-        m_out << "<path class=\"" << m_strokeClass << "\" stroke-width=\""
-              << SvgNumber(m_strokeWidth, m_frame.decimals + 1) << "\" d=\"" << m_strokes << "\"/>\n";
+        m_out << "<path class=\"" << m_strokeClass << "\" stroke-width=\"" << SvgNumber(m_strokeWidth, m_decimals + 1)
+              << "\" d=\"" << m_strokes << "\"/>\n";
         m_strokes.clear();
     }
 }
 
 void WriteSvg(std::ostream & out, const SvgSheet & sheet, const SvgDrawing & drawing)
 {
-    const SvgFrame frame{.decimals = sheet.unit.decimals};
     std::ostream nowhere(nullptr);
-    SvgWriter measure(nowhere, frame, 0.0);
+    SvgWriter measure(nowhere, sheet.decimals, 0.0);
     Draw(measure, drawing, [] {});
     Extents box = measure.Box();
     if (box.IsEmpty()) {
-        box.Add({0, 0});
-        box.Add({1, 1});
+        box.Add(Vertex(0, 0));
+        box.Add(Vertex(1, 1));
     }
     const double size = std::max(box.MaxX() - box.MinX(), box.MaxY() - box.MinY());
     WriteHead(out, sheet, Grown(box, size / 50));
-    SvgWriter writer(out, frame, size / 1000);
+    SvgWriter writer(out, sheet.decimals, size / 1000);
     Draw(writer, drawing, [&out] { out << "</g>\n"; });
     out << "</svg>\n";
 }

@@ -7,63 +7,47 @@
 #include <string_view>
 #include <unordered_map>
 
-#include <ipc2581/ipc2581.h>
-
-#include "hosts/ipc2581/svg/SvgPath.h"
+#include "hosts/ipc2581/drawing/Drawing.h"
+#include "hosts/ipc2581/geometry/Extents.h"
 
 namespace ipc2581::host {
 
-// The unit of a board, as far as a picture needs it.
+// How lengths of a picture are told.
 struct SvgUnit {
-    const char * suffix = "";  // of a length; empty for a unit that nobody knows
+    const char * suffix = "";  // empty for a unit that nobody knows
     double factor = 1.0;       // from the board's unit to that of the suffix
-    double millimetres = 0.0;  // 0 for a unit that nobody knows
-    int decimals = 4;          // about two thousandths of a millimetre
 };
-SvgUnit SvgUnitOf(std::string_view units);
+SvgUnit SvgUnitOf(std::string_view unit);
 
 // Text between tags. What XML or UTF-8 does not allow becomes a replacement character. The reader hands on the
 // entities of the file as they stand, so that those of XML stay entities.
 std::string SvgText(std::string_view text);
 
-// Where something is put: turned against the clock, then mirrored, then moved.
-struct Placement {
-    CPointD location = {};
-    double rotation = 0.0;  // degrees
-    bool isMirrored = false;
-
-    [[nodiscard]] CPointD Of(const CPointD & point) const;
-    [[nodiscard]] Extents Of(const Extents & box) const;
-};
-
 // Writes the elements of a picture as they come, and takes the measure of them. The y axis points up.
 class SvgWriter {
 public:
-    SvgWriter(std::ostream & out, const SvgFrame & frame, double hairline)
-        : m_out(out), m_frame(frame), m_hairline(hairline)
+    SvgWriter(std::ostream & out, int decimals, double hairline)
+        : m_out(out), m_decimals(decimals), m_hairline(hairline)
     {
     }
     SvgWriter(const SvgWriter &) = delete;
     SvgWriter & operator=(const SvgWriter &) = delete;
 
-    [[nodiscard]] const SvgFrame & Frame() const { return m_frame; }
-
     // What follows has the colour, up to the end of the group. The attributes are written as they stand.
     void BeginGroup(std::string_view color, std::string_view attributes = "");
     void EndGroup();
 
-    void Fill(const SvgPath & path);
-    void Disc(const CPointD & center, double diameter);
-    // A stroke with the ends that a line description names. One without a width is a hairline.
-    void Stroke(const SvgPath & path, double width, std::string_view ends);
-    void Stroke(const SvgPath & path, const CIPC2581_LineDesc & line);
+    void Fill(const Path & path);
+    void Disc(const Vertex & center, double diameter);
+    // One without a width is a hairline.
+    void Stroke(const Path & path, double width, StrokeEnds ends);
 
     // Something that is drawn once and used at many places. The key tells it from others.
     void Use(const void * key, const std::function<void()> & draw, const Placement & placement);
 
     // Readable in a picture as it is seen: its place is one of the picture, with the y axis pointing down. Places and
     // sizes have one decimal.
-    void Text(const CPointD & place, double size, bool isUpright, std::string_view text);
+    void Text(const Vertex & place, double size, bool isUpright, std::string_view text);
 
     // Writes out what is kept back.
     void Flush();
@@ -79,7 +63,7 @@ private:
     void Define(const void * key, const std::function<void()> & draw);
 
     std::ostream & m_out;
-    SvgFrame m_frame;
+    int m_decimals;
     double m_hairline;
     Extents m_whole;
     Extents * m_box = &m_whole;
@@ -92,7 +76,8 @@ private:
 
 // What a picture is drawn on.
 struct SvgSheet {
-    SvgUnit unit;
+    std::string unit;  // of the board
+    int decimals;
     std::string background;
     bool isFromBelow = false;
 };

@@ -1,4 +1,4 @@
-#include "hosts/ipc2581/svg/SvgShapes.h"
+#include "hosts/ipc2581/drawing/ShapePaths.h"
 
 #include <algorithm>
 #include <array>
@@ -8,13 +8,6 @@
 
 namespace ipc2581::host {
 namespace {
-
-// Unlike the library's point it has no virtual operations, which lists of them would warn of.
-struct Vertex {
-    double X;
-    double Y;
-    operator CPointD() const { return {X, Y}; }
-};
 
 using Corners = std::vector<Vertex>;
 
@@ -30,7 +23,7 @@ double Radians(double degrees)
     return degrees * Pi / 180;
 }
 
-void AddCorners(const Corners & corners, SvgPath & path)
+void AddCorners(const Corners & corners, Path & path)
 {
     for (std::size_t i = 0; i < corners.size(); ++i) {
         i == 0 ? path.MoveTo(corners[i]) : path.LineTo(corners[i]);
@@ -82,10 +75,10 @@ Corners FormCorners(int shape, double size)
     }
 }
 
-void AddForm(int shape, double size, SvgPath & path)
+void AddForm(int shape, double size, Path & path)
 {
     const Corners corners = FormCorners(shape, size);
-    corners.empty() ? path.AddEllipse(CPointD(0, 0), size / 2, size / 2) : AddCorners(corners, path);
+    corners.empty() ? path.AddEllipse(Vertex(0, 0), size / 2, size / 2) : AddCorners(corners, path);
 }
 
 enum class Corner { Round, Chamfered };
@@ -108,7 +101,7 @@ CornerFlags FlagsOf(const Rect & rect)
     return {rect.UpperRight != 0, rect.UpperLeft != 0, rect.LowerLeft != 0, rect.LowerRight != 0};
 }
 
-void AddCutRectangle(double width, double height, double cut, const CornerFlags & flags, Corner kind, SvgPath & path)
+void AddCutRectangle(double width, double height, double cut, const CornerFlags & flags, Corner kind, Path & path)
 {
     const double x = width / 2;
     const double y = height / 2;
@@ -116,9 +109,9 @@ void AddCutRectangle(double width, double height, double cut, const CornerFlags 
     // Against the clock; the second and third point of a corner are where its edges come from and go to.
     struct Turn {
         bool isCut;
-        CPointD corner;
-        CPointD in;
-        CPointD out;
+        Vertex corner;
+        Vertex in;
+        Vertex out;
     };
     const std::array<Turn, 4> turns = {{{flags.lowerRight, {x, -y}, {1, 0}, {0, 1}},
                                         {flags.upperRight, {x, y}, {0, 1}, {-1, 0}},
@@ -126,8 +119,8 @@ void AddCutRectangle(double width, double height, double cut, const CornerFlags 
                                         {flags.lowerLeft, {-x, -y}, {0, -1}, {1, 0}}}};
     for (const Turn & turn : turns) {
         const double own = turn.isCut ? size : 0.0;
-        const CPointD start(turn.corner.X - own * turn.in.X, turn.corner.Y - own * turn.in.Y);
-        const CPointD end(turn.corner.X + own * turn.out.X, turn.corner.Y + own * turn.out.Y);
+        const Vertex start(turn.corner.X - own * turn.in.X, turn.corner.Y - own * turn.in.Y);
+        const Vertex end(turn.corner.X + own * turn.out.X, turn.corner.Y + own * turn.out.Y);
         path.IsEmpty() ? path.MoveTo(start) : path.LineTo(start);
         if (own == 0.0) {
             continue;
@@ -136,89 +129,89 @@ void AddCutRectangle(double width, double height, double cut, const CornerFlags 
             path.LineTo(end);
         }
         else {
-            path.ArcTo(end, CPointD(start.X + own * turn.out.X, start.Y + own * turn.out.Y), false);
+            path.ArcTo(end, Vertex(start.X + own * turn.out.X, start.Y + own * turn.out.Y), false);
         }
     }
     path.Close();
 }
 
 // Two quarters that meet in the centre, upper right and lower left.
-void Fill(const CIPC2581_DicDraw_Butterfly & shape, SvgPath & path)
+void Fill(const CIPC2581_DicDraw_Butterfly & shape, Path & path)
 {
     const double half = shape.Size / 2;
     for (const double side : {half, -half}) {
-        path.MoveTo(CPointD(0, 0));
-        path.LineTo(CPointD(side, 0));
+        path.MoveTo(Vertex(0, 0));
+        path.LineTo(Vertex(side, 0));
         if (shape.Shape == 1) {
-            path.LineTo(CPointD(side, side));
-            path.LineTo(CPointD(0, side));
+            path.LineTo(Vertex(side, side));
+            path.LineTo(Vertex(0, side));
         }
         else {
-            path.ArcTo(CPointD(0, side), CPointD(0, 0), false);
+            path.ArcTo(Vertex(0, side), Vertex(0, 0), false);
         }
         path.Close();
     }
 }
 
-void Fill(const CIPC2581_DicDraw_Circle & shape, SvgPath & path)
+void Fill(const CIPC2581_DicDraw_Circle & shape, Path & path)
 {
-    path.AddEllipse(CPointD(shape.OffsetX, shape.OffsetY), shape.Diameter / 2, shape.Diameter / 2);
+    path.AddEllipse(Vertex(shape.OffsetX, shape.OffsetY), shape.Diameter / 2, shape.Diameter / 2);
 }
 
-void Fill(const CIPC2581_DicDraw_Diamond & shape, SvgPath & path)
+void Fill(const CIPC2581_DicDraw_Diamond & shape, Path & path)
 {
     const double x = shape.Width / 2;
     const double y = shape.Height / 2;
     AddCorners({{x, 0}, {0, y}, {-x, 0}, {0, -y}}, path);
 }
 
-void Fill(const CIPC2581_DicDraw_Donut & shape, SvgPath & path)
+void Fill(const CIPC2581_DicDraw_Donut & shape, Path & path)
 {
     AddForm(shape.Shape, shape.OuterDiameter, path);
     AddForm(shape.Shape, shape.InnerDiameter, path);
 }
 
-void Fill(const CIPC2581_DicDraw_Ellipse & shape, SvgPath & path)
+void Fill(const CIPC2581_DicDraw_Ellipse & shape, Path & path)
 {
-    path.AddEllipse(CPointD(0, 0), shape.Width / 2, shape.Height / 2);
+    path.AddEllipse(Vertex(0, 0), shape.Width / 2, shape.Height / 2);
 }
 
-void Fill(const CIPC2581_DicDraw_Hexagon & shape, SvgPath & path)
+void Fill(const CIPC2581_DicDraw_Hexagon & shape, Path & path)
 {
     AddCorners(Hexagon(shape.Length), path);
 }
 
-void Fill(const CIPC2581_DicDraw_Octagon & shape, SvgPath & path)
+void Fill(const CIPC2581_DicDraw_Octagon & shape, Path & path)
 {
     AddCorners(Octagon(shape.Length), path);
 }
 
-void Fill(const CIPC2581_DicDraw_Oval & shape, SvgPath & path)
+void Fill(const CIPC2581_DicDraw_Oval & shape, Path & path)
 {
     AddCutRectangle(shape.Width, shape.Height, std::min(shape.Width, shape.Height) / 2, {}, Corner::Round, path);
 }
 
-void Fill(const CIPC2581_DicDraw_RectCenter & shape, SvgPath & path)
+void Fill(const CIPC2581_DicDraw_RectCenter & shape, Path & path)
 {
     AddCorners(Rectangle(-shape.Width / 2, -shape.Height / 2, shape.Width / 2, shape.Height / 2), path);
 }
 
-void Fill(const CIPC2581_DicDraw_RectCham & shape, SvgPath & path)
+void Fill(const CIPC2581_DicDraw_RectCham & shape, Path & path)
 {
     AddCutRectangle(shape.Width, shape.Height, shape.Chamfer, FlagsOf(shape), Corner::Chamfered, path);
 }
 
-void Fill(const CIPC2581_DicDraw_RectCorner & shape, SvgPath & path)
+void Fill(const CIPC2581_DicDraw_RectCorner & shape, Path & path)
 {
     AddCorners(Rectangle(shape.Lower_LeftX, shape.Lower_LeftY, shape.Upper_RightX, shape.Upper_RightY), path);
 }
 
-void Fill(const CIPC2581_DicDraw_RectRound & shape, SvgPath & path)
+void Fill(const CIPC2581_DicDraw_RectRound & shape, Path & path)
 {
     AddCutRectangle(shape.Width, shape.Height, shape.Radius, FlagsOf(shape), Corner::Round, path);
 }
 
-void Fill(const CIPC2581_DicDraw_Triangle & shape, SvgPath & path)
+void Fill(const CIPC2581_DicDraw_Triangle & shape, Path & path)
 {
     const double x = shape.Base / 2;
     const double y = shape.Height / 2;
@@ -254,7 +247,7 @@ double GapAngle(const Spoke & spoke, double radius)
     return radius > spoke.halfGap ? std::asin(spoke.halfGap / radius) : Pi / 2;
 }
 
-void AddRoundSegment(const Spoke & first, const Spoke & second, double outer, double inner, SvgPath & path)
+void AddRoundSegment(const Spoke & first, const Spoke & second, double outer, double inner, Path & path)
 {
     const double from = first.angle + GapAngle(first, outer);
     const double to = second.angle - GapAngle(second, outer);
@@ -265,10 +258,10 @@ void AddRoundSegment(const Spoke & first, const Spoke & second, double outer, do
     const double innerFrom = std::min(middle, first.angle + GapAngle(first, inner));
     const double innerTo = std::max(middle, second.angle - GapAngle(second, inner));
     path.MoveTo(Polar(outer, from));
-    path.ArcTo(Polar(outer, to), CPointD(0, 0), false);
+    path.ArcTo(Polar(outer, to), Vertex(0, 0), false);
     path.LineTo(Polar(inner, innerTo));
     if (innerFrom < innerTo) {
-        path.ArcTo(Polar(inner, innerFrom), CPointD(0, 0), true);
+        path.ArcTo(Polar(inner, innerFrom), Vertex(0, 0), true);
     }
     path.Close();
 }
@@ -297,13 +290,13 @@ Corners CutOff(const Corners & corners, double normalAngle, double distance)
     return kept;
 }
 
-void AddAngularSegment(const Spoke & first, const Spoke & second, const Corners & form, SvgPath & path)
+void AddAngularSegment(const Spoke & first, const Spoke & second, const Corners & form, Path & path)
 {
     const Corners half = CutOff(form, first.angle + Pi / 2, first.halfGap);
     AddCorners(CutOff(half, second.angle - Pi / 2, second.halfGap), path);
 }
 
-void Fill(const CIPC2581_DicDraw_Thermal & shape, SvgPath & path)
+void Fill(const CIPC2581_DicDraw_Thermal & shape, Path & path)
 {
     const std::vector<Spoke> spokes = SpokesOf(shape);
     if (spokes.empty()) {
@@ -324,7 +317,7 @@ void Fill(const CIPC2581_DicDraw_Thermal & shape, SvgPath & path)
     }
 }
 
-void FillRings(const CIPC2581_DicDraw_Moire & shape, SvgPath & path)
+void FillRings(const CIPC2581_DicDraw_Moire & shape, Path & path)
 {
     const double pitch = shape.RingWidth + shape.RingGap;
     const int count = pitch > 0 ? std::clamp(shape.RingNumber, 0, 100) : std::clamp(shape.RingNumber, 0, 1);
@@ -333,14 +326,14 @@ void FillRings(const CIPC2581_DicDraw_Moire & shape, SvgPath & path)
         if (outer <= 0) {
             return;
         }
-        path.AddEllipse(CPointD(0, 0), outer, outer);
+        path.AddEllipse(Vertex(0, 0), outer, outer);
         if (outer > shape.RingWidth) {
-            path.AddEllipse(CPointD(0, 0), outer - shape.RingWidth, outer - shape.RingWidth);
+            path.AddEllipse(Vertex(0, 0), outer - shape.RingWidth, outer - shape.RingWidth);
         }
     }
 }
 
-void FillBar(double length, double width, double angle, SvgPath & path)
+void FillBar(double length, double width, double angle, Path & path)
 {
     const Vertex along = Polar(length / 2, angle);
     const Vertex across = Polar(width / 2, angle + Pi / 2);
@@ -351,24 +344,24 @@ void FillBar(double length, double width, double angle, SvgPath & path)
                path);
 }
 
-using Paths = std::vector<SvgPath>;
+using Paths = std::vector<Path>;
 
-void AddFilled(const CIPC2581_DicDraw_Moire & shape, const SvgFrame & frame, Paths & paths)
+void AddFilled(const CIPC2581_DicDraw_Moire & shape, Paths & paths)
 {
-    FillRings(shape, paths.emplace_back(frame));
-    FillBar(shape.LineLength, shape.LineWidth, Radians(shape.LineAngle), paths.emplace_back(frame));
-    FillBar(shape.LineLength, shape.LineWidth, Radians(shape.LineAngle) + Pi / 2, paths.emplace_back(frame));
+    FillRings(shape, paths.emplace_back());
+    FillBar(shape.LineLength, shape.LineWidth, Radians(shape.LineAngle), paths.emplace_back());
+    FillBar(shape.LineLength, shape.LineWidth, Radians(shape.LineAngle) + Pi / 2, paths.emplace_back());
 }
 
 // Each polygon with the cutouts behind it.
-void AddFilled(const CIPC2581_DicDraw_Contour & shape, const SvgFrame & frame, Paths & paths)
+void AddFilled(const CIPC2581_DicDraw_Contour & shape, Paths & paths)
 {
     bool hasPolygon = false;
     for (const CIPC2581_DrawObj * const part : Each(shape.DicDrawObjArray)) {
         const auto * const polygon = dynamic_cast<const CIPC2581_Polygon *>(part);
         const auto * const cutout = dynamic_cast<const CIPC2581_Cutout *>(part);
         if (paths.empty() || (polygon != nullptr && hasPolygon)) {
-            paths.emplace_back(frame);
+            paths.emplace_back();
         }
         if (polygon != nullptr) {
             hasPolygon = true;
@@ -381,45 +374,45 @@ void AddFilled(const CIPC2581_DicDraw_Contour & shape, const SvgFrame & frame, P
 }
 
 template <typename Shape>
-void AddFilled(const Shape & shape, const SvgFrame & frame, Paths & paths)
+void AddFilled(const Shape & shape, Paths & paths)
 {
-    Fill(shape, paths.emplace_back(frame));
+    Fill(shape, paths.emplace_back());
 }
 
 // True if the shape is of the type, and so drawn.
 template <typename Shape>
-bool AddIf(const CIPC2581_DrawObj & shape, const SvgFrame & frame, Paths & paths)
+bool AddIf(const CIPC2581_DrawObj & shape, Paths & paths)
 {
     const auto * const known = dynamic_cast<const Shape *>(&shape);
     if (known != nullptr) {
-        AddFilled(*known, frame, paths);
+        AddFilled(*known, paths);
     }
     return known != nullptr;
 }
 
 template <typename... Shapes>
-void AddAny(const CIPC2581_DrawObj & shape, const SvgFrame & frame, Paths & paths)
+void AddAny(const CIPC2581_DrawObj & shape, Paths & paths)
 {
-    static_cast<void>((AddIf<Shapes>(shape, frame, paths) || ...));
+    static_cast<void>((AddIf<Shapes>(shape, paths) || ...));
 }
 
 }  // namespace
 
-std::vector<SvgPath> FilledPaths(const CIPC2581_DrawObj & shape, const SvgFrame & frame)
+std::vector<Path> FilledPaths(const CIPC2581_DrawObj & shape)
 {
     Paths paths;
     AddAny<CIPC2581_DicDraw_Contour, CIPC2581_DicDraw_Circle, CIPC2581_DicDraw_RectCenter, CIPC2581_DicDraw_RectRound,
            CIPC2581_DicDraw_Oval, CIPC2581_DicDraw_Butterfly, CIPC2581_DicDraw_Diamond, CIPC2581_DicDraw_Donut,
            CIPC2581_DicDraw_Ellipse, CIPC2581_DicDraw_Hexagon, CIPC2581_DicDraw_Moire, CIPC2581_DicDraw_Octagon,
            CIPC2581_DicDraw_RectCham, CIPC2581_DicDraw_RectCorner, CIPC2581_DicDraw_Thermal, CIPC2581_DicDraw_Triangle>(
-        shape, frame, paths);
-    std::erase_if(paths, [](const SvgPath & path) { return path.IsEmpty(); });
+        shape, paths);
+    std::erase_if(paths, [](const Path & path) { return path.IsEmpty(); });
     return paths;
 }
 
-SvgPath ProfilePath(const CIPC2581_Ecad_CadData_Step_Profile & profile, const SvgFrame & frame)
+Path ProfilePath(const CIPC2581_Ecad_CadData_Step_Profile & profile)
 {
-    SvgPath path(frame);
+    Path path;
     path.AddContour(*profile.Polygon->PolyBegin, *profile.Polygon->PolyStepArray);
     for (const CIPC2581_DrawObj * const part : Each(profile.Cutouts)) {
         const auto * const cutout = dynamic_cast<const CIPC2581_Cutout *>(part);

@@ -1,12 +1,11 @@
-#include "hosts/ipc2581/svg/SvgShapes.h"
+#include "hosts/ipc2581/drawing/ShapePaths.h"
 
-#include <limits>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
-#include "hosts/ipc2581/svg/SvgWriter.h"
+#include "hosts/ipc2581/svg/SvgPath.h"
 #include "tests/support/Files.h"
 
 using namespace ipc2581::host;
@@ -14,18 +13,17 @@ using namespace ipc2581::host;
 namespace ipc2581::tests {
 namespace {
 
-const SvgFrame Plain{.decimals = 3};
+using Data = std::vector<std::string>;
 
-std::vector<std::string> DataOf(const CIPC2581_DrawObj & shape, const SvgFrame & frame = Plain)
+// The paths in the words of a picture, which are short.
+Data DataOf(const CIPC2581_DrawObj & shape)
 {
-    std::vector<std::string> data;
-    for (const SvgPath & path : FilledPaths(shape, frame)) {
-        data.push_back(path.Data());
+    Data data;
+    for (const Path & path : FilledPaths(shape)) {
+        data.push_back(SvgPath(path, 3).Data());
     }
     return data;
 }
-
-using Data = std::vector<std::string>;
 
 // The shape that an element of a dictionary is read into.
 template <typename Shape>
@@ -37,90 +35,7 @@ Data Read(const std::string & element)
     return DataOf(shape);
 }
 
-TEST(SvgNumber, HasFewCharacters)
-{
-    EXPECT_EQ(SvgNumber(0.5, 3), ".5");
-    EXPECT_EQ(SvgNumber(-0.25, 3), "-.25");
-    EXPECT_EQ(SvgNumber(10, 3), "10");
-    EXPECT_EQ(SvgNumber(100, 0), "100");
-    EXPECT_EQ(SvgNumber(1.23456, 3), "1.235");
-    EXPECT_EQ(SvgNumber(-0.0001, 3), "0");
-    EXPECT_EQ(SvgNumber(1e300, 1), "1000000000");
-    EXPECT_EQ(SvgNumber(std::numeric_limits<double>::quiet_NaN(), 1), "0");
-    std::string text = "M1";
-    AppendNumber(text, 2, 3);
-    AppendNumber(text, -2, 3);
-    EXPECT_EQ(text, "M1 2-2");
-}
-
-TEST(SvgPath, GoesStraightAlongTheAxes)
-{
-    SvgPath path({.decimals = 3, .scale = 2, .offset = {10, 20}});
-    path.MoveTo({0, 0});
-    path.LineTo({1, 0});
-    path.LineTo({1, 2});
-    path.LineTo({2, 3});
-    path.LineTo({2, 3});
-    path.Close();
-    EXPECT_EQ(path.Data(), "M10 20H12V24L14 26L14 26Z");
-    EXPECT_EQ(path.Box().MaxY(), 26);
-}
-
-SvgPath Arc(const CPointD & end, bool isClockwise)
-{
-    SvgPath path(Plain);
-    path.MoveTo({1, 0});
-    path.ArcTo(end, {0, 0}, isClockwise);
-    return path;
-}
-
-// The y axis points up: what is drawn with the clock turns towards smaller angles, which is sweep 0.
-TEST(SvgPath, ArcsKeepTheirSense)
-{
-    EXPECT_EQ(Arc({0, 1}, false).Data(), "M1 0A1 1 0 0 1 0 1");
-    EXPECT_EQ(Arc({0, -1}, true).Data(), "M1 0A1 1 0 0 0 0-1");
-    EXPECT_EQ(Arc({-1, 0}, false).Data(), "M1 0A1 1 0 0 1-1 0");
-}
-
-TEST(SvgPath, LongArcsAreTwo)
-{
-    EXPECT_EQ(Arc({-.6, -.8}, false).Data(), "M1 0A1 1 0 1 1-.6-.8");
-    EXPECT_EQ(Arc({1, 0}, false).Data(), "M1 0A1 1 0 0 1-1 0A1 1 0 0 1 1 0");
-    EXPECT_EQ(Arc({1, 0}, true).Data(), "M1 0A1 1 0 0 0-1 0A1 1 0 0 0 1 0");
-    EXPECT_EQ(Arc({1, -1e-6}, false).Data(), "M1 0A1 1 0 0 1-1 0A1 1 0 0 1 1 0");
-    EXPECT_NEAR(Arc({1, 0}, false).Box().MinY(), -1, 1e-9);
-}
-
-TEST(SvgPath, ArcWithoutARadiusIsALine)
-{
-    SvgPath path(Plain);
-    path.MoveTo({0, 0});
-    path.ArcTo({1, 1}, {0, 0}, true);
-    EXPECT_EQ(path.Data(), "M0 0L1 1");
-}
-
-std::string CurveWith(const std::string & direction)
-{
-    Lines lines = {"<PolyBegin x=\"1\" y=\"0\"/>",
-                   "<PolyStepCurve x=\"0\" y=\"1\" centerX=\"0\" centerY=\"0\"" + direction + "/>", "</Polygon>"};
-    CIPC2581_Polygon polygon;
-    polygon.Import(lines.File());
-    SvgPath path(Plain);
-    path.AddContour(*polygon.PolyBegin, *polygon.PolyStepArray);
-    return path.Data();
-}
-
-TEST(SvgPath, CurvesAreDrawnAsTheFileDrewThem)
-{
-    const std::string against = "M1 0A1 1 0 0 1 0 1Z";
-    EXPECT_EQ(CurveWith(" clockwise=\"FALSE\""), against);
-    EXPECT_EQ(CurveWith(" clockwise=\"false\""), against);
-    EXPECT_EQ(CurveWith(""), against);
-    EXPECT_EQ(CurveWith(" clockwise=\"TRUE\""), "M1 0A1 1 0 1 0 0 1Z");
-    EXPECT_EQ(CurveWith(" clockwise=\"true\""), CurveWith(" clockwise=\"TRUE\""));
-}
-
-TEST(SvgShapes, PrimitivesAreDrawnRoundTheirCentre)
+TEST(ShapePaths, PrimitivesAreDrawnRoundTheirCentre)
 {
     EXPECT_EQ(Read<CIPC2581_DicDraw_Circle>("<Circle diameter=\"2\"/>"), Data{"M1 0A1 1 0 0 1-1 0A1 1 0 0 1 1 0Z"});
     EXPECT_EQ(Read<CIPC2581_DicDraw_Ellipse>("<Ellipse width=\"4\" height=\"2\"/>"),
@@ -136,18 +51,18 @@ TEST(SvgShapes, PrimitivesAreDrawnRoundTheirCentre)
               Data{"M1-1A1 1 0 0 1 2 0L2 0A1 1 0 0 1 1 1H-1A1 1 0 0 1-2 0L-2 0A1 1 0 0 1-1-1Z"});
 }
 
-TEST(SvgShapes, OctagonIsMeasuredFromSideToSide)
+TEST(ShapePaths, OctagonIsMeasuredFromSideToSide)
 {
     CIPC2581_DicDraw_Octagon octagon;
     octagon.Length = 2;
-    const std::vector<SvgPath> paths = FilledPaths(octagon, Plain);
+    const std::vector<Path> paths = FilledPaths(octagon);
     ASSERT_EQ(paths.size(), 1U);
-    EXPECT_NEAR(paths[0].Box().MaxX(), 1, 1e-9);
-    EXPECT_NEAR(paths[0].Box().MinY(), -1, 1e-9);
-    EXPECT_TRUE(paths[0].Data().starts_with("M1 .414L.414 1"));
+    EXPECT_NEAR(SvgPath(paths[0], 3).Box().MaxX(), 1, 1e-9);
+    EXPECT_NEAR(SvgPath(paths[0], 3).Box().MinY(), -1, 1e-9);
+    EXPECT_TRUE(DataOf(octagon)[0].starts_with("M1 .414L.414 1"));
 }
 
-TEST(SvgShapes, CornersAreCutAllWhereNoneIsFlagged)
+TEST(ShapePaths, CornersAreCutAllWhereNoneIsFlagged)
 {
     EXPECT_EQ(Read<CIPC2581_DicDraw_RectRound>(
                   "<RectRound width=\"4\" height=\"2\" radius=\".5\" upperRight=\"TRUE\" lowerLeft=\"TRUE\"/>"),
@@ -156,7 +71,7 @@ TEST(SvgShapes, CornersAreCutAllWhereNoneIsFlagged)
               Data{"M1.5-1L2-.5V.5L1.5 1H-1.5L-2 .5V-.5L-1.5-1Z"});
 }
 
-TEST(SvgShapes, OneFlagCutsOneCorner)
+TEST(ShapePaths, OneFlagCutsOneCorner)
 {
     CIPC2581_DicDraw_RectCham rect;
     rect.Width = 4;
@@ -166,13 +81,13 @@ TEST(SvgShapes, OneFlagCutsOneCorner)
     EXPECT_EQ(DataOf(rect), Data{"M2-1V1H-1.5L-2 .5V-1Z"});
 }
 
-TEST(SvgShapes, CutIsAtMostHalfASide)
+TEST(ShapePaths, CutIsAtMostHalfASide)
 {
     EXPECT_EQ(Read<CIPC2581_DicDraw_RectCham>("<RectCham width=\"4\" height=\"2\" chamfer=\"9\"/>"),
               Data{"M1-1L2 0L2 0L1 1H-1L-2 0L-2 0L-1-1Z"});
 }
 
-TEST(SvgShapes, ButterflyHasTwoQuarters)
+TEST(ShapePaths, ButterflyHasTwoQuarters)
 {
     EXPECT_EQ(Read<CIPC2581_DicDraw_Butterfly>("<Butterfly shape=\"ROUND\" diameter=\"2\"/>"),
               Data{"M0 0H1A1 1 0 0 1 0 1ZM0 0H-1A1 1 0 0 1 0-1Z"});
@@ -180,7 +95,7 @@ TEST(SvgShapes, ButterflyHasTwoQuarters)
               Data{"M0 0H1V1H0ZM0 0H-1V-1H0Z"});
 }
 
-TEST(SvgShapes, DonutIsAFormInAForm)
+TEST(ShapePaths, DonutIsAFormInAForm)
 {
     EXPECT_EQ(Read<CIPC2581_DicDraw_Donut>("<Donut shape=\"SQUARE\" outerDiameter=\"4\" innerDiameter=\"2\"/>"),
               Data{"M-2-2H2V2H-2ZM-1-1H1V1H-1Z"});
@@ -188,7 +103,7 @@ TEST(SvgShapes, DonutIsAFormInAForm)
               Data{"M2 0A2 2 0 0 1-2 0A2 2 0 0 1 2 0ZM1 0A1 1 0 0 1-1 0A1 1 0 0 1 1 0Z"});
 }
 
-TEST(SvgShapes, MoireHasRingsAndACross)
+TEST(ShapePaths, MoireHasRingsAndACross)
 {
     EXPECT_EQ(Read<CIPC2581_DicDraw_Moire>(
                   "<Moire diameter=\"8\" ringWidth=\"1\" ringGap=\"1\" ringNumber=\"2\" lineWidth=\"2\" "
@@ -198,7 +113,7 @@ TEST(SvgShapes, MoireHasRingsAndACross)
                     "M5-1V1H-5V-1Z", "M1 5H-1V-5H1Z"}));
 }
 
-TEST(SvgShapes, MoireOfManyRingsEnds)
+TEST(ShapePaths, MoireOfManyRingsEnds)
 {
     CIPC2581_DicDraw_Moire moire;
     moire.Diameter = 1;
@@ -206,7 +121,7 @@ TEST(SvgShapes, MoireOfManyRingsEnds)
     EXPECT_EQ(DataOf(moire).size(), 3U);
 }
 
-TEST(SvgShapes, ThermalIsARingWithGaps)
+TEST(ShapePaths, ThermalIsARingWithGaps)
 {
     EXPECT_EQ(Read<CIPC2581_DicDraw_Thermal>("<Thermal shape=\"ROUND\" outerDiameter=\"4\" innerDiameter=\"2\" "
                                              "spokeCount=\"2\" gap=\"0\" spokeStartAngle=\"0\"/>"),
@@ -218,7 +133,7 @@ TEST(SvgShapes, ThermalIsARingWithGaps)
               Data{"M-2-2H2V2H-2ZM-1-1H1V1H-1Z"});
 }
 
-TEST(SvgShapes, ContourHasItsCutoutsAsHoles)
+TEST(ShapePaths, ContourHasItsCutoutsAsHoles)
 {
     Lines lines = {"<Polygon>",
                    "<PolyBegin x=\"0\" y=\"0\"/>",
@@ -240,38 +155,10 @@ TEST(SvgShapes, ContourHasItsCutoutsAsHoles)
     EXPECT_EQ(DataOf(contour), (Data{"M0 0H4V4ZM2 1H3V2Z", "M5 0H6Z"}));
 }
 
-TEST(SvgShapes, WhatIsNoAreaIsEmpty)
+TEST(ShapePaths, WhatIsNoAreaIsEmpty)
 {
     EXPECT_TRUE(DataOf(CIPC2581_DrawObj()).empty());
     EXPECT_TRUE(DataOf(CIPC2581_DicDraw_Contour()).empty());
-}
-
-TEST(SvgText, IsGoodXml)
-{
-    EXPECT_EQ(SvgText("A<B>C"), "A&lt;B&gt;C");
-    EXPECT_EQ(SvgText("A&B&amp;C&nbsp;"), "A&amp;B&amp;C&amp;nbsp;");
-    EXPECT_EQ(SvgText("\xc2\xb5 \xe2\x82\xac \xf0\x9f\x98\x80"), "\xc2\xb5 \xe2\x82\xac \xf0\x9f\x98\x80");
-    EXPECT_EQ(SvgText("a\x01\xff\xc0\x80z"), "a\xef\xbf\xbd\xef\xbf\xbd\xef\xbf\xbd\xef\xbf\xbdz");
-    EXPECT_EQ(SvgText("\xed\xa0\x80\xc3"), "\xef\xbf\xbd\xef\xbf\xbd\xef\xbf\xbd\xef\xbf\xbd");
-}
-
-TEST(SvgUnit, IsThatOfTheFile)
-{
-    EXPECT_STREQ(SvgUnitOf("MILLIMETER").suffix, "mm");
-    EXPECT_STREQ(SvgUnitOf("INCH").suffix, "in");
-    EXPECT_EQ(SvgUnitOf("MICRON").factor, 0.001);
-    EXPECT_EQ(SvgUnitOf("MIL").millimetres, 0.0254);
-    EXPECT_STREQ(SvgUnitOf("").suffix, "");
-}
-
-TEST(Placement, TurnsThenMirrorsThenMoves)
-{
-    const CPointD placed = Placement{{10, 20}, 90, false}.Of(CPointD(1, 2));
-    EXPECT_NEAR(placed.X, 8, 1e-9);
-    EXPECT_NEAR(placed.Y, 21, 1e-9);
-    const CPointD mirrored = Placement{{10, 20}, 90, true}.Of(CPointD(1, 2));
-    EXPECT_NEAR(mirrored.X, 12, 1e-9);
-    EXPECT_NEAR(mirrored.Y, 21, 1e-9);
 }
 
 }  // namespace

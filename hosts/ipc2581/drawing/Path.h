@@ -1,0 +1,65 @@
+#ifndef IPC2581_HOSTS_IPC2581_DRAWING_PATH_H
+#define IPC2581_HOSTS_IPC2581_DRAWING_PATH_H
+
+#include <vector>
+
+#include <ipc2581/ipc2581.h>
+
+namespace ipc2581::host {
+
+// A point of a drawing. The y axis points up. Unlike the library's point it has no virtual operations, so that a
+// drawing has millions of them.
+struct Vertex {
+    double X = 0.0;
+    double Y = 0.0;
+
+    Vertex() = default;
+    Vertex(double x, double y) : X(x), Y(y) {}
+    Vertex(const CPointD & point) : X(point.X), Y(point.Y) {}
+    operator CPointD() const { return {X, Y}; }
+    bool operator==(const Vertex &) const = default;
+};
+
+enum class StepKind {
+    Move,          // begins a contour
+    Line,          // straight on to the end
+    Arc,           // against the clock to the end; a whole circle if it ends where it starts
+    ClockwiseArc,  // with the clock
+    Ellipse,       // a closed contour of its own, with its axes along x and y
+    Close          // back to where the contour began
+};
+
+struct PathStep {
+    StepKind kind = StepKind::Move;
+    Vertex end = {};     // the radii of an ellipse
+    Vertex center = {};  // of an arc or an ellipse
+
+    bool operator==(const PathStep &) const = default;
+};
+
+// Contours, one behind the other. As an area it is filled by the even-odd rule, so that a contour inside another one is
+// a hole in it.
+struct Path {
+    std::vector<PathStep> steps;
+
+    void MoveTo(const Vertex & end);
+    void LineTo(const Vertex & end);
+    void ArcTo(const Vertex & end, const Vertex & center, bool isClockwise);
+    void Close();
+
+    void AddEllipse(const Vertex & center, double radiusX, double radiusY);
+    // A begin point and its steps, left open. One without steps adds nothing.
+    void AddSteps(const CIPC2581_Point & begin, const CIPC2581_PolyStepArray & polySteps);
+    // The same, closed.
+    void AddContour(const CIPC2581_Point & begin, const CIPC2581_PolyStepArray & polySteps);
+
+    // All of it as large as the scale tells, and then moved.
+    [[nodiscard]] Path Moved(double scale, const Vertex & offset) const;
+
+    [[nodiscard]] bool IsEmpty() const { return steps.empty(); }
+    bool operator==(const Path &) const = default;
+};
+
+}  // namespace ipc2581::host
+
+#endif
