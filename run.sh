@@ -19,6 +19,8 @@ program=build/release/bin/ipc2581
 name=$(basename "$board")
 name=${name%.gz}
 name=${name%.zst}
+name=${name%.xz}
+name=${name%.bz2}
 output=out/${name%.*}-written.cvg
 mkdir -p out
 

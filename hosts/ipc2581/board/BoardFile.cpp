@@ -43,8 +43,7 @@ BoardFile::BoardFile(const std::string & path) : m_name(path), m_plainPath(path)
     CheckRegular(path);
     const Packing packing = FindPacking(path);
     if (packing != Packing::None || !IsWritable(path)) {
-        m_copy = std::make_unique<ScratchFile>();
-        Unpack(path, packing, *m_copy);
+        m_copy = Unpack(path, packing);
         m_plainPath = m_copy->Path();
     }
 }

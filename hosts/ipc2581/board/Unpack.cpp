@@ -1,15 +1,19 @@
 #include "hosts/ipc2581/board/Unpack.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
+#include <clocale>
 #include <cstdio>
 #include <memory>
+#include <new>
 #include <string_view>
+#include <utility>
 #include <vector>
 
-#include <zip.h>
+#include <archive.h>
+#include <archive_entry.h>
 #include <zlib.h>
-#include <zstd.h>
 
 #include "hosts/ipc2581/files/Error.h"
 
@@ -22,13 +26,28 @@ struct PackingRow {
     Packing packing;
     std::string_view ending;
     std::string_view magic;
+    std::size_t magicAt;
+    const char * name;
 };
 
-constexpr std::array<PackingRow, 3> Packings = {{
-    {Packing::Gzip, ".gz", "\x1f\x8b"},
-    {Packing::Zstandard, ".zst", "\x28\xb5\x2f\xfd"},
-    {Packing::Zip, ".zip", "PK\x03\x04"},
+using namespace std::string_view_literals;
+
+constexpr std::array<PackingRow, 7> Packings = {{
+    {Packing::Gzip, ".gz", "\x1f\x8b", 0, "gzip"},
+    {Packing::Zstandard, ".zst", "\x28\xb5\x2f\xfd", 0, "zstd"},
+    {Packing::Xz, ".xz", "\xfd\x37zXZ\0"sv, 0, "xz"},
+    {Packing::Bzip2, ".bz2", "BZh", 0, "bzip2"},
+    {Packing::Zip, ".zip", "PK\x03\x04", 0, "zip"},
+    {Packing::SevenZip, ".7z", "7z\xbc\xaf\x27\x1c", 0, "7z"},
+    {Packing::Tar, ".tar", "ustar", 257, "tar"},
 }};
+
+std::string NameOf(Packing packing)
+{
+    const auto * const row =
+        std::find_if(Packings.begin(), Packings.end(), [&](const PackingRow & one) { return one.packing == packing; });
+    return row->name;
+}
 
 template <auto Close>
 struct Closer {
@@ -68,6 +87,7 @@ void Copy(const std::string & path, ScratchFile & to)
     }
 }
 
+// The reader of archives knows this packing too, but never compares the sum of the unpacked bytes.
 void UnpackGzip(const std::string & path, ScratchFile & to)
 {
     const std::unique_ptr<gzFile_s, Closer<&gzclose_r>> file(gzopen(path.c_str(), "rbe"));
@@ -90,29 +110,147 @@ void UnpackGzip(const std::string & path, ScratchFile & to)
     }
 }
 
-void UnpackZstandard(const std::string & path, ScratchFile & to)
+using Archive = std::unique_ptr<archive, Closer<&archive_read_free>>;
+
+void Allow(archive * reader, Packing packing)
 {
-    const File file = OpenFile(path);
-    const std::unique_ptr<ZSTD_DStream, Closer<&ZSTD_freeDStream>> stream(ZSTD_createDStream());
-    std::vector<char> block(BlockSize);
-    std::vector<char> unpacked(ZSTD_DStreamOutSize());
-    std::size_t wanted = 0;
-    while (const std::size_t count = ReadBlock(path, file.get(), block)) {
-        ZSTD_inBuffer in = {block.data(), count, 0};
-        bool isFlushing = true;
-        while (in.pos < in.size || isFlushing) {
-            ZSTD_outBuffer out = {unpacked.data(), unpacked.size(), 0};
-            wanted = ZSTD_decompressStream(stream.get(), &out, &in);
-            if (ZSTD_isError(wanted) != 0) {
-                throw Error(path, "the zstd data are damaged");
-            }
-            to.Write(unpacked.data(), out.pos);
-            // A full buffer may leave more behind in the stream.
-            isFlushing = out.pos == out.size;
+    switch (packing) {
+    case Packing::Zstandard:
+        archive_read_support_filter_zstd(reader);
+        archive_read_support_format_raw(reader);
+        break;
+    case Packing::Xz:
+        archive_read_support_filter_xz(reader);
+        archive_read_support_format_raw(reader);
+        break;
+    case Packing::Bzip2:
+        archive_read_support_filter_bzip2(reader);
+        archive_read_support_format_raw(reader);
+        break;
+    case Packing::Zip:
+        // By its directory alone: an archive without one is damaged.
+        archive_read_support_format_zip_seekable(reader);
+        break;
+    case Packing::SevenZip:
+        archive_read_support_format_7zip(reader);
+        break;
+    case Packing::Tar:
+        archive_read_support_format_tar(reader);
+        break;
+    case Packing::None:
+    case Packing::Gzip:
+        break;
+    }
+}
+
+// Names of any language while it lives, in this thread alone: without, the reader of archives gives none for those that
+// are not of the language of the process.
+class NamesInUtf8 {
+public:
+    NamesInUtf8() : m_names(newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr))
+    {
+        if (m_names != nullptr) {
+            m_before = uselocale(m_names);
         }
     }
-    if (wanted != 0) {
-        throw Error(path, "the zstd data end early");
+    NamesInUtf8(const NamesInUtf8 &) = delete;
+    NamesInUtf8 & operator=(const NamesInUtf8 &) = delete;
+    ~NamesInUtf8()
+    {
+        if (m_names != nullptr) {
+            uselocale(m_before);
+            freelocale(m_names);
+        }
+    }
+
+private:
+    locale_t m_names;
+    locale_t m_before = nullptr;
+};
+
+// A packed file that is being unpacked.
+class PackedFile {
+public:
+    // Messages tell the name for the path.
+    PackedFile(std::string told, const std::string & path, Packing packing)
+        : m_told(std::move(told)), m_packing(packing), m_archive(archive_read_new())
+    {
+        if (m_archive == nullptr) {
+            throw std::bad_alloc();
+        }
+        Allow(m_archive.get(), packing);
+        Check(archive_read_open_filename(m_archive.get(), path.c_str(), BlockSize));
+    }
+
+    // The next entry; null behind the last one.
+    archive_entry * Next()
+    {
+        archive_entry * entry = nullptr;
+        const int status = archive_read_next_header(m_archive.get(), &entry);
+        // A name in another code is no harm.
+        if (status != ARCHIVE_WARN) {
+            Check(status);
+        }
+        // What is not known as packed at all is handed out as it is.
+        if (IsCompressed() && archive_filter_count(m_archive.get()) < 2) {
+            Fail();
+        }
+        return status == ARCHIVE_EOF ? nullptr : entry;
+    }
+
+    // Writes the data of the entry that was given last.
+    void WriteTo(ScratchFile & to)
+    {
+        std::vector<char> block(BlockSize);
+        la_ssize_t count = 0;
+        while ((count = archive_read_data(m_archive.get(), block.data(), block.size())) > 0) {
+            to.Write(block.data(), static_cast<std::size_t>(count));
+        }
+        Check(static_cast<int>(count));
+    }
+
+private:
+    [[nodiscard]] bool IsCompressed() const
+    {
+        return m_packing == Packing::Zstandard || m_packing == Packing::Xz || m_packing == Packing::Bzip2;
+    }
+
+    void Check(int status) const
+    {
+        if (status != ARCHIVE_OK && status != ARCHIVE_EOF) {
+            Fail();
+        }
+    }
+
+    [[noreturn]] void Fail() const
+    {
+        const char * const text = archive_error_string(m_archive.get());
+        const std::string_view cause = text == nullptr ? "" : text;
+        if (cause.starts_with("Error reading")) {
+            throw Error(m_told, "cannot be read: " + SystemCause(archive_errno(m_archive.get())));
+        }
+        if (cause.starts_with("Unsupported") && !IsCompressed()) {
+            throw Error(m_told, "the board in the archive cannot be unpacked: Compression method not supported");
+        }
+        if (!IsCompressed()) {
+            throw Error(m_told, "the " + NameOf(m_packing) + " archive is damaged");
+        }
+        const bool isShort = cause.starts_with("truncated") || cause.starts_with("Truncated") ||
+                             cause.ends_with("No progress is possible");
+        throw Error(m_told, "the " + NameOf(m_packing) + (isShort ? " data end early" : " data are damaged"));
+    }
+
+    NamesInUtf8 m_names;
+    std::string m_told;
+    Packing m_packing;
+    Archive m_archive;
+};
+
+void UnpackCompressed(const std::string & path, Packing packing, ScratchFile & to)
+{
+    PackedFile file(path, path, packing);
+    if (file.Next() != nullptr) {
+        file.WriteTo(to);
     }
 }
 
@@ -121,62 +259,72 @@ bool IsBoardName(std::string_view name)
     return name.ends_with(".cvg") || name.ends_with(".xml");
 }
 
-// The one file in the archive, or the one of several that has the name of a board.
-zip_uint64_t FindBoard(const std::string & path, zip_t * archive)
+std::string_view EntryName(archive_entry * entry)
 {
-    std::vector<zip_uint64_t> files;
-    std::vector<zip_uint64_t> boards;
-    const zip_int64_t count = zip_get_num_entries(archive, 0);
-    for (zip_uint64_t i = 0; i < static_cast<zip_uint64_t>(count); ++i) {
-        const char * const told = zip_get_name(archive, i, ZIP_FL_ENC_RAW);
-        const std::string_view name = told == nullptr ? "" : told;
-        if (name.ends_with('/')) {
-            continue;
+    const char * const name = archive_entry_pathname(entry);
+    return name == nullptr ? std::string_view() : name;
+}
+
+// The place of the one file in the archive, or of the one of several that has the name of a board.
+std::size_t FindBoard(const std::string & told, const std::string & path, Packing packing)
+{
+    std::vector<std::size_t> files;
+    std::vector<std::size_t> boards;
+    PackedFile archive(told, path, packing);
+    std::size_t place = 0;
+    while (archive_entry * const entry = archive.Next()) {
+        const std::string_view name = EntryName(entry);
+        if (archive_entry_filetype(entry) == AE_IFREG && !name.ends_with('/')) {
+            files.push_back(place);
+            if (IsBoardName(name)) {
+                boards.push_back(place);
+            }
         }
-        files.push_back(i);
-        if (IsBoardName(name)) {
-            boards.push_back(i);
-        }
+        ++place;
     }
-    const std::vector<zip_uint64_t> & found = files.size() == 1 ? files : boards;
+    const std::vector<std::size_t> & found = files.size() == 1 ? files : boards;
     if (found.size() != 1) {
-        throw Error(path, "the archive holds " + std::to_string(found.size()) + " boards where it must hold one");
+        throw Error(told, "the archive holds " + std::to_string(found.size()) + " boards where it must hold one");
     }
     return found.front();
 }
 
-void UnpackZip(const std::string & path, ScratchFile & to)
+void UnpackArchive(const std::string & told, const std::string & path, Packing packing, ScratchFile & to)
 {
-    int code = 0;
-    const std::unique_ptr<zip_t, Closer<&zip_discard>> archive(zip_open(path.c_str(), ZIP_RDONLY, &code));
-    if (archive == nullptr) {
-        throw Error(path, "the zip archive is damaged");
+    const std::size_t board = FindBoard(told, path, packing);
+    PackedFile archive(told, path, packing);
+    for (std::size_t i = 0; i < board; ++i) {
+        archive.Next();
     }
-    const zip_uint64_t board = FindBoard(path, archive.get());
-    const std::unique_ptr<zip_file_t, Closer<&zip_fclose>> file(zip_fopen_index(archive.get(), board, 0));
-    if (file == nullptr) {
-        throw Error(path, std::string("the board in the archive cannot be unpacked: ") + zip_strerror(archive.get()));
+    archive_entry * const entry = archive.Next();
+    if (entry == nullptr) {
+        throw Error(told, "the " + NameOf(packing) + " archive is damaged");
     }
-    std::vector<char> block(BlockSize);
-    zip_int64_t count = 0;
-    while ((count = zip_fread(file.get(), block.data(), block.size())) > 0) {
-        to.Write(block.data(), static_cast<std::size_t>(count));
+    if (archive_entry_is_data_encrypted(entry) != 0) {
+        throw Error(told, "the board in the archive cannot be unpacked: No password provided");
     }
-    if (count < 0) {
-        throw Error(path, "the zip archive is damaged");
-    }
+    archive.WriteTo(to);
+}
+
+bool HasMagic(std::string_view bytes, const PackingRow & row)
+{
+    return bytes.size() > row.magicAt && bytes.substr(row.magicAt).starts_with(row.magic);
+}
+
+std::string FirstBytes(const std::string & path)
+{
+    std::vector<char> start(512);
+    const File file = OpenFile(path);
+    return {start.data(), ReadBlock(path, file.get(), start)};
 }
 
 }  // namespace
 
 Packing FindPacking(const std::string & path)
 {
-    std::vector<char> start(4);
-    const File file = OpenFile(path);
-    start.resize(ReadBlock(path, file.get(), start));
-    const std::string_view bytes(start.data(), start.size());
+    const std::string bytes = FirstBytes(path);
     for (const PackingRow & row : Packings) {
-        if (bytes.starts_with(row.magic)) {
+        if (HasMagic(bytes, row)) {
             return row.packing;
         }
         if (path.ends_with(row.ending)) {
@@ -186,22 +334,34 @@ Packing FindPacking(const std::string & path)
     return Packing::None;
 }
 
-void Unpack(const std::string & path, Packing packing, ScratchFile & to)
+std::unique_ptr<ScratchFile> Unpack(const std::string & path, Packing packing)
 {
+    auto unpacked = std::make_unique<ScratchFile>();
     switch (packing) {
     case Packing::None:
-        Copy(path, to);
-        break;
+        Copy(path, *unpacked);
+        return unpacked;
+    case Packing::Zip:
+    case Packing::SevenZip:
+    case Packing::Tar:
+        UnpackArchive(path, path, packing, *unpacked);
+        return unpacked;
     case Packing::Gzip:
-        UnpackGzip(path, to);
+        UnpackGzip(path, *unpacked);
         break;
     case Packing::Zstandard:
-        UnpackZstandard(path, to);
-        break;
-    case Packing::Zip:
-        UnpackZip(path, to);
+    case Packing::Xz:
+    case Packing::Bzip2:
+        UnpackCompressed(path, packing, *unpacked);
         break;
     }
+    if (!HasMagic(FirstBytes(unpacked->Path()), Packings.back())) {
+        return unpacked;
+    }
+    // All of it is there by now, and so the sums at its end have been compared.
+    auto board = std::make_unique<ScratchFile>();
+    UnpackArchive(path, unpacked->Path(), Packing::Tar, *board);
+    return board;
 }
 
 }  // namespace ipc2581::host

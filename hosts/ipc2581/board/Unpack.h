@@ -1,6 +1,7 @@
 #ifndef IPC2581_HOSTS_IPC2581_BOARD_UNPACK_H
 #define IPC2581_HOSTS_IPC2581_BOARD_UNPACK_H
 
+#include <memory>
 #include <string>
 
 #include "hosts/ipc2581/files/ScratchFile.h"
@@ -8,14 +9,15 @@
 namespace ipc2581::host {
 
 // How a file is packed, by its first bytes.
-enum class Packing { None, Gzip, Zstandard, Zip };
+enum class Packing { None, Gzip, Zstandard, Xz, Bzip2, Zip, SevenZip, Tar };
 
 // Throws Error if the file cannot be read, or if its name tells a packing that its bytes do not have.
 Packing FindPacking(const std::string & path);
 
-// Unpacks the file, or copies it where it is not packed. Throws Error for a damaged one and for a zip archive that
-// does not hold one board.
-void Unpack(const std::string & path, Packing packing, ScratchFile & to);
+// The board of the file, unpacked, or copied where it is not packed. Of an archive, which may be compressed as a whole,
+// it is the one file, or the one of several that has the name of a board. Throws Error for a damaged file and for an
+// archive that does not hold one board.
+std::unique_ptr<ScratchFile> Unpack(const std::string & path, Packing packing);
 
 }  // namespace ipc2581::host
 

@@ -23,7 +23,9 @@ CLI::App & AddCommand(CLI::App & program, const std::string & name, const std::s
 
 void AddBoard(CLI::App & command, std::string & board)
 {
-    command.add_option("BOARD", board, "IPC-2581 file; may be packed as .gz, .zst or .zip")->required()->type_name("");
+    command.add_option("BOARD", board, "IPC-2581 file; may be packed as .gz, .zst, .xz, .bz2, .zip, .7z or .tar")
+        ->required()
+        ->type_name("");
 }
 
 Board OpenBoard(const std::string & path)

@@ -60,7 +60,7 @@ void AddDiffCommand(CLI::App & program)
     CLI::App & command = AddCommand(
         program, "diff", "Tell what differs between two boards. Exit status: 0 nothing, 1 something, 2 trouble",
         "ipc2581 diff old.cvg new.cvg");
-    command.add_option("A", options->before, "IPC-2581 file; may be packed as .gz, .zst or .zip")
+    command.add_option("A", options->before, "IPC-2581 file; may be packed as .gz, .zst, .xz, .bz2, .zip, .7z or .tar")
         ->required()
         ->type_name("");
     command.add_option("B", options->after, "Another one, in which things were added, removed or changed")

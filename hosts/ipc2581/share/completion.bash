@@ -28,7 +28,7 @@ _ipc2581_words()
 _ipc2581()
 {
     local commands="info bom components nets svg check convert report diff"
-    local boards=(.cvg .xml .gz .zst .zip)
+    local boards=(.cvg .xml .gz .zst .xz .bz2 .zip .7z .tar)
     local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]}
     local command="" i place=0
     COMPREPLY=()

@@ -1,13 +1,14 @@
+#include <array>
 #include <filesystem>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
 #include <gtest/gtest.h>
 
+#include <archive.h>
+#include <archive_entry.h>
 #include <sys/stat.h>
-#include <zip.h>
-#include <zlib.h>
-#include <zstd.h>
 
 #include "tests/hosts/Program.h"
 #include "tests/support/Sanitizers.h"
@@ -17,40 +18,67 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string Gzip(const std::string & text)
-{
-    const TempFolder folder;
-    const std::string path = folder.Path("packed");
-    gzFile_s * const file = gzopen(path.c_str(), "wb");
-    EXPECT_EQ(gzwrite(file, text.data(), static_cast<unsigned>(text.size())), static_cast<int>(text.size()));
-    EXPECT_EQ(gzclose(file), Z_OK);
-    return Bytes(path);
-}
-
-std::string Zstandard(const std::string & text)
-{
-    std::string packed(ZSTD_compressBound(text.size()), '\0');
-    packed.resize(ZSTD_compress(packed.data(), packed.size(), text.data(), text.size(), 3));
-    return packed;
-}
-
 struct Entry {
     const char * name;
     const std::string & text;
 };
 
-std::string Zip(std::initializer_list<Entry> entries)
+// An archive with a folder and these files; the compression is that of the whole.
+std::string Archive(int format, std::initializer_list<Entry> entries, int compression = ARCHIVE_FILTER_NONE)
 {
     const TempFolder folder;
     const std::string path = folder.Path("packed");
-    zip_t * const archive = zip_open(path.c_str(), ZIP_CREATE, nullptr);
-    zip_dir_add(archive, "boards", 0);
-    for (const Entry & entry : entries) {
-        zip_file_add(archive, entry.name, zip_source_buffer(archive, entry.text.data(), entry.text.size(), 0), 0);
+    archive * const writer = archive_write_new();
+    archive_write_add_filter(writer, compression);
+    archive_write_set_format(writer, format);
+    EXPECT_EQ(archive_write_open_filename(writer, path.c_str()), ARCHIVE_OK);
+    archive_entry * const entry = archive_entry_new();
+    if (format != ARCHIVE_FORMAT_RAW) {
+        archive_entry_set_pathname(entry, "boards/");
+        archive_entry_set_filetype(entry, AE_IFDIR);
+        EXPECT_EQ(archive_write_header(writer, entry), ARCHIVE_OK);
     }
-    EXPECT_EQ(zip_close(archive), 0);
+    for (const Entry & file : entries) {
+        archive_entry_clear(entry);
+        archive_entry_set_pathname(entry, file.name);
+        archive_entry_set_filetype(entry, AE_IFREG);
+        archive_entry_set_size(entry, static_cast<la_int64_t>(file.text.size()));
+        EXPECT_EQ(archive_write_header(writer, entry), ARCHIVE_OK);
+        EXPECT_EQ(archive_write_data(writer, file.text.data(), file.text.size()),
+                  static_cast<la_ssize_t>(file.text.size()));
+    }
+    archive_entry_free(entry);
+    EXPECT_EQ(archive_write_free(writer), ARCHIVE_OK);
     return Bytes(path);
 }
+
+std::string Compressed(int compression, const std::string & text)
+{
+    return Archive(ARCHIVE_FORMAT_RAW, {{"board", text}}, compression);
+}
+
+std::string Gzip(const std::string & text)
+{
+    return Compressed(ARCHIVE_FILTER_GZIP, text);
+}
+
+std::string Zip(std::initializer_list<Entry> entries)
+{
+    return Archive(ARCHIVE_FORMAT_ZIP, entries);
+}
+
+// How a file may be compressed as a whole.
+struct Compression {
+    const char * ending;
+    int filter;
+    const char * name;
+    std::size_t badAt;  // a place where a wrong byte is found without a sum
+};
+
+constexpr std::array<Compression, 4> Compressions = {{{".gz", ARCHIVE_FILTER_GZIP, "gzip", 500},
+                                                      {".zst", ARCHIVE_FILTER_ZSTD, "zstd", 5},
+                                                      {".xz", ARCHIVE_FILTER_XZ, "xz", 500},
+                                                      {".bz2", ARCHIVE_FILTER_BZIP2, "bzip2", 500}}};
 
 // What the program tells of these bytes under this name.
 struct Told {
@@ -85,9 +113,26 @@ TEST(Board, MayBePacked)
 {
     const std::string board = Bytes(ExampleBoard());
     const Result plain = RunProgram({"info", ExampleBoard()});
-    EXPECT_EQ(Told("board.cvg.gz", Gzip(board)).result, plain);
-    EXPECT_EQ(Told("board.cvg.zst", Zstandard(board)).result, plain);
+    for (const auto & [ending, filter, name, badAt] : Compressions) {
+        EXPECT_EQ(Told(std::string("board.cvg") + ending, Compressed(filter, board)).result, plain) << name;
+    }
     EXPECT_EQ(Told("board.zip", Zip({{"boards/board.cvg", board}})).result, plain);
+    EXPECT_EQ(Told("board.7z", Archive(ARCHIVE_FORMAT_7ZIP, {{"boards/board.cvg", board}})).result, plain);
+    EXPECT_EQ(Told("board.tar", Archive(ARCHIVE_FORMAT_TAR_USTAR, {{"boards/board.cvg", board}})).result, plain);
+}
+
+TEST(Board, MayBeInACompressedArchive)
+{
+    const std::string board = SmallBoard();
+    const std::string other = "read me";
+    const Result plain = Told("board.cvg", board).result;
+    for (const auto & [ending, filter, name, badAt] : Compressions) {
+        const std::string one = Archive(ARCHIVE_FORMAT_TAR_USTAR, {{"README", other}, {"boards/b.xml", board}}, filter);
+        EXPECT_EQ(Told(std::string("board.tar") + ending, one).result, plain) << name;
+        const Told two(std::string("two.tar") + ending,
+                       Archive(ARCHIVE_FORMAT_TAR_USTAR, {{"a.xml", board}, {"b.cvg", board}}, filter));
+        EXPECT_EQ(two.result, Failure(two.path + ": the archive holds 2 boards where it must hold one")) << name;
+    }
 }
 
 TEST(Board, IsKnownAsPackedByItsBytes)
@@ -98,11 +143,11 @@ TEST(Board, IsKnownAsPackedByItsBytes)
 TEST(Board, MayBePackedInSeveralPieces)
 {
     const std::string board = Bytes(ExampleBoard());
-    const std::string first = board.substr(0, 1000);
-    const std::string second = board.substr(1000);
     const Result plain = RunProgram({"info", ExampleBoard()});
-    EXPECT_EQ(Told("board.gz", Gzip(first) + Gzip(second)).result, plain);
-    EXPECT_EQ(Told("board.zst", Zstandard(first) + Zstandard(second)).result, plain);
+    for (const auto & [ending, filter, name, badAt] : Compressions) {
+        const std::string pieces = Compressed(filter, board.substr(0, 1000)) + Compressed(filter, board.substr(1000));
+        EXPECT_EQ(Told(std::string("board") + ending, pieces).result, plain) << name;
+    }
 }
 
 TEST(Board, IsTheOneOfItsKindInAnArchive)
@@ -110,29 +155,81 @@ TEST(Board, IsTheOneOfItsKindInAnArchive)
     const std::string board = SmallBoard();
     const std::string other = "read me";
     const Result plain = Told("board.cvg", board).result;
-    EXPECT_EQ(Told("a.zip", Zip({{"README", other}, {"boards/b.xml", board}})).result, plain);
-    EXPECT_EQ(Told("b.zip", Zip({{"only", board}})).result, plain);
-    const Told two("c.zip", Zip({{"a.xml", board}, {"b.cvg", board}}));
-    EXPECT_EQ(two.result, Failure(two.path + ": the archive holds 2 boards where it must hold one"));
-    const Told none("d.zip", Zip({{"README", other}, {"LICENCE", other}}));
-    EXPECT_EQ(none.result, Failure(none.path + ": the archive holds 0 boards where it must hold one"));
+    for (const int format : {ARCHIVE_FORMAT_ZIP, ARCHIVE_FORMAT_7ZIP, ARCHIVE_FORMAT_TAR_USTAR}) {
+        EXPECT_EQ(Told("a", Archive(format, {{"README", other}, {"boards/b.xml", board}})).result, plain);
+        EXPECT_EQ(Told("b", Archive(format, {{"only", board}})).result, plain);
+        const Told two("c", Archive(format, {{"a.xml", board}, {"b.cvg", board}}));
+        EXPECT_EQ(two.result, Failure(two.path + ": the archive holds 2 boards where it must hold one"));
+        const Told none("d", Archive(format, {{"README", other}, {"LICENCE", other}}));
+        EXPECT_EQ(none.result, Failure(none.path + ": the archive holds 0 boards where it must hold one"));
+    }
 }
 
-TEST(Board, DamagedPackingIsToldByTheNameOfTheFile)
+void ExpectCause(const Told & told, const std::string & cause)
+{
+    EXPECT_EQ(told.result, Failure(told.path + ": " + cause));
+}
+
+TEST(Board, DamagedCompressionIsToldByTheNameOfTheFile)
 {
     const std::string board = Bytes(ExampleBoard());
-    const auto expect = [](const Told & told, const std::string & cause) {
-        EXPECT_EQ(told.result, Failure(told.path + ": " + cause));
-    };
-    expect({"a.gz", Middle(Gzip(board), 500)}, "the gzip data end early");
-    expect({"b.gz", WithBadByteAt(Gzip(board), 500)}, "the gzip data are damaged");
-    expect({"c.zst", Middle(Zstandard(board), 500)}, "the zstd data end early");
-    expect({"d.zst", WithBadByteAt(Zstandard(board), 5)}, "the zstd data are damaged");
-    expect({"e.zip", Middle(Zip({{"board.cvg", board}}), 500)}, "the zip archive is damaged");
-    expect({"f.zip", WithBadByteAt(Zip({{"board.cvg", board}}), 300)}, "the zip archive is damaged");
-    for (const std::string name : {"g.gz", "h.zst", "i.zip"}) {
-        expect({name, board}, "is not packed as the end of its name tells");
+    for (const auto & [ending, filter, name, badAt] : Compressions) {
+        const std::string path = std::string("board") + ending;
+        const std::string packed = Compressed(filter, board);
+        ExpectCause({path, Middle(packed, 500)}, "the " + std::string(name) + " data end early");
+        ExpectCause({path, Middle(packed, packed.size() - 1)}, "the " + std::string(name) + " data end early");
+        ExpectCause({path, WithBadByteAt(packed, badAt)}, "the " + std::string(name) + " data are damaged");
+        ExpectCause({path, board}, "is not packed as the end of its name tells");
     }
+    ExpectCause({"short.bz2", Middle(Compressed(ARCHIVE_FILTER_BZIP2, board), 6)}, "the bzip2 data are damaged");
+}
+
+TEST(Board, SumOfTheUnpackedBytesIsCompared)
+{
+    const std::string packed = Gzip(Bytes(ExampleBoard()));
+    ExpectCause({"sum.gz", WithBadByteAt(packed, packed.size() - 8)}, "the gzip data are damaged");
+    const std::string archive =
+        Archive(ARCHIVE_FORMAT_TAR_USTAR, {{"board.cvg", Bytes(ExampleBoard())}}, ARCHIVE_FILTER_GZIP);
+    ExpectCause({"sum.tar.gz", WithBadByteAt(archive, archive.size() - 8)}, "the gzip data are damaged");
+}
+
+TEST(Board, DamagedArchiveIsToldByTheNameOfTheFile)
+{
+    const std::string board = Bytes(ExampleBoard());
+    const std::string zip = Zip({{"board.cvg", board}});
+    ExpectCause({"a.zip", Middle(zip, 500)}, "the zip archive is damaged");
+    ExpectCause({"b.zip", WithBadByteAt(zip, 300)}, "the zip archive is damaged");
+    const std::string sevenZip = Archive(ARCHIVE_FORMAT_7ZIP, {{"board.cvg", board}});
+    ExpectCause({"a.7z", Middle(sevenZip, 500)}, "the 7z archive is damaged");
+    ExpectCause({"b.7z", WithBadByteAt(sevenZip, 500)}, "the 7z archive is damaged");
+    const std::string tar = Archive(ARCHIVE_FORMAT_TAR_USTAR, {{"board.cvg", board}});
+    ExpectCause({"a.tar", Middle(tar, 5000)}, "the tar archive is damaged");
+    ExpectCause({"b.tar", WithBadByteAt(tar, 5)}, "the tar archive is damaged");
+    ExpectCause({"a.tar.gz", Gzip(Middle(tar, 5000))}, "the tar archive is damaged");
+    for (const std::string name : {"i.zip", "i.7z", "i.tar"}) {
+        ExpectCause({name, board}, "is not packed as the end of its name tells");
+    }
+}
+
+// A zip archive by a program with this locale, which tells in the archive what the code of its names is.
+std::string ZipIn(const char * locale, const char * name, const std::string & board)
+{
+    const std::string other = "read me";
+    const locale_t names = newlocale(LC_CTYPE_MASK, locale, nullptr);
+    const locale_t before = uselocale(names);
+    const std::string zip = Zip({{"README", other}, {name, board}});
+    uselocale(before);
+    freelocale(names);
+    return zip;
+}
+
+TEST(Board, NameInAnyCodeIsOneOfABoard)
+{
+    const std::string board = SmallBoard();
+    const Result plain = Told("board.cvg", board).result;
+    EXPECT_EQ(Told("a.zip", ZipIn("C.UTF-8", "\xc3\xbc.xml", board)).result, plain);
+    EXPECT_EQ(Told("b.zip", ZipIn("C", "\xc3\xbc.xml", board)).result, plain);
+    EXPECT_EQ(Told("c.zip", ZipIn("C", "\xfc.xml", board)).result, plain);
 }
 
 TEST(Board, FullTemporaryFolderIsAnError)

@@ -291,7 +291,7 @@ TEST(Docs, CompletionKnowsTheFormats)
 TEST(Docs, CompletionOffersBoardsByTheirEndings)
 {
     const TempFolder folder;
-    const Texts boards = {"a board.cvg", "b.xml", "c.gz", "d.zst", "e.zip", "folder"};
+    const Texts boards = {"a board.cvg", "b.xml", "c.gz", "d.zst", "e.zip", "f.xz", "g.bz2", "h.7z", "i.tar", "folder"};
     for (const std::string & name : boards) {
         if (name != "folder") {
             folder.Save(name, "");
