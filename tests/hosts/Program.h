@@ -166,6 +166,17 @@ inline std::string Golden(const std::string & name, const std::string & given)
     return Bytes(path);
 }
 
+// A listing of the example board in each format, the first of which needs not be told.
+inline void ExpectGoldenListings(const std::string & command)
+{
+    EXPECT_EQ(RunProgram({command, ExampleBoard()}), RunProgram({command, ExampleBoard(), "--format", "table"}));
+    for (const std::string format : {"table", "csv", "json"}) {
+        const Result listing = RunProgram({command, ExampleBoard(), "--format", format});
+        const std::string golden = command + "." + (format == "table" ? "txt" : format);
+        EXPECT_EQ(listing, (Result{0, Golden(golden, listing.out), ""})) << golden;
+    }
+}
+
 // The names of all that lies in a folder.
 inline std::set<std::string> Names(const std::string & folder)
 {

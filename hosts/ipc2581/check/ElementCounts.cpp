@@ -8,6 +8,7 @@
 
 #include <expat.h>
 
+#include "hosts/ipc2581/board/ShapeElements.h"
 #include "hosts/ipc2581/files/Error.h"
 
 namespace ipc2581::host {
@@ -26,7 +27,6 @@ void XMLCALL CountElement(void * counts, const XML_Char * name, const XML_Char *
     ++(*static_cast<ElementCounts *>(counts))[name];
 }
 
-// Shapes by the name of their element.
 class ModelCounter {
 public:
     explicit ModelCounter(ElementCounts & counts) : m_counts(counts) {}
@@ -118,42 +118,17 @@ private:
 
     void CountShapes(const CIPC2581_DrawObjArray & shapes)
     {
-        // In the order of the draw types; those that no reader makes have no name.
-        static constexpr std::array<const char *, 24> names = {
-            "",         "Butterfly", "Circle", "Contour",    "Diamond",  "Donut",      "Ellipse",   "Hexagon",
-            "Moire",    "Octagon",   "Oval",   "RectCenter", "RectCham", "RectCorner", "RectRound", "Thermal",
-            "Triangle", "",          "Line",   "",           "Polyline", "",           "Polygon",   "Cutout"};
-        for (const CIPC2581_DrawObj * const shape : Each(shapes)) {
-            const auto type = static_cast<std::size_t>(shape->DrawType);
-            if (type < names.size()) {
-                Add(names[type], 1);
-            }
-            if (const auto * const contour = dynamic_cast<const CIPC2581_DicDraw_Contour *>(shape)) {
-                CountShapes(*contour->DicDrawObjArray);
-            }
-            else if (const auto * const polygon = dynamic_cast<const CIPC2581_Polygon *>(shape)) {
-                CountSteps(*polygon->PolyStepArray);
-            }
-            else if (const auto * const cutout = dynamic_cast<const CIPC2581_Cutout *>(shape)) {
-                CountSteps(*cutout->PolyStepArray);
-            }
-            else if (const auto * const polyline = dynamic_cast<const CIPC2581_PolyLine *>(shape)) {
-                CountSteps(*polyline->PolyStepArray);
-            }
-        }
+        VisitShapes(shapes, [this](int /*place*/, const char * name) { Add(name, 1); });
     }
 
     // A polygon that is there in the model, and in the file only if it has steps.
     void CountOutline(const CIPC2581_Polygon & polygon)
     {
-        Add("Polygon", polygon.PolyStepArray->IsEmpty() ? 0 : 1);
-        CountSteps(*polygon.PolyStepArray);
-    }
-
-    void CountSteps(const CIPC2581_PolyStepArray & steps)
-    {
-        for (const CIPC2581_PolyStep * const step : Each(steps)) {
-            Add(step->Type == 0 ? "PolyStepSegment" : "PolyStepCurve", 1);
+        if (polygon.PolyStepArray->IsEmpty()) {
+            Add("Polygon", 0);
+        }
+        else {
+            VisitShape(polygon, [this](int /*place*/, const char * name) { Add(name, 1); });
         }
     }
 

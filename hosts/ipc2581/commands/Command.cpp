@@ -49,6 +49,24 @@ void AddListingOptions(CLI::App & command, ListingOptions & options)
         ->type_name("FILE");
 }
 
+void AddBoardListing(CLI::App & command, SortedListing & options)
+{
+    AddBoard(command, options.board);
+    AddListingOptions(command, options.listing);
+}
+
+void AddSort(CLI::App & command, SortedListing & options, const std::string & order)
+{
+    command.add_flag("--sort", options.isSorted, order + ", instead of as in the file");
+}
+
+void PrintTable(const SortedListing & options, Table (*make)(Board & board, bool isSorted), Listed listed)
+{
+    Board board = OpenBoard(options.board);
+    Print(make(board, options.isSorted), options.listing, {options.board});
+    WarnOfLosses(board, {listed});
+}
+
 void WarnOfLosses(Board & board, std::initializer_list<Listed> listed)
 {
     const std::string losses = ListingLosses(board, listed);

@@ -35,6 +35,17 @@ void AddListingOptions(CLI::App & command, ListingOptions & options);
 // all of it. Silent if nothing is.
 void WarnOfLosses(Board & board, std::initializer_list<Listed> listed);
 
+// What a command asks for that lists one board in an order.
+struct SortedListing {
+    std::string board;
+    ListingOptions listing;
+    bool isSorted = false;
+};
+// The argument BOARD and the options of a listing.
+void AddBoardListing(CLI::App & command, SortedListing & options);
+// The option that asks for the order.
+void AddSort(CLI::App & command, SortedListing & options, const std::string & order);
+
 // Prints a Table or a Listing where the options tell. The inputs are never written over.
 template <typename Printed>
 void Print(const Printed & printed, const ListingOptions & options, std::initializer_list<std::string> inputs)
@@ -43,6 +54,9 @@ void Print(const Printed & printed, const ListingOptions & options, std::initial
     printed.Print(output.Stream(), options.format);
     output.Finish();
 }
+
+// Reads the board, prints the table that is made of it, and warns of what the table is known to lack.
+void PrintTable(const SortedListing & options, Table (*make)(Board & board, bool isSorted), Listed listed);
 
 }  // namespace ipc2581::host
 

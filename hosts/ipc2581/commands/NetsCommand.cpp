@@ -5,36 +5,28 @@
 #include "hosts/ipc2581/listings/NetTables.h"
 
 namespace ipc2581::host {
-namespace {
-
-struct Options {
-    std::string board;
-    ListingOptions listing;
-    bool isPhysical = false;
-    bool isSorted = false;
-};
-
-void Nets(const Options & options)
-{
-    Board board = OpenBoard(options.board);
-    Print(options.isPhysical ? NetPointTable(board, options.isSorted) : NetTable(board, options.isSorted),
-          options.listing, {options.board});
-    WarnOfLosses(board, {options.isPhysical ? Listed::PhysicalNets : Listed::LogicalNets});
-}
-
-}  // namespace
 
 void AddNetsCommand(CLI::App & program)
 {
+    struct Options {
+        SortedListing listing;
+        bool isPhysical = false;
+    };
     const auto options = std::make_shared<Options>();
     CLI::App & command =
         AddCommand(program, "nets", "List what is connected: nets with their pins, or with their points on the board",
                    "ipc2581 nets board.cvg --physical");
-    AddBoard(command, options->board);
-    AddListingOptions(command, options->listing);
+    AddBoardListing(command, options->listing);
     command.add_flag("--physical", options->isPhysical, "The points of the physical nets, one row per point");
-    command.add_flag("--sort", options->isSorted, "By net and pin, R2.1 before R10.1, instead of as in the file");
-    command.callback([options] { Nets(*options); });
+    AddSort(command, options->listing, "By net and pin, R2.1 before R10.1");
+    command.callback([options] {
+        if (options->isPhysical) {
+            PrintTable(options->listing, &NetPointTable, Listed::PhysicalNets);
+        }
+        else {
+            PrintTable(options->listing, &NetTable, Listed::LogicalNets);
+        }
+    });
 }
 
 }  // namespace ipc2581::host

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "hosts/ipc2581/board/Board.h"
+#include "hosts/ipc2581/board/ShapeElements.h"
 #include "hosts/ipc2581/geometry/Extents.h"
 
 namespace ipc2581::host {
@@ -20,25 +21,7 @@ class ShapeCounts {
 public:
     void Add(const CIPC2581_DrawObj & shape, Place place)
     {
-        // Nobody reads an outline into a list of shapes: the numbers between are those of the base and of hosts.
-        static constexpr std::array<const char *, 24> names = {
-            "",         "Butterfly", "Circle", "Contour",    "Diamond",  "Donut",      "Ellipse",   "Hexagon",
-            "Moire",    "Octagon",   "Oval",   "RectCenter", "RectCham", "RectCorner", "RectRound", "Thermal",
-            "Triangle", "",          "Line",   "Outline",    "Polyline", "",           "Polygon",   "Cutout"};
-        const std::size_t type = static_cast<std::size_t>(shape.DrawType);
-        AddOne(shape.DrawType, type < names.size() ? names[type] : "", place);
-        if (const auto * const contour = dynamic_cast<const CIPC2581_DicDraw_Contour *>(&shape)) {
-            AddAll(*contour->DicDrawObjArray, place);
-        }
-        else if (const auto * const polygon = dynamic_cast<const CIPC2581_Polygon *>(&shape)) {
-            AddSteps(*polygon->PolyStepArray, place);
-        }
-        else if (const auto * const cutout = dynamic_cast<const CIPC2581_Cutout *>(&shape)) {
-            AddSteps(*cutout->PolyStepArray, place);
-        }
-        else if (const auto * const polyline = dynamic_cast<const CIPC2581_PolyLine *>(&shape)) {
-            AddSteps(*polyline->PolyStepArray, place);
-        }
+        VisitShape(shape, [&](int key, const char * name) { AddOne(key, name, place); });
     }
 
     void AddAll(const CIPC2581_DrawObjArray & shapes, Place place)
@@ -69,21 +52,6 @@ private:
         const char * name = "";
         std::array<std::size_t, PlaceCount> places{};
     };
-
-    void AddSteps(const CIPC2581_PolyStepArray & steps, Place place)
-    {
-        // Behind all draw types.
-        constexpr int segment = 100;
-        constexpr int curve = 101;
-        for (const CIPC2581_PolyStep * const step : Each(steps)) {
-            if (step->Type == 0) {
-                AddOne(segment, "PolyStepSegment", place);
-            }
-            else {
-                AddOne(curve, "PolyStepCurve", place);
-            }
-        }
-    }
 
     void AddOne(int key, const char * name, Place place)
     {

@@ -62,19 +62,9 @@ std::string Dictionary(const std::string & lines)
            "</DictionaryStandard>\n</Content>\n</IPC-2581>\n";
 }
 
-TEST_F(Check, TellsOfTheExampleBoard)
+TEST_F(Check, TellsOfTheExampleBoardInEachFormat)
 {
-    const Result check = RunProgram({"check", ExampleBoard()});
-    EXPECT_EQ(check, (Result{0, Golden("check.txt", check.out), ""}));
-    EXPECT_EQ(RunProgram({"check", "--format", "table", ExampleBoard()}), check);
-}
-
-TEST_F(Check, GivesTheSameAsCsvAndJson)
-{
-    const Result csv = RunProgram({"check", "--format", "csv", ExampleBoard()});
-    EXPECT_EQ(csv, (Result{0, Golden("check.csv", csv.out), ""}));
-    const Result json = RunProgram({"check", "--format", "json", ExampleBoard()});
-    EXPECT_EQ(json, (Result{0, Golden("check.json", json.out), ""}));
+    ExpectGoldenListings("check");
 }
 
 TEST_F(Check, TellsAllLinesIfAsked)

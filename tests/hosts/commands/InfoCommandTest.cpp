@@ -7,23 +7,9 @@
 namespace ipc2581::tests {
 namespace {
 
-TEST(Info, TellsWhatIsInTheExampleBoard)
+TEST(Info, TellsOfTheExampleBoardInEachFormat)
 {
-    const Result info = RunProgram({"info", ExampleBoard()});
-    EXPECT_EQ(info, (Result{0, Golden("info.txt", info.out), ""}));
-    EXPECT_EQ(RunProgram({"info", "--format", "table", ExampleBoard()}), info);
-}
-
-TEST(Info, GivesTheSameAsCsv)
-{
-    const Result info = RunProgram({"info", "--format", "csv", ExampleBoard()});
-    EXPECT_EQ(info, (Result{0, Golden("info.csv", info.out), ""}));
-}
-
-TEST(Info, GivesTheSameAsJson)
-{
-    const Result info = RunProgram({"info", "--format", "json", ExampleBoard()});
-    EXPECT_EQ(info, (Result{0, Golden("info.json", info.out), ""}));
+    ExpectGoldenListings("info");
 }
 
 TEST(Info, TellsOfABoardWithNothingInIt)

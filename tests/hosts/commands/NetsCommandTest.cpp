@@ -19,14 +19,9 @@ Result Csv(const std::string & board)
     return RunProgram({"nets", board, "--format", "csv"});
 }
 
-TEST(NetsCommand, ListsThePinsOfTheExampleBoard)
+TEST(NetsCommand, ListsThePinsOfTheExampleBoardInEachFormat)
 {
-    const Result nets = RunProgram({"nets", ExampleBoard()});
-    EXPECT_EQ(nets, (Result{0, Golden("nets.txt", nets.out), ""}));
-    const Result csv = Csv(ExampleBoard());
-    EXPECT_EQ(csv, (Result{0, Golden("nets.csv", csv.out), ""}));
-    const Result json = RunProgram({"nets", ExampleBoard(), "--format", "json"});
-    EXPECT_EQ(json, (Result{0, Golden("nets.json", json.out), ""}));
+    ExpectGoldenListings("nets");
 }
 
 TEST(NetsCommand, ListsThePointsOfTheExampleBoard)

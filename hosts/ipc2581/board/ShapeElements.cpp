@@ -1,0 +1,57 @@
+#include "hosts/ipc2581/board/ShapeElements.h"
+
+#include <array>
+#include <cstddef>
+
+namespace ipc2581::host {
+namespace {
+
+// In the order of the draw types. Nobody reads an outline into a list of shapes; the numbers between are those of the
+// base and of hosts.
+constexpr std::array<const char *, 24> Names = {
+    "",         "Butterfly", "Circle", "Contour",    "Diamond",  "Donut",      "Ellipse",   "Hexagon",
+    "Moire",    "Octagon",   "Oval",   "RectCenter", "RectCham", "RectCorner", "RectRound", "Thermal",
+    "Triangle", "",          "Line",   "Outline",    "Polyline", "",           "Polygon",   "Cutout"};
+
+void VisitSteps(const CIPC2581_PolyStepArray & steps, const ElementVisitor & visit)
+{
+    constexpr int segment = 100;
+    constexpr int curve = 101;
+    for (const CIPC2581_PolyStep * const step : Each(steps)) {
+        if (step->Type == 0) {
+            visit(segment, "PolyStepSegment");
+        }
+        else {
+            visit(curve, "PolyStepCurve");
+        }
+    }
+}
+
+}  // namespace
+
+void VisitShape(const CIPC2581_DrawObj & shape, const ElementVisitor & visit)
+{
+    const auto type = static_cast<std::size_t>(shape.DrawType);
+    visit(shape.DrawType, type < Names.size() ? Names[type] : "");
+    if (const auto * const contour = dynamic_cast<const CIPC2581_DicDraw_Contour *>(&shape)) {
+        VisitShapes(*contour->DicDrawObjArray, visit);
+    }
+    else if (const auto * const polygon = dynamic_cast<const CIPC2581_Polygon *>(&shape)) {
+        VisitSteps(*polygon->PolyStepArray, visit);
+    }
+    else if (const auto * const cutout = dynamic_cast<const CIPC2581_Cutout *>(&shape)) {
+        VisitSteps(*cutout->PolyStepArray, visit);
+    }
+    else if (const auto * const polyline = dynamic_cast<const CIPC2581_PolyLine *>(&shape)) {
+        VisitSteps(*polyline->PolyStepArray, visit);
+    }
+}
+
+void VisitShapes(const CIPC2581_DrawObjArray & shapes, const ElementVisitor & visit)
+{
+    for (const CIPC2581_DrawObj * const shape : Each(shapes)) {
+        VisitShape(*shape, visit);
+    }
+}
+
+}  // namespace ipc2581::host

@@ -1,0 +1,19 @@
+#ifndef IPC2581_HOSTS_IPC2581_BOARD_SHAPEELEMENTS_H
+#define IPC2581_HOSTS_IPC2581_BOARD_SHAPEELEMENTS_H
+
+#include <functional>
+
+#include <ipc2581/ipc2581.h>
+
+namespace ipc2581::host {
+
+// Is told the name of an element, and its place in the order of the draw types, behind which the steps come.
+using ElementVisitor = std::function<void(int place, const char * name)>;
+
+// The elements that shapes are written as, with all that they hold.
+void VisitShape(const CIPC2581_DrawObj & shape, const ElementVisitor & visit);
+void VisitShapes(const CIPC2581_DrawObjArray & shapes, const ElementVisitor & visit);
+
+}  // namespace ipc2581::host
+
+#endif
