@@ -31,6 +31,9 @@ struct Attribute {
 };
 
 template <typename... Steps>
+Attribute(std::string_view, Reading, std::tuple<Steps...>) -> Attribute<Steps...>;
+
+template <typename... Steps>
 constexpr Attribute<Steps...> Text(std::string_view word, Steps... member)
 {
     return {word, Reading::Text, {member...}};

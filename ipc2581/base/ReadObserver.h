@@ -16,7 +16,8 @@ enum class ReadStop {
 };
 
 // Looks on while a reader takes a file line by line: CIPC2581_XmlLiteReader::SetObserver. The texts are gone after the
-// call. Any of them but LoopEnds may throw, which ends the read.
+// call. Any of them but LoopEnds may throw, which ends the read; but a CInvalidArgException of AttributeTaken counts as
+// a stop.
 class IPC2581_API ReadObserver {
 public:
     ReadObserver() = default;

@@ -15,12 +15,12 @@ namespace {
 // Takes the unit; true if the line closes the element as well.
 bool ReadOpeningLine(const TokenList & tokens, CIPC2581_Content_DictionaryUser & dictionary)
 {
-    constexpr std::string_view units =
-        std::get<0>(Fields<CIPC2581_Content_DictionaryUser>::DictionaryUser.attributes).word;
+    constexpr const AttributeRow & units = RowsOf<Fields<CIPC2581_Content_DictionaryUser>::DictionaryUser>[0];
     bool isClosed = false;
     TakeOrPassOver(tokens, [&] {
         for (int index = 0; index < tokens.Size() && !isClosed; ++index) {
-            if (HoldsText(tokens[index], units)) {
+            if (units.word.IsIn(tokens[index])) {
+                TellTaken(tokens, units, index);
                 dictionary.Unit = tokens.Value(index);
             }
             // The token on which the value has ended.

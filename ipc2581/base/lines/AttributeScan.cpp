@@ -13,9 +13,7 @@ void TestToken(const TokenList & tokens, int & index, const AttributeRows & tabl
     const std::string_view token = tokens[index];
     for (const AttributeRow & row : table.rows) {
         if (row.word.IsIn(token)) {
-            if (tokens.Observer() != nullptr) {
-                tokens.Observer()->AttributeTaken(row.word.Text(), row.reading, token);
-            }
+            TellTaken(tokens, row, index);
             AttributeHit hit(tokens, index);
             row.store(hit, object);
             return;
@@ -34,6 +32,20 @@ bool IsTail(const char * at, const char * end)
     }
     return at == end || SkipBlanks(at, end) == end;
 }
+
+// A line of plain attributes and the places in it, of its second attribute:
+//
+//     <Location x="1.5" y="2.25"/>
+//               |     ||  |    |||
+//               |     ||  |    ||`-- end of the line; up to it there is nothing but a tail
+//               |     ||  |    |`--- behind the attribute: a blank if another one follows
+//               |     ||  |    `---- quote, the third character from the key on that is not ordinary
+//               |     ||  `--------- value, behind the quote that follows the equal sign
+//               |     |`------------ equal, the first character from the key on that is not ordinary
+//               |     `------------- key
+//               `------------------- key of the attribute before
+//
+// The line is scanned as long as it looks so. What does not goes to the token list, which takes any line.
 
 // Gives the value to the first row of the table that the key hits, and returns the row behind that one; null if there
 // is none. An attribute of the form key="value" has one "=", so a word that ends in one is held exactly if the key and
@@ -157,6 +169,13 @@ void ScanRows(const TokenList & tokens, const AttributeRows & first, const Attri
     const bool mayBePlain = first.areAttributes && (second == nullptr || second->areAttributes) && tokens.HasRest(rest);
     if (!mayBePlain || !ScanPlain(tokens, rest, first, second, object)) {
         ScanTokens(tokens, first, second, object);
+    }
+}
+
+void TellTaken(const TokenList & tokens, const AttributeRow & row, int index)
+{
+    if (tokens.Observer() != nullptr) {
+        tokens.Observer()->AttributeTaken(row.word.Text(), row.reading, tokens[index]);
     }
 }
 

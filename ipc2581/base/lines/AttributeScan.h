@@ -189,6 +189,9 @@ auto NewFrom(LineCycle & line, CStdioFile & file)
     return object;
 }
 
+// Tells the observer of the reader, if it has one, that the token is taken for the attribute.
+void TellTaken(const TokenList & tokens, const AttributeRow & row, int index);
+
 // Does what takes values of tokens. The observer of their reader may let it end before its time, at a value that the
 // line does not close; nothing is left of the line then.
 template <typename Take>

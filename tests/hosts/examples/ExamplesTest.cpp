@@ -17,6 +17,22 @@ TEST(Examples, ListComponentsListsTheComponents)
     EXPECT_EQ(RunProgram({}, {.program = IPC2581_LIST_COMPONENTS_PROGRAM}).status, 2);
 }
 
+TEST(Examples, DumpBoardPrintsTheModel)
+{
+    const Result dump = RunProgram({ExampleBoard()}, {.program = IPC2581_DUMP_BOARD_PROGRAM});
+    EXPECT_EQ(dump.status, 0);
+    EXPECT_EQ(dump.err, "");
+    EXPECT_TRUE(dump.out.starts_with("m_Content\n  FunctionMode = ")) << dump.out.substr(0, 200);
+    CString path(ExampleBoard().c_str());
+    CIPC2581_Parser root;
+    CIPC2581_XmlLiteReader().OpenPath(path, root);
+    for (const auto * const component : Each(root.m_Ecad.m_CadData.m_Step.ComponentArray)) {
+        const std::string lines = "      ComponentArray\n        RefDes = " + Str(component->RefDes) + "\n";
+        EXPECT_NE(dump.out.find(lines), std::string::npos) << lines;
+    }
+    EXPECT_EQ(RunProgram({}, {.program = IPC2581_DUMP_BOARD_PROGRAM}).status, 2);
+}
+
 TEST(Examples, BoardHasEveryShapeOfTheDictionary)
 {
     CString path(ExampleBoard().c_str());
