@@ -78,6 +78,17 @@ bool ParsePlainDecimal(const char * at, const char * end, double & value)
 
 // A decimal with one to eight digits behind its point, and nothing else. Those are taken in one step out of the eight
 // bytes in front of the end, which must be readable.
+//
+//     "12.3456"
+//      | ||   `-- end
+//      | |`------ count digits up to the end: 4
+//      | `------- point, where the digits of the whole number end
+//      `--------- at
+//
+//     the eight bytes in front of the end    " 1 2 . 3 4 5 6
+//     those that are no such digits cleared  0 0 0 0 3 4 5 6
+//     two neighbours joined                  00  00  34  56
+//     each with its weight, summed up        0 * 1000000 + 0 * 10000 + 34 * 100 + 56 = 3456
 bool ParseShortDecimal(const char * at, const char * end, double & value)
 {
     constexpr std::uint64_t zeros = 0x3030303030303030;
@@ -98,8 +109,8 @@ bool ParseShortDecimal(const char * at, const char * end, double & value)
     if (((bytes + upToNine) | bytes) & highBits) {
         return false;
     }
-    // Two neighbours become one number, three times.
     bytes = bytes * 10 + (bytes >> 8);
+    // The weights stand in two numbers, for every second pair each; the upper halves of the products hold the sums.
     const std::uint64_t even = (bytes & everyFourth) * (100 + (std::uint64_t(1000000) << 32));
     const std::uint64_t odd = (bytes >> 16 & everyFourth) * (1 + (std::uint64_t(10000) << 32));
     const std::uint64_t digits = whole * PowersOfTen[static_cast<std::size_t>(count)] + ((even + odd) >> 32);
