@@ -58,12 +58,11 @@ void AddOnce(std::vector<std::string> & texts, const std::string & text)
 
 std::string OuterFormText(std::size_t count)
 {
-    std::vector<std::string> words;
-    for (const std::string_view word : OuterFormWords) {
-        words.push_back(Code(word));
+    std::string words;
+    for (std::size_t i = 0; i < count; ++i) {
+        words.append(words.empty() ? "" : ", ").append(Code(OuterFormWords.at(i)));
     }
-    words.resize(count);
-    return "code of the word that the token holds: " + Joined(words, ", ");
+    return "code of the word that the token holds: " + words;
 }
 
 std::string ReadingText(Reading reading)

@@ -144,7 +144,7 @@ std::optional<Path> PlaceOfElement(const Path & place, std::string_view element)
     if (!place.empty() && place.back() == element) {
         return place;
     }
-    if (const std::optional<Path> inside = PlaceInside(place, element)) {
+    if (std::optional<Path> inside = PlaceInside(place, element)) {
         return inside;
     }
     if (place.empty()) {
