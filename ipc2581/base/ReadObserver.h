@@ -15,9 +15,9 @@ enum class ReadStop {
     OpenValue,  // a value that its line does not close
 };
 
-// Looks on while a reader takes a file line by line: CIPC2581_XmlLiteReader::SetObserver. The texts are gone after the
-// call. Any of them but LoopEnds may throw, which ends the read; but a CInvalidArgException of AttributeTaken counts as
-// a stop.
+// Looks on while a reader takes a file line by line: CIPC2581_XmlLiteReader::SetObserver. Lines and tokens are gone
+// after the call; words stay. Any call but that of LoopEnds may throw, which ends the read; but a CInvalidArgException of
+// AttributeTaken counts as a stop.
 class IPC2581_API ReadObserver {
 public:
     ReadObserver() = default;

@@ -7,7 +7,6 @@
 #include <iterator>
 #include <random>
 #include <set>
-#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -18,6 +17,7 @@
 
 #include "ipc2581/base/lines/LineFile.h"
 #include "ipc2581/fields.h"
+#include "tests/document/ModelText.h"
 #include "tests/document/WholeBoard.h"
 #include "tests/support/Files.h"
 #include "tests/support/Sanitizers.h"
@@ -30,9 +30,9 @@ using ipc2581::DescribeClasses;
 using ipc2581::Reading;
 using ipc2581::ReadObserver;
 using ipc2581::ReadStop;
-using ipc2581::Walk;
 using ipc2581::tests::Bytes;
 using ipc2581::tests::HasSanitizer;
+using ipc2581::tests::ModelText;
 using ipc2581::tests::Str;
 using ipc2581::tests::TempFolder;
 using ipc2581::tests::Tokens;
@@ -566,51 +566,6 @@ TEST(ReadObserver, IsNotToldOfATokenListOfAHost)
     EXPECT_EQ(bom.m_arrBomItem.GetAt(0)->quantity, "1");
 }
 
-// Writes down all that a model holds.
-class Dump {
-public:
-    template <typename Member>
-    void Value(const Member & member, const CString & value)
-    {
-        m_text << member.name << '=' << Str(value) << '\n';
-    }
-    template <typename Member>
-    void Value(const Member & member, const CStringArray & values)
-    {
-        for (std::int64_t i = 0; i < values.GetSize(); ++i) {
-            Value(member, values[i]);
-        }
-    }
-    template <typename Member>
-    void Value(const Member & member, const CPointD & value)
-    {
-        m_text << member.name << '=' << value.X << ',' << value.Y << '\n';
-    }
-    template <typename Member, typename Type>
-    void Value(const Member & member, const Type & value)
-    {
-        m_text << member.name << '=' << value << '\n';
-    }
-    template <typename Member, typename Object>
-    void Enter(const Member & member, const Object & /*object*/)
-    {
-        m_text << member.name << ' ' << ipc2581::Fields<Object>::Name << " {\n";
-    }
-    template <typename Member, typename Object>
-    void Leave(const Member & /*member*/, const Object & /*object*/)
-    {
-        m_text << "}\n";
-    }
-    std::string Text() const { return m_text.str(); }
-
-private:
-    std::ostringstream m_text = [] {
-        std::ostringstream text;
-        text << std::hexfloat;
-        return text;
-    }();
-};
-
 // All that comes of a read.
 struct Outcome {
     std::string end;
@@ -634,9 +589,7 @@ Outcome OutcomeOf(const std::string & board, ReadObserver * observer)
     catch (const CInvalidArgException &) {
         outcome.end = "stopped";
     }
-    Dump dump;
-    Walk(root, dump);
-    outcome.model = dump.Text();
+    outcome.model = ModelText(root);
     CString written(folder.Path("written.cvg"));
     outcome.end += std::to_string(CIPC2581_XmlLiteReader().WriteFilePath(written, root));
     outcome.written = Bytes(folder.Path("written.cvg"));
