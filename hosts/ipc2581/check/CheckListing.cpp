@@ -1,5 +1,6 @@
 #include "hosts/ipc2581/check/CheckListing.h"
 
+#include <memory>
 #include <set>
 
 #include "hosts/ipc2581/board/ReadWrite.h"
@@ -79,13 +80,16 @@ void ListElements(const ElementCounts & file, const ElementCounts & taken, const
 
 Listing CheckListing(const BoardFile & file, std::size_t limit, CProgressCtrl * progress)
 {
-    const LineFindings found = CheckLines(file.PlainPath(), limit);
+    auto root = std::make_unique<CIPC2581_Parser>();
+    const LineFindings found = CheckLines(file, limit, *root, progress);
+    if (!found.stops.All().empty()) {
+        // Any other read ends at the first of them, and the model with it.
+        root = std::make_unique<CIPC2581_Parser>();
+        CIPC2581_XmlLiteReader reader;
+        ReadModel(file, reader, *root, progress);
+    }
     const XmlCounts inFile = CountXml(file.PlainPath());
-    CIPC2581_Parser root;
-    CIPC2581_XmlLiteReader reader;
-    // Where a line stops the read is among the findings.
-    static_cast<void>(ReadModel(file, reader, root, progress));
-    const XmlCounts written = CountWritten(root);
+    const XmlCounts written = CountWritten(*root);
 
     Listing listing;
     Table & sums = listing.AddRecord("check");
@@ -104,7 +108,7 @@ Listing CheckListing(const BoardFile & file, std::size_t limit, CProgressCtrl * 
     List(found.elements, listing.AddTable("passed elements", {"element", "in", "count", "lines"}));
     List(found.attributes, listing.AddTable("passed attributes", {"element", "attribute", "count", "lines"}));
     List(found.notWritten, listing.AddTable("not written", {"element", "attribute", "written", "count", "lines"}));
-    ListElements(inFile.elements, found.taken, CountModel(root), written.elements,
+    ListElements(inFile.elements, found.taken, CountModel(*root), written.elements,
                  listing.AddTable("elements", {"element", "file", "taken", "model", "written"}));
     return listing;
 }

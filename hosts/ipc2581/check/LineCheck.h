@@ -8,7 +8,9 @@
 #include <utility>
 #include <vector>
 
-#include "hosts/ipc2581/check/LossTable.h"
+#include <ipc2581/ipc2581.h>
+
+#include "hosts/ipc2581/board/BoardFile.h"
 
 namespace ipc2581::host {
 
@@ -32,7 +34,7 @@ private:
     std::unordered_map<std::string, std::size_t> m_index;
 };
 
-// What the reader makes of each line of a file, found by the table of losses and without the library.
+// What the reader makes of each line of a file, and what of that is not written back.
 struct LineFindings {
     explicit LineFindings(std::size_t limit)
         : stops(limit), swallows(limit), readOtherwise(limit), elements(limit), attributes(limit), notWritten(limit)
@@ -50,9 +52,10 @@ struct LineFindings {
     std::map<std::string, std::size_t, std::less<>> taken;
 };
 
-// Walks through the lines of a file as the reader does, and goes on behind those that stop it. Each finding keeps the
-// numbers of so many lines.
-LineFindings CheckLines(const std::string & path, std::size_t limit);
+// Reads the file into the root, and goes on behind lines that would stop the read: then the root holds more than
+// another read would give. Each finding keeps the numbers of so many lines. The progress may be null. Throws Error for
+// a file that cannot be read.
+LineFindings CheckLines(const BoardFile & file, std::size_t limit, CIPC2581_Parser & root, CProgressCtrl * progress);
 
 }  // namespace ipc2581::host
 

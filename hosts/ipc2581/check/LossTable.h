@@ -1,25 +1,17 @@
 #ifndef IPC2581_HOSTS_IPC2581_CHECK_LOSSTABLE_H
 #define IPC2581_HOSTS_IPC2581_CHECK_LOSSTABLE_H
 
+#include <memory>
 #include <string_view>
 #include <vector>
 
-// What the library takes from a file and what it gives back, element by element: the one place where the program knows
-// it. A table for each loop that the library reads lines with; see docs/lines.md for the words.
+#include <ipc2581/fields.h>
+
+// What the library gives back of what it takes from a file: the one place where the program knows it. What it takes is
+// told by the library's own tables.
 namespace ipc2581::host {
 
-// How a value is taken.
-enum class Value {
-    Text,
-    Number,
-    Word,          // one of a few words in upper case
-    Flag,          // set by a value that holds TRUE in upper case
-    MisspeltFlag,  // set by no word that a file has: the test is for TURE
-    ControlFlag,   // set by no word that a file has: the test is for the character with the code 1
-    Direction,     // turned round: FALSE is clockwise
-};
-
-// What comes of an element or an attribute in a file that is written.
+// What comes of an attribute in a file that is written.
 enum class Written {
     Never,
     Kept,
@@ -29,51 +21,47 @@ enum class Written {
 
 struct AttributeLoss {
     std::string_view name;
-    Value value = Value::Text;
-    Written written = Written::Kept;
-    // Found in every token that holds the name, and not only in one that holds it with a "=" behind.
-    bool isWide = false;
+    Reading reading;
+    Written written;
 };
 
-// How the first token of a line is tested.
-enum class Test {
-    Opens,  // holds the word and no slash
-    Holds,  // holds the word, as a closing line does too
-    Skips,  // holds the word, and the line is passed over
-    None,   // no test at all: the lines of the element are read as those of its parent
+// An element in the place where it is read: a component stands in a step.
+class ElementLoss {
+public:
+    // The whole file.
+    ElementLoss();
+    ElementLoss(const ElementLoss & parent, std::string_view name);
+
+    [[nodiscard]] std::string_view Name() const { return m_name; }
+    [[nodiscard]] const std::vector<AttributeLoss> & Attributes() const { return m_attributes; }
+    // Null for an attribute that is not read.
+    [[nodiscard]] const AttributeLoss * Find(std::string_view attribute) const;
+    // Each of them makes one more object.
+    [[nodiscard]] bool IsObject() const { return m_isObject; }
+    // There is one place for it, in the object of the element around it.
+    [[nodiscard]] bool IsPart() const { return m_isPart; }
+    // A part or a list of objects is read from its lines.
+    [[nodiscard]] bool HoldsObjects() const;
+    // Nothing of it is written, nor of what stands in it.
+    [[nodiscard]] bool IsLost() const { return m_isLost; }
+    // Whether lines in it may be taken for an element of this name.
+    [[nodiscard]] bool Knows(std::string_view name) const;
+    // The element of this name in it, which lives as long as this one.
+    ElementLoss & Inner(std::string_view name);
+
+private:
+    std::string_view m_name;
+    // Null for what is no object: a name alone, or a shape that knows no elements.
+    const ClassInfo * m_class;
+    std::vector<AttributeLoss> m_attributes;
+    std::vector<std::unique_ptr<ElementLoss>> m_inner;
+    bool m_isObject = false;
+    bool m_isPart = false;
+    bool m_isLost = false;
 };
-
-struct Reader;
-
-struct ElementLoss {
-    std::string_view name;
-    Test test = Test::Opens;
-    Written written = Written::Kept;
-    std::vector<AttributeLoss> attributes = {};
-    // Reads the lines behind the opening line; null if the element is its one line.
-    const Reader * inner = nullptr;
-    // Each line that passes the test makes one more object.
-    bool isObject = false;
-    // Attributes of the double form: tested once more behind each token.
-    std::vector<AttributeLoss> second = {};
-};
-
-// How a line becomes tokens.
-enum class LineForm { Plain, Content, Trimmed, WholeLine };
-
-struct Reader {
-    LineForm form = LineForm::Plain;
-    // In the order of the tests.
-    std::vector<ElementLoss> elements;
-    // What ends the loop, tested behind the elements; empty for the end of the file.
-    std::vector<std::string_view> ends = {};
-};
-
-// The loop that reads a whole file.
-const Reader & DocumentReader();
 
 // Whether the library takes a value as set.
-bool ReadsAsSet(Value value, std::string_view text);
+bool ReadsAsSet(Reading reading, std::string_view text);
 // Whether the writer of the file meant set: true, in any case, or 1.
 bool MeansSet(std::string_view text);
 
