@@ -1,6 +1,11 @@
 #include "hosts/ipc2581/check/LineTags.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <system_error>
 
 namespace ipc2581::host {
 namespace {
@@ -15,6 +20,18 @@ std::size_t SkipBlanks(std::string_view line, std::size_t at)
 }
 
 }  // namespace
+
+std::string_view Tag::LocalName() const
+{
+    return name.substr(name.find(':') + 1);
+}
+
+std::string_view Tag::Value(std::string_view attribute) const
+{
+    const auto found = std::find_if(attributes.begin(), attributes.end(),
+                                    [&](const TagAttribute & other) { return other.name == attribute; });
+    return found == attributes.end() ? std::string_view() : found->value;
+}
 
 const std::vector<Tag> & LineTags::Find(std::string_view line)
 {
@@ -132,6 +149,21 @@ std::size_t LineTags::FinishTag(std::string_view line, std::size_t at, Tag * tag
         }
     }
     return at;
+}
+
+// The whole file is one line to the tags.
+void ForEachTag(const std::string & path, const std::function<void(const Tag &)> & visit)
+{
+    std::error_code failure;
+    const std::uintmax_t size = std::filesystem::file_size(path, failure);
+    std::string text(failure ? 0 : size, '\0');
+    std::ifstream(path, std::ios::binary).read(text.data(), static_cast<std::streamsize>(text.size()));
+    LineTags tags;
+    for (std::size_t at = text.find('<'); at != None; at = text.find('<', at)) {
+        tags.m_tags.clear();
+        at = tags.Begin(text, at);
+        std::for_each(tags.m_tags.begin(), tags.m_tags.end(), visit);
+    }
 }
 
 }  // namespace ipc2581::host

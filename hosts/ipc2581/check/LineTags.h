@@ -1,6 +1,8 @@
 #ifndef IPC2581_HOSTS_IPC2581_CHECK_LINETAGS_H
 #define IPC2581_HOSTS_IPC2581_CHECK_LINETAGS_H
 
+#include <functional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -20,6 +22,11 @@ struct Tag {
     bool isSelfClosed = false;
     bool isFinished = false;  // ends in the line that it begins in
     std::vector<TagAttribute> attributes;
+
+    // Without the prefix of a name space.
+    [[nodiscard]] std::string_view LocalName() const;
+    // Empty if the tag has no such attribute.
+    [[nodiscard]] std::string_view Value(std::string_view attribute) const;
 };
 
 // Finds the tags of one line after another. What a line leaves open, a tag or a comment, goes on in the next.
@@ -35,6 +42,8 @@ public:
 private:
     enum class State { Text, Tag, Comment, Declaration };
 
+    friend void ForEachTag(const std::string & path, const std::function<void(const Tag &)> & visit);
+
     std::size_t GoOn(std::string_view line, std::size_t at);
     std::size_t Begin(std::string_view line, std::size_t at);
     std::size_t FinishTag(std::string_view line, std::size_t at, Tag * tag);
@@ -45,6 +54,10 @@ private:
     bool m_hasSelfClosedEarlier = false;
     std::vector<Tag> m_tags;
 };
+
+// Calls for the tags of a file one after another, wherever its lines end: for what the file has, and not for what the
+// reader takes of it.
+void ForEachTag(const std::string & path, const std::function<void(const Tag &)> & visit);
 
 }  // namespace ipc2581::host
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "hosts/ipc2581/check/FileTags.h"
+#include "hosts/ipc2581/check/LineTags.h"
 
 namespace ipc2581::host {
 namespace {
@@ -34,48 +34,58 @@ bool IsOtherTrue(std::string_view value)
     return value == "true" || value == "True" || value == "1";
 }
 
-bool IsElsewhere(const FileTags & tags, std::string_view used, std::string_view taken)
+bool IsElsewhere(const Tag & tag, std::string_view used, std::string_view taken)
 {
-    return !tags.Value(used).empty() && tags.Value(taken).empty();
+    return !tag.Value(used).empty() && tag.Value(taken).empty();
+}
+
+void Add(const Tag & tag, Tally & tally)
+{
+    const std::string_view name = tag.LocalName();
+    if (name == "BomItem") {
+        ++tally.items;
+        tally.partNumbers += IsElsewhere(tag, "OEMDesignNumberRef", "internalPartNumber") ? 1 : 0;
+        tally.pinCounts += IsElsewhere(tag, "pinCount", "numberIO") ? 1 : 0;
+    }
+    else if (name == "RefDes") {
+        ++tally.designators;
+        tally.fitted += IsOtherTrue(tag.Value("populate")) ? 1 : 0;
+    }
+    else if (name == "Component") {
+        ++tally.components;
+    }
+    else if (name == "LogicalNet") {
+        ++tally.nets;
+    }
+    else if (name == "LogicalNetPin" || name == "PinRef") {
+        ++tally.pins;
+    }
+    else if (name == "PhyNet") {
+        ++tally.physicalNets;
+    }
+    else if (name == "PhyNetPoint") {
+        ++tally.points;
+        tally.vias += IsOtherTrue(tag.Value("via")) ? 1 : 0;
+    }
 }
 
 Tally TallyOf(const std::string & path)
 {
     Tally tally;
     bool isInComponent = false;
-    FileTags tags(path);
-    while (tags.Next()) {
-        const std::string_view name = tags.Name();
-        if (name == "BomItem") {
-            ++tally.items;
-            tally.partNumbers += IsElsewhere(tags, "OEMDesignNumberRef", "internalPartNumber") ? 1 : 0;
-            tally.pinCounts += IsElsewhere(tags, "pinCount", "numberIO") ? 1 : 0;
+    ForEachTag(path, [&](const Tag & tag) {
+        const std::string_view name = tag.LocalName();
+        if (name == "Component") {
+            isInComponent = !tag.isClosing;
         }
-        else if (name == "RefDes") {
-            ++tally.designators;
-            tally.fitted += IsOtherTrue(tags.Value("populate")) ? 1 : 0;
+        if (tag.isClosing) {
+            return;
         }
-        else if (name == "Component" || name == "/Component") {
-            isInComponent = name == "Component";
-            tally.components += isInComponent ? 1 : 0;
+        if (name == "Xform" && isInComponent) {
+            tally.mirrored += IsOtherTrue(tag.Value("mirror")) ? 1 : 0;
         }
-        else if (name == "Xform") {
-            tally.mirrored += isInComponent && IsOtherTrue(tags.Value("mirror")) ? 1 : 0;
-        }
-        else if (name == "LogicalNet") {
-            ++tally.nets;
-        }
-        else if (name == "LogicalNetPin" || name == "PinRef") {
-            ++tally.pins;
-        }
-        else if (name == "PhyNet") {
-            ++tally.physicalNets;
-        }
-        else if (name == "PhyNetPoint") {
-            ++tally.points;
-            tally.vias += IsOtherTrue(tags.Value("via")) ? 1 : 0;
-        }
-    }
+        Add(tag, tally);
+    });
     return tally;
 }
 

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <unordered_set>
 
-#include "hosts/ipc2581/check/FileTags.h"
+#include "hosts/ipc2581/check/LineTags.h"
 
 namespace ipc2581::host {
 namespace {
@@ -29,23 +29,22 @@ Drawn CountInFile(const std::string & path)
     Drawn count;
     bool isInFeatures = false;
     bool isInPad = false;
-    FileTags tags(path);
-    while (tags.Next()) {
-        const std::string_view name = tags.Name();
-        if (name == "Features" || name == "/Features") {
-            isInFeatures = name == "Features";
+    ForEachTag(path, [&](const Tag & tag) {
+        const std::string_view name = tag.LocalName();
+        const bool isPad = name == "Pad" || name == "LayerPad";
+        isInFeatures = name == "Features" ? !tag.isClosing : isInFeatures;
+        isInPad = isPad ? !tag.isClosing : isInPad;
+        if (tag.isClosing) {
+            return;
         }
-        if (name == "Pad" || name == "LayerPad" || name == "/Pad" || name == "/LayerPad") {
-            isInPad = !name.starts_with('/');
-        }
-        const std::string_view mirror = isInPad && name == "Xform" ? tags.Value("mirror") : "";
+        const std::string_view mirror = isInPad && name == "Xform" ? tag.Value("mirror") : "";
         count.mirroredPads += mirror == "true" || mirror == "TRUE" || mirror == "1" ? 1 : 0;
-        count.pads += name == "Pad" || name == "LayerPad" ? 1 : 0;
+        count.pads += isPad ? 1 : 0;
         count.holes += name == "Hole" || name == "LayerHole" ? 1 : 0;
         count.arcs += isInFeatures && name == "Arc" ? 1 : 0;
         count.components += name == "Component" ? 1 : 0;
         count.layers += name == "Layer" ? 1 : 0;
-    }
+    });
     return count;
 }
 
