@@ -15,24 +15,28 @@ constexpr std::array<const char *, 24> Names = {
 
 void VisitSteps(const CIPC2581_PolyStepArray & steps, const ElementVisitor & visit)
 {
-    constexpr int segment = 100;
-    constexpr int curve = 101;
+    constexpr int behindShapes = 100;
     for (const CIPC2581_PolyStep * const step : Each(steps)) {
-        if (step->Type == 0) {
-            visit(segment, "PolyStepSegment");
-        }
-        else {
-            visit(curve, "PolyStepCurve");
-        }
+        visit(behindShapes + (step->Type == StepTypes::Segment ? 0 : 1), ElementOf(*step));
     }
 }
 
 }  // namespace
 
-void VisitShape(const CIPC2581_DrawObj & shape, const ElementVisitor & visit)
+const char * ElementOf(const CIPC2581_DrawObj & shape)
 {
     const auto type = static_cast<std::size_t>(shape.DrawType);
-    visit(shape.DrawType, type < Names.size() ? Names[type] : "");
+    return type < Names.size() ? Names[type] : "";
+}
+
+const char * ElementOf(const CIPC2581_PolyStep & step)
+{
+    return step.Type == StepTypes::Segment ? "PolyStepSegment" : "PolyStepCurve";
+}
+
+void VisitShape(const CIPC2581_DrawObj & shape, const ElementVisitor & visit)
+{
+    visit(shape.DrawType, ElementOf(shape));
     if (const auto * const contour = dynamic_cast<const CIPC2581_DicDraw_Contour *>(&shape)) {
         VisitShapes(*contour->DicDrawObjArray, visit);
     }

@@ -7,6 +7,10 @@
 
 namespace ipc2581::host {
 
+// The name of the element that an object is written as; empty if there is none.
+const char * ElementOf(const CIPC2581_DrawObj & shape);
+const char * ElementOf(const CIPC2581_PolyStep & step);
+
 // Is told the name of an element, and its place in the order of the draw types, behind which the steps come.
 using ElementVisitor = std::function<void(int place, const char * name)>;
 

@@ -4,9 +4,11 @@
 #include <cerrno>
 #include <cstdio>
 #include <memory>
+#include <string_view>
 #include <type_traits>
 
 #include <expat.h>
+#include <ipc2581/fields.h>
 
 #include "hosts/ipc2581/board/ShapeElements.h"
 #include "hosts/ipc2581/files/Error.h"
@@ -27,108 +29,65 @@ void XMLCALL CountElement(void * counts, const XML_Char * name, const XML_Char *
     ++(*static_cast<ElementCounts *>(counts))[name];
 }
 
+// Counts while it walks through a model.
 class ModelCounter {
 public:
     explicit ModelCounter(ElementCounts & counts) : m_counts(counts) {}
 
-    void CountContent(const CIPC2581_Content & content)
+    template <typename Member, typename Type>
+    void Value(const Member & member, const Type & value)
     {
-        Add("StepRef", static_cast<std::size_t>(content.StepRef.GetSize()));
-        Add("LayerRef", static_cast<std::size_t>(content.LayerRef.GetSize()));
-        Add("BomRef", static_cast<std::size_t>(content.BomRef.GetSize()));
-        Add("EntryStandard", Count(content.DictionaryStandard->EntryArray));
-        Add("EntryColor", Count(content.m_DictionaryColor->Entry));
-        for (const CIPC2581_Content_DictionaryStandard_EntryStandard * const entry :
-             Each(content.DictionaryStandard->EntryArray)) {
-            CountShapes(*entry->DrawArray);
+        if constexpr (std::is_same_v<Type, CStringArray>) {
+            Add(member.element, static_cast<std::size_t>(value.GetSize()));
         }
     }
 
-    void CountBom(const CIPC2581_Bom & bom)
+    template <typename Owner, typename Type, typename Object>
+    void Enter(const Member<Owner, Type> & /*member*/, const Object & object)
     {
-        Add("BomItem", Count(bom.m_arrBomItem));
-        for (const CIPC2581_Bom_BomItem * const item : Each(bom.m_arrBomItem)) {
-            Add("RefDes", Count(item->m_arrRefDes));
+        constexpr bool isListed = KindOf<Type>() == FieldKind::List;
+        if constexpr (std::is_base_of_v<CIPC2581_DrawObj, Object> && isListed) {
+            Add(ElementOf(object), 1);
         }
+        else if constexpr (std::is_same_v<Object, CIPC2581_Polygon>) {
+            // It is there in the model, and in the file only if it has steps.
+            Add("Polygon", object.PolyStepArray->IsEmpty() ? 0 : 1);
+        }
+        else if constexpr (std::is_same_v<Object, CIPC2581_PolyStep>) {
+            Add(ElementOf(object), 1);
+        }
+        else if constexpr (std::is_same_v<Object, CIPC2581_Ecad_CadData_Step_LayerFeature_Set>) {
+            Add("Pad", object.Kind == SetKinds::Pad ? 1 : 0);
+            Add("Hole", object.Kind == SetKinds::Hole ? 1 : 0);
+        }
+        AddLists(object);
     }
 
-    void CountData(const CIPC2581_Ecad_CadData & data)
+    template <typename Member, typename Object>
+    void Leave(const Member & /*member*/, const Object & /*object*/)
     {
-        Add("Layer", Count(data.m_arrLayer));
-        Add("StackupGroup", Count(data.m_Stackup.StackupGroupArray));
-        for (const CIPC2581_Ecad_CadData_Stackup_StackupGroup * const group : Each(data.m_Stackup.StackupGroupArray)) {
-            Add("StackupLayer", Count(group->StackupLayerArray));
-        }
-    }
-
-    void CountStep(const CIPC2581_Ecad_CadData_Step & step)
-    {
-        Add("PadStack", Count(step.PadStackArray));
-        for (const CIPC2581_Ecad_CadData_Step_PadStack * const padStack : Each(step.PadStackArray)) {
-            Add("LayerPad", Count(padStack->LayerPadArray));
-        }
-        CountOutline(*step.Profile.Polygon);
-        CountShapes(*step.Profile.Cutouts);
-        CountPackages(step);
-        Add("Component", Count(step.ComponentArray));
-        Add("LogicalNet", Count(step.LogicalNetArray));
-        for (const CIPC2581_Ecad_CadData_Step_LogicalNet * const net : Each(step.LogicalNetArray)) {
-            Add("LogicalNetPin", Count(net->LogicalNetPinArray));
-        }
-        Add("PhyNet", Count(step.PhyNetGroup.PhyNetArray));
-        for (const CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet * const net : Each(step.PhyNetGroup.PhyNetArray)) {
-            Add("PhyNetPoint", Count(net->PhyNetPointArray));
-        }
-        CountFeatures(step);
     }
 
 private:
-    void Add(const char * name, std::size_t count) { m_counts[name] += count; }
+    void Add(std::string_view name, std::size_t count) { m_counts[std::string(name)] += count; }
 
-    void CountPackages(const CIPC2581_Ecad_CadData_Step & step)
+    // Of lists that have an element for all of their objects, empty ones too.
+    template <typename Object>
+    void AddLists(const Object & object)
     {
-        Add("Package", Count(step.PackageArray));
-        for (const CIPC2581_Ecad_CadData_Step_Package * const package : Each(step.PackageArray)) {
-            CountOutline(*package->Outline->Polygon);
-            CountOutline(*package->AssemblyDrawing.Outline->Polygon);
-            Add("Pad", Count(package->LandPattern.PadArray));
-            Add("Target", Count(package->SilkScreen.TargetArray));
-            for (const CIPC2581_Ecad_CadData_Step_Target * const target : Each(package->SilkScreen.TargetArray)) {
-                CountShapes(*target->DrawObjArray);
-            }
-            Add("Pin", Count(package->PinArray));
-            for (const CIPC2581_Ecad_CadData_Step_Package_Pin * const pin : Each(package->PinArray)) {
-                CountOutline(*pin->Outline.Polygon);
-            }
-        }
+        ForEachMember(object, [this](const auto & member, const auto & value) { AddList(member, value); });
     }
 
-    void CountFeatures(const CIPC2581_Ecad_CadData_Step & step)
+    template <typename Owner, typename Type>
+    void AddList(const Member<Owner, Type> & member, const Type & value)
     {
-        Add("LayerFeature", Count(step.LayerFeatureArray));
-        for (const CIPC2581_Ecad_CadData_Step_LayerFeature * const feature : Each(step.LayerFeatureArray)) {
-            Add("Set", Count(feature->SetArray));
-            for (const CIPC2581_Ecad_CadData_Step_LayerFeature_Set * const set : Each(feature->SetArray)) {
-                Add("Pad", set->Kind == 1 ? 1 : 0);
-                Add("Hole", set->Kind == 2 ? 1 : 0);
-                CountShapes(set->Features.DrawObjArray);
+        if constexpr (KindOf<Type>() == FieldKind::List) {
+            using List = std::remove_pointer_t<Type>;
+            if constexpr (!std::is_same_v<typename List::Element, CIPC2581_DrawObj>) {
+                if (!member.element.empty()) {
+                    Add(member.element, Count(value));
+                }
             }
-        }
-    }
-
-    void CountShapes(const CIPC2581_DrawObjArray & shapes)
-    {
-        VisitShapes(shapes, [this](int /*place*/, const char * name) { Add(name, 1); });
-    }
-
-    // A polygon that is there in the model, and in the file only if it has steps.
-    void CountOutline(const CIPC2581_Polygon & polygon)
-    {
-        if (polygon.PolyStepArray->IsEmpty()) {
-            Add("Polygon", 0);
-        }
-        else {
-            VisitShape(polygon, [this](int /*place*/, const char * name) { Add(name, 1); });
         }
     }
 
@@ -164,14 +123,11 @@ XmlCounts CountXml(const std::string & path)
     return counts;
 }
 
-ElementCounts CountModel(CIPC2581_Parser & root)
+ElementCounts CountModel(const CIPC2581_Parser & root)
 {
     ElementCounts counts;
     ModelCounter counter(counts);
-    counter.CountContent(root.m_Content);
-    counter.CountBom(root.m_Bom);
-    counter.CountData(root.m_Ecad.m_CadData);
-    counter.CountStep(root.m_Ecad.m_CadData.m_Step);
+    Walk(root, counter);
     return counts;
 }
 

@@ -24,7 +24,7 @@ XmlCounts CountXml(const std::string & path);
 
 // The objects of the model under the names of the elements that make them. What is there once in every model is left
 // out, and so are the parts of an object.
-ElementCounts CountModel(CIPC2581_Parser & root);
+ElementCounts CountModel(const CIPC2581_Parser & root);
 
 }  // namespace ipc2581::host
 

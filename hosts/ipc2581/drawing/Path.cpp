@@ -36,7 +36,7 @@ void Path::AddSteps(const CIPC2581_Point & begin, const CIPC2581_PolyStepArray &
     }
     MoveTo(*begin.Point);
     for (const CIPC2581_PolyStep * const step : Each(polySteps)) {
-        if (step->Type == 0) {
+        if (step->Type == StepTypes::Segment) {
             LineTo(*step->EndPoint->Point);
         }
         else {

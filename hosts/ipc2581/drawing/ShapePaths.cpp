@@ -64,11 +64,11 @@ Corners Octagon(double length)
 Corners FormCorners(int shape, double size)
 {
     switch (shape) {
-    case 1:
+    case OuterForms::Square:
         return Rectangle(-size / 2, -size / 2, size / 2, size / 2);
-    case 2:
+    case OuterForms::Hexagon:
         return Hexagon(size);
-    case 3:
+    case OuterForms::Octagon:
         return Octagon(size);
     default:
         return {};
@@ -142,7 +142,7 @@ void Fill(const CIPC2581_DicDraw_Butterfly & shape, Path & path)
     for (const double side : {half, -half}) {
         path.MoveTo(Vertex(0, 0));
         path.LineTo(Vertex(side, 0));
-        if (shape.Shape == 1) {
+        if (shape.Shape == OuterForms::Square) {
             path.LineTo(Vertex(side, side));
             path.LineTo(Vertex(0, side));
         }

@@ -51,7 +51,7 @@ void Extents::AddContour(const CIPC2581_Point & begin, const CIPC2581_PolyStepAr
     const CPointD * at = begin.Point;
     for (const CIPC2581_PolyStep * const step : Each(steps)) {
         const CPointD & end = *step->EndPoint->Point;
-        if (step->Type == 0) {
+        if (step->Type == StepTypes::Segment) {
             Add(*at);
             Add(end);
         }
