@@ -27,24 +27,12 @@ std::size_t Sum(const Findings & findings)
     return sum;
 }
 
-std::vector<std::string> LinesOf(const Places & places)
-{
-    std::vector<std::string> lines;
-    for (const std::size_t line : places.lines) {
-        lines.push_back(std::to_string(line));
-    }
-    if (places.lines.size() < places.count) {
-        lines.push_back("and " + std::to_string(places.count - places.lines.size()) + " more");
-    }
-    return lines;
-}
-
 void List(const Findings & findings, Table & table)
 {
     for (const auto & [what, places] : findings.All()) {
         std::vector<Cell> row(what.begin(), what.end());
         row.emplace_back(places.count);
-        row.emplace_back(LinesOf(places));
+        row.emplace_back(FirstNumbers{places.lines, places.count});
         table.Add(std::move(row));
     }
 }

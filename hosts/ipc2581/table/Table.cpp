@@ -45,6 +45,15 @@ std::string Joined(const std::vector<std::string> & texts)
     return joined;
 }
 
+std::string Joined(const std::vector<std::size_t> & numbers)
+{
+    std::string joined;
+    for (const std::size_t number : numbers) {
+        joined.append(joined.empty() ? "" : " ").append(std::to_string(number));
+    }
+    return joined;
+}
+
 std::string Quoted(const std::string & text)
 {
     if (text.find_first_of(",\"\r\n") == std::string::npos && !text.starts_with(' ') && !text.ends_with(' ')) {
@@ -104,7 +113,7 @@ void PrintAlignedRows(std::ostream & out, const Table & table, bool hasHeading, 
     for (const std::vector<Cell> & row : table.Rows()) {
         std::vector<std::string> & texts = rows.emplace_back();
         for (const Cell & cell : row) {
-            texts.push_back(Visible(cell.Text()));
+            texts.push_back(Visible(cell.AlignedText()));
         }
     }
     const std::size_t columns = table.Columns().size();
@@ -186,13 +195,24 @@ std::string Cell::Text() const
                                  [](std::int64_t number) { return std::to_string(number); },
                                  [](double number) { return Fixed(number); },
                                  [](bool flag) { return std::string(flag ? "yes" : "no"); },
-                                 [](const std::vector<std::string> & texts) { return Joined(texts); }},
+                                 [](const std::vector<std::string> & texts) { return Joined(texts); },
+                                 [](const FirstNumbers & first) { return Joined(first.numbers); }},
                       m_value);
+}
+
+std::string Cell::AlignedText() const
+{
+    const auto * const first = std::get_if<FirstNumbers>(&m_value);
+    if (first == nullptr || first->numbers.size() >= first->count) {
+        return Text();
+    }
+    return Text() + " and " + std::to_string(first->count - first->numbers.size()) + " more";
 }
 
 nlohmann::ordered_json Cell::Json() const
 {
     return std::visit(Overloaded{[](std::monostate) { return nlohmann::ordered_json(); },
+                                 [](const FirstNumbers & first) { return nlohmann::ordered_json(first.numbers); },
                                  [](const auto & value) { return nlohmann::ordered_json(value); }},
                       m_value);
 }

@@ -1,6 +1,7 @@
 #ifndef IPC2581_HOSTS_IPC2581_TABLE_TABLE_H
 #define IPC2581_HOSTS_IPC2581_TABLE_TABLE_H
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <ostream>
@@ -15,7 +16,13 @@ namespace ipc2581::host {
 
 enum class Format { Table, Csv, Json };
 
-// One value of a listing: nothing, text, a number, yes or no, or a list of texts.
+// The first of so many numbers.
+struct FirstNumbers {
+    std::vector<std::size_t> numbers;
+    std::size_t count = 0;  // of all, those that are left out included
+};
+
+// One value of a listing: nothing, text, a number, yes or no, or a list of texts or numbers.
 class Cell {
 public:
     Cell() = default;
@@ -28,14 +35,18 @@ public:
     Cell(double number);
     Cell(bool flag) : m_value(flag) {}
     Cell(std::vector<std::string> texts) : m_value(std::move(texts)) {}
+    Cell(FirstNumbers numbers) : m_value(std::move(numbers)) {}
 
-    // For aligned tables and CSV. A list has a blank between its texts.
+    // For CSV. A list has a blank between its texts or numbers.
     [[nodiscard]] std::string Text() const;
+    // For aligned tables, which tell how many numbers are left out too.
+    [[nodiscard]] std::string AlignedText() const;
     [[nodiscard]] nlohmann::ordered_json Json() const;
     [[nodiscard]] bool IsNumber() const;
 
 private:
-    std::variant<std::monostate, std::string, std::int64_t, double, bool, std::vector<std::string>> m_value;
+    std::variant<std::monostate, std::string, std::int64_t, double, bool, std::vector<std::string>, FirstNumbers>
+        m_value;
 };
 
 // Rows under named columns, written in one of three formats: columns aligned with a heading, CSV with a heading, or a

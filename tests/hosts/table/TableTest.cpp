@@ -51,6 +51,17 @@ TEST(Table, GivesJsonWithItsTypes)
                                               "]\n");
 }
 
+TEST(Table, TellsHowManyNumbersAreLeftOutOnlyToReaders)
+{
+    Table table({"lines"});
+    table.Add({FirstNumbers{{3, 7}, 9}});
+    table.Add({FirstNumbers{{4}, 1}});
+    table.Add({FirstNumbers{}});
+    EXPECT_EQ(Printed(table, Format::Table), "lines\n3 7 and 7 more\n4\n\n");
+    EXPECT_EQ(Printed(table, Format::Csv), "lines\n3 7\n4\n\n");
+    EXPECT_EQ(Printed(table, Format::Json), "[\n  {\"lines\":[3,7]},\n  {\"lines\":[4]},\n  {\"lines\":[]}\n]\n");
+}
+
 TEST(Table, WithoutRowsIsItsHeading)
 {
     const Table table({"a", "b"});
