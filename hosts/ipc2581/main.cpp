@@ -52,8 +52,8 @@ void PrintHelp(const CLI::App & program, const CLI::ParseError & asked)
 int Run(int count, const char * const * arguments)
 {
     CLI::App program("Shows what is in an IPC-2581 board file.", "ipc2581");
-    program.set_version_flag("--version", std::string("ipc2581 ") + ipc2581::Version, "Tell the version and end");
-    program.set_help_flag("-h,--help", "Tell this and end");
+    program.set_version_flag("--version", std::string("ipc2581 ") + ipc2581::Version, "Print the version and exit");
+    program.set_help_flag("-h,--help", "Print this help and exit");
     program.require_subcommand(1);
     AddCommands(program);
     program.footer(Examples(program));

@@ -55,7 +55,7 @@ Board::Board(BoardFile file, CProgressCtrl * progress) : m_file(std::move(file))
         throw StopError(m_file, reader.m_File);
     }
     if (reader.m_arrSectionLog.IsEmpty()) {
-        throw Error(m_file.Name(), "holds no section of an IPC-2581 document");
+        throw Error(m_file.Name(), "contains no section of an IPC-2581 document");
     }
 }
 

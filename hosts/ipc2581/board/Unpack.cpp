@@ -284,7 +284,7 @@ std::size_t FindBoard(const std::string & told, const std::string & path, Packin
     }
     const std::vector<std::size_t> & found = files.size() == 1 ? files : boards;
     if (found.size() != 1) {
-        throw Error(told, "the archive holds " + std::to_string(found.size()) + " boards where it must hold one");
+        throw Error(told, "the archive contains " + std::to_string(found.size()) + " boards instead of one");
     }
     return found.front();
 }
@@ -328,7 +328,7 @@ Packing FindPacking(const std::string & path)
             return row.packing;
         }
         if (path.ends_with(row.ending)) {
-            throw Error(path, "is not packed as the end of its name tells");
+            throw Error(path, "is not packed as its name says");
         }
     }
     return Packing::None;

@@ -12,7 +12,7 @@ void AddBomCommand(CLI::App & program)
     CLI::App & command = AddCommand(program, "bom", "List what must be bought, one row per item",
                                     "ipc2581 bom board.cvg --format csv -o bom.csv");
     AddBoardListing(command, *options);
-    AddSort(command, *options, "By designators, R2 before R10");
+    AddSort(command, *options, "Sort by designators, R2 before R10");
     command.callback([options] { PrintTable(*options, &BomTable, Listed::Items); });
 }
 

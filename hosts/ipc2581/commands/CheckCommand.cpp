@@ -34,10 +34,10 @@ void Check(const Options & options)
 void AddCheckCommand(CLI::App & program)
 {
     const auto options = std::make_shared<Options>();
-    CLI::App & command = AddCommand(program, "check", "Tell what the reader does not take from a board, line by line",
+    CLI::App & command = AddCommand(program, "check", "Show what the reader does not take from a board, line by line",
                                     "ipc2581 check board.cvg");
     AddBoard(command, options->board);
-    command.add_flag("--all", options->isAll, "Tell all lines of a finding, not only the first 10");
+    command.add_flag("--all", options->isAll, "List all lines of a finding, not only the first 10");
     AddListingOptions(command, options->listing);
     command.callback([options] { Check(*options); });
 }

@@ -45,8 +45,7 @@ void AddListingOptions(CLI::App & command, ListingOptions & options)
             return Formats.contains(name) ? "" : "must be table, csv or json, not " + name;
         })
         ->type_name("FORMAT");
-    command.add_option("-o,--output", options.output, "Write to FILE instead of the standard output")
-        ->type_name("FILE");
+    command.add_option("-o,--output", options.output, "Write to FILE instead of standard output")->type_name("FILE");
 }
 
 void AddBoardListing(CLI::App & command, SortedListing & options)
@@ -57,7 +56,7 @@ void AddBoardListing(CLI::App & command, SortedListing & options)
 
 void AddSort(CLI::App & command, SortedListing & options, const std::string & order)
 {
-    command.add_flag("--sort", options.isSorted, order + ", instead of as in the file");
+    command.add_flag("--sort", options.isSorted, order + ", instead of in file order");
 }
 
 void PrintTable(const SortedListing & options, Table (*make)(Board & board, bool isSorted), Listed listed)

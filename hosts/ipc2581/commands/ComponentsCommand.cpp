@@ -12,7 +12,7 @@ void AddComponentsCommand(CLI::App & program)
     CLI::App & command =
         AddCommand(program, "components", "List where each part is placed", "ipc2581 components board.cvg --sort");
     AddBoardListing(command, *options);
-    AddSort(command, *options, "By designator, R2 before R10");
+    AddSort(command, *options, "Sort by designator, R2 before R10");
     command.callback([options] { PrintTable(*options, &ComponentTable, Listed::Components); });
 }
 

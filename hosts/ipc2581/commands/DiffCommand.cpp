@@ -57,13 +57,13 @@ void DiffAndEnd(const Options & options)
 void AddDiffCommand(CLI::App & program)
 {
     const auto options = std::make_shared<Options>();
-    CLI::App & command = AddCommand(
-        program, "diff", "Tell what differs between two boards. Exit status: 0 nothing, 1 something, 2 trouble",
-        "ipc2581 diff old.cvg new.cvg");
+    CLI::App & command =
+        AddCommand(program, "diff", "Show what differs between two boards. Exit status: 0 same, 1 different, 2 trouble",
+                   "ipc2581 diff old.cvg new.cvg");
     command.add_option("A", options->before, "IPC-2581 file; may be packed as .gz, .zst, .xz, .bz2, .zip, .7z or .tar")
         ->required()
         ->type_name("");
-    command.add_option("B", options->after, "Another one, in which things were added, removed or changed")
+    command.add_option("B", options->after, "The board to compare it with, taken as the newer one")
         ->required()
         ->type_name("");
     AddListingOptions(command, options->listing);

@@ -23,7 +23,7 @@ void Info(const Options & options)
 void AddInfoCommand(CLI::App & program)
 {
     const auto options = std::make_shared<Options>();
-    CLI::App & command = AddCommand(program, "info", "Tell what is in a board", "ipc2581 info board.cvg");
+    CLI::App & command = AddCommand(program, "info", "Show what a board contains", "ipc2581 info board.cvg");
     AddBoard(command, options->board);
     AddListingOptions(command, options->listing);
     command.callback([options] { Info(*options); });

@@ -17,8 +17,8 @@ void AddNetsCommand(CLI::App & program)
         AddCommand(program, "nets", "List what is connected: nets with their pins, or with their points on the board",
                    "ipc2581 nets board.cvg --physical");
     AddBoardListing(command, options->listing);
-    command.add_flag("--physical", options->isPhysical, "The points of the physical nets, one row per point");
-    AddSort(command, options->listing, "By net and pin, R2.1 before R10.1");
+    command.add_flag("--physical", options->isPhysical, "List the points of the physical nets, one row per point");
+    AddSort(command, options->listing, "Sort by net and pin, R2.1 before R10.1");
     command.callback([options] {
         if (options->isPhysical) {
             PrintTable(options->listing, &NetPointTable, Listed::PhysicalNets);

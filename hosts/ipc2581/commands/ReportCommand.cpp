@@ -23,7 +23,7 @@ std::string ReportPath(const std::string & board)
     const std::string name = path.filename().string();
     const std::size_t end = name.find(DesignEnding);
     if (end == std::string::npos) {
-        throw Error(board, "has no \".cvg\" in its name, from which the report gets its own");
+        throw Error(board, "has no \".cvg\" in its name, which the report's name is made from");
     }
     return (path.parent_path() / (name.substr(0, end) + ".txt")).string();
 }
@@ -66,9 +66,9 @@ void Report(const std::string & path)
 void AddReportCommand(CLI::App & program)
 {
     const auto board = std::make_shared<std::string>();
-    CLI::App & command =
-        AddCommand(program, "report", "Write the library's report beside the board, with .txt for .cvg in its name",
-                   "ipc2581 report board.cvg");
+    CLI::App & command = AddCommand(
+        program, "report", "Write the library's report next to the board, with .txt instead of .cvg in its name",
+        "ipc2581 report board.cvg");
     AddBoard(command, *board);
     command.callback([board] { Report(*board); });
 }

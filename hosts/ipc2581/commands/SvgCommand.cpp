@@ -27,7 +27,7 @@ void MakeFolder(const std::string & folder)
     std::error_code failure;
     std::filesystem::create_directories(folder, failure);
     if (failure) {
-        throw Error(folder, "cannot be made: " + SystemCause(failure.value()));
+        throw Error(folder, "cannot be created: " + SystemCause(failure.value()));
     }
 }
 
@@ -90,10 +90,10 @@ void Svg(const Options & options)
 void AddSvgCommand(CLI::App & program)
 {
     const auto options = std::make_shared<Options>();
-    CLI::App & command =
-        AddCommand(program, "svg", "Draw top, bottom and each layer of a board", "ipc2581 svg board.cvg -o pictures");
+    CLI::App & command = AddCommand(program, "svg", "Draw the top, the bottom and each layer of a board",
+                                    "ipc2581 svg board.cvg -o pictures");
     AddBoard(command, options->board);
-    command.add_option("-o,--output", options->folder, "Folder for the pictures; it is made if need be")
+    command.add_option("-o,--output", options->folder, "Folder for the pictures; created if missing")
         ->required()
         ->type_name("DIR");
     command.callback([options] { Svg(*options); });

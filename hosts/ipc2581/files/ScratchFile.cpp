@@ -40,7 +40,7 @@ std::string TemporaryFolder()
 ScratchFile::ScratchFile() : m_descriptor(OpenNameless(TemporaryFolder()))
 {
     if (m_descriptor == -1) {
-        throw Error(TemporaryFolder(), "no temporary file can be made: " + SystemCause(errno));
+        throw Error(TemporaryFolder(), "cannot create a temporary file: " + SystemCause(errno));
     }
 }
 
@@ -58,7 +58,7 @@ void ScratchFile::Write(const char * bytes, std::size_t count)
             count -= static_cast<std::size_t>(done);
         }
         else if (errno != EINTR) {
-            throw Error(TemporaryFolder(), "a temporary file cannot be written: " + SystemCause(errno));
+            throw Error(TemporaryFolder(), "cannot write a temporary file: " + SystemCause(errno));
         }
     }
 }

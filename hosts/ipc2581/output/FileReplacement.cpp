@@ -63,7 +63,7 @@ FileReplacement::FileReplacement(const std::string & path) : m_told(path), m_pla
     const SignalsBlocked blocked;
     const int descriptor = MakeListed(m_writePath);
     if (descriptor == -1) {
-        throw Error(path, "cannot be made: " + SystemCause(errno));
+        throw Error(path, "cannot be created: " + SystemCause(errno));
     }
     close(descriptor);
 }

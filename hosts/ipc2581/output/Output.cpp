@@ -79,7 +79,7 @@ void RefuseInput(const std::string & output, std::initializer_list<std::string> 
     for (const std::string & input : inputs) {
         std::error_code ignored;
         if (std::filesystem::equivalent(output, input, ignored)) {
-            throw Error(output, "is the board itself, which is never written over");
+            throw Error(output, "is the board itself, which is never overwritten");
         }
     }
 }

@@ -13,7 +13,7 @@ ScratchFolder::ScratchFolder() : m_path(TemporaryFolder() + "/ipc2581-XXXXXX")
 {
     const SignalsBlocked blocked;
     if (mkdtemp(m_path.data()) == nullptr) {
-        throw Error(TemporaryFolder(), "no temporary folder can be made: " + SystemCause(errno));
+        throw Error(TemporaryFolder(), "cannot create a temporary folder: " + SystemCause(errno));
     }
     ListForRemoval(m_path);
 }

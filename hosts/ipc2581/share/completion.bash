@@ -1,6 +1,6 @@
-# bash completion for ipc2581, on its own: it needs nothing of the bash-completion package.
+# bash completion for ipc2581, which works without the bash-completion package.
 
-# Completes folders, and the files that have one of the endings. Without endings, all files.
+# Completes folders, and files with one of the endings. Without endings, all files.
 _ipc2581_files()
 {
     local word=$1 path ending
@@ -33,14 +33,14 @@ _ipc2581()
     local command="" i place=0
     COMPREPLY=()
 
-    # "--format=csv" comes as three words.
+    # "--format=csv" arrives as three words.
     if [[ $word == "=" ]]; then
         word=""
     elif [[ $before == "=" ]]; then
         before=${COMP_WORDS[COMP_CWORD - 2]}
     fi
 
-    # The place that the word has among those behind the command that are no options.
+    # The place of the word among the arguments of the command that are not options.
     for ((i = 1; i < COMP_CWORD; ++i)); do
         case ${COMP_WORDS[i]} in
             -f | --format | -o | --output)

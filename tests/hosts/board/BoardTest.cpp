@@ -131,7 +131,7 @@ TEST(Board, MayBeInACompressedArchive)
         EXPECT_EQ(Told(std::string("board.tar") + ending, one).result, plain) << name;
         const Told two(std::string("two.tar") + ending,
                        Archive(ARCHIVE_FORMAT_TAR_USTAR, {{"a.xml", board}, {"b.cvg", board}}, filter));
-        EXPECT_EQ(two.result, Failure(two.path + ": the archive holds 2 boards where it must hold one")) << name;
+        EXPECT_EQ(two.result, Failure(two.path + ": the archive contains 2 boards instead of one")) << name;
     }
 }
 
@@ -159,9 +159,9 @@ TEST(Board, IsTheOneOfItsKindInAnArchive)
         EXPECT_EQ(Told("a", Archive(format, {{"README", other}, {"boards/b.xml", board}})).result, plain);
         EXPECT_EQ(Told("b", Archive(format, {{"only", board}})).result, plain);
         const Told two("c", Archive(format, {{"a.xml", board}, {"b.cvg", board}}));
-        EXPECT_EQ(two.result, Failure(two.path + ": the archive holds 2 boards where it must hold one"));
+        EXPECT_EQ(two.result, Failure(two.path + ": the archive contains 2 boards instead of one"));
         const Told none("d", Archive(format, {{"README", other}, {"LICENCE", other}}));
-        EXPECT_EQ(none.result, Failure(none.path + ": the archive holds 0 boards where it must hold one"));
+        EXPECT_EQ(none.result, Failure(none.path + ": the archive contains 0 boards instead of one"));
     }
 }
 
@@ -179,7 +179,7 @@ TEST(Board, DamagedCompressionIsToldByTheNameOfTheFile)
         ExpectCause({path, Middle(packed, 500)}, "the " + std::string(name) + " data end early");
         ExpectCause({path, Middle(packed, packed.size() - 1)}, "the " + std::string(name) + " data end early");
         ExpectCause({path, WithBadByteAt(packed, badAt)}, "the " + std::string(name) + " data are damaged");
-        ExpectCause({path, board}, "is not packed as the end of its name tells");
+        ExpectCause({path, board}, "is not packed as its name says");
     }
     ExpectCause({"short.bz2", Middle(Compressed(ARCHIVE_FILTER_BZIP2, board), 6)}, "the bzip2 data are damaged");
 }
@@ -207,7 +207,7 @@ TEST(Board, DamagedArchiveIsToldByTheNameOfTheFile)
     ExpectCause({"b.tar", WithBadByteAt(tar, 5)}, "the tar archive is damaged");
     ExpectCause({"a.tar.gz", Gzip(Middle(tar, 5000))}, "the tar archive is damaged");
     for (const std::string name : {"i.zip", "i.7z", "i.tar"}) {
-        ExpectCause({name, board}, "is not packed as the end of its name tells");
+        ExpectCause({name, board}, "is not packed as its name says");
     }
 }
 
@@ -240,7 +240,7 @@ TEST(Board, FullTemporaryFolderIsAnError)
     setting.temporaryFolder = temporary.Path("");
     setting.fileLimit = 1000;
     EXPECT_EQ(RunProgram({"info", folder.Save("board.gz", Gzip(Bytes(ExampleBoard())))}, setting),
-              Failure(temporary.Path("") + ": a temporary file cannot be written: File too large"));
+              Failure(temporary.Path("") + ": cannot write a temporary file: File too large"));
     EXPECT_TRUE(Names(temporary.Path("")).empty());
 }
 
@@ -282,7 +282,7 @@ TEST(Board, HoldsSomething)
 {
     for (const std::string bytes : {"", "\n\n", "\x89PNG\r\n", "<IPC-2581>\n</IPC-2581>\n"}) {
         const Told told("board.cvg", bytes);
-        EXPECT_EQ(told.result, Failure(told.path + ": holds no section of an IPC-2581 document"));
+        EXPECT_EQ(told.result, Failure(told.path + ": contains no section of an IPC-2581 document"));
     }
 }
 

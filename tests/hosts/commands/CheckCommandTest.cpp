@@ -372,7 +372,7 @@ TEST_F(Check, LeavesTheBoardAlone)
     EXPECT_EQ(RunProgram({"check", board}).status, 0);
     EXPECT_EQ(Bytes(board), SmallBoard());
     EXPECT_EQ(RunProgram({"check", board, "-o", board}),
-              Failure(board + ": is the board itself, which is never written over"));
+              Failure(board + ": is the board itself, which is never overwritten"));
 }
 
 TEST_F(Check, NeedsABoard)

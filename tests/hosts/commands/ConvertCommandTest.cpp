@@ -81,7 +81,7 @@ TEST(Convert, IsNeverWrittenOverTheBoard)
     fs::create_symlink(board, folder.Path("link.cvg"));
     for (const std::string & out : {board, folder.Path("./board.cvg"), folder.Path("link.cvg")}) {
         EXPECT_EQ(RunProgram({"convert", board, out}),
-                  Failure(out + ": is the board itself, which is never written over"));
+                  Failure(out + ": is the board itself, which is never overwritten"));
     }
     EXPECT_EQ(Bytes(board), SmallBoard());
 }
@@ -91,7 +91,7 @@ TEST(Convert, TellsWhereItCannotWrite)
     const TempFolder folder;
     const std::string lost = folder.Path("none/out.cvg");
     EXPECT_EQ(RunProgram({"convert", ExampleBoard(), lost}),
-              Failure(lost + ": cannot be made: No such file or directory"));
+              Failure(lost + ": cannot be created: No such file or directory"));
     EXPECT_EQ(RunProgram({"convert", ExampleBoard(), folder.Path("")}), Failure(folder.Path("") + ": Is a directory"));
 }
 

@@ -119,7 +119,7 @@ TEST(DiffCommand, TroubleIsTwo)
     const TempFolder folder;
     const std::string board = folder.Save("b.cvg", SmallBoard());
     EXPECT_EQ(RunProgram({"diff", ExampleBoard(), board, "-o", board}),
-              (Result{2, "", "ipc2581: " + board + ": is the board itself, which is never written over\n"}));
+              (Result{2, "", "ipc2581: " + board + ": is the board itself, which is never overwritten\n"}));
 }
 
 }  // namespace

@@ -78,7 +78,7 @@ TEST(Info, IsNeverWrittenOverTheBoard)
     const TempFolder folder;
     const std::string board = folder.Save("board.cvg", SmallBoard());
     EXPECT_EQ(RunProgram({"info", board, "-o", board}),
-              Failure(board + ": is the board itself, which is never written over"));
+              Failure(board + ": is the board itself, which is never overwritten"));
     EXPECT_EQ(Bytes(board), SmallBoard());
 }
 

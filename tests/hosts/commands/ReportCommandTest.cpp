@@ -56,7 +56,7 @@ TEST(Report, NeedsTheEndingInTheName)
     for (const std::string name : {"board.xml", "board.CVG"}) {
         const std::string board = folder.Save(name, SmallBoard());
         EXPECT_EQ(RunProgram({"report", board}),
-                  Failure(board + ": has no \".cvg\" in its name, from which the report gets its own"));
+                  Failure(board + ": has no \".cvg\" in its name, which the report's name is made from"));
     }
 }
 

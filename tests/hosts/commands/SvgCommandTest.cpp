@@ -170,7 +170,7 @@ TEST(Svg, CannotMakeAFolderOfAFile)
     const TempFolder folder;
     const std::string board = folder.Save("board.xml", SmallBoard());
     EXPECT_EQ(RunProgram({"svg", board, "-o", folder.Path("board.xml/out")}),
-              Failure(folder.Path("board.xml/out") + ": cannot be made: Not a directory"));
+              Failure(folder.Path("board.xml/out") + ": cannot be created: Not a directory"));
     EXPECT_EQ(RunProgram({"svg", board, "-o", board}).status, 1);
 }
 
