@@ -15,7 +15,7 @@
 // count, to compare, to write them in another format. The tables are those that the reader reads with.
 namespace ipc2581 {
 
-// What a public member is, told from its type.
+// What a public member is, judged by its type.
 enum class FieldKind {
     Text,         // CString
     Texts,        // CStringArray
@@ -169,10 +169,10 @@ void VisitShape(const CIPC2581_DictionaryDrawObj & shape, Visit visit)
 //
 //     Value(member, value)    for a text, a list of texts, a number, a flag or a point
 //     Enter(member, object)   for a part and for each object of a list, before what it holds,
-//     Leave(member, object)   and behind it
+//     Leave(member, object)   and after it
 //
-// where an object of a list of shapes comes as one of its own class. What a null pointer should lead to is left out,
-// and so are pointers of the host.
+// where an object of a list of shapes comes as one of its own class. Null pointers are left out, and so are pointers of
+// the host.
 template <typename Object, typename Visitor>
 void Walk(const Object & object, Visitor & visitor);
 
@@ -238,7 +238,7 @@ struct AttributeInfo {
     std::string_view element;
     std::string_view word;
     Reading reading;
-    // The names of the members on the way, with points between them: "Location.X".
+    // The names of the members on the way, with dots between them: "Location.X".
     std::string member;
 
     // Found in longer names and in values too.

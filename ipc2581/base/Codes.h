@@ -7,7 +7,7 @@
 // The numbers that the classes of the model have for kinds, in members of type int. Hosts compare them, gaps included.
 namespace ipc2581 {
 
-// CIPC2581_DrawObj::DrawType, of what an object is when it is made.
+// CIPC2581_DrawObj::DrawType of a new object.
 namespace DrawTypes {
 enum : int {
     Butterfly = 1,

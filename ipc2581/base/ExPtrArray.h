@@ -164,7 +164,7 @@ private:
 
 namespace ipc2581::detail {
 
-// Appends an object that is its owner's to lose until the array has it.
+// Appends an object, which stays its owner's until the array has it.
 template <typename Element, typename Derived>
 Element * Append(CExPtrArray<Element *, Element *> & array, std::unique_ptr<Derived> element)
 {

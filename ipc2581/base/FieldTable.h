@@ -4,7 +4,7 @@
 #include <string_view>
 #include <tuple>
 
-// What the tables of the fields are made of, which stand beside the classes: ipc2581/fields.h asks them.
+// What the field tables next to the classes are made of; ipc2581/fields.h queries them.
 namespace ipc2581 {
 
 // How a value is read from its attribute.
@@ -17,7 +17,7 @@ enum class Reading {
     ControlFlag,    // set if the value is the one character with the code 1, which no real file carries, else cleared
     Direction,      // turned round: 1 if the value holds "FALSE" or "false", else 0
     OuterForm,      // the code of ROUND, SQUARE, HEXAGON or OCTAGON, if the token holds one; no value is taken
-    RoundOrSquare,  // the same for shapes that know the first two alone
+    RoundOrSquare,  // the same for shapes that know only the first two
 };
 
 // What an attribute gives to an object. A token that holds the word anywhere is taken for the attribute; so most words

@@ -15,9 +15,9 @@ enum class ReadStop {
     OpenValue,  // a value that its line does not close
 };
 
-// Looks on while a reader takes a file line by line: CIPC2581_XmlLiteReader::SetObserver. Lines and tokens are gone
-// after the call; words stay. Any call but that of LoopEnds may throw, which ends the read; but a CInvalidArgException of
-// AttributeTaken counts as a stop.
+// Watches a reader take a file line by line: CIPC2581_XmlLiteReader::SetObserver. Lines and tokens are gone after the
+// call; words stay. Any call but LoopEnds may throw, which ends the read; but a CInvalidArgException of AttributeTaken
+// counts as a stop.
 class IPC2581_API ReadObserver {
 public:
     ReadObserver() = default;
@@ -34,7 +34,7 @@ public:
     // A test of the loop hits the line: it holds the word. One that begins with "/" is an end test. A line that has
     // none of these calls has been passed over.
     virtual void TestHit(std::string_view /*word*/) {}
-    // The test that hits is of a kind that passes the line over.
+    // The test that hit is of a kind that passes the line over.
     virtual void LineSkipped(std::string_view /*word*/) {}
     // The token is taken for the attribute with this word of a table, and its value, which may use further tokens, is
     // read.

@@ -5,8 +5,8 @@
 #include "ipc2581/base/platform/CArray.h"
 #include "ipc2581/base/platform/CString.h"
 
-// The lexical operations of the reader, base of nearly every class that reads elements. The file is no XML to it:
-// a line is cut on blanks, and values are taken out of single tokens. It holds no state.
+// The lexical operations of the reader, base of nearly every class that reads elements. To it the file is not XML: a
+// line is cut on blanks, and values are taken out of single tokens. It holds no state.
 class IPC2581_API CIPC2581_XmlDataAdd_Function {
 public:
     CIPC2581_XmlDataAdd_Function() = default;

@@ -23,7 +23,7 @@ public:
     ~CIPC2581_Ecad_CadData() override;
     virtual int Export(CStdioFile & file, int level);
 
-    // Reads on from the line behind the CadData line up to the one with "/CadData". The control may be null.
+    // Reads on from the line after the CadData line up to the one with "/CadData". The control may be null.
     void ReadCadData(CStdioFile & file, CProgressCtrl * progress);
     // Sends the position to the stored control, if there is one.
     void SetProgress(int position);

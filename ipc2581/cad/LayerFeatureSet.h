@@ -17,7 +17,7 @@ class IPC2581_API CIPC2581_Ecad_CadData_Step_LayerFeature_Set : public CIPC2581_
 public:
     int Kind = ipc2581::SetKinds::Features;
     CString Net;
-    CString ColorRef;        // climbs to the layer feature, which writes it
+    CString ColorRef;        // handed up to the layer feature, which writes it
     bool TestPoint = false;  // these three are written with a pad alone
     bool Plate = false;
     CString PadUsage;

@@ -39,7 +39,7 @@ public:
     // Copies the three texts, the standard and the user dictionary. The colour dictionary and the lists of names stay
     // as they are: hosts rely on it.
     CIPC2581_Content & operator=(const CIPC2581_Content & other);
-    // Empties texts and dictionaries, each in its own manner, and leaves the lists of names.
+    // Empties texts and dictionaries, each in its own way, and leaves the lists of names.
     void Init();
 
     CString GetFunctionMode() const { return FunctionMode; }

@@ -15,7 +15,7 @@ public:
     using CIPC2581_DictionaryDrawObj::clone;
     using CIPC2581_DictionaryDrawObj::operator=;
     int Export(CStdioFile & file, int level) override;
-    // A true copy, the caller's to delete. It does not take the place of the base's clone() const.
+    // A true copy, the caller's to delete. It does not override the base's clone() const.
     virtual CIPC2581_DicDraw_Cutout * clone() { return new CIPC2581_DicDraw_Cutout(*this); }
     virtual CIPC2581_DicDraw_Cutout & operator=(const CIPC2581_DicDraw_Cutout & other);
 

@@ -18,7 +18,7 @@ public:
     using CIPC2581_DictionaryDrawObj::clone;
     using CIPC2581_DictionaryDrawObj::operator=;
     int Export(CStdioFile & file, int level) override;
-    // A true copy, the caller's to delete. It does not take the place of the base's clone() const.
+    // A true copy, the caller's to delete. It does not override the base's clone() const.
     virtual CIPC2581_DicDraw_Polygon * clone() { return new CIPC2581_DicDraw_Polygon(*this); }
     virtual CIPC2581_DicDraw_Polygon & operator=(const CIPC2581_DicDraw_Polygon & other);
 

@@ -7,7 +7,7 @@
 #include "ipc2581/base/XmlDataAdd_Function.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 
-// An EntryColor element: a named colour. The components are plain numbers, whose range nobody checks.
+// An EntryColor element: a named colour. The components are plain numbers with no range check.
 class IPC2581_API CIPC2581_Content_DictionaryColor_EntryColor : public CIPC2581_XmlDataAdd_Function {
 public:
     CString EntryColorId;

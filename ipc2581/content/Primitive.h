@@ -13,7 +13,7 @@ class IPC2581_API Primitive : public CIPC2581_DrawObj, public CIPC2581_XmlDataAd
 public:
     using CIPC2581_DrawObj::Import;
     // Takes the next line of the file as the element's line, whatever stands on it, and gives 1. No reader of the
-    // library comes this way: they hand the tokens of the line that they hold to the other form.
+    // library uses this: they pass the tokens of the line that they hold to the other form.
     int Import(CStdioFile & file) override;
 
 protected:

@@ -5,7 +5,7 @@
 #include "ipc2581/base/FieldTable.h"
 #include "ipc2581/content/Primitive.h"
 
-// Primitives that differ in nothing but their name.
+// Primitives that differ only in name.
 namespace ipc2581::detail {
 
 // A diamond, an ellipse, an oval or a centred rectangle.

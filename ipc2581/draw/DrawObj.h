@@ -8,10 +8,10 @@
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/base/platform/CString.h"
 
-// Base of every shape that a list of shapes can hold. Beside the frame through which a shape is copied, read and
-// written it holds one number that hosts compare: 1 to 16 for the dictionary primitives in the order of their names, 18
-// a line, 19 an outline, 20 a polyline, 22 a polygon, 23 a cutout, 24 a list of cutouts, and 17 for the base itself, an
-// arc and a text. Coordinates are in the document's own units throughout.
+// Base of every shape that a list of shapes can hold. Besides the interface to copy, read and write a shape, it holds
+// one number that hosts compare: 1 to 16 for the dictionary primitives in the order of their names, 18 a line, 19 an
+// outline, 20 a polyline, 22 a polygon, 23 a cutout, 24 a list of cutouts, and 17 for the base itself, an arc and a
+// text. Coordinates are in the document's own units throughout.
 class IPC2581_API CIPC2581_DrawObj {
 public:
     int DrawType = ipc2581::DrawTypes::Plain;
@@ -36,7 +36,7 @@ public:
     int GetDrawType() const { return DrawType; }
     void SetDrawType(int drawType) { DrawType = drawType; }
 
-    // Distance of two points.
+    // Distance between two points.
     double Distance(double x1, double y1, double x2, double y2);
 
     // The outer form of butterflies, donuts and thermals: ROUND 0, SQUARE 1, HEXAGON 2, OCTAGON 3. Any other text gives

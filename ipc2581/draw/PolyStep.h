@@ -23,7 +23,7 @@ public:
     explicit CIPC2581_PolyStep(ipc2581::detail::ObjectBlocks & blocks);
     CIPC2581_PolyStep(const CIPC2581_PolyStep & other);
     virtual ~CIPC2581_PolyStep();
-    // Compares the type and the addresses of the points, so that two steps made apart are never equal.
+    // Compares the type and the addresses of the points, so that two steps made separately are never equal.
     virtual int operator==(const CIPC2581_PolyStep & other) const;
     // Always 0.
     virtual int operator!=(const CIPC2581_PolyStep & other) const;

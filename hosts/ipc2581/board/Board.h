@@ -10,8 +10,8 @@ namespace ipc2581::host {
 // A board that was read. The file is never changed.
 class Board {
 public:
-    // The progress may be null, and is used by nobody behind the call. Throws Error for a file that cannot be read, for
-    // a line that stops the read, and for a file in which the reader finds nothing at all.
+    // The progress may be null, and is not used after the call. Throws Error for a file that cannot be read, for a line
+    // that stops the read, and for a file in which the reader finds nothing at all.
     explicit Board(BoardFile file, CProgressCtrl * progress = nullptr);
     Board(const Board &) = delete;
     Board & operator=(const Board &) = delete;

@@ -10,12 +10,12 @@
 namespace ipc2581::host {
 
 // Reads the file into the root, within the bound of memory for a board. False if a line has stopped the read: the
-// reader's file stays open behind that line. The progress may be null, and is used by nobody behind the call. Throws
-// Error for a file that cannot be read.
+// reader's file stays open behind that line. The progress may be null, and is not used after the call. Throws Error for
+// a file that cannot be read.
 bool ReadModel(const BoardFile & file, CIPC2581_XmlLiteReader & reader, CIPC2581_Parser & root,
                CProgressCtrl * progress);
 
-// Writes the root to the path. The progress may be null. Throws Error, which tells another name for the path.
+// Writes the root to the path. The progress may be null. Throws Error, which gives the told name and not the path.
 void WriteModel(const std::string & path, const std::string & told, CIPC2581_Parser & root, CProgressCtrl * progress);
 
 }  // namespace ipc2581::host

@@ -11,7 +11,7 @@ namespace ipc2581::host {
 const char * ElementOf(const CIPC2581_DrawObj & shape);
 const char * ElementOf(const CIPC2581_PolyStep & step);
 
-// Is told the name of an element, and its place in the order of the draw types, behind which the steps come.
+// Gets the name of an element, and its place in the order of the draw types, after which the steps come.
 using ElementVisitor = std::function<void(int place, const char * name)>;
 
 // The elements that shapes are written as, with all that they hold.

@@ -14,28 +14,28 @@
 // What the commands have in common.
 namespace ipc2581::host {
 
-// A new command. The example is told by its help and by that of the program.
+// A new command. The example is shown in its help and in that of the program.
 CLI::App & AddCommand(CLI::App & program, const std::string & name, const std::string & description,
                       const std::string & example);
 
 // The argument BOARD.
 void AddBoard(CLI::App & command, std::string & board);
 
-// Reads a board, with a bar on a terminal meanwhile. Throws Error.
+// Reads a board, with a progress bar on a terminal. Throws Error.
 Board OpenBoard(const std::string & path);
 
-// The options of everything that lists.
+// The options of all listings.
 struct ListingOptions {
     Format format = Format::Table;
     std::string output;  // empty is the standard output
 };
 void AddListingOptions(CLI::App & command, ListingOptions & options);
 
-// Tells in one line on the error stream what a listing of these is known to lack, and points to the command that tells
-// all of it. Silent if nothing is.
+// Says in one line on standard error what a listing of these is known to lack, and points to the command that shows all
+// of it. Silent if nothing is.
 void WarnOfLosses(Board & board, std::initializer_list<Listed> listed);
 
-// What a command asks for that lists one board in an order.
+// The arguments of a command that lists one board, sorted or not.
 struct SortedListing {
     std::string board;
     ListingOptions listing;
@@ -46,7 +46,7 @@ void AddBoardListing(CLI::App & command, SortedListing & options);
 // The option that asks for the order.
 void AddSort(CLI::App & command, SortedListing & options, const std::string & order);
 
-// Prints a Table or a Listing where the options tell. The inputs are never written over.
+// Prints a Table or a Listing where the options say. The inputs are never overwritten.
 template <typename Printed>
 void Print(const Printed & printed, const ListingOptions & options, std::initializer_list<std::string> inputs)
 {
@@ -55,7 +55,7 @@ void Print(const Printed & printed, const ListingOptions & options, std::initial
     output.Finish();
 }
 
-// Reads the board, prints the table that is made of it, and warns of what the table is known to lack.
+// Reads the board, prints the table made of it, and warns of what the table is known to lack.
 void PrintTable(const SortedListing & options, Table (*make)(Board & board, bool isSorted), Listed listed);
 
 }  // namespace ipc2581::host

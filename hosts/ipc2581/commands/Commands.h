@@ -5,7 +5,7 @@ namespace CLI {
 class App;
 }  // namespace CLI
 
-// One line a command; each has a source file of its own, which is named after it.
+// One line per command; each has its own source file, named after it.
 namespace ipc2581::host {
 
 void AddInfoCommand(CLI::App & program);

@@ -3,7 +3,7 @@
 
 namespace ipc2581::host {
 
-// Thrown to end the program with this status. All that is to be said was said.
+// Thrown to end the program with this status. Everything has been said already.
 struct ExitStatus {
     int number;
 };

@@ -6,7 +6,7 @@
 
 namespace ipc2581::host {
 
-// What differs in anything that the model holds of two boards.
+// All differences between the models of two boards.
 Differences DifferencesOf(Board & before, Board & after);
 
 }  // namespace ipc2581::host

@@ -15,11 +15,11 @@ public:
 
     // A value that a difference shows.
     void Add(const char * property, const Cell & value);
-    // A value too long to be shown: a difference tells that there is one.
+    // A value too long to be shown: a difference only says that there is one.
     void AddHidden(const char * property, std::string value);
     // Members without an order. A difference shows those that the other one lacks.
     void AddMembers(const char * property, std::vector<std::string> members);
-    // Members too long to be shown: a difference tells how many of them the other one lacks.
+    // Members too long to be shown: a difference says how many of them the other one lacks.
     void AddHiddenMembers(const char * property, std::vector<std::string> members);
 
     [[nodiscard]] const std::string & Name() const { return m_name; }
@@ -41,8 +41,8 @@ private:
 // What differs between two states of the same things, as rows of a table.
 class Differences {
 public:
-    // Records are the same by their name; of several with one name the first is the first. All of a kind have the same
-    // properties.
+    // Records are the same by their name; of several with one name, the first goes with the first. All of a kind have
+    // the same properties.
     void Compare(const char * kind, const std::vector<Record> & before, const std::vector<Record> & after);
 
     [[nodiscard]] const Table & Rows() const { return m_table; }

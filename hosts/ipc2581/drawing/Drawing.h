@@ -53,11 +53,11 @@ struct Item {
     double width = 0.0;  // 0 of a stroke whose width is not known: as thin as can be seen
     NameIndex net = 0;
     NameIndex refDes = 0;
-    NameIndex pin = 0;   // as the file tells it
+    NameIndex pin = 0;   // as the file gives it
     NameIndex text = 0;  // of a Text
 };
 
-// Something that the dictionary of the file has once, and many items place.
+// A shape that the file's dictionary has once, and that many items place.
 struct DictionaryShape {
     std::string id;
     std::vector<Path> paths;
@@ -81,7 +81,7 @@ struct DrawnLayer {
     std::vector<Item> items = {};
 };
 
-// A hole, wherever the file tells of it; each stands here once. Holes of a set are items of their layer too.
+// A hole, wherever the file states it; each is here once. Holes of a set are items of their layer too.
 struct DrillHole {
     Vertex center;
     double diameter = 0.0;
@@ -113,9 +113,9 @@ struct PlacedPart {
 };
 
 struct Drawing {
-    std::string unit;          // as the file tells it
-    double millimetres = 0.0;  // in one unit; 0 for a unit that nobody knows
-    int decimals = 4;          // which tell about two thousandths of a millimetre in this unit
+    std::string unit;          // as the file gives it
+    double millimetres = 0.0;  // in one unit; 0 for an unknown unit
+    int decimals = 4;          // good for about two thousandths of a millimetre in this unit
 
     std::vector<std::string> names = {""};
     std::vector<DictionaryShape> shapes;

@@ -10,8 +10,8 @@ namespace ipc2581::host {
 
 struct UnitMeasure {
     std::string_view word;
-    double millimetres;  // 0 for a unit that nobody knows
-    int decimals;        // which tell about two thousandths of a millimetre
+    double millimetres;  // 0 for an unknown unit
+    int decimals;        // good for about two thousandths of a millimetre
 };
 UnitMeasure UnitMeasureOf(std::string_view units);
 

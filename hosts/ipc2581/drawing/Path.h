@@ -8,7 +8,7 @@
 namespace ipc2581::host {
 
 // A point of a drawing. The y axis points up. Unlike the library's point it has no virtual operations, so that a
-// drawing has millions of them.
+// drawing can have millions of them.
 struct Vertex {
     double X = 0.0;
     double Y = 0.0;
@@ -23,8 +23,8 @@ struct Vertex {
 enum class StepKind {
     Move,          // begins a contour
     Line,          // straight on to the end
-    Arc,           // against the clock to the end; a whole circle if it ends where it starts
-    ClockwiseArc,  // with the clock
+    Arc,           // counterclockwise to the end; a whole circle if it ends where it starts
+    ClockwiseArc,  // clockwise to the end
     Ellipse,       // a closed contour of its own, with its axes along x and y
     Close          // back to where the contour began
 };
@@ -53,7 +53,7 @@ struct Path {
     // The same, closed.
     void AddContour(const CIPC2581_Point & begin, const CIPC2581_PolyStepArray & polySteps);
 
-    // All of it as large as the scale tells, and then moved.
+    // All of it scaled, and then moved.
     [[nodiscard]] Path Moved(double scale, const Vertex & offset) const;
 
     [[nodiscard]] bool IsEmpty() const { return steps.empty(); }

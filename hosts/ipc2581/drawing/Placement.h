@@ -6,7 +6,7 @@
 
 namespace ipc2581::host {
 
-// Where something is put: turned against the clock, then mirrored, then moved.
+// Where something is put: turned counterclockwise, then mirrored, then moved.
 struct Placement {
     Vertex location = {};
     double rotation = 0.0;  // degrees
@@ -14,7 +14,7 @@ struct Placement {
 
     [[nodiscard]] Vertex Of(const Vertex & point) const;
     [[nodiscard]] Extents Of(const Extents & box) const;
-    // Of something that is itself placed in what this placement puts somewhere.
+    // Of something that is itself placed within what this placement moves.
     [[nodiscard]] Placement Of(const Placement & inner) const;
 };
 

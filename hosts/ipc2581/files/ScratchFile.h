@@ -12,7 +12,7 @@ std::string TemporaryFolder();
 // A temporary file without a name: it is gone with its last user, whatever ends the program.
 class ScratchFile {
 public:
-    // Throws Error if the folder for temporary files takes none.
+    // Throws Error if it cannot be created.
     ScratchFile();
     ScratchFile(const ScratchFile &) = delete;
     ScratchFile & operator=(const ScratchFile &) = delete;

@@ -6,7 +6,7 @@
 
 namespace ipc2581::host {
 
-// What must be bought, a row an item: in the order of the file, or by designators, R2 before R10.
+// What must be bought, one row per item: in the order of the file, or by designators, R2 before R10.
 Table BomTable(Board & board, bool isSorted);
 
 }  // namespace ipc2581::host

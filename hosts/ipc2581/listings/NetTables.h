@@ -6,10 +6,11 @@
 
 namespace ipc2581::host {
 
-// What is connected, a row a logical net with its pins: in the order of the file, or by net and pin, R2.1 before R10.1.
+// What is connected, one row per logical net, with its pins: in the order of the file, or by net and pin, R2.1 before
+// R10.1.
 Table NetTable(Board & board, bool isSorted);
 
-// The same for the physical nets, a row a point on the board.
+// The same for the physical nets, one row per point on the board.
 Table NetPointTable(Board & board, bool isSorted);
 
 }  // namespace ipc2581::host

@@ -6,7 +6,7 @@
 namespace ipc2581::host {
 
 // A file that takes the place of another one all at once, or not at all: it is written under a temporary name beside
-// its place. What is no regular file, /dev/stdout for one, has no such place and is written as it is.
+// its place. Anything but a regular file, such as /dev/stdout, has no such place and is written directly.
 class FileReplacement {
 public:
     // Throws Error if there is no such folder, or if the file must not be written.
@@ -18,7 +18,7 @@ public:
 
     // Where to write. The file exists and is empty.
     [[nodiscard]] const std::string & WritePath() const { return m_writePath; }
-    // Brings what was written to the disk and puts it in its place.
+    // Flushes what was written to the disk and puts it in its place.
     void Commit();
 
 private:

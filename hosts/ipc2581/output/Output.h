@@ -15,7 +15,7 @@ namespace ipc2581::host {
 void RefuseInput(const std::string & output, std::initializer_list<std::string> inputs);
 
 // Where a command writes: the standard output, or a file that takes its place only once all of it is written. Every
-// failed write throws Error, out of the stream too.
+// failed write throws Error, also through the stream.
 class Output {
 public:
     // An empty path is the standard output.

@@ -7,7 +7,7 @@
 
 namespace ipc2581::host {
 
-// A bar on the standard error stream, if that is a terminal; otherwise nothing. It is wiped out at its end.
+// A bar on the standard error stream, if that is a terminal; otherwise nothing. It is erased at the end.
 class Progress : public CProgressCtrl {
 public:
     explicit Progress(std::string label);

@@ -5,16 +5,16 @@
 
 namespace ipc2581::host {
 
-// A temporary folder, removed with the file in it that was named to it.
+// A temporary folder, removed together with the file in it that File has named.
 class ScratchFolder {
 public:
-    // Throws Error if the folder for temporary files takes none.
+    // Throws Error if it cannot be created.
     ScratchFolder();
     ScratchFolder(const ScratchFolder &) = delete;
     ScratchFolder & operator=(const ScratchFolder &) = delete;
     ~ScratchFolder();
 
-    // The path of a file that somebody is going to make in the folder.
+    // The path of a file that is about to be created in the folder.
     std::string File(const std::string & name);
 
 private:

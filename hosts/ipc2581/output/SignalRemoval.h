@@ -7,11 +7,11 @@
 // Files and folders that have a name for a while, and must not outlive the program.
 namespace ipc2581::host {
 
-// Makes SIGINT, SIGTERM and SIGHUP remove what is listed before they end the program, and a file that grows beyond its
-// limit a failed write. To be called once, first of all.
+// Makes SIGINT, SIGTERM and SIGHUP remove what is listed before they end the program, and a file that outgrows its
+// limit a failed write. Call it once, before anything else.
 void RemoveListedOnSignals();
 
-// Holds these signals off while it lives, so that nothing is made and not listed, or listed and not there any more.
+// Blocks these signals while it lives, so that nothing is there but not listed, or listed but gone.
 class SignalsBlocked {
 public:
     SignalsBlocked();

@@ -8,7 +8,7 @@
 
 namespace ipc2581::host {
 
-// That of the file, or else one that suits the layer at this place.
+// The colour of the file, or else one that suits the layer at this place.
 std::string ColorOf(const Drawing & drawing, std::size_t layer);
 
 bool IsDark(const std::string & color);

@@ -8,11 +8,11 @@
 
 namespace ipc2581::host {
 
-// A number in as few characters as its decimals allow, behind a blank where the text would swallow it otherwise.
+// A number in as few characters as its decimals allow, after a blank where it would otherwise run into the text.
 void AppendNumber(std::string & text, double number, int decimals);
 std::string SvgNumber(double number, int decimals);
 
-// The data of a path element and the box round it. The y axis points up: pictures turn it over as a whole.
+// The data of a path element and the box round it. The y axis points up: pictures are flipped as a whole.
 class SvgPath {
 public:
     SvgPath(const Path & path, int decimals);

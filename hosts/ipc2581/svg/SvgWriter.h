@@ -12,9 +12,9 @@
 
 namespace ipc2581::host {
 
-// How lengths of a picture are told.
+// How lengths of a picture are given.
 struct SvgUnit {
-    const char * suffix = "";  // empty for a unit that nobody knows
+    const char * suffix = "";  // empty for an unknown unit
     double factor = 1.0;       // from the board's unit to that of the suffix
 };
 SvgUnit SvgUnitOf(std::string_view unit);
@@ -23,7 +23,7 @@ SvgUnit SvgUnitOf(std::string_view unit);
 // entities of the file as they stand, so that those of XML stay entities.
 std::string SvgText(std::string_view text);
 
-// Writes the elements of a picture as they come, and takes the measure of them. The y axis points up.
+// Writes the elements of a picture as they come, and measures them. The y axis points up.
 class SvgWriter {
 public:
     SvgWriter(std::ostream & out, int decimals, double hairline)
@@ -82,7 +82,7 @@ struct SvgSheet {
     bool isFromBelow = false;
 };
 
-// Writes a whole picture. The drawing and then the texts are made twice, first to take their measure.
+// Writes a whole picture. The drawing and then the texts are made twice, first to measure them.
 struct SvgDrawing {
     std::function<void(SvgWriter &)> draw;
     std::function<void(SvgWriter &)> label;

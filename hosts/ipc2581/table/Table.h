@@ -50,7 +50,7 @@ private:
 };
 
 // Rows under named columns, written in one of three formats: columns aligned with a heading, CSV with a heading, or a
-// JSON list with an object a row. The bytes are the same on a terminal and in a pipe.
+// JSON list with one object per row. The bytes are the same on a terminal and in a pipe.
 class Table {
 public:
     explicit Table(std::vector<std::string> columns) : m_columns(std::move(columns)) {}
@@ -67,7 +67,7 @@ private:
     std::vector<std::vector<Cell>> m_rows;
 };
 
-// Several tables under titles. As CSV they are one table of single values, whose rows tell section, item, property and
+// Several tables under titles. As CSV they are one table of single values, whose rows hold section, item, property and
 // value; as JSON they are one object. The first cell of a row names it.
 class Listing {
 public:

@@ -7,7 +7,7 @@
 
 class CArchive;
 
-// What a class tells of itself at run time.
+// What a class knows about itself at run time.
 struct CRuntimeClass {
     const char * m_lpszClassName;
     int m_nObjectSize;
@@ -25,7 +25,7 @@ public:
     virtual void Serialize(CArchive & archive);
     // Throws CInvalidArgException if the object is damaged; nothing here.
     virtual void AssertValid() const;
-    // Writes a line for people.
+    // Writes a line for a human reader.
     virtual void Dump(CDumpContext & out) const;
 
     CObject(const CObject &) = delete;

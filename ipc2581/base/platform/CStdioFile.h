@@ -12,9 +12,9 @@ namespace ipc2581::detail {
 class LineFile;
 }  // namespace ipc2581::detail
 
-// A text file, read and written line by line through a buffer of its own. Not open at first; destroying an open
-// file closes it. A failed read, write, flush or close throws CFileException, whose text names the file and the
-// cause. The destructor cannot throw: whoever lets it close a file that he wrote calls Flush first.
+// A text file, read and written line by line through a buffer of its own. Not open at first; destroying an open file
+// closes it. A failed read, write, flush or close throws CFileException, whose text names the file and the cause. The
+// destructor cannot throw: call Flush before it closes a file that was written.
 class IPC2581_API CStdioFile {
 public:
     enum OpenFlags : unsigned { modeRead = 0, modeWrite = 1, modeReadWrite = 2, modeCreate = 0x1000 };
@@ -23,9 +23,9 @@ public:
     CStdioFile(const CStdioFile &) = delete;
     CStdioFile & operator=(const CStdioFile &) = delete;
 
-    // Opens the file and returns 1, or 0 if that fails, with nothing thrown. modeCreate makes the file or empties
-    // it; without it the file must exist and allow what the mode asks for. A pipe with a name is not opened to be read.
-    // A file that was open is closed first.
+    // Opens the file and returns 1, or 0 if that fails, with nothing thrown. modeCreate makes the file or empties it;
+    // without it the file must exist and allow what the mode asks for. A named pipe is not opened for reading. A file
+    // that was open is closed first.
     virtual int Open(const char * path, unsigned flags, CFileException * error);
     // Reads the next line, of any length, without its line end; a carriage return in front of the line feed belongs
     // to the line end. Returns 1 if anything was read, and 0 with the empty text at the end of the file and on a file
@@ -33,7 +33,7 @@ public:
     virtual int ReadString(CString & line);
     // Writes the text as it stands, up to its zero byte, and adds no line end.
     virtual void WriteString(const char * text);
-    // Writes what is buffered and closes the file. It is closed also when that throws.
+    // Writes what is buffered and closes the file. It is closed even if that throws.
     virtual void Close();
     virtual ~CStdioFile();
 

@@ -16,10 +16,10 @@ namespace ipc2581::detail {
 class ObjectBlocks;
 }  // namespace ipc2581::detail
 
-// Text of bytes, copied by value. Positions and lengths count bytes, nothing is decoded, comparisons mind the
-// case. Up to 6 bytes are held inside the object, which is as large as a pointer, longer text on the heap. The text
-// always has a zero byte behind it; zero bytes inside it are bytes like any other, except for what takes a plain
-// const char *. A null const char * is an empty text, wherever a text is taken.
+// Text of bytes, copied by value. Positions and lengths count bytes, nothing is decoded, comparisons are
+// case-sensitive. Up to 6 bytes are held inside the object, which is as large as a pointer, longer text on the heap.
+// The text always has a zero byte behind it; zero bytes inside it are bytes like any other, except for what takes a
+// plain const char *. A null const char * is an empty text, wherever a text is taken.
 class IPC2581_API CString {
 public:
     CString() noexcept : m_bytes{} { m_bytes[TagAt] = 1; }
@@ -88,7 +88,7 @@ public:
     // Replaces the text as printf prints it in the C locale: every conversion but %n, with its flags, widths,
     // precisions and lengths; %s takes a CString too, and no wide text. A literal that does not fit its arguments does
     // not compile; a computed format then throws CInvalidArgException. An array of const char is a literal, and so has
-    // to be constexpr; the choice between two literals of one length is none, and goes through a pointer.
+    // to be constexpr; a choice between two literals of one length is not, and goes through a pointer.
     template <typename... Arguments>
     void Format(ipc2581::detail::FormatString<Arguments...> format, Arguments... arguments)
     {
@@ -118,8 +118,8 @@ public:
 
 private:
     // Short text stands in the object itself behind a byte with twice its length plus one: an odd number, which the
-    // lowest byte of an address never is. Longer text stands behind its length in a room of its own, and the object
-    // holds the address of that, with InBlock added to it if the room is one of a block. Nothing points into the
+    // lowest byte of an address never is. Longer text stands behind its length in memory of its own, and the object
+    // holds the address of that, with InBlock added to it if the memory is part of a block. Nothing points into the
     // object: an array may move it as raw memory.
     struct HeapText {
         int length;

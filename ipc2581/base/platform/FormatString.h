@@ -15,12 +15,12 @@
 // one when it is used.
 namespace ipc2581::detail {
 
-// Left without a body on purpose: a call of it ends the compilation with its name in the message.
+// Left without a body on purpose: a call of it stops the compilation with its name in the message.
 void FormatDoesNotFitItsArguments();
 
 enum class FormatKind : unsigned char { Integer, Double, LongDouble, Text, Pointer, Null, None };
 
-// What a format must know of the type of an argument: its kind, and the bytes of an integer.
+// What a format must know about the type of an argument: its kind, and the bytes of an integer.
 struct FormatType {
     FormatKind kind = FormatKind::None;
     unsigned char size = 0;
