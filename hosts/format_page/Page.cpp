@@ -30,9 +30,9 @@ objects are read from, then what they take there:
   holds it too. A wide one is known by its name alone, wherever a token holds it, in its value too.
 - *value* is how the text becomes a value. Where elements of one name are read in two ways in two places, both stand
   there.
-- *written back* is what a file has that is read and written again. *Kept*: it comes back. *Changed*: it has an effect
-  there, but under another name or with another value. *Always*: it is there, whatever the file has had. *Never*: it does
-  not come back. *Not read*: no file gives it to the class.
+- *written back* is what a file has that is read and written again. *Written*: there is such an element. *Kept*: the
+  attribute comes back. *Changed*: it has an effect there, but under another name or with another value. *Always*: it is
+  there, whatever the file has had. *Never*: it does not come back. *Not read*: no file gives it to the class.
 )";
 
 std::string Code(std::string_view text)

@@ -1,7 +1,13 @@
 #include "hosts/format_page/WrittenBack.h"
 
-#include <algorithm>
+#include <memory>
+#include <set>
+#include <string>
 
+#include <ipc2581/ipc2581.h>
+
+#include "hosts/ipc2581/board/BoardFile.h"
+#include "hosts/ipc2581/board/ReadWrite.h"
 #include "hosts/ipc2581/check/LossTable.h"
 
 namespace ipc2581::format_page {
@@ -10,11 +16,49 @@ namespace {
 using host::ElementLoss;
 using host::Written;
 
-template <typename Entry>
-const Entry * FindNamed(const std::vector<Entry> & entries, std::string_view name)
+// Notes where a read takes which elements.
+class Places : public ReadObserver {
+public:
+    [[nodiscard]] bool Has(const Path & path) const { return m_places.contains(Join(path)); }
+
+    void LoopBegins() override { m_open.push_back(m_taken); }
+    void LoopEnds() override { m_open.pop_back(); }
+    void TestHit(std::string_view word) override
+    {
+        if (!word.starts_with('/')) {
+            m_taken = m_open.back() + std::string(word) + "/";
+            m_places.insert(m_taken);
+        }
+    }
+
+private:
+    static std::string Join(const Path & path)
+    {
+        std::string joined;
+        for (const std::string_view name : path) {
+            joined.append(name).append("/");
+        }
+        return joined;
+    }
+
+    std::set<std::string> m_places;
+    std::vector<std::string> m_open;
+    std::string m_taken;
+};
+
+// Where the elements of a board are read that has all of them. The table of losses knows what is written of an element,
+// and not where one may stand.
+const Places & PlacesOfAllElements()
 {
-    const auto found = std::find_if(entries.begin(), entries.end(), [&](const Entry & e) { return e.name == name; });
-    return found == entries.end() ? nullptr : &*found;
+    static const std::unique_ptr<Places> places = [] {
+        auto read = std::make_unique<Places>();
+        CIPC2581_Parser root;
+        CIPC2581_XmlLiteReader reader;
+        reader.SetObserver(read.get());
+        host::ReadModel(host::BoardFile(IPC2581_BOARD_OF_ALL_ELEMENTS), reader, root, nullptr);
+        return read;
+    }();
+    return *places;
 }
 
 std::string_view WordOf(Written written)
@@ -36,21 +80,21 @@ std::string_view WordOf(Written written)
 
 std::string_view WrittenBack(const Path & path, std::string_view attribute)
 {
-    const host::Reader * reader = &host::DocumentReader();
-    const ElementLoss * element = nullptr;
+    if (!PlacesOfAllElements().Has(path)) {
+        return {};
+    }
+    ElementLoss document;
+    ElementLoss * element = &document;
     for (const std::string_view name : path) {
-        element = reader == nullptr ? nullptr : FindNamed(reader->elements, name);
-        if (element == nullptr || element->test == host::Test::Skips) {
-            return {};
-        }
-        reader = element->inner;
+        element = &element->Inner(name);
     }
-    if (element == nullptr || attribute.empty()) {
-        return element == nullptr ? std::string_view() : WordOf(element->written);
+    if (!attribute.empty() && element->Find(attribute) == nullptr) {
+        return {};
     }
-    const host::AttributeLoss * found = FindNamed(element->attributes, attribute);
-    found = found == nullptr ? FindNamed(element->second, attribute) : found;
-    return found == nullptr ? std::string_view() : WordOf(found->written);
+    if (element->IsLost()) {
+        return "never";
+    }
+    return attribute.empty() ? "written" : WordOf(element->Find(attribute)->written);
 }
 
 }  // namespace ipc2581::format_page
