@@ -75,7 +75,7 @@ private:
     template <typename Object>
     void AddLists(const Object & object)
     {
-        ForEachMember(object, [this](const auto & member, const auto & value) { AddList(member, value); });
+        ForEachMember(object, [this](const auto & member, const auto & value) { this->AddList(member, value); });
     }
 
     template <typename Owner, typename Type>

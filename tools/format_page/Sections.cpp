@@ -1,4 +1,4 @@
-#include "hosts/format_page/Sections.h"
+#include "tools/format_page/Sections.h"
 
 #include <algorithm>
 #include <set>

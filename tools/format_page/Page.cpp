@@ -1,4 +1,4 @@
-#include "hosts/format_page/Page.h"
+#include "tools/format_page/Page.h"
 
 #include <algorithm>
 #include <cctype>
@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-#include "hosts/format_page/Sections.h"
+#include "tools/format_page/Sections.h"
 
 namespace ipc2581::format_page {
 namespace {

@@ -1,5 +1,5 @@
-#ifndef IPC2581_HOSTS_FORMAT_PAGE_SECTIONS_H
-#define IPC2581_HOSTS_FORMAT_PAGE_SECTIONS_H
+#ifndef IPC2581_TOOLS_FORMAT_PAGE_SECTIONS_H
+#define IPC2581_TOOLS_FORMAT_PAGE_SECTIONS_H
 
 #include <optional>
 #include <string>
@@ -8,7 +8,7 @@
 
 #include <ipc2581/fields.h>
 
-#include "hosts/format_page/WrittenBack.h"
+#include "tools/format_page/WrittenBack.h"
 
 namespace ipc2581::format_page {
 

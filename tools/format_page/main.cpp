@@ -1,6 +1,6 @@
 #include <iostream>
 
-#include "hosts/format_page/Page.h"
+#include "tools/format_page/Page.h"
 
 int main()
 {

@@ -1,4 +1,4 @@
-#include "hosts/format_page/WrittenBack.h"
+#include "tools/format_page/WrittenBack.h"
 
 #include <memory>
 #include <set>
