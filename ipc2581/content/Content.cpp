@@ -12,15 +12,16 @@ using ipc2581::Fields;
 
 namespace {
 
+constexpr const AttributeRow & Units = RowsOf<Fields<CIPC2581_Content_DictionaryUser>::DictionaryUser>[0];
+
 // Takes the unit; true if the line closes the element as well.
 bool ReadOpeningLine(const TokenList & tokens, CIPC2581_Content_DictionaryUser & dictionary)
 {
-    constexpr const AttributeRow & units = RowsOf<Fields<CIPC2581_Content_DictionaryUser>::DictionaryUser>[0];
     bool isClosed = false;
     TakeOrPassOver(tokens, [&] {
         for (int index = 0; index < tokens.Size() && !isClosed; ++index) {
-            if (units.word.IsIn(tokens[index])) {
-                TellTaken(tokens, units, index);
+            if (Units.word.IsIn(tokens[index])) {
+                TellTaken(tokens, Units, index);
                 dictionary.Unit = tokens.Value(index);
             }
             // The token on which the value has ended.

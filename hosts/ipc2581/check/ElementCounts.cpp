@@ -45,16 +45,13 @@ public:
     template <typename Owner, typename Type, typename Object>
     void Enter(const Member<Owner, Type> & /*member*/, const Object & object)
     {
-        constexpr bool isListed = KindOf<Type>() == FieldKind::List;
-        if constexpr (std::is_base_of_v<CIPC2581_DrawObj, Object> && isListed) {
+        constexpr bool isListedShape = std::is_base_of_v<CIPC2581_DrawObj, Object> && KindOf<Type>() == FieldKind::List;
+        if constexpr (isListedShape || std::is_same_v<Object, CIPC2581_PolyStep>) {
             Add(ElementOf(object), 1);
         }
         else if constexpr (std::is_same_v<Object, CIPC2581_Polygon>) {
             // It is there in the model, and in the file only if it has steps.
             Add("Polygon", object.PolyStepArray->IsEmpty() ? 0 : 1);
-        }
-        else if constexpr (std::is_same_v<Object, CIPC2581_PolyStep>) {
-            Add(ElementOf(object), 1);
         }
         else if constexpr (std::is_same_v<Object, CIPC2581_Ecad_CadData_Step_LayerFeature_Set>) {
             Add("Pad", object.Kind == SetKinds::Pad ? 1 : 0);
