@@ -37,7 +37,7 @@ objects are read from, then what they take there:
 
 std::string Code(std::string_view text)
 {
-    return "`" + std::string(text) + "`";
+    return std::string(1, '`').append(text).append(1, '`');
 }
 
 std::string Joined(const std::vector<std::string> & texts, std::string_view between)

@@ -144,18 +144,27 @@ std::vector<Record> Shapes(Board & board)
     return records;
 }
 
+std::string Joined(const std::vector<std::string> & words)
+{
+    std::string joined = words.front();
+    for (std::size_t i = 1; i < words.size(); ++i) {
+        joined.append(1, ' ').append(words[i]);
+    }
+    return joined;
+}
+
 // Pad stacks have no name, and are never written by the library.
 std::vector<std::string> PadStacks(Board & board)
 {
     std::vector<std::string> texts;
     for (const auto * const stack : Each(board.Step().PadStackArray)) {
         const CIPC2581_Ecad_CadData_Step_Hole & hole = *stack->LayerHole;
-        std::string text = Str(stack->NetName) + " " + Str(hole.Name) + " " + Str(hole.Diameter) + " " +
-                           Str(hole.PlatingStatus) + " " + Str(hole.PlusTol) + " " + Str(hole.MinusTol) + " " +
-                           Position(hole.Location) + " " + Str(hole.FromLayer) + " " + Str(hole.ToLayer);
+        std::string text =
+            Joined({Str(stack->NetName), Str(hole.Name), Str(hole.Diameter), Str(hole.PlatingStatus), Str(hole.PlusTol),
+                    Str(hole.MinusTol), Position(hole.Location), Str(hole.FromLayer), Str(hole.ToLayer)});
         for (const CIPC2581_Ecad_CadData_Step_Pad * const pad : Each(stack->LayerPadArray)) {
-            text += "\n" + Str(pad->LayerRef) + " " + Str(pad->Pin) + " " + Cell(pad->Rotation).Text() + " " +
-                    Position(pad->Location) + " " + Str(pad->StandardPrimitiveRefId);
+            text.append(1, '\n').append(Joined({Str(pad->LayerRef), Str(pad->Pin), Cell(pad->Rotation).Text(),
+                                                Position(pad->Location), Str(pad->StandardPrimitiveRefId)}));
         }
         texts.push_back(std::move(text));
     }
