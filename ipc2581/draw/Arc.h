@@ -57,6 +57,7 @@ template <>
 struct ipc2581::Fields<CIPC2581_Arc> {
     using Object = CIPC2581_Arc;
     static constexpr std::string_view Name = "CIPC2581_Arc";
+    // endX and centerX go to the y of their points, where the later of two attributes wins.
     static constexpr auto Arc =
         Element<Object>("Arc", Number("startX=", &Object::StartPoint, &CIPC2581_Point::Point, &CPointD::X),
                         Number("startY=", &Object::StartPoint, &CIPC2581_Point::Point, &CPointD::Y),

@@ -62,6 +62,10 @@ public:
             return nullptr;
         }
         const char * lineFeed = start + head->size;
+        // What stands behind the end is left from an earlier read.
+        if (lineFeed >= end) {
+            return nullptr;
+        }
         if (*lineFeed == ' ') {
             lineFeed = FindLineFeed(lineFeed, end);
         }

@@ -183,6 +183,25 @@ TEST(LineFileHeads, AnExpectedLineIsTheOneThatWouldBeRead)
     EXPECT_EQ(expected, 6U);
 }
 
+// The lines fill the buffer evenly, so that behind the end of the file stands what would go on as expected.
+TEST(LineFileHeads, WhatIsLeftInTheBufferBehindTheEndIsNoPartOfALine)
+{
+    constexpr std::string_view line = "  <Pad x=\"12\"/>";
+    static_assert((line.size() + 1) % 16 == 0);
+    std::string text;
+    for (int i = 0; i < 20000; ++i) {
+        text.append(line).append(1, '\n');
+    }
+    for (std::size_t size = 1; size <= line.size(); ++size) {
+        std::size_t expected = 0;
+        const std::vector<std::string> lines = LinesOf(text + std::string(line.substr(0, size)), expected);
+        ASSERT_EQ(lines.size(), 20001U) << size;
+        EXPECT_EQ(lines.back(), line.substr(0, size));
+        EXPECT_EQ(lines[19999], line);
+        EXPECT_GT(expected, 19900U) << size;
+    }
+}
+
 TEST(LineFileHeads, ALineWithoutABlankIsNeverExpected)
 {
     std::size_t expected = 0;
