@@ -5,6 +5,11 @@ set(pkgconfig_folder ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
 install(TARGETS ipc2581 EXPORT ipc2581Targets FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(EXPORT ipc2581Targets NAMESPACE ipc2581:: DESTINATION ${package_folder})
+# A component of the package, so that who wants the core alone needs no XML parser.
+if(TARGET ipc2581_import)
+    install(TARGETS ipc2581_import EXPORT ipc2581ImportTargets FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+    install(EXPORT ipc2581ImportTargets NAMESPACE ipc2581:: DESTINATION ${package_folder})
+endif()
 
 configure_package_config_file(
     ${CMAKE_CURRENT_LIST_DIR}/ipc2581Config.cmake.in ${PROJECT_BINARY_DIR}/ipc2581Config.cmake
@@ -20,6 +25,10 @@ file(RELATIVE_PATH PKGCONFIG_TO_PREFIX
 string(REGEX REPLACE "/$" "" PKGCONFIG_TO_PREFIX "${PKGCONFIG_TO_PREFIX}")
 configure_file(${CMAKE_CURRENT_LIST_DIR}/ipc2581.pc.in ${PROJECT_BINARY_DIR}/ipc2581.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/ipc2581.pc DESTINATION ${pkgconfig_folder})
+if(TARGET ipc2581_import)
+    configure_file(${CMAKE_CURRENT_LIST_DIR}/ipc2581-import.pc.in ${PROJECT_BINARY_DIR}/ipc2581-import.pc @ONLY)
+    install(FILES ${PROJECT_BINARY_DIR}/ipc2581-import.pc DESTINATION ${pkgconfig_folder})
+endif()
 
 if(TARGET ipc2581_host)
     install(TARGETS ipc2581_host)

@@ -22,6 +22,7 @@ foreach(kind IN ITEMS static shared)
         -D KIND=${kind}
         -D FOLDER=${folder}
         -D PREFIX=${folder}/prefix
+        -D IMPORT=${IPC2581_BUILD_IMPORT}
         -D LIBDIR=${CMAKE_INSTALL_LIBDIR}
         -D VERSION=${PROJECT_VERSION}
         -D CONFIG=$<CONFIG>

@@ -15,3 +15,19 @@ execute_process(
     COMMAND_ERROR_IS_FATAL ANY)
 set(ENV{LD_LIBRARY_PATH} ${PREFIX}/${LIBDIR})
 run_consumer(${program})
+
+if(IMPORT)
+    set(static)
+    if(KIND STREQUAL "static")
+        set(static --static)
+    endif()
+    execute_process(
+        COMMAND ${pkg_config} --print-errors ${static} --cflags --libs "ipc2581-import = ${VERSION}"
+        OUTPUT_VARIABLE flags OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+    separate_arguments(flags UNIX_COMMAND "${flags}")
+    set(program ${FOLDER}/importer-by-pkg-config)
+    execute_process(
+        COMMAND ${LAUNCHER} ${COMPILER} -std=c++20 ${CMAKE_CURRENT_LIST_DIR}/consumer/importer.cpp -o ${program} ${flags}
+        COMMAND_ERROR_IS_FATAL ANY)
+    run_importer(${program})
+endif()

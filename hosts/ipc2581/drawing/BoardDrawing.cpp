@@ -8,8 +8,9 @@
 #include <unordered_set>
 #include <utility>
 
+#include <import/shapes/ShapePaths.h>
+
 #include "hosts/ipc2581/drawing/FormatWords.h"
-#include "hosts/ipc2581/drawing/ShapePaths.h"
 #include "hosts/ipc2581/geometry/Extents.h"
 
 namespace ipc2581::host {
@@ -65,7 +66,7 @@ public:
         SetUnit(board);
         AddShapes(board);
         AddFootprints();
-        m_drawing.profile = ProfilePath(m_step.Profile).Moved(1.0, {});
+        m_drawing.profile = ProfilePath(m_step.Profile);
         AddLayers(board);
         AddColors(board);
         AddFeatures();
@@ -110,7 +111,7 @@ private:
             std::vector<Path> & paths = m_drawing.shapes.back().paths;
             for (const CIPC2581_DrawObj * const part : Each(entry->DrawArray)) {
                 for (const Path & path : FilledPaths(*part)) {
-                    paths.push_back(path.Moved(scale, {}));
+                    paths.push_back(Placed(path, {.scale = scale}));
                 }
             }
         }
@@ -161,7 +162,7 @@ private:
         if (!path.IsEmpty()) {
             items.push_back({.kind = ItemKind::Stroke,
                              .ends = StrokeEndsOf(line.LineEnd),
-                             .paths = {path.Moved(1.0, offset)},
+                             .paths = {Placed(path, {.location = offset})},
                              .width = line.LineWidth,
                              .net = net});
         }
@@ -191,7 +192,7 @@ private:
         }
         Item item{.net = net};
         for (const Path & path : FilledPaths(shape)) {
-            item.paths.push_back(path.Moved(1.0, offset));
+            item.paths.push_back(Placed(path, {.location = offset}));
         }
         if (!item.paths.empty()) {
             items.push_back(std::move(item));
@@ -390,7 +391,7 @@ private:
             const CIPC2581_Outline & outline = OutlineOf(*package);
             own.AddContour(*outline.Polygon->PolyBegin, *outline.Polygon->PolyStepArray);
         }
-        Extents box = part.placement.Of(own);
+        Extents box = Placed(own, part.placement);
         if (box.IsEmpty()) {
             box.Add(part.placement.location);
         }

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "hosts/ipc2581/drawing/Path.h"
-#include "hosts/ipc2581/drawing/Placement.h"
+#include <import/shapes/Path.h>
+#include <import/shapes/Placement.h>
 
 // A board as it is drawn: plain lists, to be walked by whoever paints, measures or compares. It owns all that it holds,
 // and needs neither the file nor the model any more. Every coordinate and length is in the unit of the board, with the

@@ -62,4 +62,17 @@ void Extents::AddContour(const CIPC2581_Point & begin, const CIPC2581_PolyStepAr
     }
 }
 
+Extents Placed(const Extents & box, const Placement & placement)
+{
+    Extents placed;
+    if (!box.IsEmpty()) {
+        for (const double x : {box.MinX(), box.MaxX()}) {
+            for (const double y : {box.MinY(), box.MaxY()}) {
+                placed.Add(placement.Of(Vertex(x, y)));
+            }
+        }
+    }
+    return placed;
+}
+
 }  // namespace ipc2581::host

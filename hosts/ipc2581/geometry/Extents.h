@@ -3,15 +3,11 @@
 
 #include <limits>
 
+#include <import/shapes/Path.h>
+#include <import/shapes/Placement.h>
 #include <ipc2581/ipc2581.h>
 
 namespace ipc2581::host {
-
-// The sense in which the file draws a curve. The reader turns the word round: a file's "FALSE" is a 1 in the model.
-inline bool IsDrawnClockwise(const CIPC2581_PolyStep & curve)
-{
-    return curve.ClockWise != 1;
-}
 
 // The smallest upright box round all that was added; empty at first.
 class Extents {
@@ -34,6 +30,9 @@ private:
     double m_maxX = -std::numeric_limits<double>::infinity();
     double m_maxY = -std::numeric_limits<double>::infinity();
 };
+
+// The box round a box that is placed.
+Extents Placed(const Extents & box, const Placement & placement);
 
 }  // namespace ipc2581::host
 

@@ -3,7 +3,8 @@
 
 #include <string>
 
-#include "hosts/ipc2581/drawing/Path.h"
+#include <import/shapes/Path.h>
+
 #include "hosts/ipc2581/geometry/Extents.h"
 
 namespace ipc2581::host {

@@ -219,7 +219,7 @@ void SvgWriter::Use(const void * key, const std::function<void()> & draw, const 
         Define(key, draw);
     }
     const Symbol & symbol = m_symbols.at(key);
-    AddBox(placement.Of(symbol.box));
+    AddBox(Placed(symbol.box, placement));
     m_out << "<use href=\"#s" << symbol.number << "\"";
     if (placement.isMirrored || SvgNumber(placement.rotation, 3) != "0") {
         m_out << " transform=\"" << TransformOf(placement, m_decimals) << "\"/>\n";

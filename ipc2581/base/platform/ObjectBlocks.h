@@ -5,13 +5,15 @@
 #include <cstdint>
 #include <type_traits>
 
+#include "ipc2581/base/Export.h"
+
 namespace ipc2581::detail {
 
 // Memory for what a reader makes: its objects and their longer texts stand side by side in blocks, and each block goes
 // when the last thing in it has been deleted. The blocks of a larger model are pieces of regions, which the system
 // gives and gets back in one piece. What stands in a block knows it: an object by its class, a text by a bit of its
 // own. So everything is deleted one by one, in any order and on any thread, also when the reader is long gone.
-class ObjectBlocks {
+class IPC2581_API ObjectBlocks {
 public:
     // The largest room that a block gives, and what the place of a room is a multiple of.
     static constexpr std::size_t Largest = 2048;

@@ -1,14 +1,12 @@
-#include "hosts/ipc2581/drawing/ShapePaths.h"
-
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
+#include <import/shapes/ShapePaths.h>
+
 #include "hosts/ipc2581/svg/SvgPath.h"
 #include "tests/support/Files.h"
-
-using namespace ipc2581::host;
 
 namespace ipc2581::tests {
 namespace {

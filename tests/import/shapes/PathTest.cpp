@@ -1,10 +1,8 @@
-#include "hosts/ipc2581/drawing/Path.h"
+#include "import/shapes/Path.h"
 
 #include <gtest/gtest.h>
 
 #include "tests/support/Files.h"
-
-using namespace ipc2581::host;
 
 namespace ipc2581::tests {
 namespace {
@@ -50,7 +48,7 @@ TEST(Path, IsScaledAndThenMoved)
     expected.MoveTo({12, 24});
     expected.ArcTo({16, 28}, {20, 32}, false);
     expected.AddEllipse({12, 22}, 4, 6);
-    EXPECT_EQ(path.Moved(2, {10, 20}), expected);
+    EXPECT_EQ(Placed(path, {.location = {10, 20}, .scale = 2}), expected);
 }
 
 }  // namespace

@@ -1,11 +1,11 @@
-#ifndef IPC2581_HOSTS_IPC2581_DRAWING_PATH_H
-#define IPC2581_HOSTS_IPC2581_DRAWING_PATH_H
+#ifndef IPC2581_IMPORT_SHAPES_PATH_H
+#define IPC2581_IMPORT_SHAPES_PATH_H
 
 #include <vector>
 
-#include <ipc2581/ipc2581.h>
+#include "ipc2581/ipc2581.h"
 
-namespace ipc2581::host {
+namespace ipc2581 {
 
 // A point of a drawing. The y axis points up. Unlike the library's point it has no virtual operations, so that a
 // drawing can have millions of them.
@@ -37,9 +37,16 @@ struct PathStep {
     bool operator==(const PathStep &) const = default;
 };
 
+// The sense in which a curve of the model is drawn. The model has the word of the file turned round: its 1 is a
+// "FALSE".
+inline bool IsDrawnClockwise(const CIPC2581_PolyStep & curve)
+{
+    return curve.ClockWise != 1;
+}
+
 // Contours, one behind the other. As an area it is filled by the even-odd rule, so that a contour inside another one is
 // a hole in it.
-struct Path {
+struct IPC2581_API Path {
     std::vector<PathStep> steps;
 
     void MoveTo(const Vertex & end);
@@ -53,13 +60,10 @@ struct Path {
     // The same, closed.
     void AddContour(const CIPC2581_Point & begin, const CIPC2581_PolyStepArray & polySteps);
 
-    // All of it scaled, and then moved.
-    [[nodiscard]] Path Moved(double scale, const Vertex & offset) const;
-
     [[nodiscard]] bool IsEmpty() const { return steps.empty(); }
     bool operator==(const Path &) const = default;
 };
 
-}  // namespace ipc2581::host
+}  // namespace ipc2581
 
 #endif

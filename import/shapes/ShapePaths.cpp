@@ -1,4 +1,4 @@
-#include "hosts/ipc2581/drawing/ShapePaths.h"
+#include "import/shapes/ShapePaths.h"
 
 #include <algorithm>
 #include <array>
@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <numbers>
 
-namespace ipc2581::host {
+namespace ipc2581 {
 namespace {
 
 using Corners = std::vector<Vertex>;
@@ -423,4 +423,4 @@ Path ProfilePath(const CIPC2581_Ecad_CadData_Step_Profile & profile)
     return path;
 }
 
-}  // namespace ipc2581::host
+}  // namespace ipc2581

@@ -1,8 +1,6 @@
-#include "hosts/ipc2581/drawing/Placement.h"
+#include "import/shapes/Placement.h"
 
 #include <gtest/gtest.h>
-
-using namespace ipc2581::host;
 
 namespace ipc2581::tests {
 namespace {

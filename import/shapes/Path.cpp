@@ -1,8 +1,6 @@
-#include "hosts/ipc2581/drawing/Path.h"
+#include "import/shapes/Path.h"
 
-#include "hosts/ipc2581/geometry/Extents.h"
-
-namespace ipc2581::host {
+namespace ipc2581 {
 
 void Path::MoveTo(const Vertex & end)
 {
@@ -55,22 +53,4 @@ void Path::AddContour(const CIPC2581_Point & begin, const CIPC2581_PolyStepArray
     }
 }
 
-Path Path::Moved(double scale, const Vertex & offset) const
-{
-    const auto place = [&](Vertex & point) { point = {point.X * scale + offset.X, point.Y * scale + offset.Y}; };
-    Path moved = *this;
-    for (PathStep & step : moved.steps) {
-        if (step.kind == StepKind::Ellipse) {
-            step.end = {step.end.X * scale, step.end.Y * scale};
-        }
-        else if (step.kind != StepKind::Close) {
-            place(step.end);
-        }
-        if (step.kind == StepKind::Arc || step.kind == StepKind::ClockwiseArc || step.kind == StepKind::Ellipse) {
-            place(step.center);
-        }
-    }
-    return moved;
-}
-
-}  // namespace ipc2581::host
+}  // namespace ipc2581

@@ -1,0 +1,620 @@
+#include "import/Import.h"
+
+#include <algorithm>
+#include <array>
+#include <stdexcept>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#include "import/elements/LossRecorder.h"
+#include "import/elements/Tree.h"
+#include "import/sections/CadSection.h"
+#include "import/sections/ContentSection.h"
+#include "import/sections/Context.h"
+#include "import/sections/FeatureSection.h"
+#include "import/sections/LogisticsSection.h"
+#include "import/sections/PadReader.h"
+#include "import/sections/ShapeReader.h"
+#include "import/sections/StepSection.h"
+#include "import/xml/ByteSource.h"
+#include "import/xml/Words.h"
+#include "import/xml/XmlParser.h"
+#include "ipc2581/each.h"
+
+namespace ipc2581 {
+namespace detail {
+namespace {
+
+// Where an element stands: the elements that are open while what is in them is read piece by piece.
+enum class Place {
+    Document,
+    Root,
+    Content,
+    Standards,
+    Users,
+    LineDescs,
+    FillDescs,
+    Colors,
+    Bom,
+    Ecad,
+    CadHeader,
+    CadData,
+    Step,
+    PhyNetGroup,
+    LayerFeature,
+    Set,
+    Unknown,  // in an element that nothing is known of: all of it is lost
+    Skipped,  // in a step that is not imported, or in a remark of a set
+    Piece     // none: the element is read in one piece, with all that stands in it
+};
+constexpr std::size_t PlaceCount = static_cast<std::size_t>(Place::Piece) + 1;
+
+// What an element is, by where it stands; all others are unknown.
+struct PlaceRow {
+    Place outer;
+    Word name;
+    Place inner;
+};
+constexpr auto PlaceRows = std::to_array<PlaceRow>({
+    {Place::Document, W("IPC-2581"), Place::Root},
+    {Place::Root, W("Content"), Place::Content},
+    {Place::Root, W("LogisticHeader"), Place::Piece},
+    {Place::Root, W("HistoryRecord"), Place::Piece},
+    {Place::Root, W("Bom"), Place::Bom},
+    {Place::Root, W("Ecad"), Place::Ecad},
+    {Place::Content, W("FunctionMode"), Place::Piece},
+    {Place::Content, W("StepRef"), Place::Piece},
+    {Place::Content, W("LayerRef"), Place::Piece},
+    {Place::Content, W("BomRef"), Place::Piece},
+    {Place::Content, W("DictionaryStandard"), Place::Standards},
+    {Place::Content, W("DictionaryUser"), Place::Users},
+    {Place::Content, W("DictionaryLineDesc"), Place::LineDescs},
+    {Place::Content, W("DictionaryFillDesc"), Place::FillDescs},
+    {Place::Content, W("DictionaryColor"), Place::Colors},
+    {Place::Standards, W("EntryStandard"), Place::Piece},
+    {Place::Users, W("EntryUser"), Place::Piece},
+    {Place::LineDescs, W("EntryLineDesc"), Place::Piece},
+    {Place::FillDescs, W("EntryFillDesc"), Place::Piece},
+    {Place::Colors, W("EntryColor"), Place::Piece},
+    {Place::Bom, W("BomHeader"), Place::Piece},
+    {Place::Bom, W("BomItem"), Place::Piece},
+    {Place::Ecad, W("CadHeader"), Place::CadHeader},
+    {Place::Ecad, W("CadData"), Place::CadData},
+    {Place::CadHeader, W("Spec"), Place::Piece},
+    {Place::CadData, W("Layer"), Place::Piece},
+    {Place::CadData, W("Stackup"), Place::Piece},
+    {Place::CadData, W("Step"), Place::Step},
+    {Place::Step, W("PadStack"), Place::Piece},
+    {Place::Step, W("PadStackDef"), Place::Piece},
+    {Place::Step, W("Datum"), Place::Piece},
+    {Place::Step, W("Profile"), Place::Piece},
+    {Place::Step, W("StepRepeat"), Place::Piece},
+    {Place::Step, W("Package"), Place::Piece},
+    {Place::Step, W("Component"), Place::Piece},
+    {Place::Step, W("LogicalNet"), Place::Piece},
+    {Place::Step, W("PhyNetGroup"), Place::PhyNetGroup},
+    {Place::Step, W("LayerFeature"), Place::LayerFeature},
+    {Place::PhyNetGroup, W("PhyNet"), Place::Piece},
+    {Place::LayerFeature, W("Set"), Place::Set},
+    {Place::Set, W("NonstandardAttribute"), Place::Skipped},
+    {Place::Set, W("ColorRef"), Place::Piece},
+    {Place::Set, W("Features"), Place::Piece},
+    {Place::Set, W("Pad"), Place::Piece},
+    {Place::Set, W("Hole"), Place::Piece},
+    {Place::Set, W("SlotCavity"), Place::Piece},
+    {Place::Set, W("Fiducial"), Place::Piece},
+    {Place::Set, W("BadBoardMark"), Place::Piece},
+    {Place::Set, W("GlobalFiducial"), Place::Piece},
+    {Place::Set, W("GoodPanelMark"), Place::Piece},
+    {Place::Set, W("LocalFiducial"), Place::Piece},
+});
+
+// A negative set takes away what others have drawn. The model has nothing like it, and as one more drawing it would be
+// wrong: so all of it is lost.
+bool IsNegative(std::span<const XmlAttribute> attributes)
+{
+    return std::any_of(attributes.begin(), attributes.end(), [](const XmlAttribute & attribute) {
+        return attribute.name == W("polarity") && attribute.value == "NEGATIVE";
+    });
+}
+
+using PlaceTable = std::array<std::array<Place, KnownWords.size()>, PlaceCount>;
+
+consteval PlaceTable MakePlaceTable()
+{
+    PlaceTable table = {};
+    for (auto & row : table) {
+        row.fill(Place::Unknown);
+    }
+    table[static_cast<std::size_t>(Place::Skipped)].fill(Place::Skipped);
+    for (const PlaceRow & row : PlaceRows) {
+        table[static_cast<std::size_t>(row.outer)][row.name] = row.inner;
+    }
+    return table;
+}
+constexpr PlaceTable PlaceOfWord = MakePlaceTable();
+
+// Moves all elements of a list of the model, as they are, to the end of another one.
+template <typename List>
+void MoveElements(List & from, List & to)
+{
+    for (auto * const element : Each(from)) {
+        to.Add(element);
+    }
+    from.RemoveAll();
+}
+
+// Moves all that a step holds into another one that is empty.
+void MoveStep(CIPC2581_Ecad_CadData_Step & from, CIPC2581_Ecad_CadData_Step & to)
+{
+    to.Name = from.Name;
+    to.Datum = from.Datum;
+    std::swap(from.Profile.Polygon, to.Profile.Polygon);
+    std::swap(from.Profile.Cutouts, to.Profile.Cutouts);
+    to.PhyNetGroup.Name = from.PhyNetGroup.Name;
+    MoveElements(from.PhyNetGroup.PhyNetArray, to.PhyNetGroup.PhyNetArray);
+    MoveElements(from.PadStackArray, to.PadStackArray);
+    MoveElements(from.PackageArray, to.PackageArray);
+    MoveElements(from.ComponentArray, to.ComponentArray);
+    MoveElements(from.LogicalNetArray, to.LogicalNetArray);
+    MoveElements(from.LayerFeatureArray, to.LayerFeatureArray);
+    from.Name = "";
+    from.PhyNetGroup.Name = "";
+    from.Datum = CPointD();
+}
+
+// Reads a document into a board, element by element.
+class BoardListener final : public XmlListener {
+public:
+    BoardListener(CIPC2581_Parser & board, const ImportOptions & options)
+        : m_context{board, options, {}, {}},
+          m_figures(m_context),
+          m_shapes(m_context, m_figures),
+          m_pads(m_context, m_figures, m_shapes),
+          m_content(m_context, m_figures, m_shapes),
+          m_logistics(m_context),
+          m_cad(m_context, m_shapes),
+          m_step(m_context, m_cad, m_shapes, m_pads),
+          m_features(m_context, m_cad, m_step, m_shapes, m_pads)
+    {
+        if (options.memoryLimit != 0) {
+            m_context.blocks.SetBudget(options.memoryLimit);
+        }
+        m_open.push_back({Place::Document, 0, 0});
+    }
+
+    void Open(Word name, std::size_t line, std::span<const XmlAttribute> attributes) override;
+    void Text(std::string_view text) override;
+    void Close() override;
+
+    ImportReport TakeReport(const WordTable & words);
+
+private:
+    struct Level {
+        Place place;
+        LossRecorder::Path path;
+        std::size_t line;
+    };
+
+    [[nodiscard]] Place PlaceOf(Word name, std::span<const XmlAttribute> attributes) const;
+    void BeginPlace(Place place, const XmlElement & element);
+    void EndPlace(const Level & level);
+    void ReadPiece();
+    void ReadInContent(Place outer, const XmlElement & element, LossRecorder::Path path);
+    void BeginStep(const XmlElement & step);
+    void EndStep();
+    [[nodiscard]] bool IsStepWanted(std::span<const XmlAttribute> attributes) const;
+    void LeaveOut(std::string_view name, std::size_t line);
+    void SkipElement(Word name, std::size_t line, std::span<const XmlAttribute> attributes);
+    void LoseElement(Word name, std::size_t line, std::span<const XmlAttribute> attributes);
+    std::size_t OwnerOf(Word name);
+    [[nodiscard]] CIPC2581_Ecad_CadData_Step & Step() const { return m_context.board.m_Ecad.m_CadData.m_Step; }
+
+    Context m_context;
+    Figures m_figures;
+    ShapeReader m_shapes;
+    PadReader m_pads;
+    ContentSection m_content;
+    LogisticsSection m_logistics;
+    CadSection m_cad;
+    StepSection m_step;
+    FeatureSection m_features;
+    std::vector<Level> m_open;
+    Tree m_piece;
+    std::vector<std::size_t> m_owners;
+
+    // The step that is read, and one without components that was read before it.
+    struct StepRead {
+        LossRecorder::Mark begin;
+        LossRecorder::Mark end;
+        std::size_t line = 0;
+    };
+    bool m_hasStep = false;
+    StepRead m_read;
+    std::unique_ptr<CIPC2581_Ecad_CadData_Step> m_aside;
+    StepRead m_readAside;
+};
+
+void BoardListener::Open(Word name, std::size_t line, std::span<const XmlAttribute> attributes)
+{
+    ++m_context.elements;
+    m_context.losses.CountStated(name);
+    if (m_piece.IsOpen()) {
+        m_piece.Open(name, line, attributes);
+        return;
+    }
+    const Place place = PlaceOf(name, attributes);
+    if (place == Place::Piece) {
+        m_piece.Open(name, line, attributes);
+        return;
+    }
+    if (place == Place::Skipped) {
+        SkipElement(name, line, attributes);
+        return;
+    }
+    if (place == Place::Unknown) {
+        LoseElement(name, line, attributes);
+        return;
+    }
+    m_piece.Open(name, line, attributes);
+    m_piece.Close();
+    BeginPlace(place, m_piece.Root());
+    m_piece.ReportLost(m_context.losses, m_open.back().path, OwnerOf(name));
+    m_piece.Clear();
+    m_open.push_back({place, m_context.losses.PathOf(m_open.back().path, name), line});
+}
+
+void BoardListener::Text(std::string_view text)
+{
+    if (m_piece.IsOpen()) {
+        m_piece.Text(text);
+    }
+    else if (m_open.back().place != Place::Skipped) {
+        m_context.losses.BeginFact(m_open.back().path, m_open.back().line, 0);
+        m_context.losses.AddText(text);
+    }
+}
+
+void BoardListener::Close()
+{
+    if (!m_piece.IsOpen()) {
+        const Level level = m_open.back();
+        m_open.pop_back();
+        EndPlace(level);
+        return;
+    }
+    m_piece.Close();
+    if (!m_piece.IsOpen()) {
+        ReadPiece();
+    }
+}
+
+Place BoardListener::PlaceOf(Word name, std::span<const XmlAttribute> attributes) const
+{
+    const Place outer = m_open.back().place;
+    if (outer == Place::Skipped) {
+        return Place::Skipped;
+    }
+    const Place place = name < KnownWords.size() ? PlaceOfWord[static_cast<std::size_t>(outer)][name] : Place::Unknown;
+    if (outer == Place::Document && place == Place::Unknown) {
+        throw ImportFault(0, "the root element is not IPC-2581");
+    }
+    if (place == Place::Step && !IsStepWanted(attributes)) {
+        return Place::Skipped;
+    }
+    return place == Place::Set && IsNegative(attributes) ? Place::Unknown : place;
+}
+
+// A step is read if it is asked for by its name, or else until one with components was there.
+bool BoardListener::IsStepWanted(std::span<const XmlAttribute> attributes) const
+{
+    const std::string & wanted = m_context.options.step;
+    if (wanted.empty()) {
+        return !m_hasStep || Step().ComponentArray.IsEmpty();
+    }
+    return !m_hasStep && std::any_of(attributes.begin(), attributes.end(), [&](const XmlAttribute & attribute) {
+        return attribute.name == W("name") && attribute.value == wanted;
+    });
+}
+
+// A remark of a set, or something of a step that is not read.
+void BoardListener::SkipElement(Word name, std::size_t line, std::span<const XmlAttribute> attributes)
+{
+    const Level & outer = m_open.back();
+    if (outer.place == Place::Set) {
+        m_context.losses.AddRemark();
+    }
+    if (name == W("Step") && outer.place == Place::CadData) {
+        const auto own = std::find_if(attributes.begin(), attributes.end(),
+                                      [](const XmlAttribute & attribute) { return attribute.name == W("name"); });
+        LeaveOut(own == attributes.end() ? std::string_view() : own->value, line);
+    }
+    m_open.push_back({Place::Skipped, outer.path, line});
+}
+
+void BoardListener::LoseElement(Word name, std::size_t line, std::span<const XmlAttribute> attributes)
+{
+    const LossRecorder::Path path = m_context.losses.PathOf(m_open.back().path, name);
+    m_context.losses.BeginFact(path, line, OwnerOf(name));
+    for (const XmlAttribute & attribute : attributes) {
+        m_context.losses.AddAttribute(attribute.name, attribute.value);
+    }
+    m_open.push_back({Place::Unknown, path, line});
+}
+
+// How many elements of the name there were before this one.
+std::size_t BoardListener::OwnerOf(Word name)
+{
+    if (name >= m_owners.size()) {
+        m_owners.resize(std::size_t(name) + 1, 0);
+    }
+    return m_owners[name]++;
+}
+
+void BoardListener::BeginPlace(Place place, const XmlElement & element)
+{
+    switch (place) {
+    case Place::Standards:
+        m_content.BeginStandard(element);
+        break;
+    case Place::Users:
+        m_content.BeginUser(element);
+        break;
+    case Place::LineDescs:
+        m_content.BeginLineDescs(element);
+        break;
+    case Place::FillDescs:
+        // It has a unit for the distances of hatches, which no member has.
+        element.TakeWhole();
+        break;
+    case Place::Bom:
+        m_logistics.BeginBom(element);
+        break;
+    case Place::Ecad:
+        m_cad.BeginEcad(element);
+        break;
+    case Place::CadHeader:
+        m_cad.BeginCadHeader(element);
+        break;
+    case Place::Step:
+        BeginStep(element);
+        break;
+    case Place::PhyNetGroup:
+        m_step.BeginPhyNetGroup(element);
+        break;
+    case Place::LayerFeature:
+        m_features.BeginLayer(element);
+        break;
+    case Place::Set:
+        m_features.BeginSet(element);
+        break;
+    default:
+        element.Take();
+        break;
+    }
+}
+
+void BoardListener::EndPlace(const Level & level)
+{
+    switch (level.place) {
+    case Place::Content:
+        m_content.End();
+        break;
+    case Place::Step:
+        EndStep();
+        break;
+    case Place::Set:
+        m_features.EndSet();
+        break;
+    default:
+        break;
+    }
+}
+
+void BoardListener::ReadPiece()
+{
+    const XmlElement element = m_piece.Root();
+    const Level outer = m_open.back();
+    const std::size_t owner = OwnerOf(element.Name());
+    switch (outer.place) {
+    case Place::Root:
+        element.Name() == W("HistoryRecord") ? m_logistics.ReadHistoryRecord(element)
+                                             : m_logistics.ReadLogisticHeader(element);
+        break;
+    case Place::Content:
+    case Place::Standards:
+    case Place::Users:
+    case Place::LineDescs:
+    case Place::FillDescs:
+    case Place::Colors:
+        ReadInContent(outer.place, element, m_context.losses.PathOf(outer.path, element.Name()));
+        break;
+    case Place::Bom:
+        m_logistics.ReadInBom(element);
+        break;
+    case Place::CadHeader:
+        m_cad.ReadSpec(element, m_context.losses.PathOf(outer.path, element.Name()));
+        break;
+    case Place::CadData:
+        element.Name() == W("Layer") ? m_cad.ReadLayer(element, m_context.losses.PathOf(outer.path, element.Name()))
+                                     : m_cad.ReadStackup(element);
+        break;
+    case Place::Step:
+        m_step.Read(m_piece, element);
+        break;
+    case Place::PhyNetGroup:
+        m_step.ReadPhyNet(element);
+        break;
+    default:
+        m_features.Read(element);
+        break;
+    }
+    m_piece.ReportLost(m_context.losses, outer.path, owner);
+    m_piece.Clear();
+    if (m_context.blocks.IsSpent()) {
+        throw ImportFault(0, "it takes more memory than it may");
+    }
+}
+
+void BoardListener::ReadInContent(Place outer, const XmlElement & element, LossRecorder::Path path)
+{
+    switch (outer) {
+    case Place::Standards:
+        m_content.ReadStandard(m_piece, m_open.back().path);
+        break;
+    case Place::Users:
+        m_content.KeepUser(m_piece, m_open.back().path);
+        break;
+    case Place::LineDescs:
+        m_figures.AddLineDesc(element, path);
+        break;
+    case Place::FillDescs:
+        m_figures.AddFillDesc(element, path);
+        break;
+    case Place::Colors:
+        m_content.ReadColor(element);
+        break;
+    default:
+        m_content.Read(element);
+        break;
+    }
+}
+
+void BoardListener::BeginStep(const XmlElement & step)
+{
+    if (m_hasStep) {
+        m_aside = std::make_unique<CIPC2581_Ecad_CadData_Step>();
+        MoveStep(Step(), *m_aside);
+        m_readAside = m_read;
+    }
+    m_hasStep = true;
+    m_read = {m_context.losses.MarkHere(), {}, step.Line()};
+    m_features.BeginStep();
+    m_step.Begin(step);
+}
+
+// Of two steps that were read, the one with components stays, or else the first.
+void BoardListener::EndStep()
+{
+    m_features.EndStep(m_read.line);
+    m_read.end = m_context.losses.MarkHere();
+    if (m_aside == nullptr) {
+        return;
+    }
+    if (Step().ComponentArray.IsEmpty()) {
+        CIPC2581_Ecad_CadData_Step second;
+        MoveStep(Step(), second);
+        MoveStep(*m_aside, Step());
+        m_context.losses.Forget(m_read.begin, m_read.end);
+        LeaveOut(second.Name, m_read.line);
+        m_read = m_readAside;
+    }
+    else {
+        m_context.losses.Forget(m_readAside.begin, m_readAside.end);
+        LeaveOut(m_aside->Name, m_readAside.line);
+        m_read.begin = m_readAside.begin;
+        m_read.end = m_context.losses.MarkHere();
+    }
+    m_aside.reset();
+}
+
+void BoardListener::LeaveOut(std::string_view name, std::size_t line)
+{
+    m_context.Note(NoteKind::StepLeftOut, line, "the step \"" + std::string(name) + "\"");
+}
+
+ImportReport BoardListener::TakeReport(const WordTable & words)
+{
+    m_figures.ReportUnreferenced();
+    m_cad.ReportUnreferenced();
+    return m_context.losses.Take(words);
+}
+
+// Tells a host how far the source is behind, and lets it stop.
+class WatchedSource final : public ByteSource {
+public:
+    WatchedSource(ByteSource & source, const ImportOptions & options) : m_source(source), m_options(options) {}
+
+    std::size_t Read(std::span<char> room) override
+    {
+        const std::size_t count = m_source.Read(room);
+        m_read += count;
+        constexpr std::size_t bytesBetween = 1 << 20;
+        if (m_options.progress && (m_read >= m_next || count == 0)) {
+            m_next = m_read + bytesBetween;
+            const auto size = static_cast<double>(m_source.Size());
+            const double part = size == 0.0 ? 0.0 : std::min(1.0, static_cast<double>(m_read) / size);
+            if (!m_options.progress(part)) {
+                throw Stopped();
+            }
+        }
+        return count;
+    }
+    [[nodiscard]] std::size_t Size() const override { return m_source.Size(); }
+
+    struct Stopped {};
+
+private:
+    ByteSource & m_source;
+    const ImportOptions & m_options;
+    std::size_t m_read = 0;
+    std::size_t m_next = 0;
+};
+
+Imported ImportFrom(ByteSource & source, const ImportOptions & options)
+{
+    WatchedSource watched(source, options);
+    WordTable words;
+    Imported imported;
+    imported.board = std::make_unique<CIPC2581_Parser>();
+    BoardListener listener(*imported.board, options);
+    ParseXml(watched, words, listener);
+    imported.report = listener.TakeReport(words);
+    return imported;
+}
+
+// Does the import, and names the file in what goes wrong.
+template <typename Run>
+Imported Named(const std::string & file, Run run)
+{
+    try {
+        return run();
+    }
+    catch (const XmlFault & fault) {
+        throw ImportError(file, fault.line, fault.column, fault.what());
+    }
+    catch (const ImportFault & fault) {
+        throw ImportError(file, fault.line, 0, fault.what());
+    }
+    catch (const std::system_error & error) {
+        throw ImportError(file, 0, 0, error.code().message());
+    }
+    catch (const std::length_error & error) {
+        throw ImportError(file, 0, 0, error.what());
+    }
+    catch (const WatchedSource::Stopped &) {
+        throw ImportStopped(file);
+    }
+}
+
+}  // namespace
+}  // namespace detail
+
+Imported Import(const std::filesystem::path & path, const ImportOptions & options)
+{
+    return detail::Named(path.string(), [&] {
+        detail::FileSource source(path);
+        return detail::ImportFrom(source, options);
+    });
+}
+
+Imported Import(std::span<const std::byte> bytes, const ImportOptions & options)
+{
+    return detail::Named("", [&] {
+        detail::MemorySource source(bytes);
+        return detail::ImportFrom(source, options);
+    });
+}
+
+}  // namespace ipc2581

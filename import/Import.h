@@ -1,0 +1,45 @@
+#ifndef IPC2581_IMPORT_IMPORT_H
+#define IPC2581_IMPORT_IMPORT_H
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+
+#include "import/ImportError.h"
+#include "import/ImportReport.h"
+#include "ipc2581/ipc2581.h"
+
+// Reads any well-formed IPC-2581 file, of the revisions A, B and C and of any layout, into the model as its writer
+// meant it. The reader of the core, CIPC2581_XmlLiteReader, takes one element a line and its own words; this one is for
+// the files of others.
+namespace ipc2581 {
+
+struct ImportOptions {
+    // The step to import; if it is empty, the first one that has components, or else the first one.
+    std::string step;
+    // Is told now and then how much of the file is behind, from 0 to 1 where its size is known, and may end the import
+    // with false.
+    std::function<bool(double part)> progress;
+    // In bytes, of objects, texts and lists; 0 for none.
+    std::uint64_t memoryLimit = 0;
+};
+
+// What an import gives: never null, and never half a board.
+struct Imported {
+    std::unique_ptr<CIPC2581_Parser> board;
+    ImportReport report;
+};
+
+// Throws ImportError, and ImportStopped where progress wants it.
+IPC2581_API Imported Import(const std::filesystem::path & path, const ImportOptions & options = {});
+
+// The same for a file in memory, which is not kept.
+IPC2581_API Imported Import(std::span<const std::byte> bytes, const ImportOptions & options = {});
+
+}  // namespace ipc2581
+
+#endif

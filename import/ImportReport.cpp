@@ -1,0 +1,85 @@
+#include "import/ImportReport.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace ipc2581 {
+
+std::string_view LostFact::Value(std::string_view name) const
+{
+    const auto found =
+        std::find_if(attributes.begin(), attributes.end(), [&](const auto & own) { return own.first == name; });
+    return found == attributes.end() ? std::string_view() : found->second;
+}
+
+std::string_view LostFact::Element() const
+{
+    return std::string_view(path).substr(path.rfind('/') + 1);
+}
+
+std::string ImportReport::PathText(std::uint32_t path) const
+{
+    constexpr int mostElements = 32;
+    std::string text;
+    int elements = 0;
+    const auto isRoot = [&](std::uint32_t own) { return m_paths[own].parent == 0; };
+    if (path != 0 && isRoot(path)) {
+        return m_names[m_paths[path].name];
+    }
+    for (; path != 0 && !isRoot(path) && elements < mostElements; path = m_paths[path].parent) {
+        text.insert(0, m_names[m_paths[path].name] + (text.empty() ? "" : "/"));
+        ++elements;
+    }
+    return text;
+}
+
+LostFact ImportReport::Lost(std::size_t index) const
+{
+    const Fact & fact = m_facts.at(index);
+    LostFact lost = {PathText(fact.path), fact.line, fact.owner, {}};
+    std::string_view values = std::string_view(m_values).substr(fact.begin, fact.length);
+    while (!values.empty()) {
+        std::uint32_t name = 0;
+        std::uint32_t length = 0;
+        std::memcpy(&name, values.data(), sizeof(name));
+        std::memcpy(&length, values.data() + sizeof(name), sizeof(length));
+        values.remove_prefix(sizeof(name) + sizeof(length));
+        lost.attributes.emplace_back(m_names[name], values.substr(0, length));
+        values.remove_prefix(length);
+    }
+    return lost;
+}
+
+std::vector<LostFact> ImportReport::LostAt(std::string_view path) const
+{
+    std::vector<bool> isWanted(m_paths.size(), false);
+    for (std::uint32_t i = 0; i < m_paths.size(); ++i) {
+        isWanted[i] = PathText(i) == path;
+    }
+    std::vector<LostFact> lost;
+    for (std::size_t i = 0; i < m_facts.size(); ++i) {
+        if (isWanted[m_facts[i].path]) {
+            lost.push_back(Lost(i));
+        }
+    }
+    return lost;
+}
+
+std::vector<std::pair<std::string, std::size_t>> ImportReport::LostPaths() const
+{
+    std::vector<std::size_t> counts(m_paths.size(), 0);
+    std::vector<std::uint32_t> order;
+    for (const Fact & fact : m_facts) {
+        if (counts[fact.path]++ == 0) {
+            order.push_back(fact.path);
+        }
+    }
+    std::vector<std::pair<std::string, std::size_t>> paths;
+    paths.reserve(order.size());
+    for (const std::uint32_t path : order) {
+        paths.emplace_back(PathText(path), counts[path]);
+    }
+    return paths;
+}
+
+}  // namespace ipc2581

@@ -1,0 +1,55 @@
+#ifndef IPC2581_IMPORT_SECTIONS_CADSECTION_H
+#define IPC2581_IMPORT_SECTIONS_CADSECTION_H
+
+#include <string>
+#include <string_view>
+
+#include "import/elements/Tree.h"
+#include "import/sections/Context.h"
+#include "import/sections/ShapeReader.h"
+
+namespace ipc2581::detail {
+
+// What Ecad holds beside the steps: header, materials, layers and stackup.
+class CadSection {
+public:
+    CadSection(Context & context, ShapeReader & shapes) : m_context(context), m_shapes(shapes) {}
+
+    void BeginEcad(const XmlElement & ecad);
+    void BeginCadHeader(const XmlElement & header);
+    void ReadSpec(const XmlElement & spec, LossRecorder::Path path);
+    void ReadLayer(const XmlElement & layer, LossRecorder::Path path);
+    // The groups of one more stand behind those of the first; its own values are lost.
+    void ReadStackup(const XmlElement & stackup);
+
+    [[nodiscard]] bool HasLayer(std::string_view name) const { return m_layers.contains(name); }
+    // The span of the layer into a hole on it that has none of its own.
+    void TakeSpan(std::string_view layer, CIPC2581_Ecad_CadData_Step_Hole & hole);
+
+    // Tells of spans and materials that nobody refers to.
+    void ReportUnreferenced();
+
+private:
+    struct Material {
+        std::string text;
+        Unreferenced facts;
+    };
+    struct Span {
+        CString fromLayer;
+        CString toLayer;
+        Unreferenced facts;
+    };
+
+    void ReadStackupLayer(const XmlElement & element, CIPC2581_Ecad_CadData_Stackup_StackupGroup & group);
+
+    Context & m_context;
+    ShapeReader & m_shapes;
+    ByName<Material> m_materials;
+    ByName<Span> m_spans;
+    Names m_layers;
+    bool m_hasStackup = false;
+};
+
+}  // namespace ipc2581::detail
+
+#endif

@@ -1,0 +1,216 @@
+#include "import/sections/FeatureSection.h"
+
+#include <utility>
+
+#include "ipc2581/base/Codes.h"
+
+namespace ipc2581::detail {
+
+void FeatureSection::BeginStep()
+{
+    m_layer = nullptr;
+    m_set = nullptr;
+    m_hasLayers = false;
+    m_makesNets = false;
+    m_nets.clear();
+    m_netPins.clear();
+}
+
+void FeatureSection::BeginLayer(const XmlElement & layerFeature)
+{
+    using LayerFeature = CIPC2581_Ecad_CadData_Step_LayerFeature;
+    m_makesNets = m_hasLayers ? m_makesNets : !m_step.HasLogicalNets();
+    m_hasLayers = true;
+    m_layer = &AddTo(m_context.board.m_Ecad.m_CadData.m_Step.LayerFeatureArray, m_context.Make<LayerFeature>());
+    TakeFields<Fields<LayerFeature>::LayerFeature>(layerFeature, *m_layer, m_context.blocks);
+    m_layerName = layerFeature.Value(W("layerRef"));
+    if (!m_cad.HasLayer(m_layerName)) {
+        m_context.TellDangling(layerFeature.Line(), "layer", m_layerName);
+    }
+}
+
+void FeatureSection::BeginSet(const XmlElement & element)
+{
+    m_set = &AddTo(m_layer->SetArray, m_context.Make<Set>());
+    m_isUsed = false;
+    TakeFields<Fields<Set>::Set>(element, *m_set, m_context.blocks);
+    if (m_makesNets && !m_set->Net.IsEmpty()) {
+        MadeNet(m_set->Net);
+    }
+}
+
+// The net of the name where the file has no logical nets.
+CIPC2581_Ecad_CadData_Step_LogicalNet & FeatureSection::MadeNet(std::string_view name)
+{
+    using Net = CIPC2581_Ecad_CadData_Step_LogicalNet;
+    const auto known = m_nets.find(name);
+    if (known != m_nets.end()) {
+        return *known->second;
+    }
+    Net & net = AddTo(m_context.board.m_Ecad.m_CadData.m_Step.LogicalNetArray, m_context.Make<Net>());
+    net.Name.Assign(name, &m_context.blocks);
+    m_nets.emplace(name, &net);
+    return net;
+}
+
+FeatureSection::Set & FeatureSection::NextSet(int kind)
+{
+    if (m_isUsed) {
+        Set & next = AddTo(m_layer->SetArray, m_context.Make<Set>());
+        next.Net.Assign(m_set->Net, &m_context.blocks);
+        next.ColorRef.Assign(m_set->ColorRef, &m_context.blocks);
+        next.TestPoint = m_set->TestPoint;
+        next.Plate = m_set->Plate;
+        next.PadUsage.Assign(m_set->PadUsage, &m_context.blocks);
+        m_set = &next;
+    }
+    m_isUsed = true;
+    m_set->Kind = kind;
+    return *m_set;
+}
+
+void FeatureSection::Read(const XmlElement & element)
+{
+    switch (element.Name()) {
+    case W("ColorRef"):
+        TakeFields<Fields<Set>::ColorRef>(element, *m_set, m_context.blocks);
+        m_layer->ColorRefId = m_set->ColorRef;
+        break;
+    case W("Features"):
+        ReadFeatures(element);
+        break;
+    case W("Pad"):
+        ReadPad(element);
+        break;
+    case W("Hole"):
+        ReadHole(element);
+        break;
+    case W("SlotCavity"):
+    case W("Fiducial"):
+    case W("BadBoardMark"):
+    case W("GlobalFiducial"):
+    case W("GoodPanelMark"):
+    case W("LocalFiducial"):
+        ReadArea(element);
+        break;
+    default:
+        break;
+    }
+}
+
+void FeatureSection::ReadFeatures(const XmlElement & element)
+{
+    using Features = CIPC2581_Ecad_CadData_Step_LayerFeature_Set_Features;
+    Features & features = NextSet(SetKinds::Features).Features;
+    element.Take();
+    Placement placement;
+    for (const XmlElement child : element) {
+        switch (child.Name()) {
+        case W("Xform"):
+            placement = m_shapes.ReadXform(child);
+            break;
+        case W("Location"):
+            TakeFields<Fields<Features>::Location>(child, features, m_context.blocks);
+            break;
+        default:
+            m_shapes.Read(child, placement, ShapeReader::Hollow::Strokes, m_read);
+            break;
+        }
+    }
+    KeepShapes(features);
+}
+
+void FeatureSection::KeepShapes(CIPC2581_Ecad_CadData_Step_LayerFeature_Set_Features & features)
+{
+    for (auto & shape : m_read) {
+        AddTo(features.DrawObjArray, std::move(shape));
+    }
+    m_read.clear();
+}
+
+// A slot or a mark: an area at its place.
+void FeatureSection::ReadArea(const XmlElement & element)
+{
+    using Features = CIPC2581_Ecad_CadData_Step_LayerFeature_Set_Features;
+    Features & features = NextSet(SetKinds::Features).Features;
+    element.Take();
+    Placement placement;
+    for (const XmlElement child : element) {
+        switch (child.Name()) {
+        case W("Xform"):
+            placement = m_shapes.ReadXform(child);
+            break;
+        case W("Location"):
+            TakeFields<Fields<Features>::Location>(child, features, m_context.blocks);
+            break;
+        case W("Outline"): {
+            Shapes own;
+            m_shapes.ReadOutlineArea(child, own);
+            AddPlaced(std::move(own.front()), placement, m_read);
+            break;
+        }
+        default:
+            m_shapes.Read(child, placement, ShapeReader::Hollow::Areas, m_read);
+            break;
+        }
+    }
+    KeepShapes(features);
+}
+
+void FeatureSection::ReadPad(const XmlElement & element)
+{
+    using Pad = CIPC2581_Ecad_CadData_Step_Pad;
+    Set & set = NextSet(SetKinds::Pad);
+    TakeFields<Fields<Pad>::Pad>(element, set.Pad, m_context.blocks);
+    for (const XmlElement child : element) {
+        if (child.Name() == W("PinRef") && m_step.CheckPin(child) && m_makesNets) {
+            AddNetPin(child, set);
+        }
+    }
+    m_pads.Read(element, m_layerName, set.Pad);
+}
+
+void FeatureSection::ReadHole(const XmlElement & element)
+{
+    using Hole = CIPC2581_Ecad_CadData_Step_Hole;
+    Hole & hole = NextSet(SetKinds::Hole).Hole;
+    TakeFields<Fields<Hole>::Hole>(element, hole, m_context.blocks);
+    TakeFields<Fields<Hole>::HolePlace>(element, hole, m_context.blocks);
+    for (const XmlElement child : element) {
+        if (child.Name() == W("Span")) {
+            TakeFields<Fields<Hole>::Span>(child, hole, m_context.blocks);
+        }
+    }
+    if (hole.FromLayer.IsEmpty() && hole.ToLayer.IsEmpty()) {
+        m_cad.TakeSpan(m_layerName, hole);
+    }
+}
+
+void FeatureSection::AddNetPin(const XmlElement & pinRef, const Set & set)
+{
+    using Pin = CIPC2581_Ecad_CadData_Step_LogicalNet_LogicalNetPin;
+    if (set.Net.IsEmpty()) {
+        return;
+    }
+    const std::string_view name = set.Net;
+    std::string key(name);
+    key.append("\n").append(pinRef.Value(W("componentRef"))).append("\n").append(pinRef.Value(W("pin")));
+    if (!m_netPins.emplace(std::move(key)).second) {
+        return;
+    }
+    Pin & pin = AddTo(MadeNet(name).LogicalNetPinArray, m_context.Make<Pin>());
+    TakeText(pinRef.Value(W("componentRef")), pin.ComponentRef, m_context.blocks);
+    TakeText(pinRef.Value(W("pin")), pin.Pin, m_context.blocks);
+    TakeText(pinRef.Value(W("title")), pin.Title, m_context.blocks);
+}
+
+void FeatureSection::EndStep(std::size_t line)
+{
+    if (!m_nets.empty()) {
+        m_context.Note(NoteKind::NetsFromSets, line,
+                       std::to_string(m_nets.size()) + " nets are made of the sets and pads of the layers, since the "
+                                                       "file has no logical nets");
+    }
+}
+
+}  // namespace ipc2581::detail

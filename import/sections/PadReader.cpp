@@ -1,0 +1,263 @@
+#include "import/sections/PadReader.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "import/shapes/Units.h"
+#include "ipc2581/each.h"
+
+namespace ipc2581::detail {
+namespace {
+
+// Where a shape is put that may be turned alone; what is left is done to the shape.
+Placement WithoutTurn(const Placement & placement)
+{
+    return {.isMirrored = placement.isMirrored, .scale = placement.scale};
+}
+
+// A turn in front of a mirror is the turn the other way behind it.
+double TurnBehind(const Placement & placement)
+{
+    return placement.isMirrored && placement.rotation != 0.0 ? -placement.rotation : placement.rotation;
+}
+
+void AddTo(Vertex & location, const XmlElement & element, Word nameOfX, Word nameOfY)
+{
+    Vertex own;
+    TakeNumber(element.Value(nameOfX), own.X);
+    TakeNumber(element.Value(nameOfY), own.Y);
+    location = {location.X + own.X, location.Y + own.Y};
+}
+
+// What of a shape that stands in place makes it equal to another one; empty for one that has more in it.
+std::string KeyOf(const XmlElement & element)
+{
+    std::string key;
+    if (!element.IsEmpty()) {
+        return key;
+    }
+    key = std::to_string(element.Name());
+    element.ForEachAttribute([&](Word name, std::string_view value) {
+        key.append(" ").append(std::to_string(name)).append("=").append(value);
+    });
+    return key;
+}
+
+}  // namespace
+
+// The definitions themselves stay lost facts, so what is kept is a copy.
+void PadReader::KeepPadStackDef(const Tree & tree, const XmlElement & definition)
+{
+    Stack & stack = m_stacks[std::string(definition.Value(W("name")))];
+    for (const XmlElement child : definition) {
+        if (child.Name() != W("PadstackPadDef") || child.Value(W("padUse")) == "ANTIPAD" ||
+            child.Value(W("padUse")) == "THERMAL") {
+            continue;
+        }
+        PadOfStack pad;
+        pad.layer = child.Value(W("layerRef"));
+        for (const XmlElement inner : child) {
+            if (inner.Name() == W("Location")) {
+                AddTo(pad.placement.location, inner, W("x"), W("y"));
+            }
+            else if (inner.Name() == W("Xform")) {
+                AddTo(pad.placement.location, inner, W("xOffset"), W("yOffset"));
+                TakeNumber(inner.Value(W("rotation")), pad.placement.rotation);
+                pad.placement.isMirrored = IsTrue(inner.Value(W("mirror")));
+            }
+            else if (IsShapeName(inner.Name())) {
+                pad.shape = inner.Place();
+            }
+        }
+        stack.pads.push_back(std::move(pad));
+    }
+    stack.tree = tree;
+}
+
+void PadReader::Read(const XmlElement & element, std::string_view layer, CIPC2581_Ecad_CadData_Step_Pad & pad)
+{
+    Placement placement;
+    std::optional<XmlElement> shape;
+    for (const XmlElement child : element) {
+        switch (child.Name()) {
+        case W("Location"):
+            TakeFields<Fields<CIPC2581_Ecad_CadData_Step_Pad>::Location>(child, pad, m_context.blocks);
+            break;
+        case W("Xform"):
+            placement = m_shapes.ReadXform(child);
+            break;
+        case W("PinRef"):
+            TakePin(child, pad);
+            break;
+        default:
+            if (!shape.has_value() && IsShapeName(child.Name())) {
+                shape = child;
+            }
+            break;
+        }
+    }
+    pad.Rotation = TurnBehind(placement);
+    pad.Location.X += placement.location.X;
+    pad.Location.Y += placement.location.Y;
+    if (shape.has_value()) {
+        TakePlacedShape(*shape, placement, pad);
+    }
+    else {
+        TakeFromStack(element, layer, placement, pad);
+    }
+}
+
+// The pin as it is written: component and pin with a point between them. Of several the first is taken.
+void PadReader::TakePin(const XmlElement & element, CIPC2581_Ecad_CadData_Step_Pad & pad)
+{
+    if (!pad.Pin.IsEmpty()) {
+        return;
+    }
+    element.Take();
+    const std::string_view component = element.TakeValue(W("componentRef"));
+    const std::string_view pin = element.TakeValue(W("pin"));
+    std::string name(component);
+    name.append(component.empty() ? "" : ".").append(pin);
+    TakeText(name, pad.Pin, m_context.blocks);
+}
+
+void PadReader::TakePlacedShape(const XmlElement & element, const Placement & placement,
+                                CIPC2581_Ecad_CadData_Step_Pad & pad)
+{
+    if (element.Name() == W("StandardPrimitiveRef")) {
+        TakeStandardRef(element, placement, pad);
+        return;
+    }
+    const Placement left = WithoutTurn(placement);
+    if (left.IsNothing()) {
+        TakeShape(element, pad.StandardPrimitiveRefId);
+        return;
+    }
+    Shapes shapes;
+    m_shapes.Read(element, left, ShapeReader::Hollow::Areas, shapes);
+    TakeEntry("PLACED", "", std::move(shapes), pad.StandardPrimitiveRefId);
+}
+
+void PadReader::TakeStandardRef(const XmlElement & element, const Placement & placement,
+                                CIPC2581_Ecad_CadData_Step_Pad & pad)
+{
+    const std::string_view id = element.Value(W("id"));
+    TakeFields<Fields<CIPC2581_Ecad_CadData_Step_Pad>::StandardPrimitiveRef>(element, pad, m_context.blocks);
+    const auto * const entry = m_figures.Standard(id);
+    const Placement left = WithoutTurn(placement);
+    if (entry == nullptr) {
+        m_context.TellDangling(element.Line(), "primitive", id);
+        return;
+    }
+    if (left.IsNothing()) {
+        return;
+    }
+    if (left.scale == 1.0 && m_figures.IsSymmetricStandard(id)) {
+        return;
+    }
+    const std::string base = std::string(id) + (left.isMirrored ? "-MIRRORED" : "-SCALED");
+    const std::string key = base + " " + std::to_string(left.scale);
+    if (TakeMade(key, pad.StandardPrimitiveRefId)) {
+        return;
+    }
+    const double scale = UnitScale(m_context.board.m_Content.DictionaryStandard->Unit, m_shapes.Units());
+    Shapes shapes;
+    for (const CIPC2581_DrawObj * const shape : Each(entry->DrawArray)) {
+        AddPlaced(CopyOf(*shape), left.Of({.scale = scale}), shapes);
+    }
+    TakeEntry(base, key, std::move(shapes), pad.StandardPrimitiveRefId);
+}
+
+void PadReader::TakeShape(const XmlElement & element, CString & id)
+{
+    if (element.Name() == W("StandardPrimitiveRef")) {
+        element.Take();
+        TakeTextOf(element, W("id"), id, m_context.blocks);
+        if (m_figures.Standard(element.Value(W("id"))) == nullptr) {
+            m_context.TellDangling(element.Line(), "primitive", element.Value(W("id")));
+        }
+        return;
+    }
+    const bool isReference = element.Name() == W("UserPrimitiveRef");
+    const std::string key = KeyOf(element);
+    if (TakeMade(key, id)) {
+        element.TakeWhole();
+        return;
+    }
+    const std::string base(isReference ? element.Value(W("id")) : "SHAPE");
+    Shapes shapes;
+    m_shapes.Read(element, {}, isReference ? ShapeReader::Hollow::Strokes : ShapeReader::Hollow::Areas, shapes);
+    if (isReference && m_figures.User(base) == nullptr) {
+        element.Take();
+        TakeTextOf(element, W("id"), id, m_context.blocks);
+        return;
+    }
+    TakeEntry(base, key, std::move(shapes), id);
+}
+
+// The name of the entry that was made of the same before, if there is one.
+bool PadReader::TakeMade(const std::string & key, CString & id)
+{
+    const auto made = m_made.find(key);
+    if (key.empty() || made == m_made.end()) {
+        return false;
+    }
+    TakeText(made->second, id, m_context.blocks);
+    return true;
+}
+
+void PadReader::TakeEntry(std::string_view base, const std::string & key, Shapes shapes, CString & id)
+{
+    CIPC2581_Content_DictionaryStandard & dictionary = *m_context.board.m_Content.DictionaryStandard;
+    if (dictionary.Unit.IsEmpty()) {
+        dictionary.Unit = m_context.board.m_Ecad.m_CadHeader.units;
+    }
+    std::string name(base);
+    while (m_figures.Standard(name) != nullptr) {
+        name = std::string(base) + "-" + std::to_string(++m_numbered);
+    }
+    auto & entry = AddTo(dictionary.EntryArray, m_context.Make<CIPC2581_Content_DictionaryStandard_EntryStandard>());
+    TakeText(name, entry.EntryStandardId, m_context.blocks);
+    const double scale = UnitScale(m_shapes.Units(), dictionary.Unit);
+    Shapes scaled;
+    for (auto & shape : shapes) {
+        AddPlaced(std::move(shape), {.scale = scale}, scaled);
+    }
+    for (auto & shape : scaled) {
+        AddTo(entry.DrawArray, std::move(shape));
+    }
+    m_figures.AddStandard(name, entry);
+    if (!key.empty()) {
+        m_made.emplace(key, name);
+    }
+    TakeText(name, id, m_context.blocks);
+}
+
+// A pad without a shape has that of its pad stack on its layer.
+void PadReader::TakeFromStack(const XmlElement & element, std::string_view layer, const Placement & placement,
+                              CIPC2581_Ecad_CadData_Step_Pad & pad)
+{
+    const std::string_view name = element.Value(W("padstackDefRef"));
+    if (name.empty()) {
+        return;
+    }
+    const auto found = m_stacks.find(name);
+    if (found == m_stacks.end()) {
+        m_context.TellDangling(element.Line(), "pad stack", name);
+        return;
+    }
+    Stack & stack = found->second;
+    const auto own = std::find_if(stack.pads.begin(), stack.pads.end(),
+                                  [&](const PadOfStack & any) { return any.layer == layer && any.shape != 0; });
+    if (own == stack.pads.end()) {
+        return;
+    }
+    const Placement placed =
+        Placement{{}, placement.rotation, placement.isMirrored, placement.scale}.Of(own->placement);
+    pad.Location.X += placed.location.X;
+    pad.Location.Y += placed.location.Y;
+    pad.Rotation = TurnBehind(placed);
+    TakePlacedShape(stack.tree.ElementAt(own->shape), placed, pad);
+}
+
+}  // namespace ipc2581::detail

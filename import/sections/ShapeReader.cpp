@@ -1,0 +1,712 @@
+#include "import/sections/ShapeReader.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <utility>
+
+#include "import/shapes/ShapePaths.h"
+#include "import/shapes/Units.h"
+#include "ipc2581/base/Codes.h"
+#include "ipc2581/each.h"
+
+namespace ipc2581::detail {
+namespace {
+
+constexpr std::string_view HollowWord = "HOLLOW";
+constexpr std::string_view FilledWord = "FILL";
+constexpr std::string_view VoidWord = "VOID";
+
+Unreferenced FactsOf(const XmlElement & entry, LossRecorder::Path path)
+{
+    Unreferenced facts = {path, entry.Line(), {}, false};
+    entry.TakeAttributes([&](Word name, std::string_view value) {
+        facts.attributes.emplace_back(name, value);
+        return true;
+    });
+    return facts;
+}
+
+template <typename Value>
+Value * FindIn(ByName<Value> & values, std::string_view name)
+{
+    const auto found = values.find(name);
+    return found == values.end() ? nullptr : &found->second;
+}
+
+}  // namespace
+
+bool IsShapeName(Word name)
+{
+    switch (name) {
+    case W("StandardPrimitiveRef"):
+    case W("UserPrimitiveRef"):
+    case W("Arc"):
+    case W("Butterfly"):
+    case W("Circle"):
+    case W("Contour"):
+    case W("Diamond"):
+    case W("Donut"):
+    case W("Ellipse"):
+    case W("Hexagon"):
+    case W("Line"):
+    case W("Moire"):
+    case W("Octagon"):
+    case W("Outline"):
+    case W("Oval"):
+    case W("Polyline"):
+    case W("RectCenter"):
+    case W("RectCham"):
+    case W("RectCorner"):
+    case W("RectRound"):
+    case W("Text"):
+    case W("Thermal"):
+    case W("Triangle"):
+    case W("UserSpecial"):
+        return true;
+    default:
+        return false;
+    }
+}
+
+void Figures::AddLineDesc(const XmlElement & entry, LossRecorder::Path path)
+{
+    entry.Take();
+    LineDescEntry added;
+    const std::string id(entry.Value(W("id")));
+    added.facts = FactsOf(entry, path);
+    for (const XmlElement child : entry) {
+        if (child.Name() == W("LineDesc")) {
+            TakeFields<Fields<CIPC2581_LineDesc>::LineDesc>(child, added.lineDesc, m_context.blocks);
+        }
+    }
+    m_lineDescs.try_emplace(id, std::move(added));
+}
+
+void Figures::AddFillDesc(const XmlElement & entry, LossRecorder::Path path)
+{
+    entry.Take();
+    FillEntry added;
+    const std::string id(entry.Value(W("id")));
+    added.facts = FactsOf(entry, path);
+    for (const XmlElement child : entry) {
+        if (child.Name() == W("FillDesc")) {
+            child.Take();
+            added.fill = child.TakeValue(W("fillProperty"));
+        }
+    }
+    m_fills.try_emplace(id, std::move(added));
+}
+
+void Figures::AddUser(std::string_view id, CIPC2581_Content_DictionaryUser_EntryUser & entry)
+{
+    m_users.try_emplace(std::string(id), &entry);
+}
+
+void Figures::AddStandard(std::string_view id, CIPC2581_Content_DictionaryStandard_EntryStandard & entry)
+{
+    m_standards.try_emplace(std::string(id), &entry);
+}
+
+const CIPC2581_LineDesc * Figures::LineDesc(std::string_view id)
+{
+    LineDescEntry * const entry = FindIn(m_lineDescs, id);
+    if (entry == nullptr) {
+        return nullptr;
+    }
+    entry->facts.isReferenced = true;
+    return &entry->lineDesc;
+}
+
+const std::string * Figures::Fill(std::string_view id)
+{
+    FillEntry * const entry = FindIn(m_fills, id);
+    if (entry == nullptr) {
+        return nullptr;
+    }
+    entry->facts.isReferenced = true;
+    return &entry->fill;
+}
+
+CIPC2581_Content_DictionaryUser_EntryUser * Figures::User(std::string_view id) const
+{
+    const auto found = m_users.find(id);
+    return found == m_users.end() ? nullptr : found->second;
+}
+
+CIPC2581_Content_DictionaryStandard_EntryStandard * Figures::Standard(std::string_view id) const
+{
+    const auto found = m_standards.find(id);
+    return found == m_standards.end() ? nullptr : found->second;
+}
+
+bool Figures::IsSymmetricStandard(std::string_view id)
+{
+    const bool * const known = FindIn(m_areSymmetric, id);
+    if (known != nullptr) {
+        return *known;
+    }
+    const auto * const entry = Standard(id);
+    const auto shapes = entry == nullptr ? decltype(Each(entry->DrawArray))() : Each(entry->DrawArray);
+    const bool areAll =
+        std::all_of(shapes.begin(), shapes.end(), [](const auto * shape) { return IsSymmetric(*shape); });
+    m_areSymmetric.emplace(id, areAll);
+    return areAll;
+}
+
+bool Figures::KnowsReferencesIn(const XmlElement & element) const
+{
+    const auto isKnown = [&](const XmlElement & child) {
+        switch (child.Name()) {
+        case W("LineDescRef"):
+            return m_lineDescs.contains(child.Value(W("id")));
+        case W("FillDescRef"):
+            return m_fills.contains(child.Value(W("id")));
+        default:
+            return KnowsReferencesIn(child);
+        }
+    };
+    return std::all_of(element.begin(), element.end(), isKnown);
+}
+
+void Figures::AddHollow(std::string_view id, const CIPC2581_LineDesc & lineDesc)
+{
+    m_hollows.try_emplace(std::string(id), lineDesc);
+}
+
+const CIPC2581_LineDesc * Figures::Hollow(std::string_view id) const
+{
+    const auto found = m_hollows.find(id);
+    return found == m_hollows.end() ? nullptr : &found->second;
+}
+
+void Figures::ReportUnreferenced()
+{
+    ReportUnreferencedOf(m_lineDescs, m_context.losses);
+    ReportUnreferencedOf(m_fills, m_context.losses);
+}
+
+void ShapeReader::SetUnits(std::string_view units)
+{
+    m_units = units;
+    m_lineDescScale = UnitScale(m_figures.LineDescUnits(), units);
+}
+
+Placement ShapeReader::ReadXform(const XmlElement & element)
+{
+    Placement placement;
+    element.Take();
+    TakeNumberOf(element, W("xOffset"), placement.location.X);
+    TakeNumberOf(element, W("yOffset"), placement.location.Y);
+    TakeNumberOf(element, W("rotation"), placement.rotation);
+    TakeNumberOf(element, W("scale"), placement.scale);
+    element.TakeAttributes([&](Word name, std::string_view value) {
+        return name == W("mirror") && TakeTruth(value, placement.isMirrored);
+    });
+    return placement;
+}
+
+// Keeps what stands in a shape beside its form. A transform is taken at once, the rest waits for who needs it.
+void ShapeReader::AddStyle(const XmlElement & child, Style & style)
+{
+    switch (child.Name()) {
+    case W("LineDesc"):
+    case W("LineDescRef"):
+        style.lineDesc = child;
+        break;
+    case W("FillDesc"):
+    case W("FillDescRef"):
+        style.fill = child;
+        break;
+    case W("Xform"):
+        style.placement = ReadXform(child);
+        break;
+    default:
+        break;
+    }
+}
+
+ShapeReader::Style ShapeReader::StyleOf(const XmlElement & element)
+{
+    Style style;
+    for (const XmlElement child : element) {
+        AddStyle(child, style);
+    }
+    return style;
+}
+
+void ShapeReader::TakeLineDesc(const XmlElement & element, CIPC2581_LineDesc & lineDesc)
+{
+    if (element.Name() == W("LineDesc")) {
+        TakeFields<Fields<CIPC2581_LineDesc>::LineDesc>(element, lineDesc, m_context.blocks);
+        return;
+    }
+    const CIPC2581_LineDesc * const entry = m_figures.LineDesc(element.Value(W("id")));
+    if (entry == nullptr) {
+        m_context.TellDangling(element.Line(), "line description", element.Value(W("id")));
+        return;
+    }
+    element.TakeWhole();
+    lineDesc.LineWidth = entry->LineWidth * m_lineDescScale;
+    lineDesc.LineEnd.Assign(entry->LineEnd, &m_context.blocks);
+}
+
+// The same without taking it.
+CIPC2581_LineDesc ShapeReader::LineDescOf(const XmlElement & element)
+{
+    CIPC2581_LineDesc lineDesc;
+    if (element.Name() == W("LineDesc")) {
+        TakeNumber(element.Value(W("lineWidth")), lineDesc.LineWidth);
+        TakeText(element.Value(W("lineEnd")), lineDesc.LineEnd, m_context.blocks);
+        return lineDesc;
+    }
+    const CIPC2581_LineDesc * const entry = m_figures.LineDesc(element.Value(W("id")));
+    if (entry != nullptr) {
+        lineDesc = *entry;
+        lineDesc.LineWidth *= m_lineDescScale;
+    }
+    return lineDesc;
+}
+
+std::optional<CIPC2581_LineDesc> ShapeReader::HollowLineOf(const XmlElement & element)
+{
+    CIPC2581_LineDesc lineDesc;
+    bool isHollow = false;
+    for (const XmlElement child : element) {
+        switch (child.Name()) {
+        case W("LineDesc"):
+        case W("LineDescRef"):
+            lineDesc = LineDescOf(child);
+            break;
+        case W("FillDesc"):
+        case W("FillDescRef"):
+            isHollow = FillWord(child) == HollowWord;
+            break;
+        case W("Polygon"):
+            return HollowLineOf(child);
+        default:
+            break;
+        }
+    }
+    return isHollow ? std::optional(lineDesc) : std::nullopt;
+}
+
+// True for a shape that takes away what others have drawn.
+bool ShapeReader::IsVoid(const XmlElement & element)
+{
+    return std::any_of(element.begin(), element.end(), [&](const XmlElement & child) {
+        const bool isFill = child.Name() == W("FillDesc") || child.Name() == W("FillDescRef");
+        return isFill ? FillWord(child) == VoidWord : child.Name() == W("Polygon") && IsVoid(child);
+    });
+}
+
+// The word of a fill, or of the entry that it refers to.
+std::string_view ShapeReader::FillWord(const XmlElement & element)
+{
+    if (element.Name() == W("FillDesc")) {
+        return element.Value(W("fillProperty"));
+    }
+    const std::string * const entry = m_figures.Fill(element.Value(W("id")));
+    if (entry == nullptr) {
+        m_context.TellDangling(element.Line(), "fill description", element.Value(W("id")));
+        return {};
+    }
+    return *entry;
+}
+
+void ShapeReader::TakeFill(const std::optional<XmlElement> & element)
+{
+    if (element.has_value() && FillWord(*element) == FilledWord) {
+        element->Take();
+        static_cast<void>(element->TakeValue(element->Name() == W("FillDesc") ? W("fillProperty") : W("id")));
+    }
+}
+
+// The points of a contour, and what else stands there.
+ShapeReader::Style ShapeReader::ReadSteps(const XmlElement & element, CIPC2581_Point & begin,
+                                          CIPC2581_PolyStepArray & steps)
+{
+    Style style;
+    for (const XmlElement child : element) {
+        switch (child.Name()) {
+        case W("PolyBegin"):
+            TakeFields<Fields<CIPC2581_Point>::PolyBegin>(child, begin, m_context.blocks);
+            break;
+        case W("PolyStepSegment"):
+            TakeFields<Fields<CIPC2581_PolyStep>::PolyStepSegment>(
+                child, AddTo(steps, m_context.Make<CIPC2581_PolyStep>()), m_context.blocks);
+            break;
+        case W("PolyStepCurve"): {
+            CIPC2581_PolyStep & step = AddTo(steps, m_context.Make<CIPC2581_PolyStep>());
+            step.Type = StepTypes::Curve;
+            TakeFields<Fields<CIPC2581_PolyStep>::PolyStepCurve>(child, step, m_context.blocks);
+            break;
+        }
+        default:
+            AddStyle(child, style);
+            break;
+        }
+    }
+    return style;
+}
+
+template <typename Shape>
+std::unique_ptr<CIPC2581_DrawObj> ShapeReader::ReadContourShape(const XmlElement & element, Style & style)
+{
+    element.Take();
+    auto shape = m_context.Make<Shape>();
+    style = ReadSteps(element, *shape->PolyBegin, *shape->PolyStepArray);
+    if (style.placement.IsNothing()) {
+        return shape;
+    }
+    // A contour stays one shape wherever it is placed.
+    Shapes placed;
+    AddPlaced(std::move(shape), style.placement, placed);
+    return std::move(placed.front());
+}
+
+void ShapeReader::ReadPolygon(const XmlElement & element, CIPC2581_Polygon & polygon)
+{
+    Style style;
+    polygon = static_cast<CIPC2581_Polygon &>(*ReadContourShape<CIPC2581_Polygon>(element, style));
+    TakeFill(style.fill);
+}
+
+void ShapeReader::ReadCutout(const XmlElement & element, CIPC2581_Cutout & cutout)
+{
+    Style style;
+    cutout = static_cast<CIPC2581_Cutout &>(*ReadContourShape<CIPC2581_Cutout>(element, style));
+    TakeFill(style.fill);
+}
+
+void ShapeReader::ReadOutline(const XmlElement & element, CIPC2581_Polygon & polygon, CIPC2581_LineDesc & lineDesc)
+{
+    element.Take();
+    for (const XmlElement child : element) {
+        if (child.Name() == W("Polygon")) {
+            ReadPolygon(child, polygon);
+        }
+        else if (child.Name() == W("LineDesc") || child.Name() == W("LineDescRef")) {
+            TakeLineDesc(child, lineDesc);
+        }
+    }
+}
+
+void ShapeReader::ReadOutlineArea(const XmlElement & element, Shapes & shapes)
+{
+    element.Take();
+    auto contour = m_context.Make<CIPC2581_DicDraw_Contour>();
+    for (const XmlElement child : element) {
+        if (child.Name() == W("Polygon")) {
+            Style style;
+            AddTo(*contour->DicDrawObjArray, ReadContourShape<CIPC2581_Polygon>(child, style));
+            TakeFill(style.fill);
+        }
+    }
+    shapes.push_back(std::move(contour));
+}
+
+template <typename Shape, const auto & table>
+std::unique_ptr<CIPC2581_DrawObj> ShapeReader::ReadPrimitive(const XmlElement & element)
+{
+    auto shape = m_context.Make<Shape>();
+    TakeFields<table>(element, *shape, m_context.blocks);
+    return shape;
+}
+
+// A rectangle whose corners are cut where its flags say so. They are true unless the file says that they are not.
+template <typename Shape, const auto & table>
+std::unique_ptr<CIPC2581_DrawObj> ShapeReader::ReadCornered(const XmlElement & element)
+{
+    auto shape = m_context.Make<Shape>();
+    shape->UpperRight = shape->UpperLeft = shape->LowerLeft = shape->LowerRight = 1;
+    TakeFields<table>(element, *shape, m_context.blocks);
+    if (shape->UpperRight + shape->UpperLeft + shape->LowerLeft + shape->LowerRight != 0) {
+        return shape;
+    }
+    // In the model no flag at all means that all corners are cut.
+    auto rect = m_context.Make<CIPC2581_DicDraw_RectCenter>();
+    rect->Width = shape->Width;
+    rect->Height = shape->Height;
+    return rect;
+}
+
+std::unique_ptr<CIPC2581_DrawObj> ShapeReader::MakePrimitive(const XmlElement & element)
+{
+    switch (element.Name()) {
+    case W("Butterfly"):
+        return ReadPrimitive<CIPC2581_DicDraw_Butterfly, Fields<CIPC2581_DicDraw_Butterfly>::Butterfly>(element);
+    case W("Circle"):
+        return ReadPrimitive<CIPC2581_DicDraw_Circle, Fields<CIPC2581_DicDraw_Circle>::Circle>(element);
+    case W("Diamond"):
+        return ReadPrimitive<CIPC2581_DicDraw_Diamond, Fields<CIPC2581_DicDraw_Diamond>::Diamond>(element);
+    case W("Donut"):
+        return ReadPrimitive<CIPC2581_DicDraw_Donut, Fields<CIPC2581_DicDraw_Donut>::Donut>(element);
+    case W("Ellipse"):
+        return ReadPrimitive<CIPC2581_DicDraw_Ellipse, Fields<CIPC2581_DicDraw_Ellipse>::Ellipse>(element);
+    case W("Hexagon"):
+        return ReadPrimitive<CIPC2581_DicDraw_Hexagon, Fields<CIPC2581_DicDraw_Hexagon>::Hexagon>(element);
+    case W("Moire"):
+        return ReadPrimitive<CIPC2581_DicDraw_Moire, Fields<CIPC2581_DicDraw_Moire>::Moire>(element);
+    case W("Octagon"):
+        return ReadPrimitive<CIPC2581_DicDraw_Octagon, Fields<CIPC2581_DicDraw_Octagon>::Octagon>(element);
+    case W("Oval"):
+        return ReadPrimitive<CIPC2581_DicDraw_Oval, Fields<CIPC2581_DicDraw_Oval>::Oval>(element);
+    case W("RectCenter"):
+        return ReadPrimitive<CIPC2581_DicDraw_RectCenter, Fields<CIPC2581_DicDraw_RectCenter>::RectCenter>(element);
+    case W("RectCham"):
+        return ReadCornered<CIPC2581_DicDraw_RectCham, Fields<CIPC2581_DicDraw_RectCham>::RectCham>(element);
+    case W("RectCorner"):
+        return ReadPrimitive<CIPC2581_DicDraw_RectCorner, Fields<CIPC2581_DicDraw_RectCorner>::RectCorner>(element);
+    case W("RectRound"):
+        return ReadCornered<CIPC2581_DicDraw_RectRound, Fields<CIPC2581_DicDraw_RectRound>::RectRound>(element);
+    case W("Thermal"):
+        return ReadPrimitive<CIPC2581_DicDraw_Thermal, Fields<CIPC2581_DicDraw_Thermal>::Thermal>(element);
+    case W("Triangle"):
+        return ReadPrimitive<CIPC2581_DicDraw_Triangle, Fields<CIPC2581_DicDraw_Triangle>::Triangle>(element);
+    default:
+        return nullptr;
+    }
+}
+
+bool ShapeReader::Read(const XmlElement & element, const Placement & placement, Hollow hollow, Shapes & shapes)
+{
+    // As an area it would be wrong, so all of it is lost.
+    if (IsVoid(element)) {
+        return IsShapeName(element.Name());
+    }
+    switch (element.Name()) {
+    case W("Contour"):
+        ReadContour(element, placement, hollow, shapes);
+        return true;
+    case W("Polyline"):
+        ReadPolyline(element, placement, shapes);
+        return true;
+    case W("Line"):
+        ReadLine(element, placement, shapes);
+        return true;
+    case W("Arc"):
+        ReadArc(element, placement, shapes);
+        return true;
+    case W("Outline"): {
+        auto outline = m_context.Make<CIPC2581_Outline>();
+        ReadOutline(element, *outline->Polygon, *outline->LineDesc);
+        AddPlaced(std::move(outline), placement, shapes);
+        return true;
+    }
+    case W("Text"):
+        ReadText(element, placement, shapes);
+        return true;
+    case W("UserSpecial"):
+        ReadUserSpecial(element, placement, hollow, shapes);
+        return true;
+    case W("UserPrimitiveRef"):
+        ReadUserRef(element, placement, shapes);
+        return true;
+    case W("StandardPrimitiveRef"):
+        ReadStandardRef(element, placement, shapes);
+        return true;
+    default:
+        break;
+    }
+    std::unique_ptr<CIPC2581_DrawObj> shape = MakePrimitive(element);
+    if (shape == nullptr) {
+        return false;
+    }
+    Style style = StyleOf(element);
+    Finish(std::move(shape), style, placement, hollow, shapes);
+    return true;
+}
+
+// Puts an area into the list, or the lines around it if it is hollow.
+void ShapeReader::Finish(std::unique_ptr<CIPC2581_DrawObj> shape, Style & style, const Placement & placement,
+                         Hollow hollow, Shapes & shapes)
+{
+    const Placement placed = placement.Of(style.placement);
+    const bool isHollow = style.fill.has_value() && FillWord(*style.fill) == HollowWord;
+    if (!isHollow || hollow == Hollow::Areas) {
+        TakeFill(style.fill);
+        AddPlaced(std::move(shape), placed, shapes);
+        return;
+    }
+    style.fill->TakeWhole();
+    CIPC2581_LineDesc lineDesc;
+    if (style.lineDesc.has_value()) {
+        TakeLineDesc(*style.lineDesc, lineDesc);
+    }
+    lineDesc.LineWidth *= placement.scale;
+    for (const Path & path : FilledPaths(*shape)) {
+        AddStrokes(Placed(path, placed), lineDesc, shapes);
+    }
+}
+
+// A polygon and its cutouts. How it is filled stands in the polygon.
+void ShapeReader::ReadContour(const XmlElement & element, const Placement & placement, Hollow hollow, Shapes & shapes)
+{
+    element.Take();
+    auto contour = m_context.Make<CIPC2581_DicDraw_Contour>();
+    Style style;
+    for (const XmlElement child : element) {
+        if (child.Name() == W("Polygon")) {
+            AddTo(*contour->DicDrawObjArray, ReadContourShape<CIPC2581_Polygon>(child, style));
+        }
+        else if (child.Name() == W("Cutout")) {
+            Style own;
+            AddTo(*contour->DicDrawObjArray, ReadContourShape<CIPC2581_Cutout>(child, own));
+            TakeFill(own.fill);
+        }
+    }
+    // The polygon is placed by its own transform already.
+    style.placement = StyleOf(element).placement;
+    Finish(std::move(contour), style, placement, hollow, shapes);
+}
+
+void ShapeReader::ReadLine(const XmlElement & element, const Placement & placement, Shapes & shapes)
+{
+    auto line = m_context.Make<CIPC2581_Line>();
+    TakeFields<Fields<CIPC2581_Line>::Line>(element, *line, m_context.blocks);
+    const Style style = StyleOf(element);
+    if (style.lineDesc.has_value()) {
+        TakeLineDesc(*style.lineDesc, *line->LineDesc);
+    }
+    AddPlaced(std::move(line), placement.Of(style.placement), shapes);
+}
+
+void ShapeReader::ReadPolyline(const XmlElement & element, const Placement & placement, Shapes & shapes)
+{
+    element.Take();
+    auto line = m_context.Make<CIPC2581_PolyLine>();
+    const Style style = ReadSteps(element, *line->PolyBegin, *line->PolyStepArray);
+    if (style.lineDesc.has_value()) {
+        TakeLineDesc(*style.lineDesc, *line->LineDesc);
+    }
+    AddPlaced(std::move(line), placement.Of(style.placement), shapes);
+}
+
+// An arc is a line with one curve: a class of its own is in the model, but nothing there writes or draws it.
+void ShapeReader::ReadArc(const XmlElement & element, const Placement & placement, Shapes & shapes)
+{
+    element.Take();
+    auto line = m_context.Make<CIPC2581_PolyLine>();
+    CPointD & begin = *line->PolyBegin->Point;
+    CIPC2581_PolyStep & step = AddTo(*line->PolyStepArray, m_context.Make<CIPC2581_PolyStep>());
+    step.Type = StepTypes::Curve;
+    const std::array<std::pair<Word, double *>, 6> numbers = {{{W("startX"), &begin.X},
+                                                               {W("startY"), &begin.Y},
+                                                               {W("endX"), &step.EndPoint->Point->X},
+                                                               {W("endY"), &step.EndPoint->Point->Y},
+                                                               {W("centerX"), &step.CenterPoint->Point->X},
+                                                               {W("centerY"), &step.CenterPoint->Point->Y}}};
+    for (const auto & [name, number] : numbers) {
+        TakeNumberOf(element, name, *number);
+    }
+    element.TakeAttributes([&](Word name, std::string_view value) {
+        bool isClockwise = false;
+        const bool isTaken = name == W("clockwise") && TakeTruth(value, isClockwise);
+        step.ClockWise = isTaken ? (isClockwise ? 0 : 1) : step.ClockWise;
+        return isTaken;
+    });
+    const Style style = StyleOf(element);
+    if (style.lineDesc.has_value()) {
+        TakeLineDesc(*style.lineDesc, *line->LineDesc);
+    }
+    AddPlaced(std::move(line), placement.Of(style.placement), shapes);
+}
+
+void ShapeReader::ReadText(const XmlElement & element, const Placement & placement, Shapes & shapes)
+{
+    element.Take();
+    auto text = m_context.Make<CIPC2581_Text>();
+    TakeTextOf(element, W("textString"), text->TextString, m_context.blocks);
+    TakeNumberOf(element, W("fontSize"), text->FontSize);
+    for (const XmlElement child : element) {
+        switch (child.Name()) {
+        case W("Xform"):
+            TakeXform(child, *text->Xform);
+            break;
+        case W("BoundingBox"):
+            child.Take();
+            TakeNumberOf(child, W("lowerLeftX"), text->BoundingBox_LowLeftX);
+            TakeNumberOf(child, W("lowerLeftY"), text->BoundingBox_LowLeftY);
+            TakeNumberOf(child, W("upperRightX"), text->BoundingBox_UppRightX);
+            TakeNumberOf(child, W("upperRightY"), text->BoundingBox_UppRightY);
+            break;
+        case W("FontRef"):
+            child.Take();
+            TakeTextOf(child, W("id"), text->FontRefID, m_context.blocks);
+            break;
+        case W("ColorRef"):
+            child.Take();
+            TakeTextOf(child, W("id"), text->ColorGroupID, m_context.blocks);
+            break;
+        default:
+            break;
+        }
+    }
+    AddPlaced(std::move(text), placement, shapes);
+}
+
+void ShapeReader::ReadUserSpecial(const XmlElement & element, const Placement & placement, Hollow hollow,
+                                  Shapes & shapes)
+{
+    element.Take();
+    const Placement placed = placement.Of(StyleOf(element).placement);
+    for (const XmlElement child : element) {
+        Read(child, placed, hollow, shapes);
+    }
+}
+
+// Figures may refer to figures, each of them many times; what comes of that is bounded by what the file has.
+void ShapeReader::CountCopies(const XmlElement & element, std::size_t copies)
+{
+    constexpr std::size_t freeCopies = 1'000'000;
+    constexpr std::size_t copiesPerElement = 64;
+    m_copies += copies;
+    if (m_copies > freeCopies + copiesPerElement * m_context.elements) {
+        throw ImportFault(element.Line(), "the figures refer to each other too often");
+    }
+}
+
+void ShapeReader::ReadUserRef(const XmlElement & element, const Placement & placement, Shapes & shapes)
+{
+    const auto * const entry = m_figures.User(element.Value(W("id")));
+    if (entry == nullptr) {
+        m_context.TellDangling(element.Line(), "figure", element.Value(W("id")));
+        return;
+    }
+    element.Take();
+    static_cast<void>(element.TakeValue(W("id")));
+    const double scale = UnitScale(m_context.board.m_Content.DictionaryUser->Unit, m_units);
+    CountCopies(element, Count(entry->DrawObjArray));
+    for (const CIPC2581_DrawObj * const shape : Each(entry->DrawObjArray)) {
+        AddPlaced(CopyOf(*shape), placement.Of({.scale = scale}), shapes);
+    }
+}
+
+void ShapeReader::ReadStandardRef(const XmlElement & element, const Placement & placement, Shapes & shapes)
+{
+    const auto * const entry = m_figures.Standard(element.Value(W("id")));
+    if (entry == nullptr) {
+        m_context.TellDangling(element.Line(), "primitive", element.Value(W("id")));
+        return;
+    }
+    element.Take();
+    static_cast<void>(element.TakeValue(W("id")));
+    const double scale = UnitScale(m_context.board.m_Content.DictionaryStandard->Unit, m_units);
+    CountCopies(element, Count(entry->DrawArray));
+    const CIPC2581_LineDesc * const hollow = m_figures.Hollow(element.Value(W("id")));
+    const Placement placed = placement.Of({.scale = scale});
+    for (const CIPC2581_DrawObj * const shape : Each(entry->DrawArray)) {
+        if (hollow == nullptr) {
+            AddPlaced(CopyOf(*shape), placed, shapes);
+            continue;
+        }
+        CIPC2581_LineDesc lineDesc = *hollow;
+        lineDesc.LineWidth *= placed.scale;
+        for (const Path & path : FilledPaths(*shape)) {
+            AddStrokes(Placed(path, placed), lineDesc, shapes);
+        }
+    }
+}
+
+}  // namespace ipc2581::detail

@@ -1,0 +1,58 @@
+#ifndef IPC2581_IMPORT_SECTIONS_STEPSECTION_H
+#define IPC2581_IMPORT_SECTIONS_STEPSECTION_H
+
+#include <string_view>
+
+#include "import/elements/Tree.h"
+#include "import/sections/CadSection.h"
+#include "import/sections/Context.h"
+#include "import/sections/PadReader.h"
+#include "import/sections/ShapeReader.h"
+
+namespace ipc2581::detail {
+
+// What a Step holds beside its layers: profile, packages, components and nets.
+class StepSection {
+public:
+    StepSection(Context & context, CadSection & cad, ShapeReader & shapes, PadReader & pads)
+        : m_context(context), m_cad(cad), m_shapes(shapes), m_pads(pads)
+    {
+    }
+
+    // Forgets what it knows of another step.
+    void Begin(const XmlElement & step);
+    // What stands right in the step, with the tree that it is the root of.
+    void Read(const Tree & tree, const XmlElement & element);
+    void BeginPhyNetGroup(const XmlElement & group);
+    void ReadPhyNet(const XmlElement & net);
+
+    [[nodiscard]] bool HasLogicalNets() const { return !Step().LogicalNetArray.IsEmpty(); }
+    // True for a pin of a component of the step. Tells of one that is not there.
+    bool CheckPin(const XmlElement & pinRef);
+
+private:
+    [[nodiscard]] CIPC2581_Ecad_CadData_Step & Step() const { return m_context.board.m_Ecad.m_CadData.m_Step; }
+
+    void ReadProfile(const XmlElement & element);
+    void ReadPadStack(const XmlElement & element);
+    void ReadPackage(const XmlElement & element);
+    void ReadLandPattern(const XmlElement & element, CIPC2581_Ecad_CadData_Step_Package_LandPattern & pattern);
+    template <typename Drawing>
+    void ReadDrawing(const XmlElement & element, Drawing & drawing);
+    void ReadTarget(const XmlElement & element, CIPC2581_Ecad_CadData_Step_TargetArray & targets);
+    void ReadPin(const XmlElement & element, CIPC2581_Ecad_CadData_Step_Package & package);
+    void ReadComponent(const XmlElement & element);
+    void ReadLogicalNet(const XmlElement & element);
+    void CheckLayer(const XmlElement & element);
+
+    Context & m_context;
+    CadSection & m_cad;
+    ShapeReader & m_shapes;
+    PadReader & m_pads;
+    Names m_packages;
+    Names m_components;
+};
+
+}  // namespace ipc2581::detail
+
+#endif

@@ -1,0 +1,58 @@
+#ifndef IPC2581_IMPORT_XML_BYTESOURCE_H
+#define IPC2581_IMPORT_XML_BYTESOURCE_H
+
+#include <cstddef>
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <span>
+
+namespace ipc2581::detail {
+
+// Where the bytes of a document come from.
+class ByteSource {
+public:
+    ByteSource() = default;
+    ByteSource(const ByteSource &) = delete;
+    ByteSource & operator=(const ByteSource &) = delete;
+    virtual ~ByteSource() = default;
+
+    // Gives at most as many bytes as there is room for, and 0 at the end. Throws std::system_error.
+    virtual std::size_t Read(std::span<char> room) = 0;
+    // 0 if it is not known.
+    [[nodiscard]] virtual std::size_t Size() const = 0;
+};
+
+class FileSource final : public ByteSource {
+public:
+    // Throws std::system_error if the file cannot be opened.
+    explicit FileSource(const std::filesystem::path & path);
+
+    std::size_t Read(std::span<char> room) override;
+    [[nodiscard]] std::size_t Size() const override { return m_size; }
+
+private:
+    struct Close {
+        void operator()(std::FILE * file) const { std::fclose(file); }
+    };
+
+    std::unique_ptr<std::FILE, Close> m_file;
+    std::size_t m_size = 0;
+};
+
+// Bytes in memory, which stay the caller's.
+class MemorySource final : public ByteSource {
+public:
+    explicit MemorySource(std::span<const std::byte> bytes) : m_left(bytes), m_size(bytes.size()) {}
+
+    std::size_t Read(std::span<char> room) override;
+    [[nodiscard]] std::size_t Size() const override { return m_size; }
+
+private:
+    std::span<const std::byte> m_left;
+    std::size_t m_size;
+};
+
+}  // namespace ipc2581::detail
+
+#endif
