@@ -5,7 +5,7 @@
 
 namespace {
 
-// Prints each member of the model that holds something, under the names of the classes.
+// Prints each member of the model that holds something, under the name that it has in its class.
 class Dump {
 public:
     template <typename Member, typename Object>

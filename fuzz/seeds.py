@@ -31,6 +31,8 @@ def main():
     if not examples:
         sys.exit(f"{page} has no examples")
     folder.mkdir(parents=True, exist_ok=True)
+    for old in folder.glob("lines-*.cvg"):
+        old.unlink()
     paths = [shutil.copy(board, folder)]
     for number, place, lines in examples:
         path = folder / f"lines-{int(number):03}.cvg"

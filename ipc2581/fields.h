@@ -125,6 +125,7 @@ constexpr FieldKind KindOf()
         return FieldKind::Part;
     }
     else {
+        static_assert(std::is_pointer_v<std::remove_cvref_t<Type>>, "a public member of no known kind");
         return FieldKind::HostPointer;
     }
 }
@@ -267,10 +268,10 @@ template <typename Type>
 constexpr std::string_view ClassNameOf()
 {
     using Held = std::remove_pointer_t<std::remove_cvref_t<Type>>;
-    if constexpr (KindOf<Held>() == FieldKind::List) {
+    if constexpr (KindOf<Type>() == FieldKind::List) {
         return ClassNameOf<typename Held::Element>();
     }
-    else if constexpr (KindOf<Held>() == FieldKind::Part) {
+    else if constexpr (KindOf<Type>() == FieldKind::Part) {
         return Fields<Held>::Name;
     }
     else {

@@ -1022,7 +1022,7 @@ TEST(FieldDescriptions, TellKindsAndClasses)
         {"CIPC2581_Ecad_CadData_Step", "ComponentArray", FieldKind::List, "CIPC2581_Ecad_CadData_Step_Component",
          "Component"},
         {"CIPC2581_Ecad_CadData_Step", "Progress", FieldKind::HostPointer, "", ""},
-        {"CIPC2581_Ecad_CadData_Step", "Datum", FieldKind::Point, "", "Datum"},
+        {"CIPC2581_Ecad_CadData_Step", "Datum", FieldKind::Point, "", ""},
         {"CIPC2581_Ecad_CadData_Step_Component", "Spare", FieldKind::LongInteger, "", ""},
         {"CIPC2581_Ecad_CadData_Step_Component", "Xform", FieldKind::Part, "CIPC2581_Xform", "Xform"},
         {"CIPC2581_Content", "StepRef", FieldKind::Texts, "", "StepRef"},

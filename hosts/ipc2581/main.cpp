@@ -1,12 +1,12 @@
 #include <exception>
 #include <iostream>
-#include <new>
 #include <sstream>
 #include <string>
 
 #include <CLI/CLI.hpp>
 #include <ipc2581/ipc2581.h>
 
+#include "hosts/ipc2581/commands/Command.h"
 #include "hosts/ipc2581/commands/Commands.h"
 #include "hosts/ipc2581/commands/ExitStatus.h"
 #include "hosts/ipc2581/files/Error.h"
@@ -84,11 +84,8 @@ int main(int count, char ** arguments)
     catch (const ExitStatus & end) {
         return end.number;
     }
-    catch (const std::bad_alloc &) {
-        std::cerr << "ipc2581: out of memory\n";
-    }
     catch (const std::exception & error) {
-        std::cerr << "ipc2581: " << error.what() << "\n";
+        TellFailure(error);
     }
     return NotDone;
 }

@@ -44,6 +44,17 @@ struct ipc2581::Fields<CPointD> {
     static constexpr auto Members = std::tuple{Member{"X", &Object::X}, Member{"Y", &Object::Y}};
 };
 
+namespace ipc2581 {
+
+// What a point of an object takes from an element of the name, its two coordinates.
+template <typename Class>
+constexpr auto PointElement(std::string_view name, CPointD Class::*point)
+{
+    return Element<Class>(name, Number("x=", point, &CPointD::X), Number("y=", point, &CPointD::Y));
+}
+
+}  // namespace ipc2581
+
 // A list of points, for hosts.
 class IPC2581_API CArrayPointD : public CArray<CPointD, CPointD &> {
 public:

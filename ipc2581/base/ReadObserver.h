@@ -17,7 +17,7 @@ enum class ReadStop {
 
 // Watches a reader take a file line by line: CIPC2581_XmlLiteReader::SetObserver. Lines and tokens are gone after the
 // call; words stay. Any call but LoopEnds may throw, which ends the read; but a CInvalidArgException of AttributeTaken
-// counts as a stop.
+// counts as a stop. An observer must outlive the reads that it watches.
 class IPC2581_API ReadObserver {
 public:
     ReadObserver() = default;
@@ -26,7 +26,7 @@ public:
     virtual ~ReadObserver();
 
     // A loop over lines begins, for the element whose test has hit last, or for the whole file; and it ends, whether
-    // at its end test, at the end of the file or by an exception.
+    // at its end test, at the end of the file or by an exception. A LoopBegins that throws gets no LoopEnds.
     virtual void LoopBegins() {}
     virtual void LoopEnds() {}
     // The running loop takes a line, as it stands in the file.

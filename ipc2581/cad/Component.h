@@ -50,8 +50,7 @@ struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_Component> {
         "Component", Text("refDes=", &Object::RefDes), Text("packageRef=", &Object::PackageRef),
         Text("layerRef=", &Object::LayerRef), Text("part=", &Object::Part), Text("mountType=", &Object::MountType),
         Text("standoff=", &Object::Standoff), Number("height=", &Object::Height));
-    static constexpr auto Location = Element<Object>("Location", Number("x=", &Object::Location, &CPointD::X),
-                                                     Number("y=", &Object::Location, &CPointD::Y));
+    static constexpr auto Location = PointElement("Location", &Object::Location);
     static constexpr auto Elements = std::tuple{Component, Location};
     static constexpr auto Members = std::tuple{Member{"RefDes", &Object::RefDes},
                                                Member{"PackageRef", &Object::PackageRef},

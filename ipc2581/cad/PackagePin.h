@@ -48,8 +48,7 @@ struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_Package_Pin> {
     static constexpr auto Pin =
         Element<Object>("Pin", Text("number=", &Object::number), Text("name=", &Object::name),
                         Text("type=", &Object::type), Text("electricalType=", &Object::electricalType));
-    static constexpr auto Location = Element<Object>("Location", Number("x=", &Object::Location, &CPointD::X),
-                                                     Number("y=", &Object::Location, &CPointD::Y));
+    static constexpr auto Location = PointElement("Location", &Object::Location);
     static constexpr auto StandardPrimitiveRef =
         Element<Object>("StandardPrimitiveRef", Text("id=", &Object::StandardPrimitiveRef));
     static constexpr auto Elements = std::tuple{Pin, Location, StandardPrimitiveRef};

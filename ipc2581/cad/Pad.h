@@ -41,8 +41,7 @@ struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_Pad> {
         Element<Object>("LayerPad", Text("layerRef=", &Object::LayerRef), Text("pin=", &Object::Pin));
     static constexpr auto Pad = Element<Object>("Pad", Text("pin=", &Object::Pin));
     static constexpr auto Xform = Element<Object>("Xform", Number("rotation=", &Object::Rotation));
-    static constexpr auto Location = Element<Object>("Location", Number("x=", &Object::Location, &CPointD::X),
-                                                     Number("y=", &Object::Location, &CPointD::Y));
+    static constexpr auto Location = PointElement("Location", &Object::Location);
     static constexpr auto StandardPrimitiveRef =
         Element<Object>("StandardPrimitiveRef", Text("id=", &Object::StandardPrimitiveRefId));
     static constexpr auto Elements = std::tuple{LayerPad, Pad, Xform, Location, StandardPrimitiveRef};

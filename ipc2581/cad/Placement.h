@@ -2,7 +2,6 @@
 #define IPC2581_CAD_PLACEMENT_H
 
 #include "ipc2581/base/PointD.h"
-#include "ipc2581/base/lines/TokenList.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 
 // The lines that many elements of a step have in common.

@@ -5,7 +5,6 @@
 #include "ipc2581/base/Codes.h"
 #include "ipc2581/base/lines/AttributeScan.h"
 #include "ipc2581/base/lines/LineCycle.h"
-#include "ipc2581/cad/Placement.h"
 #include "ipc2581/content/DicDraw_Contour.h"
 
 using namespace ipc2581::detail;

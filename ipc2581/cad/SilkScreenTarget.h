@@ -31,8 +31,7 @@ template <>
 struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_Package_SilkScreen_Target> {
     using Object = CIPC2581_Ecad_CadData_Step_Package_SilkScreen_Target;
     static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_Package_SilkScreen_Target";
-    static constexpr auto Location = Element<Object>("Location", Number("x=", &Object::Location, &CPointD::X),
-                                                     Number("y=", &Object::Location, &CPointD::Y));
+    static constexpr auto Location = PointElement("Location", &Object::Location);
     static constexpr auto Elements = std::tuple{Location};
     static constexpr auto Members =
         std::tuple{Member{"Location", &Object::Location}, Member{"DrawObjArray", &Object::DrawObjArray}};

@@ -6,7 +6,6 @@
 #include "ipc2581/base/lines/LineCycle.h"
 #include "ipc2581/base/lines/LineTemplate.h"
 #include "ipc2581/cad/KeptProgress.h"
-#include "ipc2581/cad/Placement.h"
 
 using namespace ipc2581::detail;
 using ipc2581::Fields;

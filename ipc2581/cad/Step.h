@@ -51,12 +51,11 @@ struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step> {
     using Object = CIPC2581_Ecad_CadData_Step;
     static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step";
     static constexpr auto Step = Element<Object>("Step", Text("name=", &Object::Name));
-    static constexpr auto Datum =
-        Element<Object>("Datum", Number("x=", &Object::Datum, &CPointD::X), Number("y=", &Object::Datum, &CPointD::Y));
+    static constexpr auto Datum = PointElement("Datum", &Object::Datum);
     static constexpr auto Elements = std::tuple{Step, Datum};
     static constexpr auto Members = std::tuple{Member{"Name", &Object::Name},
                                                Member{"PadStackArray", &Object::PadStackArray, "PadStack"},
-                                               Member{"Datum", &Object::Datum, "Datum"},
+                                               Member{"Datum", &Object::Datum},
                                                Member{"Profile", &Object::Profile, "Profile"},
                                                Member{"PackageArray", &Object::PackageArray, "Package"},
                                                Member{"ComponentArray", &Object::ComponentArray, "Component"},

@@ -4,7 +4,6 @@
 #include "ipc2581/base/lines/LineCycle.h"
 #include "ipc2581/base/lines/LineTemplate.h"
 #include "ipc2581/base/platform/ObjectBlocks.h"
-#include "ipc2581/cad/Placement.h"
 #include "ipc2581/content/DicDraw_Contour.h"
 #include "ipc2581/draw/ImportedShape.h"
 #include "ipc2581/draw/PolyLine.h"

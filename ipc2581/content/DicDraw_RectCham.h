@@ -49,13 +49,7 @@ template <>
 struct ipc2581::Fields<CIPC2581_DicDraw_RectCham> {
     using Object = CIPC2581_DicDraw_RectCham;
     static constexpr std::string_view Name = "CIPC2581_DicDraw_RectCham";
-    static constexpr auto RectCham =
-        Element<Object>("RectCham", Number("width", &Object::Width), Number("height", &Object::Height),
-                        Number("chamfer", &Object::Chamfer),
-                        Attribute{"upperRight", Reading::CornerFlag, std::tuple{&Object::UpperRight}},
-                        Attribute{"upperLeft", Reading::CornerFlag, std::tuple{&Object::UpperLeft}},
-                        Attribute{"lowerLeft", Reading::CornerFlag, std::tuple{&Object::LowerLeft}},
-                        Attribute{"lowerRight", Reading::CornerFlag, std::tuple{&Object::LowerRight}});
+    static constexpr auto RectCham = detail::CorneredRectElement("RectCham", "chamfer", &Object::Chamfer);
     static constexpr auto Elements = std::tuple{RectCham};
     static constexpr auto Members =
         std::tuple{Member{"DrawType", &Object::DrawType},     Member{"Width", &Object::Width},

@@ -1,7 +1,6 @@
 #include "ipc2581/content/DicDraw_RectRound.h"
 
 #include "ipc2581/base/lines/AttributeScan.h"
-#include "ipc2581/base/lines/Word.h"
 
 using namespace ipc2581::detail;
 using ipc2581::Fields;

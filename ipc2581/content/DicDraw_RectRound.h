@@ -49,13 +49,7 @@ template <>
 struct ipc2581::Fields<CIPC2581_DicDraw_RectRound> {
     using Object = CIPC2581_DicDraw_RectRound;
     static constexpr std::string_view Name = "CIPC2581_DicDraw_RectRound";
-    static constexpr auto RectRound =
-        Element<Object>("RectRound", Number("width", &Object::Width), Number("height", &Object::Height),
-                        Number("radius", &Object::Radius),
-                        Attribute{"upperRight", Reading::CornerFlag, std::tuple{&Object::UpperRight}},
-                        Attribute{"upperLeft", Reading::CornerFlag, std::tuple{&Object::UpperLeft}},
-                        Attribute{"lowerLeft", Reading::CornerFlag, std::tuple{&Object::LowerLeft}},
-                        Attribute{"lowerRight", Reading::CornerFlag, std::tuple{&Object::LowerRight}});
+    static constexpr auto RectRound = detail::CorneredRectElement("RectRound", "radius", &Object::Radius);
     static constexpr auto Elements = std::tuple{RectRound};
     static constexpr auto Members =
         std::tuple{Member{"DrawType", &Object::DrawType},     Member{"Width", &Object::Width},

@@ -56,6 +56,18 @@ struct CorneredRect {
 void WriteCorneredRect(CStdioFile & file, int level, const char * tag, const char * cornerKey,
                        const CorneredRect & rect);
 
+// What such a rectangle takes from an element of the name.
+template <typename Class>
+constexpr auto CorneredRectElement(std::string_view name, std::string_view cornerWord, double Class::*corner)
+{
+    return Element<Class>(name, Number("width", &Class::Width), Number("height", &Class::Height),
+                          Number(cornerWord, corner),
+                          Attribute{"upperRight", Reading::CornerFlag, std::tuple{&Class::UpperRight}},
+                          Attribute{"upperLeft", Reading::CornerFlag, std::tuple{&Class::UpperLeft}},
+                          Attribute{"lowerLeft", Reading::CornerFlag, std::tuple{&Class::LowerLeft}},
+                          Attribute{"lowerRight", Reading::CornerFlag, std::tuple{&Class::LowerRight}});
+}
+
 }  // namespace ipc2581::detail
 
 template <>

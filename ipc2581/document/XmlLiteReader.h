@@ -42,7 +42,7 @@ public:
     // than both a sixteenth of the limit and 128 KiB.
     void SetMemoryLimit(std::uint64_t bytes);
     // From now on the observer, the host's own, watches lines being read, which then takes longer; null, as at first,
-    // ends that. It must not change while a read is running.
+    // ends that. It must outlive the reads, and must not change while one is running.
     void SetObserver(ipc2581::ReadObserver * observer);
     // Sends the position to the progress control, if there is one.
     void SetProgress(int position);

@@ -9,9 +9,7 @@
 #include "ipc2581/base/platform/CString.h"
 
 // Base of every shape that a list of shapes can hold. Besides the interface to copy, read and write a shape, it holds
-// one number that hosts compare: 1 to 16 for the dictionary primitives in the order of their names, 18 a line, 19 an
-// outline, 20 a polyline, 22 a polygon, 23 a cutout, 24 a list of cutouts, and 17 for the base itself, an arc and a
-// text. Coordinates are in the document's own units throughout.
+// one number that hosts compare, of ipc2581::DrawTypes. Coordinates are in the document's own units throughout.
 class IPC2581_API CIPC2581_DrawObj {
 public:
     int DrawType = ipc2581::DrawTypes::Plain;

@@ -276,7 +276,7 @@ private:
             first->value += first->value == value ? "" : "; or " + value;
         }
         else {
-            rows.push_back({Code(attribute.element), name, word, "nothing: the first row with the word takes it",
+            rows.push_back({std::string(attribute.element), name, word, "nothing: the first row with the word takes it",
                             member, "not read"});
         }
     }
@@ -311,9 +311,7 @@ private:
                 rows.push_back({std::string(child.element), "", "", value, Code(member.name), written, link});
             }
         }
-        const std::vector<std::string_view> own = OwnElements(*section.info);
-        const bool isOwn = std::find(own.begin(), own.end(), member.element) != own.end();
-        if (member.className.empty() && !member.element.empty() && !isOwn) {
+        if (member.className.empty() && !member.element.empty()) {
             rows.push_back({std::string(member.element), "", "", KindText(member.kind) + ", one for each element",
                             Code(member.name), WrittenText(section.places, member.element, {})});
         }
@@ -364,7 +362,8 @@ private:
         const std::vector<std::string> unfilled = UnfilledMembers(section);
         WriteRows(rows);
         if (!unfilled.empty()) {
-            m_out << (rows.empty() ? "" : "\n") << "Filled by no attribute and no element:\n"
+            m_out << (rows.empty() ? "" : "\n")
+                  << "No row of the tables gives these a value; a reader may set them itself:\n"
                   << Joined(unfilled, ",\n") << ".\n";
         }
     }

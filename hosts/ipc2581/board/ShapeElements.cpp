@@ -38,7 +38,9 @@ void VisitShape(const CIPC2581_DrawObj & shape, const ElementVisitor & visit)
 {
     visit(shape.DrawType, ElementOf(shape));
     if (const auto * const contour = dynamic_cast<const CIPC2581_DicDraw_Contour *>(&shape)) {
-        VisitShapes(*contour->DicDrawObjArray, visit);
+        for (const CIPC2581_DrawObj * const part : Each(contour->DicDrawObjArray)) {
+            VisitShape(*part, visit);
+        }
     }
     else if (const auto * const polygon = dynamic_cast<const CIPC2581_Polygon *>(&shape)) {
         VisitSteps(*polygon->PolyStepArray, visit);
@@ -48,13 +50,6 @@ void VisitShape(const CIPC2581_DrawObj & shape, const ElementVisitor & visit)
     }
     else if (const auto * const polyline = dynamic_cast<const CIPC2581_PolyLine *>(&shape)) {
         VisitSteps(*polyline->PolyStepArray, visit);
-    }
-}
-
-void VisitShapes(const CIPC2581_DrawObjArray & shapes, const ElementVisitor & visit)
-{
-    for (const CIPC2581_DrawObj * const shape : Each(shapes)) {
-        VisitShape(*shape, visit);
     }
 }
 

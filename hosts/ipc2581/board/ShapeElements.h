@@ -14,9 +14,8 @@ const char * ElementOf(const CIPC2581_PolyStep & step);
 // Gets the name of an element, and its place in the order of the draw types, after which the steps come.
 using ElementVisitor = std::function<void(int place, const char * name)>;
 
-// The elements that shapes are written as, with all that they hold.
+// The elements that a shape is written as, with all that it holds.
 void VisitShape(const CIPC2581_DrawObj & shape, const ElementVisitor & visit);
-void VisitShapes(const CIPC2581_DrawObjArray & shapes, const ElementVisitor & visit);
 
 }  // namespace ipc2581::host
 

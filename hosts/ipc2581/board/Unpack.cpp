@@ -4,7 +4,6 @@
 #include <array>
 #include <cerrno>
 #include <clocale>
-#include <cstdio>
 #include <memory>
 #include <new>
 #include <string_view>
@@ -16,6 +15,7 @@
 #include <zlib.h>
 
 #include "hosts/ipc2581/files/Error.h"
+#include "hosts/ipc2581/files/OpenFile.h"
 
 namespace ipc2581::host {
 namespace {
@@ -58,29 +58,9 @@ struct Closer {
     }
 };
 
-using File = std::unique_ptr<std::FILE, Closer<&std::fclose>>;
-
-File OpenFile(const std::string & path)
-{
-    File file(std::fopen(path.c_str(), "rbe"));
-    if (file == nullptr) {
-        throw Error(path, SystemCause(errno));
-    }
-    return file;
-}
-
-std::size_t ReadBlock(const std::string & path, std::FILE * file, std::vector<char> & block)
-{
-    const std::size_t count = std::fread(block.data(), 1, block.size(), file);
-    if (count == 0 && std::ferror(file) != 0) {
-        throw Error(path, "cannot be read: " + SystemCause(errno));
-    }
-    return count;
-}
-
 void Copy(const std::string & path, ScratchFile & to)
 {
-    const File file = OpenFile(path);
+    const OpenedFile file = OpenFile(path);
     std::vector<char> block(BlockSize);
     while (const std::size_t count = ReadBlock(path, file.get(), block)) {
         to.Write(block.data(), count);
@@ -314,7 +294,7 @@ bool HasMagic(std::string_view bytes, const PackingRow & row)
 std::string FirstBytes(const std::string & path)
 {
     std::vector<char> start(512);
-    const File file = OpenFile(path);
+    const OpenedFile file = OpenFile(path);
     return {start.data(), ReadBlock(path, file.get(), start)};
 }
 
@@ -327,6 +307,8 @@ Packing FindPacking(const std::string & path)
         if (HasMagic(bytes, row)) {
             return row.packing;
         }
+    }
+    for (const PackingRow & row : Packings) {
         if (path.ends_with(row.ending)) {
             throw Error(path, "is not packed as its name says");
         }

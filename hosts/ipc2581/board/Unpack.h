@@ -11,7 +11,7 @@ namespace ipc2581::host {
 // How a file is packed, by its first bytes.
 enum class Packing { None, Gzip, Zstandard, Xz, Bzip2, Zip, SevenZip, Tar };
 
-// Throws Error if the file cannot be read, or if its name promises a packing that its bytes do not have.
+// Throws Error if the file cannot be read, or if its name promises a packing and its bytes have none.
 Packing FindPacking(const std::string & path);
 
 // The board of the file, unpacked, or copied where it is not packed. Of an archive, which may be compressed as a whole,

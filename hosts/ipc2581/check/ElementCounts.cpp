@@ -1,9 +1,11 @@
 #include "hosts/ipc2581/check/ElementCounts.h"
 
+#include <algorithm>
 #include <array>
-#include <cerrno>
-#include <cstdio>
+#include <cstddef>
 #include <memory>
+#include <numeric>
+#include <span>
 #include <string_view>
 #include <type_traits>
 
@@ -11,14 +13,11 @@
 #include <ipc2581/fields.h>
 
 #include "hosts/ipc2581/board/ShapeElements.h"
-#include "hosts/ipc2581/files/Error.h"
+#include "hosts/ipc2581/files/OpenFile.h"
+#include "hosts/ipc2581/text/Text.h"
 
 namespace ipc2581::host {
 namespace {
-
-struct CloseFile {
-    void operator()(std::FILE * file) const { std::fclose(file); }
-};
 
 struct FreeParser {
     void operator()(XML_Parser parser) const { XML_ParserFree(parser); }
@@ -27,6 +26,27 @@ struct FreeParser {
 void XMLCALL CountElement(void * counts, const XML_Char * name, const XML_Char **)
 {
     ++(*static_cast<ElementCounts *>(counts))[name];
+}
+
+// The bytes from 0x80 to 0x9f of windows-1252, which many design tools write and the parser does not know; its others
+// are those of Latin-1.
+constexpr std::array<int, 32> Windows1252 = {0x20ac, -1,     0x201a, 0x0192, 0x201e, 0x2026, 0x2020, 0x2021,
+                                             0x02c6, 0x2030, 0x0160, 0x2039, 0x0152, -1,     0x017d, -1,
+                                             -1,     0x2018, 0x2019, 0x201c, 0x201d, 0x2022, 0x2013, 0x2014,
+                                             0x02dc, 0x2122, 0x0161, 0x203a, 0x0153, -1,     0x017e, 0x0178};
+
+int XMLCALL FindEncoding(void *, const XML_Char * name, XML_Encoding * encoding)
+{
+    if (LowerCase(name) != "windows-1252") {
+        return XML_STATUS_ERROR;
+    }
+    const std::span<int> characters(encoding->map);
+    std::iota(characters.begin(), characters.end(), 0);
+    std::copy(Windows1252.begin(), Windows1252.end(), characters.begin() + 0x80);
+    encoding->data = nullptr;
+    encoding->convert = nullptr;
+    encoding->release = nullptr;
+    return XML_STATUS_OK;
 }
 
 // Counts while it walks through a model.
@@ -95,21 +115,16 @@ private:
 
 XmlCounts CountXml(const std::string & path)
 {
-    const std::unique_ptr<std::FILE, CloseFile> file(std::fopen(path.c_str(), "rb"));
-    if (file == nullptr) {
-        throw Error(path, SystemCause(errno));
-    }
+    const OpenedFile file = OpenFile(path);
     const std::unique_ptr<std::remove_pointer_t<XML_Parser>, FreeParser> parser(XML_ParserCreate(nullptr));
     XmlCounts counts;
     XML_SetUserData(parser.get(), &counts.elements);
     XML_SetStartElementHandler(parser.get(), &CountElement);
+    XML_SetUnknownEncodingHandler(parser.get(), &FindEncoding, nullptr);
     std::array<char, 1 << 16> block;
     bool isEnd = false;
     while (!isEnd) {
-        const std::size_t count = std::fread(block.data(), 1, block.size(), file.get());
-        if (std::ferror(file.get()) != 0) {
-            throw Error(path, SystemCause(errno));
-        }
+        const std::size_t count = ReadBlock(path, file.get(), block);
         isEnd = count < block.size();
         if (XML_Parse(parser.get(), block.data(), static_cast<int>(count), isEnd ? 1 : 0) == XML_STATUS_ERROR) {
             counts.error = XML_ErrorString(XML_GetErrorCode(parser.get()));

@@ -62,6 +62,41 @@ std::string StopText(ReadStop stop)
     return stop == ReadStop::EmptyLine ? "an empty line inside Content" : "a line of blanks";
 }
 
+// The names of the elements that are open in the sense of XML, the innermost last.
+class OpenElements {
+public:
+    void Open(std::string_view name)
+    {
+        m_names.emplace_back(name);
+        ++m_counts[m_names.back()];
+    }
+    // The innermost one, if there is any.
+    void CloseLast()
+    {
+        if (!m_names.empty()) {
+            --m_counts[m_names.back()];
+            m_names.pop_back();
+        }
+    }
+    // The innermost one of the name, with all inside of it; nothing if none is open.
+    void Close(const std::string & name)
+    {
+        const auto found = m_counts.find(name);
+        if (found == m_counts.end()) {
+            return;
+        }
+        for (const std::size_t outer = found->second; outer != 0 && found->second == outer;) {
+            CloseLast();
+        }
+    }
+    [[nodiscard]] std::string Last() const { return m_names.empty() ? "" : m_names.back(); }
+
+private:
+    std::vector<std::string> m_names;
+    // How many of each name, so that a closing tag without an opening one costs no search.
+    std::unordered_map<std::string, std::size_t> m_counts;
+};
+
 // Holds what the reader does with a line against the tags that stand on it. A line is looked at when the reader has
 // done with it, which is when it takes the next one.
 class LineChecker : public ReadObserver {
@@ -153,8 +188,8 @@ private:
             return;
         }
         m_tags = &m_lineTags.Find(m_line);
-        if (m_lineTags.HasSelfClosedEarlier() && !m_open.empty()) {
-            m_open.pop_back();
+        if (m_lineTags.HasSelfClosedEarlier()) {
+            m_open.CloseLast();
         }
         if (m_taken != nullptr) {
             TakeElement();
@@ -380,7 +415,7 @@ private:
             TakeWrapper(*tag);
         }
         else {
-            m_found.elements.Add({Str(tag->name), m_open.empty() ? "" : m_open.back()}, m_found.lines);
+            m_found.elements.Add({Str(tag->name), m_open.Last()}, m_found.lines);
         }
     }
 
@@ -435,17 +470,14 @@ private:
         }
     }
 
-    // Keeps the names of the elements that are open in the sense of XML.
     void FollowTags()
     {
         for (const Tag & tag : *m_tags) {
-            if (!tag.isClosing) {
-                if (!tag.isSelfClosed) {
-                    m_open.emplace_back(tag.name);
-                }
+            if (tag.StaysOpen()) {
+                m_open.Open(tag.name);
             }
-            else if (const auto found = std::find(m_open.rbegin(), m_open.rend(), tag.name); found != m_open.rend()) {
-                m_open.erase(found.base() - 1, m_open.end());
+            else if (tag.isClosing) {
+                m_open.Close(Str(tag.name));
             }
         }
     }
@@ -455,8 +487,7 @@ private:
     std::vector<Level> m_levels;
     LineTags m_lineTags;
     const std::vector<Tag> * m_tags = nullptr;
-    // The names of the elements that are open in the sense of XML.
-    std::vector<std::string> m_open;
+    OpenElements m_open;
 
     // What the reader has done with the line that it has taken last.
     std::string m_line;

@@ -23,6 +23,8 @@ struct Tag {
     bool isFinished = false;  // ends in the line that it begins in
     std::vector<TagAttribute> attributes;
 
+    // What follows stands in the element.
+    [[nodiscard]] bool StaysOpen() const { return !isClosing && !isSelfClosed; }
     // Without the prefix of a name space.
     [[nodiscard]] std::string_view LocalName() const;
     // Empty if the tag has no such attribute.

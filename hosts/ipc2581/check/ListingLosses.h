@@ -1,6 +1,7 @@
 #ifndef IPC2581_HOSTS_IPC2581_CHECK_LISTINGLOSSES_H
 #define IPC2581_HOSTS_IPC2581_CHECK_LISTINGLOSSES_H
 
+#include <cstddef>
 #include <initializer_list>
 #include <string>
 
@@ -13,6 +14,9 @@ enum class Listed { Items, Components, LogicalNets, PhysicalNets };
 // What is known to be missing in a listing of these, or to stand in it otherwise than the writer of the file meant,
 // cause by cause; empty if nothing is.
 std::string ListingLosses(Board & board, std::initializer_list<Listed> listed);
+
+// How many components stand on a layer that the reader has lost.
+std::size_t CountWithoutSide(Board & board);
 
 }  // namespace ipc2581::host
 

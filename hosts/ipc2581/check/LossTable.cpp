@@ -4,6 +4,8 @@
 #include <array>
 #include <string>
 
+#include "hosts/ipc2581/text/Text.h"
+
 namespace ipc2581::host {
 namespace {
 
@@ -76,9 +78,7 @@ Written WrittenOf(std::string_view in, std::string_view element, std::string_vie
 
 bool EqualIgnoringCase(std::string_view left, std::string_view right)
 {
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                      [&](char a, char b) { return lower(a) == lower(b); });
+    return LowerCase(std::string(left)) == LowerCase(std::string(right));
 }
 
 const std::vector<ClassInfo> & Classes()
@@ -244,6 +244,11 @@ bool ReadsAsSet(Reading reading, std::string_view text)
 bool MeansSet(std::string_view text)
 {
     return text == "1" || EqualIgnoringCase(text, "true");
+}
+
+bool IsSetUnread(std::string_view text)
+{
+    return MeansSet(text) && !ReadsAsSet(Reading::Flag, text);
 }
 
 }  // namespace ipc2581::host

@@ -64,6 +64,8 @@ private:
 bool ReadsAsSet(Reading reading, std::string_view text);
 // Whether the writer of the file meant set: true, in any case, or 1.
 bool MeansSet(std::string_view text);
+// Whether the writer meant set, and a plain flag is not read so.
+bool IsSetUnread(std::string_view text);
 
 }  // namespace ipc2581::host
 

@@ -2,6 +2,7 @@
 
 #include <iostream>
 #include <map>
+#include <new>
 #include <utility>
 
 #include "hosts/ipc2581/output/Progress.h"
@@ -21,9 +22,9 @@ CLI::App & AddCommand(CLI::App & program, const std::string & name, const std::s
     return command;
 }
 
-void AddBoard(CLI::App & command, std::string & board)
+void AddBoard(CLI::App & command, std::string & board, const std::string & name)
 {
-    command.add_option("BOARD", board, "IPC-2581 file; may be packed as .gz, .zst, .xz, .bz2, .zip, .7z or .tar")
+    command.add_option(name, board, "IPC-2581 file; may be packed as .gz, .zst, .xz, .bz2, .zip, .7z or .tar")
         ->required()
         ->type_name("");
 }
@@ -68,11 +69,21 @@ void PrintTable(const SortedListing & options, Table (*make)(Board & board, bool
 
 void WarnOfLosses(Board & board, std::initializer_list<Listed> listed)
 {
-    const std::string losses = ListingLosses(board, listed);
+    Warn(board, ListingLosses(board, listed));
+}
+
+void Warn(const Board & board, const std::string & losses)
+{
     if (!losses.empty()) {
         const std::string & name = board.File().Name();
         std::cerr << "ipc2581: " << name << ": warning: " << losses << "; see ipc2581 check " << name << "\n";
     }
+}
+
+void TellFailure(const std::exception & failure)
+{
+    const bool isForMemory = dynamic_cast<const std::bad_alloc *>(&failure) != nullptr;
+    std::cerr << "ipc2581: " << (isForMemory ? "out of memory" : failure.what()) << "\n";
 }
 
 }  // namespace ipc2581::host

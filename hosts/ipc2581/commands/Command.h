@@ -1,6 +1,7 @@
 #ifndef IPC2581_HOSTS_IPC2581_COMMANDS_COMMAND_H
 #define IPC2581_HOSTS_IPC2581_COMMANDS_COMMAND_H
 
+#include <exception>
 #include <initializer_list>
 #include <string>
 
@@ -18,8 +19,8 @@ namespace ipc2581::host {
 CLI::App & AddCommand(CLI::App & program, const std::string & name, const std::string & description,
                       const std::string & example);
 
-// The argument BOARD.
-void AddBoard(CLI::App & command, std::string & board);
+// The argument BOARD, under this name.
+void AddBoard(CLI::App & command, std::string & board, const std::string & name = "BOARD");
 
 // Reads a board, with a progress bar on a terminal. Throws Error.
 Board OpenBoard(const std::string & path);
@@ -31,9 +32,14 @@ struct ListingOptions {
 };
 void AddListingOptions(CLI::App & command, ListingOptions & options);
 
-// Says in one line on standard error what a listing of these is known to lack, and points to the command that shows all
-// of it. Silent if nothing is.
+// Says in one line on standard error what is known to be lacking, and points to the command that shows all of it.
+// Silent if nothing is.
+void Warn(const Board & board, const std::string & losses);
+// The same for a listing of these.
 void WarnOfLosses(Board & board, std::initializer_list<Listed> listed);
+
+// Says in one line on standard error why the program has failed.
+void TellFailure(const std::exception & failure);
 
 // The arguments of a command that lists one board, sorted or not.
 struct SortedListing {

@@ -1,5 +1,4 @@
 #include <exception>
-#include <iostream>
 #include <memory>
 
 #include "hosts/ipc2581/commands/Command.h"
@@ -44,7 +43,7 @@ void DiffAndEnd(const Options & options)
         isDifferent = Diff(options);
     }
     catch (const std::exception & error) {
-        std::cerr << "ipc2581: " << error.what() << "\n";
+        TellFailure(error);
         throw ExitStatus{Trouble};
     }
     if (isDifferent) {
@@ -60,9 +59,7 @@ void AddDiffCommand(CLI::App & program)
     CLI::App & command =
         AddCommand(program, "diff", "Show what differs between two boards. Exit status: 0 same, 1 different, 2 trouble",
                    "ipc2581 diff old.cvg new.cvg");
-    command.add_option("A", options->before, "IPC-2581 file; may be packed as .gz, .zst, .xz, .bz2, .zip, .7z or .tar")
-        ->required()
-        ->type_name("");
+    AddBoard(command, options->before, "A");
     command.add_option("B", options->after, "The board to compare it with, taken as the newer one")
         ->required()
         ->type_name("");

@@ -1,6 +1,5 @@
 #include <filesystem>
 #include <functional>
-#include <iostream>
 #include <memory>
 #include <set>
 #include <string>
@@ -13,6 +12,7 @@
 #include "hosts/ipc2581/files/Error.h"
 #include "hosts/ipc2581/output/Output.h"
 #include "hosts/ipc2581/svg/SvgPicture.h"
+#include "hosts/ipc2581/text/Text.h"
 
 namespace ipc2581::host {
 namespace {
@@ -44,21 +44,13 @@ public:
             name += isPlain ? ch : '_';
         }
         std::string tried = name;
-        for (int i = 2; !m_taken.insert(Folded(tried)).second; ++i) {
+        for (int i = 2; !m_taken.insert(LowerCase(tried)).second; ++i) {
             tried = name + "-" + std::to_string(i);
         }
         return tried + ".svg";
     }
 
 private:
-    static std::string Folded(std::string name)
-    {
-        for (char & ch : name) {
-            ch = ch >= 'A' && ch <= 'Z' ? static_cast<char>(ch - 'A' + 'a') : ch;
-        }
-        return name;
-    }
-
     std::set<std::string> m_taken;
 };
 
@@ -78,11 +70,7 @@ void Svg(const Options & options)
     for (std::size_t i = 0; i < drawing.layers.size(); ++i) {
         write(names.NameOf(drawing.layers[i].name), [&](std::ostream & out) { WriteLayerPicture(out, drawing, i); });
     }
-    const std::string losses = PictureLosses(board);
-    if (!losses.empty()) {
-        std::cerr << "ipc2581: " << options.board << ": warning: " << losses << " (see ipc2581 check " << options.board
-                  << ")\n";
-    }
+    Warn(board, PictureLosses(board));
 }
 
 }  // namespace

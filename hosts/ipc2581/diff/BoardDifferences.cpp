@@ -8,6 +8,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "hosts/ipc2581/board/LibraryMessages.h"
+#include "hosts/ipc2581/files/Error.h"
 #include "hosts/ipc2581/files/ScratchFile.h"
 
 namespace ipc2581::host {
@@ -286,9 +288,7 @@ std::vector<Record> AllPadStacks(Board & board)
     return {record};
 }
 
-}  // namespace
-
-Differences DifferencesOf(Board & before, Board & after)
+Differences Compared(Board & before, Board & after)
 {
     Differences differences;
     differences.Compare("board", Boards(before), Boards(after));
@@ -302,6 +302,18 @@ Differences DifferencesOf(Board & before, Board & after)
     differences.Compare("physical net", PhysicalNets(before), PhysicalNets(after));
     differences.Compare("BOM item", Items(before), Items(after));
     return differences;
+}
+
+}  // namespace
+
+Differences DifferencesOf(Board & before, Board & after)
+{
+    try {
+        return Compared(before, after);
+    }
+    catch (const CFileException & failure) {
+        throw Error("temporary file", "cannot be written: " + CauseOf(failure));
+    }
 }
 
 }  // namespace ipc2581::host

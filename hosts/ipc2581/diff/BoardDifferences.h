@@ -6,7 +6,7 @@
 
 namespace ipc2581::host {
 
-// All differences between the models of two boards.
+// All differences between the models of two boards. Throws Error if a temporary file cannot be written.
 Differences DifferencesOf(Board & before, Board & after);
 
 }  // namespace ipc2581::host

@@ -7,14 +7,14 @@ namespace ipc2581::host {
 namespace {
 
 constexpr std::array<UnitMeasure, 4> Units = {
-    {{"MILLIMETER", 1.0, 3}, {"INCH", 25.4, 4}, {"MICRON", 0.001, 0}, {"MIL", 0.0254, 1}}};
+    {{"MILLIMETER", 1.0, 3, false}, {"INCH", 25.4, 4, true}, {"MICRON", 0.001, 0, false}, {"MIL", 0.0254, 1, true}}};
 
 struct FunctionRole {
     std::string_view word;
     LayerRole role;
 };
 
-// Some words begin with another one's: DIELCORE and its like all do with DIEL.
+// Each word stands for those that begin with it too.
 constexpr std::array<FunctionRole, 20> Roles = {{
     {"CONDUCTOR", LayerRole::Copper},  {"CONDFILM", LayerRole::Copper},
     {"CONDFOIL", LayerRole::Copper},   {"SIGNAL", LayerRole::Copper},
@@ -34,7 +34,7 @@ UnitMeasure UnitMeasureOf(std::string_view word)
 {
     const auto * const found =
         std::find_if(Units.begin(), Units.end(), [&](const UnitMeasure & unit) { return unit.word == word; });
-    return found == Units.end() ? UnitMeasure{word, 0.0, 4} : *found;
+    return found == Units.end() ? UnitMeasure{word, 0.0, 4, false} : *found;
 }
 
 LayerRole LayerRoleOf(std::string_view layerFunction)

@@ -12,6 +12,7 @@ struct UnitMeasure {
     std::string_view word;
     double millimetres;  // 0 for an unknown unit
     int decimals;        // good for about two thousandths of a millimetre
+    bool isImperial;
 };
 UnitMeasure UnitMeasureOf(std::string_view units);
 

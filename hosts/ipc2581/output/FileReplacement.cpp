@@ -35,6 +35,21 @@ mode_t NewFileMode()
     return 0666 & ~mask;
 }
 
+// Where a file is meant that is not there yet: symbolic links may lead to it. Throws Error for links in a circle.
+fs::path MissingPlaceOf(const std::string & path)
+{
+    constexpr int mostLinks = 40;
+    fs::path place = path;
+    std::error_code ignored;
+    for (int i = 0; fs::is_symlink(place, ignored); ++i) {
+        if (i == mostLinks) {
+            throw Error(path, SystemCause(ELOOP));
+        }
+        place = place.parent_path() / fs::read_symlink(place, ignored);
+    }
+    return place;
+}
+
 }  // namespace
 
 FileReplacement::FileReplacement(const std::string & path) : m_told(path), m_place(path), m_writePath(path)
@@ -52,7 +67,7 @@ FileReplacement::FileReplacement(const std::string & path) : m_told(path), m_pla
         return;
     }
     std::error_code error;
-    const fs::path place = isThere ? fs::canonical(path, error) : fs::path(path);
+    const fs::path place = isThere ? fs::canonical(path, error) : MissingPlaceOf(path);
     if (error) {
         throw Error(path, error.message());
     }

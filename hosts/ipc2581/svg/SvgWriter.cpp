@@ -6,6 +6,7 @@
 #include <numbers>
 #include <utility>
 
+#include "hosts/ipc2581/drawing/FormatWords.h"
 #include "hosts/ipc2581/svg/SvgPath.h"
 
 namespace ipc2581::host {
@@ -100,19 +101,12 @@ void WriteHead(std::ostream & out, const SvgSheet & sheet, const Extents & page)
 
 SvgUnit SvgUnitOf(std::string_view unit)
 {
-    if (unit == "MILLIMETER") {
-        return {"mm", 1.0};
+    constexpr double inch = 25.4;
+    const UnitMeasure measure = UnitMeasureOf(unit);
+    if (measure.millimetres == 0.0) {
+        return {};
     }
-    if (unit == "INCH") {
-        return {"in", 1.0};
-    }
-    if (unit == "MICRON") {
-        return {"mm", 0.001};
-    }
-    if (unit == "MIL") {
-        return {"in", 0.001};
-    }
-    return {};
+    return measure.isImperial ? SvgUnit{"in", measure.millimetres / inch} : SvgUnit{"mm", measure.millimetres};
 }
 
 std::string SvgText(std::string_view text)

@@ -82,11 +82,13 @@ struct SvgSheet {
     bool isFromBelow = false;
 };
 
-// Writes a whole picture. The drawing and then the texts are made twice, first to measure them.
+// What makes the drawing, and then the texts.
 struct SvgDrawing {
     std::function<void(SvgWriter &)> draw;
     std::function<void(SvgWriter &)> label;
 };
+
+// Writes a whole picture. The drawing and the texts are made twice, first to measure them.
 void WriteSvg(std::ostream & out, const SvgSheet & sheet, const SvgDrawing & drawing);
 
 }  // namespace ipc2581::host

@@ -9,6 +9,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include "hosts/ipc2581/text/Text.h"
+
 namespace ipc2581::host {
 namespace {
 
@@ -76,14 +78,6 @@ void PrintCsvRow(std::ostream & out, const std::vector<std::string> & texts)
     out << "\n";
 }
 
-// A text in an aligned table is one line of visible characters.
-std::string Visible(std::string text)
-{
-    std::replace_if(
-        text.begin(), text.end(), [](unsigned char ch) { return ch < ' ' || ch == 0x7f; }, '?');
-    return text;
-}
-
 // Counts characters, not bytes.
 std::size_t Width(std::string_view text)
 {
@@ -113,7 +107,7 @@ void PrintAlignedRows(std::ostream & out, const Table & table, bool hasHeading, 
     for (const std::vector<Cell> & row : table.Rows()) {
         std::vector<std::string> & texts = rows.emplace_back();
         for (const Cell & cell : row) {
-            texts.push_back(Visible(cell.AlignedText()));
+            texts.push_back(OneLine(cell.AlignedText()));
         }
     }
     const std::size_t columns = table.Columns().size();

@@ -81,6 +81,11 @@ struct AttributeRows {
     }
 };
 
+constexpr bool IsForm(Reading reading)
+{
+    return reading == Reading::OuterForm || reading == Reading::RoundOrSquare;
+}
+
 template <Reading reading, typename Field>
 void StoreValue(AttributeHit & hit, Field & field)
 {
@@ -106,6 +111,7 @@ void StoreValue(AttributeHit & hit, Field & field)
         field = TakeDirection(hit) ? 1 : 0;
     }
     else {
+        static_assert(IsForm(reading));
         TakeForm(hit, reading == Reading::OuterForm ? 4 : 2, field);
     }
 }
@@ -142,6 +148,8 @@ template <const auto & element, std::size_t index>
 consteval AttributeRow MakeRow()
 {
     constexpr auto & attribute = std::get<index>(element.attributes);
+    // A form is looked for in the whole token, of which the scan of plain lines has the value alone.
+    static_assert(!IsForm(attribute.reading) || !Word(attribute.word).IsAttribute());
     return {Word(attribute.word), attribute.reading, &StoreAttribute<element, index>, ShortKey(attribute.word, '"')};
 }
 

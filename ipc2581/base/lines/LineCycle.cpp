@@ -116,7 +116,7 @@ bool LineCycle::ReadHostLine()
     return isRead;
 }
 
-inline void LineCycle::TestLine(const LineStart & look)
+void LineCycle::TestLine(const LineStart & look)
 {
     if (m_form == LineForm::Plain) {
         TestFirstToken(look);
@@ -160,7 +160,7 @@ void LineCycle::TestWholeLine()
 }
 
 // Finds the first token without a token list, which a line that no test hits never needs.
-inline void LineCycle::TestFirstToken(const LineStart & look)
+void LineCycle::TestFirstToken(const LineStart & look)
 {
     const char * const begin = m_line.data();
     const char * const end = begin + m_line.size();

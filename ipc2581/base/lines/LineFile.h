@@ -71,7 +71,7 @@ public:
         }
         else {
             lineFeed += *lineFeed == '\r' ? 1 : 0;
-            // A line without a blank has no tokens.
+            // A line without a blank is not cut: its token is all of it, with its brackets.
             lineFeed = *lineFeed == '\n' && head->isIndented ? lineFeed : end;
         }
         if (lineFeed >= end) {

@@ -33,6 +33,11 @@ constexpr std::array<bool, 256> MakeOrdinary()
 
 inline constexpr std::array<bool, 256> Ordinary = MakeOrdinary();
 
+// The most bytes of the head of a line that are compared with those of another one.
+inline constexpr std::size_t HeadSize = 48;
+// The most bytes of a key, and of a short value, that are looked at in one step.
+inline constexpr std::size_t NearSize = 16;
+
 // Where a run of other characters than blanks begins and ends.
 using Token = std::pair<const char *, const char *>;
 
@@ -108,9 +113,7 @@ inline const char * FindLineFeed(const char * at, const char * end)
 
 Token FindFarToken(const char * at, const char * end);
 
-// So many bytes of a text of so many at most, to compare them with those of another one.
-inline constexpr std::size_t HeadSize = 48;
-
+// So many bytes of a text of HeadSize at most, to compare them with those of another one.
 class HeadBits {
 public:
     HeadBits() = default;
@@ -136,9 +139,9 @@ class ShortKey {
 public:
     // Of a text with a character behind it. If that is too long, nothing is equal to it.
     consteval ShortKey(std::string_view text, char behind)
-        : m_bits(text.size() < Limit ? (2U << text.size()) - 1 : 1U << Limit), m_size(text.size() + 1)
+        : m_bits(text.size() < NearSize ? (2U << text.size()) - 1 : 1U << NearSize), m_size(text.size() + 1)
     {
-        if (text.size() < Limit) {
+        if (text.size() < NearSize) {
             std::copy(text.begin(), text.end(), m_text.begin());
             m_text[text.size()] = behind;
         }
@@ -154,14 +157,12 @@ public:
     std::size_t Size() const { return m_size; }
 
 private:
-    static constexpr std::size_t Limit = 16;
-
-    std::array<char, Limit> m_text = {};
+    std::array<char, NearSize> m_text = {};
     unsigned m_bits;
     std::size_t m_size;
 };
 
-// The first character that is not ordinary, if it is among the next sixteen.
+// The first character that is not ordinary, if it is among the next ones.
 inline const char * FindNearSpecial(const char * at)
 {
     const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i *>(at));
@@ -264,8 +265,6 @@ inline const char * FindLineFeed(const char * at, const char * end)
     return found == nullptr ? end : static_cast<const char *>(found);
 }
 
-inline constexpr std::size_t HeadSize = 48;
-
 class HeadBits {
 public:
     HeadBits() = default;
@@ -299,7 +298,7 @@ public:
 
     bool IsAt(const char * at) const
     {
-        return m_text.size() < 16 && std::memcmp(at, m_text.data(), m_text.size()) == 0 &&
+        return m_text.size() < NearSize && std::memcmp(at, m_text.data(), m_text.size()) == 0 &&
                at[m_text.size()] == m_behind;
     }
     std::size_t Size() const { return m_text.size() + 1; }
@@ -312,8 +311,8 @@ private:
 inline const char * FindNearSpecial(const char * at)
 {
     const auto isSpecial = [](char ch) { return !Ordinary[static_cast<unsigned char>(ch)]; };
-    const char * const found = std::find_if(at, at + 16, isSpecial);
-    return found == at + 16 ? nullptr : found;
+    const char * const found = std::find_if(at, at + NearSize, isSpecial);
+    return found == at + NearSize ? nullptr : found;
 }
 
 class SpecialWalk {

@@ -211,6 +211,13 @@ TEST(Board, DamagedArchiveIsToldByTheNameOfTheFile)
     }
 }
 
+TEST(Board, BytesDecideHowItIsPacked)
+{
+    const TempFolder folder;
+    const std::string zip = folder.Save("board.gz", Zip({{"board.cvg", Bytes(ExampleBoard())}}));
+    EXPECT_EQ(RunProgram({"bom", zip}), RunProgram({"bom", ExampleBoard()}));
+}
+
 // A zip archive by a program with this locale, which tells in the archive what the code of its names is.
 std::string ZipIn(const char * locale, const char * name, const std::string & board)
 {

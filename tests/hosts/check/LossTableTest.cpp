@@ -150,13 +150,14 @@ struct Outcome {
 
 class LossTable : public testing::Test {
 protected:
-    LossTable()
+    void SetUp() override
     {
         CIPC2581_Parser root;
         CIPC2581_XmlLiteReader reader;
         reader.SetObserver(&m_finder);
         CString path(m_folder.Save("board.cvg", Joined(m_lines)));
         reader.OpenPath(path, root);
+        ASSERT_FALSE(m_finder.places.empty());
     }
 
     Outcome Read(const Lines & lines)

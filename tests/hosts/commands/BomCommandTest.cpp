@@ -95,6 +95,15 @@ TEST(BomCommand, WarnsOfWhatIsMissing)
                                    Warning(closed, "1 of 2 BOM items missing; 1 of 2 designators missing")}));
 }
 
+TEST(BomCommand, SaysNothingOfHowThingsAreListedThatAreNot)
+{
+    const TempFolder folder;
+    const std::string board = folder.Save("b.cvg", SmallBoard("<BomItem OEMDesignNumberRef=\"X\" pinCount=\"2\">\n"
+                                                              "<RefDes name=\"R1\" populate=\"true\"/>\n"
+                                                              "</BomItem>\n"));
+    EXPECT_EQ(Csv(board), (Result{0, Heading, Warning(board, "1 of 1 BOM items missing; 1 of 1 designators missing")}));
+}
+
 TEST(BomCommand, SaysWhatCannotBeRead)
 {
     const TempFolder folder;

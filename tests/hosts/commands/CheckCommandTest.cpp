@@ -350,6 +350,40 @@ TEST_F(Check, GoesThroughTheLinesOfWhatIsNoXml)
     EXPECT_NE(out.find("  Ecad                1      1               1\n"), std::string::npos) << out;
 }
 
+TEST_F(Check, KnowsTheElementAroundBehindClosingTagsThatNothingOpened)
+{
+    // So many that a search for each of them would take minutes.
+    constexpr int many = 100000;
+    std::string lines;
+    for (int i = 0; i < many; ++i) {
+        lines += "<Outer>\n";
+    }
+    for (int i = 0; i < many; ++i) {
+        lines += "</Stray>\n";
+    }
+    lines += "<Inner>\n</Outer>\n<Behind/>\n";
+    EXPECT_EQ(Rows(Run(SmallBoard(lines)), "passed elements"),
+              "Outer | Step | 1 | 9\n"
+              "Outer | Outer | 99999 | 10 11 12 13 14 15 16 17 18 19 and 99989 more\n"
+              "Inner | Outer | 1 | 200009\n"
+              "Behind | Outer | 1 | 200011\n");
+}
+
+TEST_F(Check, KnowsTheEncodingOfDesignTools)
+{
+    const auto wellFormed = [&](const std::string & encoding, const std::string & name) {
+        const std::string report = Run("<?xml version=\"1.0\" encoding=\"" + encoding +
+                                       "\"?>\n<IPC-2581>\n<Ecad name=\"" + name + "\">\n</Ecad>\n</IPC-2581>\n");
+        const std::string row = "  well-formed XML                 ";
+        const std::size_t at = report.find(row) + row.size();
+        return report.substr(at, report.find('\n', at) - at);
+    };
+    EXPECT_EQ(wellFormed("windows-1252", "10 \xb5m \x80 \xff"), "yes");
+    EXPECT_EQ(wellFormed("Windows-1252", "plain"), "yes");
+    EXPECT_EQ(wellFormed("windows-1252", "\x81"), "no, line 3: not well-formed (invalid token)");
+    EXPECT_EQ(wellFormed("windows-1251", "plain"), "no, line 1: unknown encoding");
+}
+
 TEST_F(Check, TellsOfAnEmptyFile)
 {
     const std::string out = Run("");

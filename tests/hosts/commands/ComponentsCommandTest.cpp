@@ -70,6 +70,25 @@ TEST(ComponentsCommand, WarnsOfWhatIsMissing)
                                    Warning(closed, "1 of 2 components missing")}));
 }
 
+TEST(ComponentsCommand, SaysNothingOfHowThingsAreListedThatAreNot)
+{
+    const TempFolder folder;
+    std::string text = SmallBoard();
+    text.insert(text.find("<Step"), Component("R1", "TOP", "<Xform mirror=\"true\"/>"));
+    const std::string board = folder.Save("b.cvg", text);
+    EXPECT_EQ(Csv(board), (Result{0, Heading, Warning(board, "1 of 1 components missing")}));
+}
+
+TEST(ComponentsCommand, ClosedComponentHoldsNoTransform)
+{
+    const TempFolder folder;
+    const std::string board =
+        folder.Save("b.cvg", BoardWithStep("<Component refDes=\"R1\" layerRef=\"TOP\"/>\n</Component>\n"
+                                           "<Package name=\"P\">\n<Pin number=\"1\">\n<Xform mirror=\"true\"/>\n"
+                                           "</Pin>\n</Package>\n"));
+    EXPECT_EQ(Csv(board), (Result{0, std::string(Heading) + "R1,,,TOP,TOP,OTHER,0,0,0,no\n", ""}));
+}
+
 TEST(ComponentsCommand, SaysWhatCannotBeRead)
 {
     const TempFolder folder;

@@ -122,5 +122,11 @@ TEST(DiffCommand, TroubleIsTwo)
               (Result{2, "", "ipc2581: " + board + ": is the board itself, which is never overwritten\n"}));
 }
 
+TEST(DiffCommand, FullDiskIsTroubleToo)
+{
+    EXPECT_EQ(RunProgram({"diff", ExampleBoard(), ExampleBoard()}, {.fileLimit = 100}),
+              (Result{2, "", "ipc2581: temporary file: cannot be written: File too large\n"}));
+}
+
 }  // namespace
 }  // namespace ipc2581::tests

@@ -61,6 +61,18 @@ TEST(NetsCommand, WarnsOfPinsThatTheReaderPassesOver)
               (Result{0, "net,count,pins\nN,1,U1.1\n,0,\n", Warning(split, "1 of 2 pins of nets missing")}));
 }
 
+TEST(NetsCommand, PinsOfPadsAreNotThoseOfNets)
+{
+    const TempFolder folder;
+    const std::string board = folder.Save("b.cvg", SmallBoard("<LogicalNet name=\"N\">\n"
+                                                              "<LogicalNetPin componentRef=\"U1\" pin=\"1\"/>\n"
+                                                              "</LogicalNet>\n"
+                                                              "<LayerFeature layerRef=\"TOP\">\n<Set>\n<Pad>\n"
+                                                              "<PinRef componentRef=\"U1\" pin=\"1\"/>\n"
+                                                              "</Pad>\n</Set>\n</LayerFeature>\n"));
+    EXPECT_EQ(Csv(board), (Result{0, "net,count,pins\nN,1,U1.1\n", ""}));
+}
+
 TEST(NetsCommand, WarnsOfPointsThatAreReadOtherwise)
 {
     const TempFolder folder;
@@ -75,6 +87,17 @@ TEST(NetsCommand, WarnsOfPointsThatAreReadOtherwise)
             0, std::string(PhysicalHeading) + "N,1,2,TOP,EXPOSED,END,no,\nN,1,2,TOP,EXPOSED,END,yes,\n",
             Warning(board,
                     "1 of 3 points of nets missing; 1 point listed as no via (via is not \"TRUE\" in upper case)")}));
+}
+
+TEST(NetsCommand, SaysNothingOfHowThingsAreListedThatAreNot)
+{
+    const TempFolder folder;
+    std::string text = SmallBoard();
+    text.insert(text.find("<Step"), "<PhyNet name=\"N\">\n<PhyNetPoint via=\"true\"/>\n</PhyNet>\n");
+    const std::string board = folder.Save("b.cvg", text);
+    EXPECT_EQ(
+        Csv(board, "--physical"),
+        (Result{0, PhysicalHeading, Warning(board, "1 of 1 physical nets missing; 1 of 1 points of nets missing")}));
 }
 
 TEST(NetsCommand, WarnsOfABoardWithoutNets)

@@ -145,24 +145,86 @@ TEST(Svg, DesignatorsAreEscaped)
     EXPECT_EQ(Bytes(folder.Path("out/board-bottom.svg")).find("<text"), std::string::npos);
 }
 
-TEST(Svg, TellsWhatIsLacking)
+// What the command says of a board with these lines in its step.
+std::string Lacking(const std::string & stepLines)
 {
     const TempFolder folder;
-    const std::string board = folder.Save(
-        "board.xml", SmallBoard("<LayerFeature layerRef=\"TOP\">\n<Set>\n<Features>\n<Polyline>\n"
-                                "<PolyBegin x=\"0\" y=\"0\"/>\n<PolyStepSegment x=\"1\" y=\"0\"/>\n"
-                                "<LineDescRef id=\"W\"/>\n</Polyline>\n</Features>\n"
-                                "<Pad>\n<Xform mirror=\"true\"/>\n<UserPrimitiveRef id=\"U\"/>\n</Pad>\n</Set>\n"
-                                "</LayerFeature>\n"));
+    const std::string board = folder.Save("board.xml", SmallBoard(stepLines));
+    const Result result = RunProgram({"svg", board, "-o", folder.Path("out")});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.out, "");
+    const std::size_t begin = Warning(board, "").find(": warning: ") + 11;
+    const std::size_t end = result.err.find("; see ipc2581 check ");
+    if (end == std::string::npos) {
+        EXPECT_EQ(result.err, "");
+        return "";
+    }
+    const std::string causes = result.err.substr(begin, end - begin);
+    EXPECT_EQ(result.err, Warning(board, causes));
+    return causes;
+}
+
+std::string OnALayer(const std::string & lines)
+{
+    return "<LayerFeature layerRef=\"TOP\">\n" + lines + "</LayerFeature>\n";
+}
+
+TEST(Svg, TellsOfTracksWithoutAWidth)
+{
+    const std::string polyline = "<Polyline>\n<PolyBegin x=\"0\" y=\"0\"/>\n<PolyStepSegment x=\"1\" y=\"0\"/>\n"
+                                 "<LineDescRef id=\"W\"/>\n</Polyline>\n";
+    EXPECT_EQ(Lacking(OnALayer(Features(polyline))), "1 track drawn one hairline wide (no width was read)");
+    EXPECT_EQ(Lacking(OnALayer(Features(polyline + Line("1", "2", "<LineDescRef id=\"W\"/>") +
+                                        Line("3", "4", "<LineDesc lineEnd=\"ROUND\" lineWidth=\"1\"/>")))),
+              "2 tracks drawn one hairline wide (no width was read)");
+    ExpectHolds(Picture(Features(polyline)), "<path class=\"t\" stroke-width=\".001\" d=\"M0 0H1\"/>");
+}
+
+TEST(Svg, TellsOfPadsThatAreNotDrawn)
+{
+    const std::string pad = "<Pad>\n<Xform mirror=\"true\"/>\n<UserPrimitiveRef id=\"U\"/>\n</Pad>\n";
+    EXPECT_EQ(Lacking(OnALayer("<Set>\n" + pad + "</Set>\n")), "1 of 1 pads missing");
+    EXPECT_EQ(Lacking("<Package name=\"P\">\n<LandPattern>\n<Pad>\n<StandardPrimitiveRef id=\"NONE\"/>\n</Pad>\n"
+                      "</LandPattern>\n</Package>\n"),
+              "1 of 1 pads missing");
+}
+
+TEST(Svg, TellsOfPadsWhoseMirrorIsNotRead)
+{
+    const std::string pad = "<Pad>\n<Xform mirror=\"TRUE\"/>\n<StandardPrimitiveRef id=\"DOT\"/>\n</Pad>\n";
+    const std::string closed = "<Pad/>\n";
+    const std::string other = "<Pin number=\"1\">\n<Xform mirror=\"true\"/>\n</Pin>\n";
+    const std::string dictionary = "<DictionaryStandard units=\"MILLIMETER\">\n<EntryStandard id=\"DOT\">\n"
+                                   "<Circle diameter=\"1\"/>\n</EntryStandard>\n</DictionaryStandard>\n";
+    const TempFolder folder;
+    std::string text = SmallBoard(OnALayer("<Set>\n" + pad + "</Set>\n<Set>\n" + closed + "</Set>\n" + other));
+    text.insert(text.find("</Content>"), dictionary);
+    const std::string board = folder.Save("board.xml", text);
     EXPECT_EQ(
         RunProgram({"svg", board, "-o", folder.Path("out")}),
         (Result{0, "",
-                "ipc2581: " + board +
-                    ": warning: 1 of 1 pads of the file are missing; 1 tracks are drawn as hairlines, because no "
-                    "width stands in them; 1 pads are not mirrored, because their mirror is not read (see ipc2581 "
-                    "check " +
-                    board + ")\n"}));
-    ExpectHolds(Bytes(folder.Path("out/layer-TOP.svg")), "<path class=\"t\" stroke-width=\".001\" d=\"M0 0H1\"/>");
+                Warning(board, "1 of 2 pads missing; 1 pad drawn as not mirrored (mirror of pads is not read)")}));
+}
+
+TEST(Svg, TellsOfWhatNoPictureHas)
+{
+    EXPECT_EQ(Lacking(OnALayer("<Set>\n<SlotCavity name=\"S\"/>\n</Set>\n" +
+                               Features("<UserPrimitiveRef id=\"U\"/>\n<UserPrimitiveRef id=\"U\"/>\n"))),
+              "1 of 1 slots missing; 2 of 2 user primitives missing");
+    EXPECT_EQ(Lacking("<Features/>\n<UserPrimitiveRef id=\"U\"/>\n<Arc startX=\"0\"/>\n"), "");
+}
+
+TEST(Svg, TellsOfComponentsThatMayBeOnTheOtherSide)
+{
+    const auto component = [](const std::string & mirror) {
+        return "<Component refDes=\"R1\" packageRef=\"P\" layerRef=\"BOTTOM\">\n<Xform mirror=\"" + mirror +
+               "\"/>\n</Component>\n";
+    };
+    const std::string package = "<Package name=\"P\">\n</Package>\n";
+    EXPECT_EQ(Lacking(package + component("true")),
+              "1 component drawn on the top (mirror is not \"TRUE\" in upper case, and the layer was not read)");
+    EXPECT_EQ(Lacking(package + component("TRUE")), "");
+    EXPECT_EQ(Lacking(package + component("false")), "");
 }
 
 TEST(Svg, CannotMakeAFolderOfAFile)

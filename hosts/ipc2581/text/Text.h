@@ -1,0 +1,16 @@
+#ifndef IPC2581_HOSTS_IPC2581_TEXT_TEXT_H
+#define IPC2581_HOSTS_IPC2581_TEXT_TEXT_H
+
+#include <string>
+
+namespace ipc2581::host {
+
+// The text as one line that can be seen: names in a board and names of files may hold line feeds and the like.
+std::string OneLine(std::string text);
+
+// With the letters of ASCII in lower case, whatever the locale.
+std::string LowerCase(std::string text);
+
+}  // namespace ipc2581::host
+
+#endif
