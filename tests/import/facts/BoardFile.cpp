@@ -67,6 +67,12 @@ Xform XformOf(pugi::xml_node node)
             NumberOf(xform, "yOffset"), xform.attribute("scale") ? NumberOf(xform, "scale") : 1.0};
 }
 
+std::string PinOf(pugi::xml_node pad)
+{
+    const pugi::xml_node pin = pad.child("PinRef");
+    return pin ? PinWord(TextOf(pin, "componentRef"), TextOf(pin, "pin")) : TextOf(pad, "pin");
+}
+
 BoardFile::BoardFile(const std::string & path)
 {
     const pugi::xml_parse_result result = m_document.load_file(path.c_str());

@@ -22,6 +22,9 @@ Point LocationOf(pugi::xml_node node);
 // The Xform in an element.
 Xform XformOf(pugi::xml_node node);
 
+// The pin of a pad, with its component where it is known.
+std::string PinOf(pugi::xml_node pad);
+
 // A dictionary entry, and what one of its lengths is in the unit of the board.
 struct DictionaryEntry {
     pugi::xml_node node;

@@ -14,13 +14,13 @@ void AddStroke(std::string_view kind, std::vector<Word> words, const Stroke & st
     words.push_back({"lineEnd", stroke.end});
     std::vector<Number> numbers = StrokeNumbers(stroke.path);
     numbers.push_back({"lineWidth", stroke.width});
-    facts.push_back(MakeFact(kind, words, std::move(numbers)));
+    AddFact(facts, kind, words, std::move(numbers));
 }
 
 void AddShape(std::string_view kind, const std::vector<Word> & words, const Shape & shape, Facts & facts)
 {
     if (!shape.outlines.empty()) {
-        facts.push_back(MakeFact(kind, words, ShapeNumbers(shape)));
+        AddFact(facts, kind, words, ShapeNumbers(shape));
     }
 }
 
@@ -35,22 +35,22 @@ void AddDrawing(const DrawingKinds & kinds, const std::vector<Word> & words, con
     for (const Label & label : drawing.labels) {
         std::vector<Word> own = words;
         own.push_back({"text", label.text});
-        facts.push_back(MakeFact(kinds.label, own,
-                                 {{"lowerLeftX", label.lowerLeft.x},
-                                  {"lowerLeftY", label.lowerLeft.y},
-                                  {"upperRightX", label.upperRight.x},
-                                  {"upperRightY", label.upperRight.y},
-                                  {"fontSize", label.size}}));
+        AddFact(facts, kinds.label, own,
+                {{"lowerLeftX", label.lowerLeft.x},
+                 {"lowerLeftY", label.lowerLeft.y},
+                 {"upperRightX", label.upperRight.x},
+                 {"upperRightY", label.upperRight.y},
+                 {"fontSize", label.size}});
     }
 }
 
 void AddPad(std::string_view kind, const std::vector<Word> & words, const Shape & placed, Point place, Facts & facts)
 {
     if (placed.outlines.empty()) {
-        facts.push_back(MakeFact(kind, words, {{"x", place.x}, {"y", place.y}}));
+        AddFact(facts, kind, words, {{"x", place.x}, {"y", place.y}});
         return;
     }
-    facts.push_back(MakeFact(kind, words, ShapeNumbers(placed)));
+    AddFact(facts, kind, words, ShapeNumbers(placed));
 }
 
 void AddPin(const std::vector<Word> & words, Point place, double rotation, const Shape & shape, Facts & facts)
@@ -60,7 +60,7 @@ void AddPin(const std::vector<Word> & words, Point place, double rotation, const
         const std::vector<Number> own = ShapeNumbers(shape);
         numbers.insert(numbers.end(), own.begin(), own.end());
     }
-    facts.push_back(MakeFact("package-pin", words, std::move(numbers)));
+    AddFact(facts, "package-pin", words, std::move(numbers));
 }
 
 }  // namespace ipc2581::facts

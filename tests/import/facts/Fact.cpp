@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstddef>
 #include <cstdio>
 #include <map>
 #include <utility>
@@ -78,7 +79,7 @@ using GroupKey = std::pair<std::string, std::size_t>;
 using Groups = std::map<GroupKey, Group>;
 
 // What the model has of its own and may have.
-void DropOwnEntries(const Facts & file, Facts & model)
+void DropOwn(const Facts & file, Facts & model)
 {
     std::erase_if(model, [&](const Fact & entry) {
         return std::none_of(file.begin(), file.end(), [&](const Fact & fact) { return fact.text == entry.text; });
@@ -88,8 +89,8 @@ void DropOwnEntries(const Facts & file, Facts & model)
 KindComparison CompareKind(const std::string & kind, Facts file, Facts model)
 {
     KindComparison result{.kind = kind, .stated = file.size()};
-    if (kind == DictionaryEntryKind) {
-        DropOwnEntries(file, model);
+    if (kind == DictionaryKind || kind == DictionaryEntryKind) {
+        DropOwn(file, model);
     }
     Groups groups;
     for (Fact & fact : file) {
@@ -130,11 +131,18 @@ Fact MakeFact(std::string_view kind, const std::vector<Word> & words, std::vecto
     return fact;
 }
 
+void AddFact(Facts & facts, std::string_view kind, const std::vector<Word> & words, std::vector<Number> numbers)
+{
+    facts.push_back(MakeFact(kind, words, std::move(numbers)));
+}
+
 std::string Describe(const Fact & fact)
 {
     std::string text = fact.kind + " " + fact.text;
     for (const Number & number : fact.numbers) {
-        text.append(" ").append(number.name).append(Formatted("=%.9g", number.value));
+        // What is 0 but for rounding is shown so.
+        const double value = std::abs(number.value) < 1e-9 ? 0.0 : number.value;
+        text.append(" ").append(number.name).append(Formatted("=%.9g", value));
     }
     return text;
 }
@@ -149,6 +157,7 @@ std::vector<KindComparison> Compare(const Facts & file, const Facts & model)
         kinds[fact.kind].second.push_back(fact);
     }
     std::vector<KindComparison> comparisons;
+    comparisons.reserve(kinds.size());
     for (auto & [kind, facts] : kinds) {
         comparisons.push_back(CompareKind(kind, std::move(facts.first), std::move(facts.second)));
     }

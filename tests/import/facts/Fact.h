@@ -28,12 +28,14 @@ struct Fact {
 using Facts = std::vector<Fact>;
 
 Fact MakeFact(std::string_view kind, const std::vector<Word> & words, std::vector<Number> numbers = {});
+void AddFact(Facts & facts, std::string_view kind, const std::vector<Word> & words, std::vector<Number> numbers = {});
 
 // One line to look at.
 std::string Describe(const Fact & fact);
 
-// The kind of the entries of the standard dictionary: the only one of which a model may have more than the file, since
-// a reader makes entries of its own for shapes that have no name in the file.
+// The kinds of the standard dictionary and of its entries: the only ones of which a model may have more than the file,
+// since a reader makes entries of its own for shapes that have no name in the file.
+inline constexpr std::string_view DictionaryKind = "dictionary";
 inline constexpr std::string_view DictionaryEntryKind = "dictionary-entry";
 
 // What became of the facts of one kind.

@@ -208,6 +208,11 @@ Shape FileShapes::ShapeIn(pugi::xml_node holder) const
     return {};
 }
 
+Shape FileShapes::PlacedShapeIn(pugi::xml_node holder) const
+{
+    return Placed(ShapeIn(holder), FrameIn(holder).transform);
+}
+
 Drawing FileShapes::DrawingIn(pugi::xml_node holder, const Frame & frame) const
 {
     Drawing drawing;

@@ -35,6 +35,8 @@ public:
     [[nodiscard]] Shape Resolved(pugi::xml_node shape) const;
     // The first shape that stands in the element or is named there.
     [[nodiscard]] Shape ShapeIn(pugi::xml_node holder) const;
+    // The same where the Xform and the Location in the element put it.
+    [[nodiscard]] Shape PlacedShapeIn(pugi::xml_node holder) const;
     // The Outline in the element, with its line. Without steps if there is none.
     [[nodiscard]] Stroke OutlineIn(pugi::xml_node holder) const;
 

@@ -4,7 +4,6 @@
 #include <cmath>
 #include <limits>
 #include <numbers>
-#include <utility>
 
 namespace ipc2581::facts {
 namespace {

@@ -57,23 +57,19 @@ public:
     }
 
 private:
-    void Add(std::string_view kind, const std::vector<Word> & words, std::vector<Number> numbers = {})
-    {
-        m_facts.push_back(MakeFact(kind, words, std::move(numbers)));
-    }
-
     void AddContent()
     {
         const CIPC2581_Content & content = m_board.m_Content;
-        Add("function-mode", {{"mode", TextOf(content.FunctionMode)},
-                              {"level", TextOf(content.FunctionModeLevel)},
-                              {"comment", TextOf(content.FunctionModeComment)}});
+        AddFact(m_facts, "function-mode",
+                {{"mode", TextOf(content.FunctionMode)},
+                 {"level", TextOf(content.FunctionModeLevel)},
+                 {"comment", TextOf(content.FunctionModeComment)}});
         AddReferences("step-ref", content.StepRef);
         AddReferences("layer-ref", content.LayerRef);
         AddReferences("bom-ref", content.BomRef);
         for (const auto * const entry : Each(content.m_DictionaryColor->Entry)) {
-            Add("color", {{"id", TextOf(entry->EntryColorId)}},
-                {{"r", double(entry->Red)}, {"g", double(entry->Green)}, {"b", double(entry->Blue)}});
+            AddFact(m_facts, "color", {{"id", TextOf(entry->EntryColorId)}},
+                    {{"r", double(entry->Red)}, {"g", double(entry->Green)}, {"b", double(entry->Blue)}});
         }
     }
 
@@ -81,7 +77,7 @@ private:
     {
         double place = 0;
         for (const CString & name : Each(names)) {
-            Add(kind, {{"name", TextOf(name)}}, {{"place", place++}});
+            AddFact(m_facts, kind, {{"name", TextOf(name)}}, {{"place", place++}});
         }
     }
 
@@ -89,7 +85,7 @@ private:
     {
         const CIPC2581_Content_DictionaryStandard & dictionary = *m_board.m_Content.DictionaryStandard;
         if (!dictionary.Unit.IsEmpty()) {
-            Add("dictionary", {{"units", TextOf(dictionary.Unit)}});
+            AddFact(m_facts, DictionaryKind, {{"units", TextOf(dictionary.Unit)}});
         }
         for (const auto * const entry : Each(dictionary.EntryArray)) {
             AddShape(DictionaryEntryKind, {{"id", TextOf(entry->EntryStandardId)}}, ShapeOf(entry->DrawArray), m_facts);
@@ -99,48 +95,54 @@ private:
     void AddLogistics()
     {
         const CIPC2581_LogisticHeader & header = m_board.m_LogisticHeader;
-        Add("logistic", {{"role", TextOf(header.m_strRoleName)}, {"person", TextOf(header.m_strPersonName)}});
+        AddFact(m_facts, "logistic",
+                {{"role", TextOf(header.m_strRoleName)}, {"person", TextOf(header.m_strPersonName)}});
         const CIPC2581_HistoryRecord & history = m_board.m_HistoryRecord;
-        Add("history", {{"origination", TextOf(history.origination)}, {"lastChange", TextOf(history.lastChange)}},
-            {{"number", double(history.number)}});
+        AddFact(m_facts, "history",
+                {{"origination", TextOf(history.origination)}, {"lastChange", TextOf(history.lastChange)}},
+                {{"number", double(history.number)}});
     }
 
     void AddBom()
     {
         const CIPC2581_Bom & bom = m_board.m_Bom;
-        Add("bom", {{"name", TextOf(bom.name)}, {"assembly", TextOf(bom.assembly)}});
+        AddFact(m_facts, "bom", {{"name", TextOf(bom.name)}, {"assembly", TextOf(bom.assembly)}});
         for (const CIPC2581_Bom_BomItem * const item : Each(bom.m_arrBomItem)) {
             const Word name{"item", TextOf(item->internalPartNumber)};
-            Add("bom-item", {name,
-                             {"quantity", TextOf(item->quantity)},
-                             {"category", TextOf(item->category)},
-                             {"description", TextOf(item->description)},
-                             {"pins", TextOf(item->numberIO)},
-                             {"packageRef", TextOf(item->packageRef)}});
+            AddFact(m_facts, "bom-item",
+                    {name,
+                     {"quantity", TextOf(item->quantity)},
+                     {"category", TextOf(item->category)},
+                     {"description", TextOf(item->description)},
+                     {"pins", TextOf(item->numberIO)},
+                     {"packageRef", TextOf(item->packageRef)}});
             for (const CIPC2581_Bom_BomItem_RefDes * const refDes : Each(item->m_arrRefDes)) {
-                Add("bom-refdes", {name, {"name", TextOf(refDes->name)}, {"populate", FlagWord(refDes->populate)}});
+                AddFact(m_facts, "bom-refdes",
+                        {name, {"name", TextOf(refDes->name)}, {"populate", FlagWord(refDes->populate)}});
             }
         }
     }
 
     void AddLayers()
     {
-        Add("board", {{"name", TextOf(m_board.m_Ecad.name)}, {"units", TextOf(m_board.m_Ecad.m_CadHeader.units)}});
+        AddFact(m_facts, "board",
+                {{"name", TextOf(m_board.m_Ecad.name)}, {"units", TextOf(m_board.m_Ecad.m_CadHeader.units)}});
         for (const CIPC2581_Ecad_CadData_Layer * const layer : Each(m_board.m_Ecad.m_CadData.m_arrLayer)) {
-            Add("layer", {{"name", TextOf(layer->name)},
-                          {"layerFunction", TextOf(layer->layerFunction)},
-                          {"side", TextOf(layer->side)},
-                          {"polarity", TextOf(layer->polarity)}});
+            AddFact(m_facts, "layer",
+                    {{"name", TextOf(layer->name)},
+                     {"layerFunction", TextOf(layer->layerFunction)},
+                     {"side", TextOf(layer->side)},
+                     {"polarity", TextOf(layer->polarity)}});
         }
     }
 
     void AddStackup()
     {
         const CIPC2581_Ecad_CadData_Stackup & stackup = m_board.m_Ecad.m_CadData.m_Stackup;
-        Add("stackup", {{"whereMeasured", TextOf(stackup.whereMeasured)}},
-            {{"overallThickness", NumberIn(stackup.overallThickness)},
-             {"tolPlus", NumberIn(stackup.tolPlus)},
-             {"tolMinus", NumberIn(stackup.tolMinus)}});
+        AddFact(m_facts, "stackup", {{"whereMeasured", TextOf(stackup.whereMeasured)}},
+                {{"overallThickness", NumberIn(stackup.overallThickness)},
+                 {"tolPlus", NumberIn(stackup.tolPlus)},
+                 {"tolMinus", NumberIn(stackup.tolMinus)}});
         for (const StackupGroup * const group : Each(stackup.StackupGroupArray)) {
             AddStackupGroup(*group);
         }
@@ -149,18 +151,19 @@ private:
     void AddStackupGroup(const StackupGroup & group)
     {
         const Word name{"group", TextOf(group.name)};
-        Add("stackup-group", {name},
-            {{"thickness", group.thickness}, {"tolPlus", group.tolPlus}, {"tolMinus", group.tolMinus}});
+        AddFact(m_facts, "stackup-group", {name},
+                {{"thickness", group.thickness}, {"tolPlus", group.tolPlus}, {"tolMinus", group.tolMinus}});
         for (const auto * const layer : Each(group.StackupLayerArray)) {
             const Word ref{"layerOrGroupRef", TextOf(layer->layerOrGroupRef)};
-            Add("stackup-layer", {name, ref}, {{"thickness", layer->thickness}});
-            Add("material", {name, ref, {"material", TextOf(layer->materialType)}});
+            AddFact(m_facts, "stackup-layer", {name, ref}, {{"thickness", layer->thickness}});
+            AddFact(m_facts, "material", {name, ref, {"material", TextOf(layer->materialType)}});
         }
     }
 
     void AddStep()
     {
-        Add("step", {{"name", TextOf(m_step.Name)}}, {{"datumX", m_step.Datum.X}, {"datumY", m_step.Datum.Y}});
+        AddFact(m_facts, "step", {{"name", TextOf(m_step.Name)}},
+                {{"datumX", m_step.Datum.X}, {"datumY", m_step.Datum.Y}});
         const CIPC2581_Polygon & polygon = *m_step.Profile.Polygon;
         if (!polygon.PolyStepArray->IsEmpty()) {
             AddShape("profile", {}, {.outlines = {PathOf(*polygon.PolyBegin, *polygon.PolyStepArray)}}, m_facts);
@@ -177,7 +180,7 @@ private:
     {
         for (const CIPC2581_Ecad_CadData_Step_PadStack * const stack : Each(m_step.PadStackArray)) {
             const Word net{"net", TextOf(stack->NetName)};
-            Add("padstack", {net});
+            AddFact(m_facts, "padstack", {net});
             for (const Pad * const pad : Each(stack->LayerPadArray)) {
                 AddPlacedPad("padstack-pad", {net, {"layerRef", TextOf(pad->LayerRef)}, {"pin", PinOf(*pad)}}, *pad);
             }
@@ -199,19 +202,19 @@ private:
                                    {"platingStatus", TextOf(hole.PlatingStatus)},
                                    {"fromLayer", TextOf(hole.FromLayer)},
                                    {"toLayer", TextOf(hole.ToLayer)}});
-        Add(kind, words,
-            {{"x", hole.Location.X},
-             {"y", hole.Location.Y},
-             {"diameter", NumberIn(hole.Diameter)},
-             {"plusTol", NumberIn(hole.PlusTol)},
-             {"minusTol", NumberIn(hole.MinusTol)}});
+        AddFact(m_facts, kind, words,
+                {{"x", hole.Location.X},
+                 {"y", hole.Location.Y},
+                 {"diameter", NumberIn(hole.Diameter)},
+                 {"plusTol", NumberIn(hole.PlusTol)},
+                 {"minusTol", NumberIn(hole.MinusTol)}});
     }
 
     void AddPackages()
     {
         for (const Package * const package : Each(m_step.PackageArray)) {
             const Word name{"package", TextOf(package->name)};
-            Add("package", {name, {"type", TextOf(package->type)}});
+            AddFact(m_facts, "package", {name, {"type", TextOf(package->type)}});
             AddStroke("package-outline", {name, {"of", "package"}}, StrokeOf(*package->Outline), m_facts);
             for (const Pin * const pin : Each(package->PinArray)) {
                 AddPackagePin(name, *pin);
@@ -276,33 +279,34 @@ private:
     {
         for (const CIPC2581_Ecad_CadData_Step_Component * const component : Each(m_step.ComponentArray)) {
             const Word refDes{"refDes", TextOf(component->RefDes)};
-            Add("component",
-                {refDes,
-                 {"packageRef", TextOf(component->PackageRef)},
-                 {"layerRef", TextOf(component->LayerRef)},
-                 {"part", TextOf(component->Part)},
-                 {"mountType", TextOf(component->MountType)}},
-                {{"x", component->Location.X},
-                 {"y", component->Location.Y},
-                 {"standoff", NumberIn(component->Standoff)},
-                 {"height", component->Height}});
+            AddFact(m_facts, "component",
+                    {refDes,
+                     {"packageRef", TextOf(component->PackageRef)},
+                     {"layerRef", TextOf(component->LayerRef)},
+                     {"part", TextOf(component->Part)},
+                     {"mountType", TextOf(component->MountType)}},
+                    {{"x", component->Location.X},
+                     {"y", component->Location.Y},
+                     {"standoff", NumberIn(component->Standoff)},
+                     {"height", component->Height}});
             const Xform xform = XformOf(*component->Xform);
-            Add("component-xform", {refDes, {"mirror", FlagWord(xform.mirror)}},
-                {{"rotation", Turn(xform.rotation)},
-                 {"xOffset", xform.xOffset},
-                 {"yOffset", xform.yOffset},
-                 {"scale", xform.scale}});
+            AddFact(m_facts, "component-xform", {refDes, {"mirror", FlagWord(xform.mirror)}},
+                    {{"rotation", Turn(xform.rotation)},
+                     {"xOffset", xform.xOffset},
+                     {"yOffset", xform.yOffset},
+                     {"scale", xform.scale}});
         }
     }
 
     void AddNets()
     {
         for (const CIPC2581_Ecad_CadData_Step_LogicalNet * const net : Each(m_step.LogicalNetArray)) {
-            Add("net", {{"name", TextOf(net->Name)}});
+            AddFact(m_facts, "net", {{"name", TextOf(net->Name)}});
             for (const auto * const pin : Each(net->LogicalNetPinArray)) {
-                Add("net-pin", {{"net", TextOf(net->Name)},
-                                {"componentRef", TextOf(pin->ComponentRef)},
-                                {"pin", TextOf(pin->Pin)}});
+                AddFact(m_facts, "net-pin",
+                        {{"net", TextOf(net->Name)},
+                         {"componentRef", TextOf(pin->ComponentRef)},
+                         {"pin", TextOf(pin->Pin)}});
             }
         }
     }
@@ -310,17 +314,17 @@ private:
     void AddPhyNets()
     {
         for (const auto * const net : Each(m_step.PhyNetGroup.PhyNetArray)) {
-            Add("phynet", {{"name", TextOf(net->Name)}});
+            AddFact(m_facts, "phynet", {{"name", TextOf(net->Name)}});
             for (const auto * const point : Each(net->PhyNetPointArray)) {
-                Add("phynet-point",
-                    {{"net", TextOf(net->Name)},
-                     {"layerRef", TextOf(point->LayerRef)},
-                     {"netNode", TextOf(point->NetNode)},
-                     {"exposure", TextOf(point->Exposure)},
-                     {"via", FlagWord(point->Via != 0)},
-                     {"test", FlagWord(point->Test != 0)},
-                     {"shape", TextOf(point->StandardPrimitiveRefId)}},
-                    {{"x", point->Location.X}, {"y", point->Location.Y}});
+                AddFact(m_facts, "phynet-point",
+                        {{"net", TextOf(net->Name)},
+                         {"layerRef", TextOf(point->LayerRef)},
+                         {"netNode", TextOf(point->NetNode)},
+                         {"exposure", TextOf(point->Exposure)},
+                         {"via", FlagWord(point->Via != 0)},
+                         {"test", FlagWord(point->Test != 0)},
+                         {"shape", TextOf(point->StandardPrimitiveRefId)}},
+                        {{"x", point->Location.X}, {"y", point->Location.Y}});
             }
         }
     }
@@ -338,7 +342,7 @@ private:
         }
         for (const auto & [layer, color] : colors) {
             if (!color.empty()) {
-                Add("set-color", {{"layerRef", layer}, {"id", color}});
+                AddFact(m_facts, "set-color", {{"layerRef", layer}, {"id", color}});
             }
         }
     }

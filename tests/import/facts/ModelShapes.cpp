@@ -1,6 +1,7 @@
 #include "tests/import/facts/ModelShapes.h"
 
 #include <array>
+#include <cstddef>
 #include <string_view>
 #include <utility>
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstddef>
 #include <numbers>
-#include <utility>
 
 #include "ipc2581/base/Codes.h"
 

@@ -5,7 +5,6 @@
 #include <exception>
 #include <filesystem>
 #include <iostream>
-#include <vector>
 
 #include "import/Import.h"
 #include "tests/import/facts/Fact.h"
