@@ -195,6 +195,9 @@ private:
         Place place;
         LossRecorder::Path path;
         std::size_t line;
+        // Of what is unknown: how deep it stands in it, and whose it is.
+        int depth = 0;
+        std::size_t owner = 0;
     };
 
     [[nodiscard]] Place PlaceOf(Word name, std::span<const XmlAttribute> attributes) const;
@@ -271,7 +274,7 @@ void BoardListener::Text(std::string_view text)
         m_piece.Text(text);
     }
     else if (m_open.back().place != Place::Skipped) {
-        m_context.losses.BeginFact(m_open.back().path, m_open.back().line, 0);
+        m_context.losses.BeginFact(m_open.back().path, m_open.back().line, m_open.back().owner);
         m_context.losses.AddText(text);
     }
 }
@@ -335,12 +338,16 @@ void BoardListener::SkipElement(Word name, std::size_t line, std::span<const Xml
 
 void BoardListener::LoseElement(Word name, std::size_t line, std::span<const XmlAttribute> attributes)
 {
-    const LossRecorder::Path path = m_context.losses.PathOf(m_open.back().path, name);
-    m_context.losses.BeginFact(path, line, OwnerOf(name));
+    // An unknown list belongs to nobody, so each of its elements is an owner, and what stands in that is its.
+    const Level outer = m_open.back();
+    const int depth = outer.place == Place::Unknown ? outer.depth + 1 : 0;
+    const std::size_t owner = depth < 2 ? OwnerOf(name) : outer.owner;
+    const LossRecorder::Path path = m_context.losses.PathOf(outer.path, name);
+    m_context.losses.BeginFact(path, line, owner);
     for (const XmlAttribute & attribute : attributes) {
         m_context.losses.AddAttribute(attribute.name, attribute.value);
     }
-    m_open.push_back({Place::Unknown, path, line});
+    m_open.push_back({Place::Unknown, path, line, depth, owner});
 }
 
 // How many elements of the name there were before this one.

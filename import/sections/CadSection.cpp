@@ -23,6 +23,7 @@ void CadSection::BeginCadHeader(const XmlElement & header)
 void CadSection::ReadSpec(const XmlElement & spec, LossRecorder::Path path)
 {
     const std::string name(spec.Value(W("name")));
+    m_specs.emplace(name);
     for (const XmlElement general : spec) {
         if (general.Name() != W("General") || general.Value(W("type")) != "MATERIAL") {
             continue;
@@ -98,7 +99,13 @@ void CadSection::ReadStackupLayer(const XmlElement & element, CIPC2581_Ecad_CadD
     TakeFields<Fields<Layer>::StackupLayer>(element, layer, m_context.blocks);
     // What refers to a spec stays a fact without a member, since a spec says more than its material.
     for (const XmlElement child : element) {
-        if (child.Name() != W("SpecRef") || !layer.materialType.IsEmpty()) {
+        if (child.Name() != W("SpecRef")) {
+            continue;
+        }
+        if (!m_specs.contains(child.Value(W("id")))) {
+            m_context.TellDangling(child.Line(), "spec", child.Value(W("id")));
+        }
+        if (!layer.materialType.IsEmpty()) {
             continue;
         }
         const auto found = m_materials.find(child.Value(W("id")));

@@ -46,6 +46,7 @@ private:
     ShapeReader & m_shapes;
     ByName<Material> m_materials;
     ByName<Span> m_spans;
+    Names m_specs;
     Names m_layers;
     bool m_hasStackup = false;
 };

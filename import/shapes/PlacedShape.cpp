@@ -433,21 +433,45 @@ std::unique_ptr<Shape> ContourShapeOf(const Path & contour)
     return shape;
 }
 
-template <typename Shape>
-std::unique_ptr<CIPC2581_DrawObj> CopyOfClass(const Shape & shape)
+// Copies all members, by the table of the class: an assignment of the model keeps what hosts rely on, which is less.
+template <typename Object>
+void CopyMembers(const Object & from, Object & to);
+
+template <typename Value>
+void CopyValue(const Value & from, Value & to)
 {
-    // A contour copies its parts as plain shapes, so it is done by hand.
-    if constexpr (std::is_same_v<Shape, CIPC2581_DicDraw_Contour>) {
-        auto copy = std::make_unique<CIPC2581_DicDraw_Contour>();
-        copy->DrawType = shape.DrawType;
-        for (const CIPC2581_DrawObj * const part : Each(shape.DicDrawObjArray)) {
-            copy->DicDrawObjArray->Add(CopyOf(*part).release());
+    if constexpr (KindOf<Value>() == FieldKind::List) {
+        for (const auto * const element : Each(from)) {
+            using Element = std::remove_cvref_t<decltype(*element)>;
+            if constexpr (std::is_same_v<Element, CIPC2581_DrawObj>) {
+                to.Add(CopyOf(*element).release());
+            }
+            else {
+                auto copy = std::make_unique<Element>();
+                CopyMembers(*element, *copy);
+                to.Add(copy.release());
+            }
         }
-        return copy;
+    }
+    else if constexpr (KindOf<Value>() == FieldKind::Part) {
+        CopyMembers(from, to);
     }
     else {
-        return std::make_unique<Shape>(shape);
+        to = from;
     }
+}
+
+template <typename Object>
+void CopyMembers(const Object & from, Object & to)
+{
+    ForEachMember(to, [&](const auto & member, auto & value) {
+        if constexpr (std::is_pointer_v<std::remove_cvref_t<decltype(value)>>) {
+            CopyValue(*(from.*member.pointer), *value);
+        }
+        else {
+            CopyValue(from.*member.pointer, value);
+        }
+    });
 }
 
 // The shape, or the contours that are left of it, placed.
@@ -468,7 +492,11 @@ void AddPlacedOf(Shape & shape, std::unique_ptr<CIPC2581_DrawObj> owner, const P
 std::unique_ptr<CIPC2581_DrawObj> CopyOf(const CIPC2581_DrawObj & shape)
 {
     std::unique_ptr<CIPC2581_DrawObj> copy;
-    VisitShape(shape, [&](const auto & own) { copy = CopyOfClass(own); });
+    VisitShape(shape, [&](const auto & own) {
+        auto made = std::make_unique<std::remove_cvref_t<decltype(own)>>();
+        CopyMembers(own, *made);
+        copy = std::move(made);
+    });
     return copy;
 }
 

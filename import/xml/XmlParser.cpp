@@ -14,11 +14,6 @@
 namespace ipc2581::detail {
 namespace {
 
-std::string_view Chars(const xmlChar * text)
-{
-    return text == nullptr ? std::string_view() : reinterpret_cast<const char *>(text);
-}
-
 std::string_view Chars(const xmlChar * begin, const xmlChar * end)
 {
     return {reinterpret_cast<const char *>(begin), static_cast<std::size_t>(end - begin)};

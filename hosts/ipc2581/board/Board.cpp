@@ -6,6 +6,7 @@
 
 #include "hosts/ipc2581/board/ReadWrite.h"
 #include "hosts/ipc2581/files/Error.h"
+#include "hosts/ipc2581/text/Text.h"
 
 namespace ipc2581::host {
 namespace {
@@ -48,10 +49,26 @@ Error StopError(const BoardFile & board, CStdioFile & stopped)
 
 }  // namespace
 
-Board::Board(BoardFile file, CProgressCtrl * progress) : m_file(std::move(file))
+Board::Board(BoardFile file, const Reading & reading, CProgressCtrl * progress) : m_file(std::move(file))
 {
+    reading.isExact ? ReadExactly(progress) : ReadByImport(reading.step, progress);
+}
+
+void Board::ReadByImport(const std::string & step, CProgressCtrl * progress)
+{
+    Imported imported = ImportModel(m_file, step, progress);
+    m_root = std::move(imported.board);
+    m_report = std::move(imported.report);
+    if (!step.empty() && Shown(Step().Name) != step) {
+        throw Error(m_file.Name(), "has no step \"" + step + "\"");
+    }
+}
+
+void Board::ReadExactly(CProgressCtrl * progress)
+{
+    m_root = std::make_unique<CIPC2581_Parser>();
     CIPC2581_XmlLiteReader reader;
-    if (!ReadModel(m_file, reader, m_root, progress)) {
+    if (!ReadModel(m_file, reader, *m_root, progress)) {
         throw StopError(m_file, reader.m_File);
     }
     if (reader.m_arrSectionLog.IsEmpty()) {

@@ -1,30 +1,50 @@
 #ifndef IPC2581_HOSTS_IPC2581_BOARD_BOARD_H
 #define IPC2581_HOSTS_IPC2581_BOARD_BOARD_H
 
+#include <memory>
+#include <optional>
+#include <string>
+
+#include <import/Import.h>
 #include <ipc2581/ipc2581.h>
 
 #include "hosts/ipc2581/board/BoardFile.h"
 
 namespace ipc2581::host {
 
+// How a board is read.
+struct Reading {
+    // By the reader of the core, which takes one element a line; otherwise by the import.
+    bool isExact = false;
+    // The step to import; if it is empty, the import chooses.
+    std::string step = {};
+};
+
 // A board that was read. The file is never changed.
 class Board {
 public:
-    // The progress may be null, and is not used after the call. Throws Error for a file that cannot be read, for a line
-    // that stops the read, and for a file in which the reader finds nothing at all.
-    explicit Board(BoardFile file, CProgressCtrl * progress = nullptr);
+    // The progress may be null, and is not used after the call. Throws Error for a file that cannot be read, and for
+    // one that the reader does not take: the import a file that is not whole, the reader of the core one with a line
+    // that stops it, or without anything that it knows.
+    explicit Board(BoardFile file, const Reading & reading = {}, CProgressCtrl * progress = nullptr);
     Board(const Board &) = delete;
     Board & operator=(const Board &) = delete;
 
     [[nodiscard]] const BoardFile & File() const { return m_file; }
-    CIPC2581_Parser & Root() { return m_root; }
-    CIPC2581_Content & Content() { return m_root.m_Content; }
-    CIPC2581_Ecad_CadData & CadData() { return m_root.m_Ecad.m_CadData; }
-    CIPC2581_Ecad_CadData_Step & Step() { return m_root.m_Ecad.m_CadData.m_Step; }
+    // What the import has found no member for; null for a board that the reader of the core has read.
+    [[nodiscard]] const ImportReport * Report() const { return m_report.has_value() ? &*m_report : nullptr; }
+    CIPC2581_Parser & Root() { return *m_root; }
+    CIPC2581_Content & Content() { return m_root->m_Content; }
+    CIPC2581_Ecad_CadData & CadData() { return m_root->m_Ecad.m_CadData; }
+    CIPC2581_Ecad_CadData_Step & Step() { return m_root->m_Ecad.m_CadData.m_Step; }
 
 private:
+    void ReadExactly(CProgressCtrl * progress);
+    void ReadByImport(const std::string & step, CProgressCtrl * progress);
+
     BoardFile m_file;
-    CIPC2581_Parser m_root;
+    std::unique_ptr<CIPC2581_Parser> m_root;
+    std::optional<ImportReport> m_report;
 };
 
 }  // namespace ipc2581::host

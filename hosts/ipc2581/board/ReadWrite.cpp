@@ -6,6 +6,29 @@
 
 namespace ipc2581::host {
 
+Imported ImportModel(const BoardFile & file, const std::string & step, CProgressCtrl * progress)
+{
+    ImportOptions options;
+    options.step = step;
+    options.memoryLimit = MemoryForABoard();
+    if (progress != nullptr) {
+        options.progress = [progress](double part) {
+            constexpr double whole = 100;
+            progress->SetPos(static_cast<int>(part * whole));
+            return true;
+        };
+    }
+    try {
+        return Import(file.PlainPath(), options);
+    }
+    catch (const ImportError & error) {
+        if (error.Line() == 0) {
+            throw Error(file.Name(), error.Cause());
+        }
+        throw Error(file.Name(), error.Line(), error.Cause());
+    }
+}
+
 bool ReadModel(const BoardFile & file, CIPC2581_XmlLiteReader & reader, CIPC2581_Parser & root,
                CProgressCtrl * progress)
 {

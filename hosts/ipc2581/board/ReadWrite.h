@@ -3,15 +3,20 @@
 
 #include <string>
 
+#include <import/Import.h>
 #include <ipc2581/ipc2581.h>
 
 #include "hosts/ipc2581/board/BoardFile.h"
 
 namespace ipc2581::host {
 
-// Reads the file into the root, within the bound of memory for a board. False if a line has stopped the read: the
-// reader's file stays open behind that line. The progress may be null, and is not used after the call. Throws Error for
-// a file that cannot be read.
+// Imports the file, within the bound of memory for a board. The progress may be null, and is not used after the call.
+// Throws Error for a file that cannot be read or is not whole.
+Imported ImportModel(const BoardFile & file, const std::string & step, CProgressCtrl * progress);
+
+// Reads the file into the root by the reader of the core, within the bound of memory for a board. False if a line has
+// stopped the read: the reader's file stays open behind that line. The progress may be null, and is not used after the
+// call. Throws Error for a file that cannot be read.
 bool ReadModel(const BoardFile & file, CIPC2581_XmlLiteReader & reader, CIPC2581_Parser & root,
                CProgressCtrl * progress);
 

@@ -5,7 +5,9 @@
 
 #include "hosts/ipc2581/board/ReadWrite.h"
 #include "hosts/ipc2581/check/ElementCounts.h"
+#include "hosts/ipc2581/check/ImportNotes.h"
 #include "hosts/ipc2581/check/LineCheck.h"
+#include "hosts/ipc2581/files/Error.h"
 #include "hosts/ipc2581/files/ScratchFile.h"
 
 namespace ipc2581::host {
@@ -64,6 +66,24 @@ void ListElements(const ElementCounts & file, const ElementCounts & taken, const
     }
 }
 
+// What the import makes of the file: what it tells of it, or why it does not take it.
+void ListImported(const BoardFile & file, std::size_t limit, Listing & listing)
+{
+    Table & sums = listing.AddRecord("import");
+    try {
+        const Imported imported = ImportModel(file, "", nullptr);
+        sums.Add({"facts without a place", imported.report.LostCount()});
+        sums.Add({"remarks of sets", imported.report.RemarkCount()});
+        sums.Add({"notes", imported.report.Notes().size()});
+        Table & notes = listing.AddTable("import notes", {"what is not as it stands", "count", "lines"});
+        Table & facts = listing.AddTable("no place", {"element", "attributes", "count", "lines"});
+        ListImport(imported.report, limit, notes, facts);
+    }
+    catch (const Error & error) {
+        sums.Add({"refused", std::string(error.what())});
+    }
+}
+
 }  // namespace
 
 Listing CheckListing(const BoardFile & file, std::size_t limit, CProgressCtrl * progress)
@@ -80,6 +100,7 @@ Listing CheckListing(const BoardFile & file, std::size_t limit, CProgressCtrl * 
     const XmlCounts written = CountWritten(*root);
 
     Listing listing;
+    ListImported(file, limit, listing);
     Table & sums = listing.AddRecord("check");
     sums.Add({"lines", found.lines});
     sums.Add({"well-formed XML", WellFormed(inFile)});

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "hosts/ipc2581/output/Progress.h"
+#include "hosts/ipc2581/text/Text.h"
 
 namespace ipc2581::host {
 namespace {
@@ -29,11 +30,20 @@ void AddBoard(CLI::App & command, std::string & board, const std::string & name)
         ->type_name("");
 }
 
-Board OpenBoard(const std::string & path)
+void AddReading(CLI::App & command, Reading & reading)
+{
+    CLI::Option * const exact =
+        command.add_flag("--exact", reading.isExact, "Read as the library reads its own files, one element a line");
+    command.add_option("--step", reading.step, "The step to read, instead of the first one with components")
+        ->type_name("NAME")
+        ->excludes(exact);
+}
+
+Board OpenBoard(const std::string & path, const Reading & reading)
 {
     BoardFile file(path);
     Progress progress("Reading " + path);
-    return Board(std::move(file), &progress);
+    return Board(std::move(file), reading, &progress);
 }
 
 void AddListingOptions(CLI::App & command, ListingOptions & options)
@@ -52,6 +62,7 @@ void AddListingOptions(CLI::App & command, ListingOptions & options)
 void AddBoardListing(CLI::App & command, SortedListing & options)
 {
     AddBoard(command, options.board);
+    AddReading(command, options.reading);
     AddListingOptions(command, options.listing);
 }
 
@@ -62,13 +73,24 @@ void AddSort(CLI::App & command, SortedListing & options, const std::string & or
 
 void PrintTable(const SortedListing & options, Table (*make)(Board & board, bool isSorted), Listed listed)
 {
-    Board board = OpenBoard(options.board);
+    Board board = OpenBoard(options.board, options.reading);
     Print(make(board, options.isSorted), options.listing, {options.board});
     WarnOfLosses(board, {listed});
 }
 
+void WarnOfImport(const Board & board)
+{
+    if (board.Report() != nullptr) {
+        Warn(board, OneLine(NotesOfImport(*board.Report())));
+    }
+}
+
 void WarnOfLosses(Board & board, std::initializer_list<Listed> listed)
 {
+    if (board.Report() != nullptr) {
+        WarnOfImport(board);
+        return;
+    }
     Warn(board, ListingLosses(board, listed));
 }
 

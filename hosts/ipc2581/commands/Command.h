@@ -8,6 +8,7 @@
 #include <CLI/CLI.hpp>
 
 #include "hosts/ipc2581/board/Board.h"
+#include "hosts/ipc2581/check/ImportNotes.h"
 #include "hosts/ipc2581/check/ListingLosses.h"
 #include "hosts/ipc2581/output/Output.h"
 #include "hosts/ipc2581/table/Table.h"
@@ -21,9 +22,11 @@ CLI::App & AddCommand(CLI::App & program, const std::string & name, const std::s
 
 // The argument BOARD, under this name.
 void AddBoard(CLI::App & command, std::string & board, const std::string & name = "BOARD");
+// The options of how boards are read.
+void AddReading(CLI::App & command, Reading & reading);
 
 // Reads a board, with a progress bar on a terminal. Throws Error.
-Board OpenBoard(const std::string & path);
+Board OpenBoard(const std::string & path, const Reading & reading);
 
 // The options of all listings.
 struct ListingOptions {
@@ -35,8 +38,11 @@ void AddListingOptions(CLI::App & command, ListingOptions & options);
 // Says in one line on standard error what is known to be lacking, and points to the command that shows all of it.
 // Silent if nothing is.
 void Warn(const Board & board, const std::string & losses);
-// The same for a listing of these.
+// The same for a listing of these, and what an import tells of the file as a whole.
 void WarnOfLosses(Board & board, std::initializer_list<Listed> listed);
+
+// Says in one line on standard error what of the file an import has not taken as it stands, if there is any.
+void WarnOfImport(const Board & board);
 
 // Says in one line on standard error why the program has failed.
 void TellFailure(const std::exception & failure);
@@ -44,10 +50,11 @@ void TellFailure(const std::exception & failure);
 // The arguments of a command that lists one board, sorted or not.
 struct SortedListing {
     std::string board;
+    Reading reading;
     ListingOptions listing;
     bool isSorted = false;
 };
-// The argument BOARD and the options of a listing.
+// The argument BOARD, how it is read, and the options of a listing.
 void AddBoardListing(CLI::App & command, SortedListing & options);
 // The option that asks for the order.
 void AddSort(CLI::App & command, SortedListing & options, const std::string & order);

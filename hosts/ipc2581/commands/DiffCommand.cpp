@@ -14,13 +14,14 @@ enum Status { Different = 1, Trouble = 2 };
 struct Options {
     std::string before;
     std::string after;
+    Reading reading;
     ListingOptions listing;
 };
 
 bool Diff(const Options & options)
 {
-    Board before = OpenBoard(options.before);
-    Board after = OpenBoard(options.after);
+    Board before = OpenBoard(options.before, options.reading);
+    Board after = OpenBoard(options.after, options.reading);
     const Differences differences = DifferencesOf(before, after);
     const bool isDifferent = !differences.Rows().Rows().empty();
     if (!isDifferent && options.listing.format == Format::Table) {
@@ -63,6 +64,7 @@ void AddDiffCommand(CLI::App & program)
     command.add_option("B", options->after, "The board to compare it with, taken as the newer one")
         ->required()
         ->type_name("");
+    AddReading(command, options->reading);
     AddListingOptions(command, options->listing);
     command.callback([options] { DiffAndEnd(*options); });
 }

@@ -9,13 +9,15 @@ namespace {
 
 struct Options {
     std::string board;
+    Reading reading;
     ListingOptions listing;
 };
 
 void Info(const Options & options)
 {
-    Board board = OpenBoard(options.board);
+    Board board = OpenBoard(options.board, options.reading);
     Print(InfoListing(board), options.listing, {options.board});
+    WarnOfImport(board);
 }
 
 }  // namespace
@@ -25,6 +27,7 @@ void AddInfoCommand(CLI::App & program)
     const auto options = std::make_shared<Options>();
     CLI::App & command = AddCommand(program, "info", "Show what a board contains", "ipc2581 info board.cvg");
     AddBoard(command, options->board);
+    AddReading(command, options->reading);
     AddListingOptions(command, options->listing);
     command.callback([options] { Info(*options); });
 }

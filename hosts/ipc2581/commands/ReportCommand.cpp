@@ -52,11 +52,16 @@ std::string ReportText(const std::string & told, CIPC2581_Parser & root)
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
-void Report(const std::string & path)
+struct Options {
+    std::string board;
+    Reading reading;
+};
+
+void Report(const Options & options)
 {
-    const std::string reportPath = ReportPath(path);
-    Board board = OpenBoard(path);
-    Output output(reportPath, {path});
+    const std::string reportPath = ReportPath(options.board);
+    Board board = OpenBoard(options.board, options.reading);
+    Output output(reportPath, {options.board});
     output.Stream() << ReportText(reportPath, board.Root());
     output.Finish();
 }
@@ -65,12 +70,13 @@ void Report(const std::string & path)
 
 void AddReportCommand(CLI::App & program)
 {
-    const auto board = std::make_shared<std::string>();
+    const auto options = std::make_shared<Options>();
     CLI::App & command = AddCommand(
         program, "report", "Write the library's report next to the board, with .txt instead of .cvg in its name",
         "ipc2581 report board.cvg");
-    AddBoard(command, *board);
-    command.callback([board] { Report(*board); });
+    AddBoard(command, options->board);
+    AddReading(command, options->reading);
+    command.callback([options] { Report(*options); });
 }
 
 }  // namespace ipc2581::host

@@ -19,6 +19,7 @@ namespace {
 
 struct Options {
     std::string board;
+    Reading reading;
     std::string folder;
 };
 
@@ -56,7 +57,7 @@ private:
 
 void Svg(const Options & options)
 {
-    Board board = OpenBoard(options.board);
+    Board board = OpenBoard(options.board, options.reading);
     const Drawing drawing = DrawingOf(board);
     MakeFolder(options.folder);
     const auto write = [&](const std::string & name, const std::function<void(std::ostream &)> & picture) {
@@ -70,7 +71,10 @@ void Svg(const Options & options)
     for (std::size_t i = 0; i < drawing.layers.size(); ++i) {
         write(names.NameOf(drawing.layers[i].name), [&](std::ostream & out) { WriteLayerPicture(out, drawing, i); });
     }
-    Warn(board, PictureLosses(board));
+    if (board.Report() == nullptr) {
+        Warn(board, PictureLosses(board));
+    }
+    WarnOfImport(board);
 }
 
 }  // namespace
@@ -81,6 +85,7 @@ void AddSvgCommand(CLI::App & program)
     CLI::App & command = AddCommand(program, "svg", "Draw the top, the bottom and each layer of a board",
                                     "ipc2581 svg board.cvg -o pictures");
     AddBoard(command, options->board);
+    AddReading(command, options->reading);
     command.add_option("-o,--output", options->folder, "Folder for the pictures; created if missing")
         ->required()
         ->type_name("DIR");

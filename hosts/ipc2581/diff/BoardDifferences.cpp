@@ -11,6 +11,7 @@
 #include "hosts/ipc2581/board/LibraryMessages.h"
 #include "hosts/ipc2581/files/Error.h"
 #include "hosts/ipc2581/files/ScratchFile.h"
+#include "hosts/ipc2581/text/Text.h"
 
 namespace ipc2581::host {
 namespace {
@@ -64,11 +65,11 @@ std::vector<Record> Boards(Board & board)
 {
     const CIPC2581_Parser & root = board.Root();
     Record record("");
-    record.Add("name", Str(root.m_Ecad.name));
-    record.Add("units", Str(root.m_Ecad.m_CadHeader.units));
-    record.Add("dictionary units", Str(root.m_Content.DictionaryStandard->Unit));
-    record.Add("function mode", Str(root.m_Content.FunctionMode));
-    record.Add("step", Str(board.Step().Name));
+    record.Add("name", Shown(root.m_Ecad.name));
+    record.Add("units", Shown(root.m_Ecad.m_CadHeader.units));
+    record.Add("dictionary units", Shown(root.m_Content.DictionaryStandard->Unit));
+    record.Add("function mode", Shown(root.m_Content.FunctionMode));
+    record.Add("step", Shown(board.Step().Name));
     record.Add("datum", Position(board.Step().Datum));
     Writings profile;
     profile.Add(board.Step().Profile);
@@ -86,7 +87,7 @@ std::unordered_map<std::string, std::vector<std::string>> SetsOfLayers(Board & b
         for (auto * const set : Each(feature->SetArray)) {
             writings.Add(*set);
         }
-        std::vector<std::string> & sets = setsOfLayers[Str(feature->LayerRef)];
+        std::vector<std::string> & sets = setsOfLayers[Shown(feature->LayerRef)];
         for (const std::string & text : writings.Texts()) {
             sets.push_back(std::to_string(std::hash<std::string>()(text)));
         }
@@ -100,18 +101,18 @@ std::vector<Record> Layers(Board & board)
     std::vector<Record> records;
     const auto add = [&](const std::string & name, const CIPC2581_Ecad_CadData_Layer & layer) {
         Record & record = records.emplace_back(name);
-        record.Add("function", Str(layer.layerFunction));
-        record.Add("side", Str(layer.side));
-        record.Add("polarity", Str(layer.polarity));
+        record.Add("function", Shown(layer.layerFunction));
+        record.Add("side", Shown(layer.side));
+        record.Add("polarity", Shown(layer.polarity));
         record.AddHiddenMembers("sets", std::move(setsOfLayers[name]));
         setsOfLayers.erase(name);
     };
     for (const CIPC2581_Ecad_CadData_Layer * const layer : Each(board.CadData().m_arrLayer)) {
-        add(Str(layer->name), *layer);
+        add(Shown(layer->name), *layer);
     }
     for (const auto * const feature : Each(board.Step().LayerFeatureArray)) {
-        if (setsOfLayers.contains(Str(feature->LayerRef))) {
-            add(Str(feature->LayerRef), CIPC2581_Ecad_CadData_Layer());
+        if (setsOfLayers.contains(Shown(feature->LayerRef))) {
+            add(Shown(feature->LayerRef), CIPC2581_Ecad_CadData_Layer());
         }
     }
     return records;
@@ -122,9 +123,9 @@ std::vector<Record> StackupLayers(Board & board)
     std::vector<Record> records;
     for (const auto * const group : Each(board.CadData().m_Stackup.StackupGroupArray)) {
         for (const auto * const layer : Each(group->StackupLayerArray)) {
-            Record & record = records.emplace_back(Str(layer->layerOrGroupRef));
-            record.Add("group", Str(group->name));
-            record.Add("material", Str(layer->materialType));
+            Record & record = records.emplace_back(Shown(layer->layerOrGroupRef));
+            record.Add("group", Shown(group->name));
+            record.Add("material", Shown(layer->materialType));
             record.Add("thickness", layer->thickness);
         }
     }
@@ -141,7 +142,7 @@ std::vector<Record> Shapes(Board & board)
     }
     const std::vector<std::string> texts = writings.Texts();
     for (std::size_t i = 0; i < entries.size(); ++i) {
-        records.emplace_back(Str(entries[i]->EntryStandardId)).AddHidden("drawing", texts[i]);
+        records.emplace_back(Shown(entries[i]->EntryStandardId)).AddHidden("drawing", texts[i]);
     }
     return records;
 }
@@ -161,12 +162,12 @@ std::vector<std::string> PadStacks(Board & board)
     std::vector<std::string> texts;
     for (const auto * const stack : Each(board.Step().PadStackArray)) {
         const CIPC2581_Ecad_CadData_Step_Hole & hole = *stack->LayerHole;
-        std::string text =
-            Joined({Str(stack->NetName), Str(hole.Name), Str(hole.Diameter), Str(hole.PlatingStatus), Str(hole.PlusTol),
-                    Str(hole.MinusTol), Position(hole.Location), Str(hole.FromLayer), Str(hole.ToLayer)});
+        std::string text = Joined({Shown(stack->NetName), Shown(hole.Name), Shown(hole.Diameter),
+                                   Shown(hole.PlatingStatus), Shown(hole.PlusTol), Shown(hole.MinusTol),
+                                   Position(hole.Location), Shown(hole.FromLayer), Shown(hole.ToLayer)});
         for (const CIPC2581_Ecad_CadData_Step_Pad * const pad : Each(stack->LayerPadArray)) {
-            text.append(1, '\n').append(Joined({Str(pad->LayerRef), Str(pad->Pin), Cell(pad->Rotation).Text(),
-                                                Position(pad->Location), Str(pad->StandardPrimitiveRefId)}));
+            text.append(1, '\n').append(Joined({Shown(pad->LayerRef), Shown(pad->Pin), Cell(pad->Rotation).Text(),
+                                                Position(pad->Location), Shown(pad->StandardPrimitiveRefId)}));
         }
         texts.push_back(std::move(text));
     }
@@ -189,11 +190,11 @@ std::vector<Record> Packages(Board & board)
     for (std::size_t i = 0; i < packages.size(); ++i) {
         std::vector<std::string> pins;
         for (const CIPC2581_Ecad_CadData_Step_Package_Pin * const pin : Each(packages[i]->PinArray)) {
-            pins.push_back(Str(pin->number) + "(" + Position(pin->Location) + "," + Cell(pin->Xform->Rotation).Text() +
-                           "," + Str(pin->StandardPrimitiveRef) + ")");
+            pins.push_back(Shown(pin->number) + "(" + Position(pin->Location) + "," +
+                           Cell(pin->Xform->Rotation).Text() + "," + Shown(pin->StandardPrimitiveRef) + ")");
         }
-        Record & record = records.emplace_back(Str(packages[i]->name));
-        record.Add("type", Str(packages[i]->type));
+        Record & record = records.emplace_back(Shown(packages[i]->name));
+        record.Add("type", Shown(packages[i]->type));
         record.AddMembers("pins", std::move(pins));
         record.AddHidden("outline", texts[i * drawings]);
         record.AddHidden("silk screen", texts[i * drawings + 1]);
@@ -207,17 +208,17 @@ std::vector<Record> Components(Board & board)
 {
     std::vector<Record> records;
     for (const CIPC2581_Ecad_CadData_Step_Component * const component : Each(board.Step().ComponentArray)) {
-        Record & record = records.emplace_back(Str(component->RefDes));
-        record.Add("package", Str(component->PackageRef));
-        record.Add("part", Str(component->Part));
-        record.Add("layer", Str(component->LayerRef));
-        record.Add("mount", Str(component->MountType));
+        Record & record = records.emplace_back(Shown(component->RefDes));
+        record.Add("package", Shown(component->PackageRef));
+        record.Add("part", Shown(component->Part));
+        record.Add("layer", Shown(component->LayerRef));
+        record.Add("mount", Shown(component->MountType));
         record.Add("x", component->Location.X);
         record.Add("y", component->Location.Y);
         record.Add("rotation", component->Xform->Rotation);
         record.Add("mirror", component->Xform->Mirror != 0);
         record.Add("height", component->Height);
-        record.Add("standoff", Str(component->Standoff));
+        record.Add("standoff", Shown(component->Standoff));
     }
     return records;
 }
@@ -228,9 +229,9 @@ std::vector<Record> Nets(Board & board)
     for (const CIPC2581_Ecad_CadData_Step_LogicalNet * const net : Each(board.Step().LogicalNetArray)) {
         std::vector<std::string> pins;
         for (const CIPC2581_Ecad_CadData_Step_LogicalNet_LogicalNetPin * const pin : Each(net->LogicalNetPinArray)) {
-            pins.push_back(Str(pin->ComponentRef) + "." + Str(pin->Pin));
+            pins.push_back(Shown(pin->ComponentRef) + "." + Shown(pin->Pin));
         }
-        records.emplace_back(Str(net->Name)).AddMembers("pins", std::move(pins));
+        records.emplace_back(Shown(net->Name)).AddMembers("pins", std::move(pins));
     }
     return records;
 }
@@ -241,11 +242,11 @@ std::vector<Record> PhysicalNets(Board & board)
     for (const CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet * const net : Each(board.Step().PhyNetGroup.PhyNetArray)) {
         std::vector<std::string> points;
         for (const auto * const point : Each(net->PhyNetPointArray)) {
-            points.push_back(Str(point->LayerRef) + "(" + Position(point->Location) + "," + Str(point->Exposure) + "," +
-                             Str(point->NetNode) + (point->Via != 0 ? ",via," : ",") +
-                             Str(point->StandardPrimitiveRefId) + ")");
+            points.push_back(Shown(point->LayerRef) + "(" + Position(point->Location) + "," + Shown(point->Exposure) +
+                             "," + Shown(point->NetNode) + (point->Via != 0 ? ",via," : ",") +
+                             Shown(point->StandardPrimitiveRefId) + ")");
         }
-        records.emplace_back(Str(net->Name)).AddMembers("points", std::move(points));
+        records.emplace_back(Shown(net->Name)).AddMembers("points", std::move(points));
     }
     return records;
 }
@@ -255,9 +256,9 @@ std::vector<Record> PhysicalNets(Board & board)
 std::string ItemName(const CIPC2581_Bom_BomItem & item)
 {
     if (item.internalPartNumber.IsEmpty() && !item.m_arrRefDes.IsEmpty()) {
-        return Str(item.m_arrRefDes.GetAt(0)->name);
+        return Shown(item.m_arrRefDes.GetAt(0)->name);
     }
-    return Str(item.internalPartNumber);
+    return Shown(item.internalPartNumber);
 }
 
 std::vector<Record> Items(Board & board)
@@ -267,14 +268,14 @@ std::vector<Record> Items(Board & board)
         std::vector<std::string> fitted;
         std::vector<std::string> notFitted;
         for (const CIPC2581_Bom_BomItem_RefDes * const refDes : Each(item->m_arrRefDes)) {
-            (refDes->populate ? fitted : notFitted).push_back(Str(refDes->name));
+            (refDes->populate ? fitted : notFitted).push_back(Shown(refDes->name));
         }
         Record & record = records.emplace_back(ItemName(*item));
-        record.Add("quantity", Str(item->quantity));
-        record.Add("pins", Str(item->numberIO));
-        record.Add("category", Str(item->category));
-        record.Add("description", Str(item->description));
-        record.Add("package", Str(item->packageRef));
+        record.Add("quantity", Shown(item->quantity));
+        record.Add("pins", Shown(item->numberIO));
+        record.Add("category", Shown(item->category));
+        record.Add("description", Shown(item->description));
+        record.Add("package", Shown(item->packageRef));
         record.AddMembers("fitted", std::move(fitted));
         record.AddMembers("not fitted", std::move(notFitted));
     }

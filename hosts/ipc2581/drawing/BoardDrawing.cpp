@@ -12,6 +12,7 @@
 
 #include "hosts/ipc2581/drawing/FormatWords.h"
 #include "hosts/ipc2581/geometry/Extents.h"
+#include "hosts/ipc2581/text/Text.h"
 
 namespace ipc2581::host {
 namespace {
@@ -88,9 +89,10 @@ private:
         m_drawing.decimals = measure.decimals;
     }
 
-    NameIndex NameOf(std::string_view name)
+    NameIndex NameOf(std::string_view text)
     {
-        const auto [place, isNew] = m_nameIndex.try_emplace(std::string(name), m_drawing.names.size());
+        const std::string name = Shown(text);
+        const auto [place, isNew] = m_nameIndex.try_emplace(name, m_drawing.names.size());
         if (isNew) {
             m_drawing.names.emplace_back(name);
         }
@@ -107,7 +109,7 @@ private:
             if (!m_shapes.try_emplace(entry->EntryStandardId, m_drawing.shapes.size()).second) {
                 continue;
             }
-            m_drawing.shapes.push_back({Str(entry->EntryStandardId), {}});
+            m_drawing.shapes.push_back({Shown(entry->EntryStandardId), {}});
             std::vector<Path> & paths = m_drawing.shapes.back().paths;
             for (const CIPC2581_DrawObj * const part : Each(entry->DrawArray)) {
                 for (const Path & path : FilledPaths(*part)) {
@@ -121,7 +123,7 @@ private:
     {
         for (const Package * const package : Each(m_step.PackageArray)) {
             if (m_footprints.try_emplace(package->name, m_drawing.footprints.size()).second) {
-                m_drawing.footprints.push_back({Str(package->name), PadsOf(*package), BodyOf(*package)});
+                m_drawing.footprints.push_back({Shown(package->name), PadsOf(*package), BodyOf(*package)});
             }
         }
     }
@@ -218,7 +220,7 @@ private:
     {
         const auto [place, isNew] = m_layers.try_emplace(name, m_drawing.layers.size());
         if (isNew) {
-            m_drawing.layers.push_back({.name = Str(name)});
+            m_drawing.layers.push_back({.name = Shown(name)});
         }
         return m_drawing.layers[place->second];
     }
@@ -228,7 +230,7 @@ private:
         for (const CIPC2581_Ecad_CadData_Layer * const layer : Each(board.CadData().m_arrLayer)) {
             if (!m_layers.contains(layer->name)) {
                 DrawnLayer & added = LayerOf(layer->name);
-                added.function = Str(layer->layerFunction);
+                added.function = Shown(layer->layerFunction);
                 added.role = LayerRoleOf(added.function);
                 added.side = SideOf(layer->side);
                 added.isNegative = layer->polarity == "NEGATIVE";

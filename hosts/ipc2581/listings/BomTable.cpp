@@ -9,6 +9,8 @@
 
 #include "hosts/ipc2581/board/Board.h"
 #include "hosts/ipc2581/listings/NaturalOrder.h"
+#include "hosts/ipc2581/listings/ReportedFacts.h"
+#include "hosts/ipc2581/text/Text.h"
 
 namespace ipc2581::host {
 namespace {
@@ -17,6 +19,7 @@ using Component = CIPC2581_Ecad_CadData_Step_Component;
 
 struct Row {
     const CIPC2581_Bom_BomItem * item = nullptr;
+    std::string value;
     std::vector<std::string> parts;
     std::vector<std::string> packages;
     std::vector<std::string> fitted;
@@ -30,7 +33,7 @@ public:
     explicit Placements(Board & board)
     {
         for (const Component * const component : Each(board.Step().ComponentArray)) {
-            m_components.emplace(Str(component->RefDes), component);
+            m_components.emplace(Shown(component->RefDes), component);
         }
     }
 
@@ -41,7 +44,7 @@ public:
         if (found == m_components.end() || (found->second->*text).IsEmpty()) {
             return;
         }
-        const std::string added = Str(found->second->*text);
+        const std::string added = Shown(found->second->*text);
         if (std::find(texts.begin(), texts.end(), added) == texts.end()) {
             texts.push_back(added);
         }
@@ -54,7 +57,7 @@ private:
 // An amount as a number, where it is one as it stands.
 Cell Amount(const CString & text)
 {
-    const std::string amount = Str(text);
+    const std::string amount = Shown(text);
     std::int64_t number = 0;
     const char * const end = amount.data() + amount.size();
     const std::from_chars_result result = std::from_chars(amount.data(), end, number);
@@ -69,10 +72,10 @@ Row MakeRow(const CIPC2581_Bom_BomItem & item, const Placements & placements)
     Row row;
     row.item = &item;
     if (!item.packageRef.IsEmpty()) {
-        row.packages = {Str(item.packageRef)};
+        row.packages = {Shown(item.packageRef)};
     }
     for (const CIPC2581_Bom_BomItem_RefDes * const refDes : Each(item.m_arrRefDes)) {
-        const std::string name = Str(refDes->name);
+        const std::string name = Shown(refDes->name);
         (refDes->populate ? row.fitted : row.notFitted).push_back(name);
         placements.AddText(name, &Component::Part, row.parts);
         // Many files tell the package with the component alone.
@@ -103,18 +106,23 @@ Table BomTable(Board & board, bool isSorted)
 {
     const Placements placements(board);
     std::vector<Row> rows;
+    auto values = ValuesOfItems(board);
+    auto makersParts = MakersParts(board);
     for (const CIPC2581_Bom_BomItem * const item : Each(board.Root().m_Bom.m_arrBomItem)) {
+        const std::size_t place = rows.size();
         rows.push_back(MakeRow(*item, placements));
+        rows.back().value = values[place];
     }
     if (isSorted) {
         Sort(rows);
     }
-    Table table(
-        {"quantity", "part number", "part", "pins", "category", "description", "package", "fitted", "not fitted"});
+    Table table({"quantity", "part number", "part", "pins", "category", "description", "package", "fitted",
+                 "not fitted", "value", "makers' parts"});
     for (Row & row : rows) {
-        table.Add({Amount(row.item->quantity), Str(row.item->internalPartNumber), std::move(row.parts),
-                   Amount(row.item->numberIO), Str(row.item->category), Str(row.item->description),
-                   std::move(row.packages), std::move(row.fitted), std::move(row.notFitted)});
+        table.Add({Amount(row.item->quantity), Shown(row.item->internalPartNumber), std::move(row.parts),
+                   Amount(row.item->numberIO), Shown(row.item->category), Shown(row.item->description),
+                   std::move(row.packages), std::move(row.fitted), std::move(row.notFitted), std::move(row.value),
+                   makersParts[Shown(row.item->internalPartNumber)]});
     }
     return table;
 }

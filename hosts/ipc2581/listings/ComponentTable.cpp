@@ -7,6 +7,7 @@
 
 #include "hosts/ipc2581/board/Board.h"
 #include "hosts/ipc2581/listings/NaturalOrder.h"
+#include "hosts/ipc2581/text/Text.h"
 
 namespace ipc2581::host {
 namespace {
@@ -24,7 +25,7 @@ Table ComponentTable(Board & board, bool isSorted)
 {
     std::unordered_map<std::string, std::string> sides;
     for (const CIPC2581_Ecad_CadData_Layer * const layer : Each(board.CadData().m_arrLayer)) {
-        sides.emplace(Str(layer->name), Str(layer->side));
+        sides.emplace(Shown(layer->name), Shown(layer->side));
     }
     const auto all = Each(board.Step().ComponentArray);
     std::vector<const Component *> components(all.begin(), all.end());
@@ -33,10 +34,11 @@ Table ComponentTable(Board & board, bool isSorted)
     }
     Table table({"designator", "package", "part", "layer", "side", "mount", "x", "y", "rotation", "mirror"});
     for (const Component * const component : components) {
-        const auto side = sides.find(Str(component->LayerRef));
-        table.Add({Str(component->RefDes), Str(component->PackageRef), Str(component->Part), Str(component->LayerRef),
-                   side == sides.end() ? "" : side->second, Str(component->MountType), component->Location.X,
-                   component->Location.Y, component->Xform->Rotation, component->Xform->Mirror != 0});
+        const auto side = sides.find(Shown(component->LayerRef));
+        table.Add({Shown(component->RefDes), Shown(component->PackageRef), Shown(component->Part),
+                   Shown(component->LayerRef), side == sides.end() ? "" : side->second, Shown(component->MountType),
+                   component->Location.X, component->Location.Y, component->Xform->Rotation,
+                   component->Xform->Mirror != 0});
     }
     return table;
 }

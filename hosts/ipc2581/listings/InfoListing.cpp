@@ -9,6 +9,8 @@
 #include "hosts/ipc2581/board/Board.h"
 #include "hosts/ipc2581/board/ShapeElements.h"
 #include "hosts/ipc2581/geometry/Extents.h"
+#include "hosts/ipc2581/listings/ReportedFacts.h"
+#include "hosts/ipc2581/text/Text.h"
 
 namespace ipc2581::host {
 namespace {
@@ -147,7 +149,7 @@ std::vector<std::string> Named(const CStringArray & list)
     std::vector<std::string> names;
     for (std::int64_t i = 0; i < list.GetSize(); ++i) {
         if (!list[i].IsEmpty()) {
-            names.push_back(Str(list[i]));
+            names.push_back(Shown(list[i]));
         }
     }
     return names;
@@ -158,23 +160,23 @@ void ListBoard(Board & board, Table & table)
     const CIPC2581_Parser & root = board.Root();
     const CIPC2581_Content & content = root.m_Content;
     const CIPC2581_HistoryRecord & history = root.m_HistoryRecord;
-    table.Add({"name", Str(root.m_Ecad.name)});
-    table.Add({"step", Str(board.Step().Name)});
-    table.Add({"units", Str(root.m_Ecad.m_CadHeader.units)});
-    table.Add({"dictionary units", Str(content.DictionaryStandard->Unit)});
-    table.Add({"function mode", Str(content.FunctionMode)});
-    table.Add({"function level", Str(content.FunctionModeLevel)});
+    table.Add({"name", Shown(root.m_Ecad.name)});
+    table.Add({"step", Shown(board.Step().Name)});
+    table.Add({"units", Shown(root.m_Ecad.m_CadHeader.units)});
+    table.Add({"dictionary units", Shown(content.DictionaryStandard->Unit)});
+    table.Add({"function mode", Shown(content.FunctionMode)});
+    table.Add({"function level", Shown(content.FunctionModeLevel)});
     table.Add({"step references", Named(content.StepRef)});
     table.Add({"layer references", Named(content.LayerRef)});
     table.Add({"BOM references", Named(content.BomRef)});
-    table.Add({"role", Str(root.m_LogisticHeader.m_strRoleName)});
-    table.Add({"person", Str(root.m_LogisticHeader.m_strPersonName)});
+    table.Add({"role", Shown(root.m_LogisticHeader.m_strRoleName)});
+    table.Add({"person", Shown(root.m_LogisticHeader.m_strPersonName)});
     table.Add({"history number", history.number});
-    table.Add({"origination", Str(history.origination)});
-    table.Add({"tool", Str(history.toolRef)});
-    table.Add({"last change", Str(history.lastChange)});
-    table.Add({"BOM", Str(root.m_Bom.name)});
-    table.Add({"assembly", Str(root.m_Bom.assembly)});
+    table.Add({"origination", Shown(history.origination)});
+    table.Add({"tool", Shown(history.toolRef)});
+    table.Add({"last change", Shown(history.lastChange)});
+    table.Add({"BOM", Shown(root.m_Bom.name)});
+    table.Add({"assembly", Shown(root.m_Bom.assembly)});
 }
 
 void ListProfile(const CIPC2581_Ecad_CadData_Step & step, Table & table)
@@ -196,7 +198,7 @@ void ListProfile(const CIPC2581_Ecad_CadData_Step & step, Table & table)
 void ListLayers(Board & board, Table & table)
 {
     for (const CIPC2581_Ecad_CadData_Layer * const layer : Each(board.CadData().m_arrLayer)) {
-        table.Add({Str(layer->name), Str(layer->layerFunction), Str(layer->side), Str(layer->polarity)});
+        table.Add({Shown(layer->name), Shown(layer->layerFunction), Shown(layer->side), Shown(layer->polarity)});
     }
 }
 
@@ -205,17 +207,18 @@ void ListStackup(const CIPC2581_Ecad_CadData_Stackup & stackup, Table & table)
     for (const CIPC2581_Ecad_CadData_Stackup_StackupGroup * const group : Each(stackup.StackupGroupArray)) {
         for (const CIPC2581_Ecad_CadData_Stackup_StackupGroup_StackupLayer * const layer :
              Each(group->StackupLayerArray)) {
-            table.Add({Str(layer->layerOrGroupRef), Str(group->name), Str(layer->materialType), layer->thickness});
+            table.Add(
+                {Shown(layer->layerOrGroupRef), Shown(group->name), Shown(layer->materialType), layer->thickness});
         }
     }
 }
 
 void ListThickness(const CIPC2581_Ecad_CadData_Stackup & stackup, Table & table)
 {
-    table.Add({"overall", Str(stackup.overallThickness)});
-    table.Add({"tolerance plus", Str(stackup.tolPlus)});
-    table.Add({"tolerance minus", Str(stackup.tolMinus)});
-    table.Add({"measured", Str(stackup.whereMeasured)});
+    table.Add({"overall", Shown(stackup.overallThickness)});
+    table.Add({"tolerance plus", Shown(stackup.tolPlus)});
+    table.Add({"tolerance minus", Shown(stackup.tolMinus)});
+    table.Add({"measured", Shown(stackup.whereMeasured)});
 }
 
 void ListCounts(Board & board, const Counts & counts, Table & table)
@@ -263,6 +266,10 @@ Listing InfoListing(Board & board)
     ListLayers(board, listing.AddTable("layers", {"layer", "function", "side", "polarity"}));
     ListThickness(stackup, listing.AddRecord("thickness"));
     ListStackup(stackup, listing.AddTable("stackup", {"layer", "group", "material", "thickness"}));
+    Table & specs = listing.AddTable("specs", {"spec", "property", "value"});
+    for (const SpecProperty & own : SpecProperties(board)) {
+        specs.Add({own.spec, own.property, own.value});
+    }
     ListCounts(board, counts, listing.AddRecord("counts"));
     counts.shapes.Print(listing.AddTable("shapes", {"shape", "features", "silk screens", "outlines", "dictionary"}));
     return listing;

@@ -1,11 +1,15 @@
 #include "hosts/ipc2581/listings/NetTables.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "hosts/ipc2581/board/Board.h"
 #include "hosts/ipc2581/listings/NaturalOrder.h"
+#include "hosts/ipc2581/listings/ReportedFacts.h"
+#include "hosts/ipc2581/text/Text.h"
 
 namespace ipc2581::host {
 namespace {
@@ -26,17 +30,22 @@ std::vector<const Net *> Nets(const CExPtrArray<Net *, Net *> & array, bool isSo
 
 Table NetTable(Board & board, bool isSorted)
 {
-    Table table({"net", "count", "pins"});
-    for (const auto * const net : Nets(board.Step().LogicalNetArray, isSorted)) {
+    Table table({"net", "count", "pins", "class"});
+    const auto & array = board.Step().LogicalNetArray;
+    std::unordered_map<const CIPC2581_Ecad_CadData_Step_LogicalNet *, std::string> classes;
+    for (const auto & [place, netClass] : ClassesOfNets(board)) {
+        classes.emplace(array.GetAt(static_cast<std::int64_t>(place)), netClass);
+    }
+    for (const auto * const net : Nets(array, isSorted)) {
         std::vector<std::string> pins;
         for (const CIPC2581_Ecad_CadData_Step_LogicalNet_LogicalNetPin * const pin : Each(net->LogicalNetPinArray)) {
-            pins.push_back(Str(pin->ComponentRef) + "." + Str(pin->Pin));
+            pins.push_back(Shown(pin->ComponentRef) + "." + Shown(pin->Pin));
         }
         if (isSorted) {
             std::stable_sort(pins.begin(), pins.end(), NaturalLess);
         }
         const std::size_t count = pins.size();
-        table.Add({Str(net->Name), count, std::move(pins)});
+        table.Add({Shown(net->Name), count, std::move(pins), classes[net]});
     }
     return table;
 }
@@ -46,8 +55,9 @@ Table NetPointTable(Board & board, bool isSorted)
     Table table({"net", "x", "y", "layer", "exposure", "node", "via", "primitive"});
     for (const auto * const net : Nets(board.Step().PhyNetGroup.PhyNetArray, isSorted)) {
         for (const auto * const point : Each(net->PhyNetPointArray)) {
-            table.Add({Str(net->Name), point->Location.X, point->Location.Y, Str(point->LayerRef), Str(point->Exposure),
-                       Str(point->NetNode), point->Via != 0, Str(point->StandardPrimitiveRefId)});
+            table.Add({Shown(net->Name), point->Location.X, point->Location.Y, Shown(point->LayerRef),
+                       Shown(point->Exposure), Shown(point->NetNode), point->Via != 0,
+                       Shown(point->StandardPrimitiveRefId)});
         }
     }
     return table;

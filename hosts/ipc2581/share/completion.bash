@@ -43,7 +43,7 @@ _ipc2581()
     # The place of the word among the arguments of the command that are not options.
     for ((i = 1; i < COMP_CWORD; ++i)); do
         case ${COMP_WORDS[i]} in
-            -f | --format | -o | --output)
+            -f | --format | -o | --output | --step)
                 [[ ${COMP_WORDS[i + 1]} == "=" ]] && ((++i))
                 ((++i))
                 ;;
@@ -68,6 +68,9 @@ _ipc2581()
     fi
 
     case $before in
+        --step)
+            return
+            ;;
         -f | --format)
             _ipc2581_words "$word" "table csv json"
             return
@@ -85,6 +88,7 @@ _ipc2581()
 
     if [[ $word == -* ]]; then
         local listing="-f --format -o --output" options="-h --help"
+        [[ $command != check ]] && options+=" --exact --step"
         case $command in
             info | diff) options+=" $listing" ;;
             bom | components) options+=" $listing --sort" ;;

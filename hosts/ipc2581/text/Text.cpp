@@ -1,6 +1,7 @@
 #include "hosts/ipc2581/text/Text.h"
 
 #include <algorithm>
+#include <array>
 
 namespace ipc2581::host {
 
@@ -17,6 +18,25 @@ std::string LowerCase(std::string text)
         ch = ch >= 'A' && ch <= 'Z' ? static_cast<char>(ch - 'A' + 'a') : ch;
     }
     return text;
+}
+
+std::string Shown(std::string_view text)
+{
+    struct Entity {
+        std::string_view name;
+        char character;
+    };
+    constexpr std::array<Entity, 5> entities = {
+        {{"&amp;", '&'}, {"&lt;", '<'}, {"&gt;", '>'}, {"&quot;", '"'}, {"&apos;", '\''}}};
+    std::string shown;
+    while (!text.empty()) {
+        const auto * const entity = std::find_if(entities.begin(), entities.end(),
+                                                 [&](const Entity & own) { return text.starts_with(own.name); });
+        const bool isEntity = entity != entities.end();
+        shown += isEntity ? entity->character : text.front();
+        text.remove_prefix(isEntity ? entity->name.size() : 1);
+    }
+    return shown;
 }
 
 }  // namespace ipc2581::host

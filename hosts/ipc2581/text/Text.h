@@ -2,6 +2,7 @@
 #define IPC2581_HOSTS_IPC2581_TEXT_TEXT_H
 
 #include <string>
+#include <string_view>
 
 namespace ipc2581::host {
 
@@ -10,6 +11,9 @@ std::string OneLine(std::string text);
 
 // With the letters of ASCII in lower case, whatever the locale.
 std::string LowerCase(std::string text);
+
+// A text of a board as it was meant: a model has &, <, > and " as entities.
+std::string Shown(std::string_view text);
 
 }  // namespace ipc2581::host
 

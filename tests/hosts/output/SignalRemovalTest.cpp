@@ -22,6 +22,8 @@ TEST(SignalRemovalDeathTest, NothingIsLeftBehindASignal)
     const std::string path = folder.Save("out.txt", "good");
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         const auto end = [&] {
+            // The tests may run where somebody ignores it.
+            std::signal(signal, SIG_DFL);
             setenv("TMPDIR", temporary.Path("").c_str(), 1);
             RemoveListedOnSignals();
             ScratchFile scratch;

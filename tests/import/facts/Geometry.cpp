@@ -131,7 +131,7 @@ Measures MeasuresOf(const Path & path)
 // The middle of the extents for what surrounds next to nothing, where a quotient would be noise.
 Point CentroidOf(const Measures & measures)
 {
-    if (std::abs(measures.area) < 1e-6 * measures.length * measures.length) {
+    if (std::abs(measures.area) <= 1e-6 * measures.length * measures.length) {
         return {(measures.lowerLeft.x + measures.upperRight.x) / 2, (measures.lowerLeft.y + measures.upperRight.y) / 2};
     }
     return {measures.moment.x / measures.area, measures.moment.y / measures.area};

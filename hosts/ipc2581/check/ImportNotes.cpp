@@ -1,0 +1,96 @@
+#include "hosts/ipc2581/check/ImportNotes.h"
+
+#include <cstddef>
+#include <map>
+#include <set>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace ipc2581::host {
+namespace {
+
+void AddCause(std::string & causes, const std::string & cause)
+{
+    causes.append(causes.empty() ? "" : "; ").append(cause);
+}
+
+// Those that a reader of one line wants one by one; references are many.
+bool IsOneByOne(NoteKind kind)
+{
+    return kind != NoteKind::DanglingReference && kind != NoteKind::NetsFromSets;
+}
+
+std::string TextOf(const Note & note)
+{
+    return note.kind == NoteKind::StepLeftOut ? note.text + " is left out" : note.text;
+}
+
+// What the facts of one path have in common.
+struct LostAtPath {
+    std::set<std::string, std::less<>> attributes;
+    FirstNumbers lines;
+};
+
+}  // namespace
+
+std::string NotesOfImport(const ImportReport & report)
+{
+    std::string causes;
+    std::size_t dangling = 0;
+    for (const Note & note : report.Notes()) {
+        dangling += note.kind == NoteKind::DanglingReference ? 1U : 0U;
+        if (IsOneByOne(note.kind)) {
+            AddCause(causes, TextOf(note));
+        }
+    }
+    if (dangling != 0) {
+        AddCause(causes,
+                 std::to_string(dangling) + (dangling == 1 ? " reference leads nowhere" : " references lead nowhere"));
+    }
+    return causes;
+}
+
+void ListImport(const ImportReport & report, std::size_t limit, Table & notes, Table & facts)
+{
+    const auto count = [&](FirstNumbers & lines, std::size_t line) {
+        if (lines.numbers.size() < limit) {
+            lines.numbers.push_back(line);
+        }
+        ++lines.count;
+    };
+    std::vector<std::string> order;
+    std::map<std::string, FirstNumbers> linesOfNotes;
+    for (const Note & note : report.Notes()) {
+        const auto [place, isNew] = linesOfNotes.try_emplace(TextOf(note));
+        if (isNew) {
+            order.push_back(place->first);
+        }
+        count(place->second, note.line);
+    }
+    for (const std::string & text : order) {
+        const FirstNumbers & lines = linesOfNotes[text];
+        notes.Add({text, lines.count, lines});
+    }
+    std::map<std::string, LostAtPath> paths;
+    for (std::size_t i = 0; i < report.LostCount(); ++i) {
+        const LostFact fact = report.Lost(i);
+        LostAtPath & path = paths[fact.path];
+        for (const auto & [name, value] : fact.attributes) {
+            path.attributes.emplace(name);
+        }
+        count(path.lines, fact.line);
+    }
+    for (const auto & [path, countOfPath] : report.LostPaths()) {
+        const LostAtPath & lost = paths[path];
+        facts.Add(
+            {path, std::vector<std::string>(lost.attributes.begin(), lost.attributes.end()), countOfPath, lost.lines});
+    }
+    if (report.RemarkCount() != 0) {
+        facts.Add({"Ecad/CadData/Step/LayerFeature/Set/NonstandardAttribute",
+                   std::vector<std::string>{"name", "type", "value"}, report.RemarkCount(),
+                   FirstNumbers{{}, report.RemarkCount()}});
+    }
+}
+
+}  // namespace ipc2581::host

@@ -1,0 +1,91 @@
+#include "hosts/ipc2581/listings/ReportedFacts.h"
+
+#include <string_view>
+
+#include "hosts/ipc2581/text/Text.h"
+
+namespace ipc2581::host {
+namespace {
+
+// The facts at a path, none for a board without a report.
+std::vector<LostFact> FactsAt(const Board & board, std::string_view path)
+{
+    return board.Report() == nullptr ? std::vector<LostFact>() : board.Report()->LostAt(path);
+}
+
+std::string Joined(std::string_view first, std::string_view second)
+{
+    std::string joined(first);
+    return joined.append(first.empty() || second.empty() ? "" : " ").append(second);
+}
+
+}  // namespace
+
+std::map<std::size_t, std::string> ValuesOfItems(const Board & board)
+{
+    std::map<std::size_t, std::string> values;
+    for (const LostFact & fact : FactsAt(board, "Bom/BomItem/Characteristics/Textual")) {
+        if (LowerCase(std::string(fact.Value("textualCharacteristicName"))) == "value") {
+            values.emplace(fact.owner, fact.Value("textualCharacteristicValue"));
+        }
+    }
+    return values;
+}
+
+std::map<std::string, std::vector<std::string>> MakersParts(const Board & board)
+{
+    std::map<std::size_t, std::string> numbers;
+    for (const LostFact & item : FactsAt(board, "Avl/AvlItem")) {
+        numbers[item.owner] = item.Value("OEMDesignNumber");
+    }
+    // A maker stands behind each part of an item, in the order of the parts.
+    std::map<std::size_t, std::vector<std::string>> makers;
+    for (const LostFact & maker : FactsAt(board, "Avl/AvlItem/AvlVmpn/AvlVendor")) {
+        makers[maker.owner].emplace_back(maker.Value("enterpriseRef"));
+    }
+    std::map<std::string, std::vector<std::string>> parts;
+    std::map<std::size_t, std::size_t> next;
+    for (const LostFact & part : FactsAt(board, "Avl/AvlItem/AvlVmpn/AvlMpn")) {
+        const std::vector<std::string> & own = makers[part.owner];
+        const std::size_t place = next[part.owner]++;
+        parts[numbers[part.owner]].push_back(Joined(place < own.size() ? own[place] : "", part.Value("name")));
+    }
+    return parts;
+}
+
+std::map<std::size_t, std::string> ClassesOfNets(const Board & board)
+{
+    std::map<std::size_t, std::string> classes;
+    for (const LostFact & fact : FactsAt(board, "Ecad/CadData/Step/LogicalNet")) {
+        classes.emplace(fact.owner, fact.Value("netClass"));
+    }
+    return classes;
+}
+
+std::vector<SpecProperty> SpecProperties(const Board & board)
+{
+    constexpr std::string_view top = "Ecad/CadHeader/Spec";
+    std::vector<SpecProperty> properties;
+    std::string spec;
+    std::string kind;
+    for (std::size_t i = 0; board.Report() != nullptr && i < board.Report()->LostCount(); ++i) {
+        const LostFact fact = board.Report()->Lost(i);
+        if (fact.path == top) {
+            spec = fact.Value("name");
+        }
+        else if (!fact.path.starts_with(std::string(top) + "/")) {
+            continue;
+        }
+        else if (fact.Element() != "Property") {
+            kind = Joined(fact.Element(), fact.Value("type"));
+        }
+        else {
+            const std::string_view text = fact.Value("text");
+            properties.push_back(
+                {spec, kind, text.empty() ? Joined(fact.Value("value"), fact.Value("unit")) : std::string(text)});
+        }
+    }
+    return properties;
+}
+
+}  // namespace ipc2581::host

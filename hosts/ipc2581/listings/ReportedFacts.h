@@ -1,0 +1,34 @@
+#ifndef IPC2581_HOSTS_IPC2581_LISTINGS_REPORTEDFACTS_H
+#define IPC2581_HOSTS_IPC2581_LISTINGS_REPORTEDFACTS_H
+
+#include <cstddef>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "hosts/ipc2581/board/Board.h"
+
+// What the file of an imported board says and the model has no member for, as far as listings show it. All of it is
+// empty for a board that the reader of the core has read.
+namespace ipc2581::host {
+
+// The value of each item of the bill of materials, by the place of the item: "100nF".
+std::map<std::size_t, std::string> ValuesOfItems(const Board & board);
+
+// The parts of makers that may be bought for a part number, as "MAKER PART".
+std::map<std::string, std::vector<std::string>> MakersParts(const Board & board);
+
+// The class of each logical net, by the place of the net: "POWER".
+std::map<std::size_t, std::string> ClassesOfNets(const Board & board);
+
+struct SpecProperty {
+    std::string spec;
+    std::string property;
+    std::string value;
+};
+// What the header says of materials and layers, in the order of the file.
+std::vector<SpecProperty> SpecProperties(const Board & board);
+
+}  // namespace ipc2581::host
+
+#endif
