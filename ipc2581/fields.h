@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <tuple>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -135,8 +134,8 @@ constexpr FieldKind KindOf()
 template <typename Object, typename Visit>
 void ForEachMember(Object & object, Visit visit)
 {
-    std::apply([&](const auto &... member) { (visit(member, object.*member.pointer), ...); },
-               Fields<std::remove_cv_t<Object>>::Members);
+    Apply([&](const auto &... member) { (visit(member, object.*member.pointer), ...); },
+          Fields<std::remove_cv_t<Object>>::Members);
 }
 
 // Calls visit(object) with the object as one of its own class.
@@ -289,7 +288,7 @@ std::string_view MemberName(Pointer pointer)
             name = member.pointer == pointer ? member.name : name;
         }
     };
-    std::apply([&](const auto &... member) { (compare(member), ...); }, Fields<Class>::Members);
+    Apply([&](const auto &... member) { (compare(member), ...); }, Fields<Class>::Members);
     return name;
 }
 
@@ -313,14 +312,13 @@ ClassInfo DescribeClass()
     };
     const auto addElement = [&](const auto & element) {
         const auto add = [&](const auto & attribute) {
-            const std::string path =
-                std::apply([](auto... steps) { return MemberPath<Class>(steps...); }, attribute.member);
+            const std::string path = Apply([](auto... steps) { return MemberPath<Class>(steps...); }, attribute.member);
             info.attributes.push_back({element.name, attribute.word, attribute.reading, path});
         };
-        std::apply([&](const auto &... attribute) { (add(attribute), ...); }, element.attributes);
+        Apply([&](const auto &... attribute) { (add(attribute), ...); }, element.attributes);
     };
-    std::apply([&](const auto &... member) { (addMember(member), ...); }, Fields<Class>::Members);
-    std::apply([&](const auto &... element) { (addElement(element), ...); }, Fields<Class>::Elements);
+    Apply([&](const auto &... member) { (addMember(member), ...); }, Fields<Class>::Members);
+    Apply([&](const auto &... element) { (addElement(element), ...); }, Fields<Class>::Elements);
     return info;
 }
 

@@ -12,7 +12,6 @@
 #include <sstream>
 #include <string>
 #include <string_view>
-#include <tuple>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -38,6 +37,7 @@ using ipc2581::Fields;
 using ipc2581::ForEachMember;
 using ipc2581::KindOf;
 using ipc2581::ModelClasses;
+using ipc2581::Pack;
 using ipc2581::Reading;
 using ipc2581::ShapeClasses;
 using ipc2581::VisitShape;
@@ -194,17 +194,17 @@ const void * PlaceOf(const Object & object, Type Base::*first, Steps... steps)
 }
 
 template <typename Class, std::size_t index>
-constexpr auto ElementOf = std::get<index>(Fields<Class>::Elements);
+constexpr auto ElementOf = Get<index>(Fields<Class>::Elements);
 
 template <typename Class>
-constexpr std::size_t ElementCount = std::tuple_size_v<decltype(Fields<Class>::Elements)>;
+constexpr std::size_t ElementCount = decltype(Fields<Class>::Elements)::Size;
 
 // The words of an element, in the order of its table.
 template <typename Element>
 std::vector<std::string_view> WordsOf(const Element & element)
 {
-    return std::apply([](const auto &... attribute) { return std::vector<std::string_view>{attribute.word...}; },
-                      element.attributes);
+    return Apply([](const auto &... attribute) { return std::vector<std::string_view>{attribute.word...}; },
+                 element.attributes);
 }
 
 // What an attribute should do to an object: the leaf at the place becomes the text, and nothing else changes.
@@ -232,7 +232,7 @@ void ExpectChange(const Expectation & expected, const Object & object, const std
 
 // Scans the line into a new object, as one of a file and as a list of a host.
 template <typename Class, std::size_t element, typename... Steps>
-void ExpectScan(const std::string & line, const std::tuple<Steps...> & member, const std::optional<std::string> & text)
+void ExpectScan(const std::string & line, const Pack<Steps...> & member, const std::optional<std::string> & text)
 {
     for (const bool isOfFile : {true, false}) {
         Class object;
@@ -247,7 +247,7 @@ void ExpectScan(const std::string & line, const std::tuple<Steps...> & member, c
             Tokens tokens(line);
             ScanAttributes<ElementOf<Class, element>>(TokenList(tokens.List()), object);
         }
-        const void * const place = std::apply([&object](auto... steps) { return PlaceOf(object, steps...); }, member);
+        const void * const place = Apply([&object](auto... steps) { return PlaceOf(object, steps...); }, member);
         ExpectChange({line, place, text}, object, before);
     }
 }
@@ -277,7 +277,7 @@ template <typename Class, std::size_t element, std::size_t index>
 void ExpectAttribute()
 {
     constexpr const auto & table = ElementOf<Class, element>;
-    constexpr const auto & attribute = std::get<index>(table.attributes);
+    constexpr const auto & attribute = Get<index>(table.attributes);
     const std::vector<std::string_view> words = WordsOf(table);
     const auto first = static_cast<std::size_t>(std::find(words.begin(), words.end(), attribute.word) - words.begin());
     const std::string_view name = table.name;
@@ -291,7 +291,7 @@ void ExpectAttribute()
             [&]<std::size_t... indexes>(std::index_sequence<indexes...> /*all*/)
             {
                 ((indexes == first
-                      ? ExpectScan<Class, element>(line, std::get<indexes>(table.attributes).member, sample.text)
+                      ? ExpectScan<Class, element>(line, Get<indexes>(table.attributes).member, sample.text)
                       : void()),
                  ...);
             }
@@ -312,7 +312,7 @@ void ExpectElement()
     {
         (ExpectAttribute<Class, element, indexes>(), ...);
     }
-    (std::make_index_sequence<std::tuple_size_v<Attributes>>());
+    (std::make_index_sequence<Attributes::Size>());
 }
 
 TEST(FieldTables, EachAttributeGivesToItsMemberAlone)
@@ -529,7 +529,7 @@ TEST(FieldTables, TheNamesAreThoseOfTheHeaders)
         ASSERT_TRUE(classes.contains(name)) << name;
         EXPECT_TRUE(names.insert(name).second) << name;
         std::vector<std::string> members;
-        std::apply([&](const auto &... member) { (members.emplace_back(member.name), ...); }, Fields<Class>::Members);
+        Apply([&](const auto &... member) { (members.emplace_back(member.name), ...); }, Fields<Class>::Members);
         EXPECT_EQ(members, MembersOf(classes, name)) << name;
     });
 }
@@ -578,7 +578,7 @@ TEST(FieldTables, TellTheKindOfAMemberFromItsType)
     static_assert(KindOf<CIPC2581_PolyStepArray *>() == FieldKind::List);
     static_assert(KindOf<const CIPC2581_PolyStepArray * const>() == FieldKind::List);
     static_assert(KindOf<CProgressCtrl *>() == FieldKind::HostPointer);
-    EXPECT_EQ(std::tuple_size_v<decltype(Fields<CPointD>::Members)>, 2U);
+    EXPECT_EQ(decltype(Fields<CPointD>::Members)::Size, 2U);
 }
 
 TEST(FieldTables, MembersOfAnObjectComeInTheOrderOfTheTable)
@@ -922,7 +922,7 @@ void ExpectAttributes(const Element & element, const ClassInfo & info, std::size
         ASSERT_LT(at, info.attributes.size());
         const AttributeInfo & told = info.attributes[at++];
         const void * const place =
-            std::apply([&object](auto... steps) { return PlaceOf(object, steps...); }, attribute.member);
+            Apply([&object](auto... steps) { return PlaceOf(object, steps...); }, attribute.member);
         const auto leaf =
             std::find_if(leaves.begin(), leaves.end(), [place](const Leaf & any) { return any.place == place; });
         EXPECT_EQ(told.element, element.name);
@@ -932,7 +932,7 @@ void ExpectAttributes(const Element & element, const ClassInfo & info, std::size
         EXPECT_EQ(told.member, leaf->path) << told.word;
         EXPECT_EQ(told.IsWide(), told.word.find('=') == std::string_view::npos) << told.word;
     };
-    std::apply([&](const auto &... attribute) { (expect(attribute), ...); }, element.attributes);
+    Apply([&](const auto &... attribute) { (expect(attribute), ...); }, element.attributes);
 }
 
 TEST(FieldDescriptions, SayWhatTheTablesSay)
@@ -958,8 +958,8 @@ TEST(FieldDescriptions, SayWhatTheTablesSay)
         });
         EXPECT_EQ(at, info.members.size());
         at = 0;
-        std::apply([&](const auto &... element) { (ExpectAttributes<Class>(element, info, at), ...); },
-                   Fields<Class>::Elements);
+        Apply([&](const auto &... element) { (ExpectAttributes<Class>(element, info, at), ...); },
+              Fields<Class>::Elements);
         EXPECT_EQ(at, info.attributes.size());
     });
     EXPECT_EQ(index, classes.size());

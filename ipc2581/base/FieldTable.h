@@ -1,11 +1,61 @@
 #ifndef IPC2581_BASE_FIELDTABLE_H
 #define IPC2581_BASE_FIELDTABLE_H
 
+#include <cstddef>
 #include <string_view>
-#include <tuple>
+#include <utility>
 
 // What the field tables next to the classes are made of; ipc2581/fields.h queries them.
 namespace ipc2581 {
+
+namespace detail {
+
+// A value of a pack; the index tells it from others of its type.
+template <std::size_t index, typename Value>
+struct PackItem {
+    Value value;
+};
+
+template <typename Indexes, typename... Values>
+struct PackItems;
+template <std::size_t... indexes, typename... Values>
+struct PackItems<std::index_sequence<indexes...>, Values...> : PackItem<indexes, Values>... {
+    constexpr explicit PackItems(Values... values) : PackItem<indexes, Values>{values}... {}
+
+    template <typename Visit>
+    constexpr decltype(auto) Apply(Visit & visit) const
+    {
+        return visit(PackItem<indexes, Values>::value...);
+    }
+};
+
+}  // namespace detail
+
+// Values of any types. A std::tuple is the same to the tables; but what it checks of its types took the compiler five
+// times as long as all else in the headers of the library.
+template <typename... Values>
+struct Pack : detail::PackItems<std::index_sequence_for<Values...>, Values...> {
+    static constexpr std::size_t Size = sizeof...(Values);
+
+    constexpr explicit Pack(Values... values)
+        : detail::PackItems<std::index_sequence_for<Values...>, Values...>(values...)
+    {
+    }
+};
+
+// Calls visit with all of the values.
+template <typename Visit, typename... Values>
+constexpr decltype(auto) Apply(Visit visit, const Pack<Values...> & pack)
+{
+    return pack.Apply(visit);
+}
+
+// The value with the index.
+template <std::size_t index, typename Value>
+constexpr const Value & Get(const detail::PackItem<index, Value> & item)
+{
+    return item.value;
+}
 
 // How a value is read from its attribute.
 enum class Reading {
@@ -27,31 +77,31 @@ template <typename... Steps>
 struct Attribute {
     std::string_view word;
     Reading reading;
-    std::tuple<Steps...> member;
+    Pack<Steps...> member;
 };
 
 template <typename... Steps>
-Attribute(std::string_view, Reading, std::tuple<Steps...>) -> Attribute<Steps...>;
+Attribute(std::string_view, Reading, Pack<Steps...>) -> Attribute<Steps...>;
 
 template <typename... Steps>
 constexpr Attribute<Steps...> Text(std::string_view word, Steps... member)
 {
-    return {word, Reading::Text, {member...}};
+    return {word, Reading::Text, Pack<Steps...>(member...)};
 }
 template <typename... Steps>
 constexpr Attribute<Steps...> Number(std::string_view word, Steps... member)
 {
-    return {word, Reading::Number, {member...}};
+    return {word, Reading::Number, Pack<Steps...>(member...)};
 }
 template <typename... Steps>
 constexpr Attribute<Steps...> Integer(std::string_view word, Steps... member)
 {
-    return {word, Reading::Integer, {member...}};
+    return {word, Reading::Integer, Pack<Steps...>(member...)};
 }
 template <typename... Steps>
 constexpr Attribute<Steps...> Flag(std::string_view word, Steps... member)
 {
-    return {word, Reading::Flag, {member...}};
+    return {word, Reading::Flag, Pack<Steps...>(member...)};
 }
 
 // What an object takes from the opening line of an element, in the order in which a token is tested for the attributes:
@@ -61,7 +111,7 @@ struct ElementTable {
     using Object = Class;
 
     std::string_view name;
-    std::tuple<Attributes...> attributes;
+    Pack<Attributes...> attributes;
 
     // The same from an element of another name.
     constexpr ElementTable Of(std::string_view other) const { return {other, attributes}; }
@@ -70,7 +120,7 @@ struct ElementTable {
 template <typename Class, typename... Attributes>
 constexpr ElementTable<Class, Attributes...> Element(std::string_view name, Attributes... attributes)
 {
-    return {name, {attributes...}};
+    return {name, Pack<Attributes...>(attributes...)};
 }
 
 // A public member of a class.

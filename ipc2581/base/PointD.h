@@ -40,8 +40,8 @@ template <>
 struct ipc2581::Fields<CPointD> {
     using Object = CPointD;
     static constexpr std::string_view Name = "CPointD";
-    static constexpr auto Elements = std::tuple<>{};
-    static constexpr auto Members = std::tuple{Member{"X", &Object::X}, Member{"Y", &Object::Y}};
+    static constexpr auto Elements = Pack<>{};
+    static constexpr auto Members = Pack{Member{"X", &Object::X}, Member{"Y", &Object::Y}};
 };
 
 namespace ipc2581 {

@@ -44,9 +44,9 @@ template <>
 struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_Package_AssemblyDrawing> {
     using Object = CIPC2581_Ecad_CadData_Step_Package_AssemblyDrawing;
     static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_Package_AssemblyDrawing";
-    static constexpr auto Elements = std::tuple<>{};
-    static constexpr auto Members = std::tuple{Member{"Outline", &Object::Outline}, Member{"Text", &Object::Text},
-                                               Member{"TargetArray", &Object::TargetArray}};
+    static constexpr auto Elements = Pack<>{};
+    static constexpr auto Members = Pack{Member{"Outline", &Object::Outline}, Member{"Text", &Object::Text},
+                                         Member{"TargetArray", &Object::TargetArray}};
 };
 
 #endif

@@ -33,10 +33,10 @@ template <>
 struct ipc2581::Fields<CIPC2581_Ecad_CadData> {
     using Object = CIPC2581_Ecad_CadData;
     static constexpr std::string_view Name = "CIPC2581_Ecad_CadData";
-    static constexpr auto Elements = std::tuple<>{};
-    static constexpr auto Members = std::tuple{
-        Member{"m_arrLayer", &Object::m_arrLayer, "Layer"}, Member{"m_Stackup", &Object::m_Stackup, "Stackup"},
-        Member{"m_Step", &Object::m_Step, "Step"}, Member{"m_pProgressCtrl", &Object::m_pProgressCtrl}};
+    static constexpr auto Elements = Pack<>{};
+    static constexpr auto Members =
+        Pack{Member{"m_arrLayer", &Object::m_arrLayer, "Layer"}, Member{"m_Stackup", &Object::m_Stackup, "Stackup"},
+             Member{"m_Step", &Object::m_Step, "Step"}, Member{"m_pProgressCtrl", &Object::m_pProgressCtrl}};
 };
 
 #endif

@@ -25,8 +25,8 @@ struct ipc2581::Fields<CIPC2581_Ecad_CadHeader> {
     using Object = CIPC2581_Ecad_CadHeader;
     static constexpr std::string_view Name = "CIPC2581_Ecad_CadHeader";
     static constexpr auto CadHeader = Element<Object>("CadHeader", Text("units=", &Object::units));
-    static constexpr auto Elements = std::tuple{CadHeader};
-    static constexpr auto Members = std::tuple{Member{"units", &Object::units}};
+    static constexpr auto Elements = Pack{CadHeader};
+    static constexpr auto Members = Pack{Member{"units", &Object::units}};
 };
 
 #endif

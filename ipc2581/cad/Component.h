@@ -51,17 +51,17 @@ struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_Component> {
         Text("layerRef=", &Object::LayerRef), Text("part=", &Object::Part), Text("mountType=", &Object::MountType),
         Text("standoff=", &Object::Standoff), Number("height=", &Object::Height));
     static constexpr auto Location = PointElement("Location", &Object::Location);
-    static constexpr auto Elements = std::tuple{Component, Location};
-    static constexpr auto Members = std::tuple{Member{"RefDes", &Object::RefDes},
-                                               Member{"PackageRef", &Object::PackageRef},
-                                               Member{"Part", &Object::Part},
-                                               Member{"LayerRef", &Object::LayerRef},
-                                               Member{"MountType", &Object::MountType},
-                                               Member{"Spare", &Object::Spare},
-                                               Member{"Height", &Object::Height},
-                                               Member{"Standoff", &Object::Standoff},
-                                               Member{"Xform", &Object::Xform, "Xform"},
-                                               Member{"Location", &Object::Location}};
+    static constexpr auto Elements = Pack{Component, Location};
+    static constexpr auto Members = Pack{Member{"RefDes", &Object::RefDes},
+                                         Member{"PackageRef", &Object::PackageRef},
+                                         Member{"Part", &Object::Part},
+                                         Member{"LayerRef", &Object::LayerRef},
+                                         Member{"MountType", &Object::MountType},
+                                         Member{"Spare", &Object::Spare},
+                                         Member{"Height", &Object::Height},
+                                         Member{"Standoff", &Object::Standoff},
+                                         Member{"Xform", &Object::Xform, "Xform"},
+                                         Member{"Location", &Object::Location}};
 };
 
 // The placed parts of the board, in file order; owned.

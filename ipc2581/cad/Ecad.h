@@ -30,10 +30,10 @@ struct ipc2581::Fields<CIPC2581_Ecad> {
     using Object = CIPC2581_Ecad;
     static constexpr std::string_view Name = "CIPC2581_Ecad";
     static constexpr auto Ecad = Element<Object>("Ecad", Text("name=", &Object::name));
-    static constexpr auto Elements = std::tuple{Ecad};
+    static constexpr auto Elements = Pack{Ecad};
     static constexpr auto Members =
-        std::tuple{Member{"name", &Object::name}, Member{"m_CadHeader", &Object::m_CadHeader, "CadHeader"},
-                   Member{"m_CadData", &Object::m_CadData, "CadData"}};
+        Pack{Member{"name", &Object::name}, Member{"m_CadHeader", &Object::m_CadHeader, "CadHeader"},
+             Member{"m_CadData", &Object::m_CadData, "CadData"}};
 };
 
 #endif

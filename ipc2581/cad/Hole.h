@@ -49,15 +49,15 @@ struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_Hole> {
     static constexpr auto LayerHolePlace = HolePlace.Of("LayerHole");
     static constexpr auto Span =
         Element<Object>("Span", Text("toLayer=", &Object::ToLayer), Text("fromLayer=", &Object::FromLayer));
-    static constexpr auto Elements = std::tuple{Hole, HolePlace, LayerHole, LayerHolePlace, Span};
-    static constexpr auto Members = std::tuple{Member{"Name", &Object::Name},
-                                               Member{"Diameter", &Object::Diameter},
-                                               Member{"PlatingStatus", &Object::PlatingStatus},
-                                               Member{"PlusTol", &Object::PlusTol},
-                                               Member{"MinusTol", &Object::MinusTol},
-                                               Member{"Location", &Object::Location},
-                                               Member{"ToLayer", &Object::ToLayer},
-                                               Member{"FromLayer", &Object::FromLayer}};
+    static constexpr auto Elements = Pack{Hole, HolePlace, LayerHole, LayerHolePlace, Span};
+    static constexpr auto Members = Pack{Member{"Name", &Object::Name},
+                                         Member{"Diameter", &Object::Diameter},
+                                         Member{"PlatingStatus", &Object::PlatingStatus},
+                                         Member{"PlusTol", &Object::PlusTol},
+                                         Member{"MinusTol", &Object::MinusTol},
+                                         Member{"Location", &Object::Location},
+                                         Member{"ToLayer", &Object::ToLayer},
+                                         Member{"FromLayer", &Object::FromLayer}};
 };
 
 // A list of holes, for hosts; owned.

@@ -27,9 +27,9 @@ template <>
 struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_Package_LandPattern> {
     using Object = CIPC2581_Ecad_CadData_Step_Package_LandPattern;
     static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_Package_LandPattern";
-    static constexpr auto Elements = std::tuple<>{};
+    static constexpr auto Elements = Pack<>{};
     static constexpr auto Members =
-        std::tuple{Member{"PadArray", &Object::PadArray, "Pad"}, Member{"TargetArray", &Object::TargetArray}};
+        Pack{Member{"PadArray", &Object::PadArray, "Pad"}, Member{"TargetArray", &Object::TargetArray}};
 };
 
 #endif

@@ -33,10 +33,10 @@ struct ipc2581::Fields<CIPC2581_Ecad_CadData_Layer> {
     static constexpr auto Layer =
         Element<Object>("Layer", Text("name=", &Object::name), Text("layerFunction=", &Object::layerFunction),
                         Text("side=", &Object::side), Text("polarity=", &Object::polarity));
-    static constexpr auto Elements = std::tuple{Layer};
-    static constexpr auto Members = std::tuple{Member{"m_nLayerId", &Object::m_nLayerId}, Member{"name", &Object::name},
-                                               Member{"layerFunction", &Object::layerFunction},
-                                               Member{"side", &Object::side}, Member{"polarity", &Object::polarity}};
+    static constexpr auto Elements = Pack{Layer};
+    static constexpr auto Members = Pack{Member{"m_nLayerId", &Object::m_nLayerId}, Member{"name", &Object::name},
+                                         Member{"layerFunction", &Object::layerFunction}, Member{"side", &Object::side},
+                                         Member{"polarity", &Object::polarity}};
 };
 
 // The layers of the board, in file order; owned.

@@ -33,10 +33,10 @@ struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_LayerFeature> {
     using Object = CIPC2581_Ecad_CadData_Step_LayerFeature;
     static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_LayerFeature";
     static constexpr auto LayerFeature = Element<Object>("LayerFeature", Text("layerRef=", &Object::LayerRef));
-    static constexpr auto Elements = std::tuple{LayerFeature};
+    static constexpr auto Elements = Pack{LayerFeature};
     static constexpr auto Members =
-        std::tuple{Member{"LayerRef", &Object::LayerRef}, Member{"ColorRefId", &Object::ColorRefId},
-                   Member{"SetArray", &Object::SetArray, "Set"}};
+        Pack{Member{"LayerRef", &Object::LayerRef}, Member{"ColorRefId", &Object::ColorRefId},
+             Member{"SetArray", &Object::SetArray, "Set"}};
 };
 
 // The layer features of the board, in file order; owned.

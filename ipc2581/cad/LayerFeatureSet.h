@@ -48,16 +48,16 @@ struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_LayerFeature_Set> {
         Element<Object>("Set", Text("net=", &Object::Net), Flag("testPoint=", &Object::TestPoint),
                         Flag("plate=", &Object::Plate), Text("padUsage=", &Object::PadUsage));
     static constexpr auto ColorRef = Element<Object>("ColorRef", Text("id=", &Object::ColorRef));
-    static constexpr auto Elements = std::tuple{Set, ColorRef};
-    static constexpr auto Members = std::tuple{Member{"Kind", &Object::Kind},
-                                               Member{"Net", &Object::Net},
-                                               Member{"ColorRef", &Object::ColorRef},
-                                               Member{"TestPoint", &Object::TestPoint},
-                                               Member{"Plate", &Object::Plate},
-                                               Member{"PadUsage", &Object::PadUsage},
-                                               Member{"Features", &Object::Features, "Features"},
-                                               Member{"Pad", &Object::Pad, "Pad"},
-                                               Member{"Hole", &Object::Hole, "Hole"}};
+    static constexpr auto Elements = Pack{Set, ColorRef};
+    static constexpr auto Members = Pack{Member{"Kind", &Object::Kind},
+                                         Member{"Net", &Object::Net},
+                                         Member{"ColorRef", &Object::ColorRef},
+                                         Member{"TestPoint", &Object::TestPoint},
+                                         Member{"Plate", &Object::Plate},
+                                         Member{"PadUsage", &Object::PadUsage},
+                                         Member{"Features", &Object::Features, "Features"},
+                                         Member{"Pad", &Object::Pad, "Pad"},
+                                         Member{"Hole", &Object::Hole, "Hole"}};
 };
 
 // The sets of a layer, in file order; owned.

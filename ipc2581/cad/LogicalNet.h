@@ -50,10 +50,9 @@ struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_LogicalNet> {
     using Object = CIPC2581_Ecad_CadData_Step_LogicalNet;
     static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_LogicalNet";
     static constexpr auto LogicalNet = Element<Object>("LogicalNet", Text("name=", &Object::Name));
-    static constexpr auto Elements = std::tuple{LogicalNet};
-    static constexpr auto Members =
-        std::tuple{Member{"Name", &Object::Name}, Member{"NetClass", &Object::NetClass},
-                   Member{"LogicalNetPinArray", &Object::LogicalNetPinArray, "LogicalNetPin"}};
+    static constexpr auto Elements = Pack{LogicalNet};
+    static constexpr auto Members = Pack{Member{"Name", &Object::Name}, Member{"NetClass", &Object::NetClass},
+                                         Member{"LogicalNetPinArray", &Object::LogicalNetPinArray, "LogicalNetPin"}};
 };
 
 // The logical nets of the board, in file order; owned.

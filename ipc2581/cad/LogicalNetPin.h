@@ -38,9 +38,9 @@ struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_LogicalNet_LogicalNetPin> {
     static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_LogicalNet_LogicalNetPin";
     static constexpr auto LogicalNetPin =
         Element<Object>("LogicalNetPin", Text("pin=", &Object::Pin), Text("componentRef=", &Object::ComponentRef));
-    static constexpr auto Elements = std::tuple{LogicalNetPin};
-    static constexpr auto Members = std::tuple{Member{"ComponentRef", &Object::ComponentRef},
-                                               Member{"Pin", &Object::Pin}, Member{"Title", &Object::Title}};
+    static constexpr auto Elements = Pack{LogicalNetPin};
+    static constexpr auto Members = Pack{Member{"ComponentRef", &Object::ComponentRef}, Member{"Pin", &Object::Pin},
+                                         Member{"Title", &Object::Title}};
 };
 
 // The pins of a net, in file order; owned.

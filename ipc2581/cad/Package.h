@@ -56,15 +56,15 @@ struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_Package> {
     static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_Package";
     static constexpr auto Package =
         Element<Object>("Package", Text("name=", &Object::name), Text("type=", &Object::type));
-    static constexpr auto Elements = std::tuple{Package};
-    static constexpr auto Members = std::tuple{Member{"name", &Object::name},
-                                               Member{"type", &Object::type},
-                                               Member{"TypeCode", &Object::TypeCode},
-                                               Member{"Outline", &Object::Outline, "Outline"},
-                                               Member{"LandPattern", &Object::LandPattern, "LandPattern"},
-                                               Member{"SilkScreen", &Object::SilkScreen, "SilkScreen"},
-                                               Member{"AssemblyDrawing", &Object::AssemblyDrawing, "AssemblyDrawing"},
-                                               Member{"PinArray", &Object::PinArray, "Pin"}};
+    static constexpr auto Elements = Pack{Package};
+    static constexpr auto Members = Pack{Member{"name", &Object::name},
+                                         Member{"type", &Object::type},
+                                         Member{"TypeCode", &Object::TypeCode},
+                                         Member{"Outline", &Object::Outline, "Outline"},
+                                         Member{"LandPattern", &Object::LandPattern, "LandPattern"},
+                                         Member{"SilkScreen", &Object::SilkScreen, "SilkScreen"},
+                                         Member{"AssemblyDrawing", &Object::AssemblyDrawing, "AssemblyDrawing"},
+                                         Member{"PinArray", &Object::PinArray, "Pin"}};
 };
 
 // The packages of the board, in file order; owned.

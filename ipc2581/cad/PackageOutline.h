@@ -46,9 +46,9 @@ template <>
 struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_Package_Outline> {
     using Object = CIPC2581_Ecad_CadData_Step_Package_Outline;
     static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_Package_Outline";
-    static constexpr auto Elements = std::tuple<>{};
+    static constexpr auto Elements = Pack<>{};
     static constexpr auto Members =
-        std::tuple{Member{"LineDesc", &Object::LineDesc, "LineDesc"}, Member{"Polygon", &Object::Polygon, "Polygon"}};
+        Pack{Member{"LineDesc", &Object::LineDesc, "LineDesc"}, Member{"Polygon", &Object::Polygon, "Polygon"}};
 };
 
 #endif

@@ -51,16 +51,16 @@ struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_Package_Pin> {
     static constexpr auto Location = PointElement("Location", &Object::Location);
     static constexpr auto StandardPrimitiveRef =
         Element<Object>("StandardPrimitiveRef", Text("id=", &Object::StandardPrimitiveRef));
-    static constexpr auto Elements = std::tuple{Pin, Location, StandardPrimitiveRef};
-    static constexpr auto Members = std::tuple{Member{"number", &Object::number},
-                                               Member{"name", &Object::name},
-                                               Member{"type", &Object::type},
-                                               Member{"electricalType", &Object::electricalType},
-                                               Member{"SpareText", &Object::SpareText},
-                                               Member{"Xform", &Object::Xform, "Xform"},
-                                               Member{"Location", &Object::Location},
-                                               Member{"StandardPrimitiveRef", &Object::StandardPrimitiveRef},
-                                               Member{"Outline", &Object::Outline, "Outline"}};
+    static constexpr auto Elements = Pack{Pin, Location, StandardPrimitiveRef};
+    static constexpr auto Members = Pack{Member{"number", &Object::number},
+                                         Member{"name", &Object::name},
+                                         Member{"type", &Object::type},
+                                         Member{"electricalType", &Object::electricalType},
+                                         Member{"SpareText", &Object::SpareText},
+                                         Member{"Xform", &Object::Xform, "Xform"},
+                                         Member{"Location", &Object::Location},
+                                         Member{"StandardPrimitiveRef", &Object::StandardPrimitiveRef},
+                                         Member{"Outline", &Object::Outline, "Outline"}};
 };
 
 // The pins of a package, in file order; owned.

@@ -44,14 +44,14 @@ struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_Pad> {
     static constexpr auto Location = PointElement("Location", &Object::Location);
     static constexpr auto StandardPrimitiveRef =
         Element<Object>("StandardPrimitiveRef", Text("id=", &Object::StandardPrimitiveRefId));
-    static constexpr auto Elements = std::tuple{LayerPad, Pad, Xform, Location, StandardPrimitiveRef};
-    static constexpr auto Members = std::tuple{Member{"UsePinPrefix", &Object::UsePinPrefix},
-                                               Member{"LayerRef", &Object::LayerRef},
-                                               Member{"Pin", &Object::Pin},
-                                               Member{"PinPrefix", &Object::PinPrefix},
-                                               Member{"Rotation", &Object::Rotation},
-                                               Member{"Location", &Object::Location},
-                                               Member{"StandardPrimitiveRefId", &Object::StandardPrimitiveRefId}};
+    static constexpr auto Elements = Pack{LayerPad, Pad, Xform, Location, StandardPrimitiveRef};
+    static constexpr auto Members = Pack{Member{"UsePinPrefix", &Object::UsePinPrefix},
+                                         Member{"LayerRef", &Object::LayerRef},
+                                         Member{"Pin", &Object::Pin},
+                                         Member{"PinPrefix", &Object::PinPrefix},
+                                         Member{"Rotation", &Object::Rotation},
+                                         Member{"Location", &Object::Location},
+                                         Member{"StandardPrimitiveRefId", &Object::StandardPrimitiveRefId}};
 };
 
 // A list of pads, in file order; owned.

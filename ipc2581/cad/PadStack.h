@@ -43,10 +43,10 @@ struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_PadStack> {
     using Object = CIPC2581_Ecad_CadData_Step_PadStack;
     static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_PadStack";
     static constexpr auto PadStack = Element<Object>("PadStack", Text("net=", &Object::NetName));
-    static constexpr auto Elements = std::tuple{PadStack};
+    static constexpr auto Elements = Pack{PadStack};
     static constexpr auto Members =
-        std::tuple{Member{"NetName", &Object::NetName}, Member{"LayerPadArray", &Object::LayerPadArray, "LayerPad"},
-                   Member{"LayerHole", &Object::LayerHole, "LayerHole"}};
+        Pack{Member{"NetName", &Object::NetName}, Member{"LayerPadArray", &Object::LayerPadArray, "LayerPad"},
+             Member{"LayerHole", &Object::LayerHole, "LayerHole"}};
 };
 
 // The pad stacks of the board, in file order; owned. They are never written.

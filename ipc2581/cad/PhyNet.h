@@ -27,9 +27,9 @@ struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet> {
     using Object = CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet;
     static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet";
     static constexpr auto PhyNet = Element<Object>("PhyNet", Text("name=", &Object::Name));
-    static constexpr auto Elements = std::tuple{PhyNet};
+    static constexpr auto Elements = Pack{PhyNet};
     static constexpr auto Members =
-        std::tuple{Member{"Name", &Object::Name}, Member{"PhyNetPointArray", &Object::PhyNetPointArray, "PhyNetPoint"}};
+        Pack{Member{"Name", &Object::Name}, Member{"PhyNetPointArray", &Object::PhyNetPointArray, "PhyNetPoint"}};
 };
 
 // The physical nets of the group, in file order; owned.

@@ -26,9 +26,9 @@ struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_PhyNetGroup> {
     using Object = CIPC2581_Ecad_CadData_Step_PhyNetGroup;
     static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_PhyNetGroup";
     static constexpr auto PhyNetGroup = Element<Object>("PhyNetGroup", Text("name=", &Object::Name));
-    static constexpr auto Elements = std::tuple{PhyNetGroup};
+    static constexpr auto Elements = Pack{PhyNetGroup};
     static constexpr auto Members =
-        std::tuple{Member{"Name", &Object::Name}, Member{"PhyNetArray", &Object::PhyNetArray, "PhyNet"}};
+        Pack{Member{"Name", &Object::Name}, Member{"PhyNetArray", &Object::PhyNetArray, "PhyNet"}};
 };
 
 #endif

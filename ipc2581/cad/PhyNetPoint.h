@@ -41,14 +41,14 @@ struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet_PhyNetPoint
         Flag("via=", &Object::Via), Flag("test=", &Object::Test));
     static constexpr auto StandardPrimitiveRef =
         Element<Object>("StandardPrimitiveRef", Text("id=", &Object::StandardPrimitiveRefId));
-    static constexpr auto Elements = std::tuple{PhyNetPoint, StandardPrimitiveRef};
-    static constexpr auto Members = std::tuple{Member{"Location", &Object::Location},
-                                               Member{"LayerRef", &Object::LayerRef},
-                                               Member{"Exposure", &Object::Exposure},
-                                               Member{"NetNode", &Object::NetNode},
-                                               Member{"Via", &Object::Via},
-                                               Member{"Test", &Object::Test},
-                                               Member{"StandardPrimitiveRefId", &Object::StandardPrimitiveRefId}};
+    static constexpr auto Elements = Pack{PhyNetPoint, StandardPrimitiveRef};
+    static constexpr auto Members = Pack{Member{"Location", &Object::Location},
+                                         Member{"LayerRef", &Object::LayerRef},
+                                         Member{"Exposure", &Object::Exposure},
+                                         Member{"NetNode", &Object::NetNode},
+                                         Member{"Via", &Object::Via},
+                                         Member{"Test", &Object::Test},
+                                         Member{"StandardPrimitiveRefId", &Object::StandardPrimitiveRefId}};
 };
 
 // The points of a net, in file order; owned.

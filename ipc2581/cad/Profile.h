@@ -38,9 +38,9 @@ template <>
 struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_Profile> {
     using Object = CIPC2581_Ecad_CadData_Step_Profile;
     static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_Profile";
-    static constexpr auto Elements = std::tuple<>{};
+    static constexpr auto Elements = Pack<>{};
     static constexpr auto Members =
-        std::tuple{Member{"Polygon", &Object::Polygon, "Polygon"}, Member{"Cutouts", &Object::Cutouts, "Cutout"}};
+        Pack{Member{"Polygon", &Object::Polygon, "Polygon"}, Member{"Cutouts", &Object::Cutouts, "Cutout"}};
 };
 
 #endif

@@ -39,9 +39,9 @@ template <>
 struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_Package_SilkScreen> {
     using Object = CIPC2581_Ecad_CadData_Step_Package_SilkScreen;
     static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_Package_SilkScreen";
-    static constexpr auto Elements = std::tuple<>{};
-    static constexpr auto Members = std::tuple{Member{"Outline", &Object::Outline}, Member{"Text", &Object::Text},
-                                               Member{"TargetArray", &Object::TargetArray, "Target"}};
+    static constexpr auto Elements = Pack<>{};
+    static constexpr auto Members = Pack{Member{"Outline", &Object::Outline}, Member{"Text", &Object::Text},
+                                         Member{"TargetArray", &Object::TargetArray, "Target"}};
 };
 
 // A list of silk screens, for hosts; owned.

@@ -32,9 +32,9 @@ struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_Package_SilkScreen_Target> {
     using Object = CIPC2581_Ecad_CadData_Step_Package_SilkScreen_Target;
     static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_Package_SilkScreen_Target";
     static constexpr auto Location = PointElement("Location", &Object::Location);
-    static constexpr auto Elements = std::tuple{Location};
+    static constexpr auto Elements = Pack{Location};
     static constexpr auto Members =
-        std::tuple{Member{"Location", &Object::Location}, Member{"DrawObjArray", &Object::DrawObjArray}};
+        Pack{Member{"Location", &Object::Location}, Member{"DrawObjArray", &Object::DrawObjArray}};
 };
 
 // A list of silk screen targets, for hosts; owned.

@@ -35,11 +35,11 @@ struct ipc2581::Fields<CIPC2581_Ecad_CadData_Stackup> {
     static constexpr auto Stackup = Element<Object>(
         "Stackup", Text("overallThickness=", &Object::overallThickness), Text("tolPlus=", &Object::tolPlus),
         Text("tolMinus=", &Object::tolMinus), Text("whereMeasured=", &Object::whereMeasured));
-    static constexpr auto Elements = std::tuple{Stackup};
+    static constexpr auto Elements = Pack{Stackup};
     static constexpr auto Members =
-        std::tuple{Member{"overallThickness", &Object::overallThickness}, Member{"tolPlus", &Object::tolPlus},
-                   Member{"tolMinus", &Object::tolMinus}, Member{"whereMeasured", &Object::whereMeasured},
-                   Member{"StackupGroupArray", &Object::StackupGroupArray, "StackupGroup"}};
+        Pack{Member{"overallThickness", &Object::overallThickness}, Member{"tolPlus", &Object::tolPlus},
+             Member{"tolMinus", &Object::tolMinus}, Member{"whereMeasured", &Object::whereMeasured},
+             Member{"StackupGroupArray", &Object::StackupGroupArray, "StackupGroup"}};
 };
 
 #endif

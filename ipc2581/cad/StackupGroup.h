@@ -33,10 +33,10 @@ struct ipc2581::Fields<CIPC2581_Ecad_CadData_Stackup_StackupGroup> {
     static constexpr auto StackupGroup =
         Element<Object>("StackupGroup", Text("name=", &Object::name), Number("thickness=", &Object::thickness),
                         Number("tolPlus=", &Object::tolPlus), Number("tolMinus=", &Object::tolMinus));
-    static constexpr auto Elements = std::tuple{StackupGroup};
-    static constexpr auto Members = std::tuple{
-        Member{"name", &Object::name}, Member{"thickness", &Object::thickness}, Member{"tolPlus", &Object::tolPlus},
-        Member{"tolMinus", &Object::tolMinus}, Member{"StackupLayerArray", &Object::StackupLayerArray, "StackupLayer"}};
+    static constexpr auto Elements = Pack{StackupGroup};
+    static constexpr auto Members = Pack{Member{"name", &Object::name}, Member{"thickness", &Object::thickness},
+                                         Member{"tolPlus", &Object::tolPlus}, Member{"tolMinus", &Object::tolMinus},
+                                         Member{"StackupLayerArray", &Object::StackupLayerArray, "StackupLayer"}};
 };
 
 // The groups of the stackup, in file order; owned.

@@ -28,10 +28,10 @@ struct ipc2581::Fields<CIPC2581_Ecad_CadData_Stackup_StackupGroup_StackupLayer> 
     static constexpr auto StackupLayer =
         Element<Object>("StackupLayer", Text("layerOrGroupRef=", &Object::layerOrGroupRef),
                         Text("materialType=", &Object::materialType), Number("thickness=", &Object::thickness));
-    static constexpr auto Elements = std::tuple{StackupLayer};
+    static constexpr auto Elements = Pack{StackupLayer};
     static constexpr auto Members =
-        std::tuple{Member{"layerOrGroupRef", &Object::layerOrGroupRef}, Member{"materialType", &Object::materialType},
-                   Member{"thickness", &Object::thickness}};
+        Pack{Member{"layerOrGroupRef", &Object::layerOrGroupRef}, Member{"materialType", &Object::materialType},
+             Member{"thickness", &Object::thickness}};
 };
 
 // The layers of a stackup group, in file order; owned.

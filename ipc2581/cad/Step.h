@@ -52,17 +52,17 @@ struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step> {
     static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step";
     static constexpr auto Step = Element<Object>("Step", Text("name=", &Object::Name));
     static constexpr auto Datum = PointElement("Datum", &Object::Datum);
-    static constexpr auto Elements = std::tuple{Step, Datum};
-    static constexpr auto Members = std::tuple{Member{"Name", &Object::Name},
-                                               Member{"PadStackArray", &Object::PadStackArray, "PadStack"},
-                                               Member{"Datum", &Object::Datum},
-                                               Member{"Profile", &Object::Profile, "Profile"},
-                                               Member{"PackageArray", &Object::PackageArray, "Package"},
-                                               Member{"ComponentArray", &Object::ComponentArray, "Component"},
-                                               Member{"LogicalNetArray", &Object::LogicalNetArray, "LogicalNet"},
-                                               Member{"PhyNetGroup", &Object::PhyNetGroup, "PhyNetGroup"},
-                                               Member{"LayerFeatureArray", &Object::LayerFeatureArray, "LayerFeature"},
-                                               Member{"Progress", &Object::Progress}};
+    static constexpr auto Elements = Pack{Step, Datum};
+    static constexpr auto Members = Pack{Member{"Name", &Object::Name},
+                                         Member{"PadStackArray", &Object::PadStackArray, "PadStack"},
+                                         Member{"Datum", &Object::Datum},
+                                         Member{"Profile", &Object::Profile, "Profile"},
+                                         Member{"PackageArray", &Object::PackageArray, "Package"},
+                                         Member{"ComponentArray", &Object::ComponentArray, "Component"},
+                                         Member{"LogicalNetArray", &Object::LogicalNetArray, "LogicalNet"},
+                                         Member{"PhyNetGroup", &Object::PhyNetGroup, "PhyNetGroup"},
+                                         Member{"LayerFeatureArray", &Object::LayerFeatureArray, "LayerFeature"},
+                                         Member{"Progress", &Object::Progress}};
 };
 
 #endif

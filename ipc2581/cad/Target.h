@@ -51,10 +51,9 @@ struct ipc2581::Fields<CIPC2581_Ecad_CadData_Step_Target> {
     using Object = CIPC2581_Ecad_CadData_Step_Target;
     static constexpr std::string_view Name = "CIPC2581_Ecad_CadData_Step_Target";
     static constexpr auto Location = PointElement("Location", &Object::Location);
-    static constexpr auto Elements = std::tuple{Location};
-    static constexpr auto Members =
-        std::tuple{Member{"Xform", &Object::Xform}, Member{"Location", &Object::Location}, Member{"ID", &Object::ID},
-                   Member{"DrawObjArray", &Object::DrawObjArray}};
+    static constexpr auto Elements = Pack{Location};
+    static constexpr auto Members = Pack{Member{"Xform", &Object::Xform}, Member{"Location", &Object::Location},
+                                         Member{"ID", &Object::ID}, Member{"DrawObjArray", &Object::DrawObjArray}};
 };
 
 // A list of targets, in file order; owned.

@@ -80,18 +80,18 @@ struct ipc2581::Fields<CIPC2581_Content> {
     static constexpr std::string_view Name = "CIPC2581_Content";
     static constexpr auto FunctionMode =
         Element<Object>("FunctionMode", Text("mode", &Object::FunctionMode), Text("level", &Object::FunctionModeLevel));
-    static constexpr auto Elements = std::tuple{FunctionMode};
+    static constexpr auto Elements = Pack{FunctionMode};
     static constexpr auto Members =
-        std::tuple{Member{"FunctionMode", &Object::FunctionMode},
-                   Member{"FunctionModeLevel", &Object::FunctionModeLevel},
-                   Member{"FunctionModeComment", &Object::FunctionModeComment},
-                   Member{"DictionaryStandard", &Object::DictionaryStandard, "DictionaryStandard"},
-                   Member{"DictionaryUser", &Object::DictionaryUser, "DictionaryUser"},
-                   Member{"StepRef", &Object::StepRef, "StepRef"},
-                   Member{"LayerRef", &Object::LayerRef, "LayerRef"},
-                   Member{"BomRef", &Object::BomRef, "BomRef"},
-                   Member{"SpareRef", &Object::SpareRef},
-                   Member{"m_DictionaryColor", &Object::m_DictionaryColor, "DictionaryColor"}};
+        Pack{Member{"FunctionMode", &Object::FunctionMode},
+             Member{"FunctionModeLevel", &Object::FunctionModeLevel},
+             Member{"FunctionModeComment", &Object::FunctionModeComment},
+             Member{"DictionaryStandard", &Object::DictionaryStandard, "DictionaryStandard"},
+             Member{"DictionaryUser", &Object::DictionaryUser, "DictionaryUser"},
+             Member{"StepRef", &Object::StepRef, "StepRef"},
+             Member{"LayerRef", &Object::LayerRef, "LayerRef"},
+             Member{"BomRef", &Object::BomRef, "BomRef"},
+             Member{"SpareRef", &Object::SpareRef},
+             Member{"m_DictionaryColor", &Object::m_DictionaryColor, "DictionaryColor"}};
 };
 
 #endif

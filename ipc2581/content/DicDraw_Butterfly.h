@@ -29,11 +29,11 @@ struct ipc2581::Fields<CIPC2581_DicDraw_Butterfly> {
     using Object = CIPC2581_DicDraw_Butterfly;
     static constexpr std::string_view Name = "CIPC2581_DicDraw_Butterfly";
     static constexpr auto Butterfly =
-        Element<Object>("Butterfly", Attribute{"shape", Reading::RoundOrSquare, std::tuple{&Object::Shape}},
+        Element<Object>("Butterfly", Attribute{"shape", Reading::RoundOrSquare, Pack{&Object::Shape}},
                         Number("diameter", &Object::Size), Number("side", &Object::Size));
-    static constexpr auto Elements = std::tuple{Butterfly};
-    static constexpr auto Members = std::tuple{Member{"DrawType", &Object::DrawType}, Member{"Shape", &Object::Shape},
-                                               Member{"Size", &Object::Size}};
+    static constexpr auto Elements = Pack{Butterfly};
+    static constexpr auto Members =
+        Pack{Member{"DrawType", &Object::DrawType}, Member{"Shape", &Object::Shape}, Member{"Size", &Object::Size}};
 };
 
 #endif

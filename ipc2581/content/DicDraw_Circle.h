@@ -36,10 +36,9 @@ struct ipc2581::Fields<CIPC2581_DicDraw_Circle> {
     using Object = CIPC2581_DicDraw_Circle;
     static constexpr std::string_view Name = "CIPC2581_DicDraw_Circle";
     static constexpr auto Circle = Element<Object>("Circle", Number("diameter", &Object::Diameter));
-    static constexpr auto Elements = std::tuple{Circle};
-    static constexpr auto Members =
-        std::tuple{Member{"DrawType", &Object::DrawType}, Member{"Diameter", &Object::Diameter},
-                   Member{"OffsetX", &Object::OffsetX}, Member{"OffsetY", &Object::OffsetY}};
+    static constexpr auto Elements = Pack{Circle};
+    static constexpr auto Members = Pack{Member{"DrawType", &Object::DrawType}, Member{"Diameter", &Object::Diameter},
+                                         Member{"OffsetX", &Object::OffsetX}, Member{"OffsetY", &Object::OffsetY}};
 };
 
 #endif

@@ -39,9 +39,9 @@ template <>
 struct ipc2581::Fields<CIPC2581_DicDraw_Contour> {
     using Object = CIPC2581_DicDraw_Contour;
     static constexpr std::string_view Name = "CIPC2581_DicDraw_Contour";
-    static constexpr auto Elements = std::tuple<>{};
+    static constexpr auto Elements = Pack<>{};
     static constexpr auto Members =
-        std::tuple{Member{"DrawType", &Object::DrawType}, Member{"DicDrawObjArray", &Object::DicDrawObjArray}};
+        Pack{Member{"DrawType", &Object::DrawType}, Member{"DicDrawObjArray", &Object::DicDrawObjArray}};
 };
 
 #endif

@@ -27,9 +27,8 @@ template <>
 struct ipc2581::Fields<CIPC2581_DicDraw_Cutout> {
     using Object = CIPC2581_DicDraw_Cutout;
     static constexpr std::string_view Name = "CIPC2581_DicDraw_Cutout";
-    static constexpr auto Elements = std::tuple<>{};
-    static constexpr auto Members =
-        std::tuple{Member{"DrawType", &Object::DrawType}, Member{"PtArray", &Object::PtArray}};
+    static constexpr auto Elements = Pack<>{};
+    static constexpr auto Members = Pack{Member{"DrawType", &Object::DrawType}, Member{"PtArray", &Object::PtArray}};
 };
 
 #endif

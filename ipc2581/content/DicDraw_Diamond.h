@@ -23,9 +23,9 @@ struct ipc2581::Fields<CIPC2581_DicDraw_Diamond> {
     using Object = CIPC2581_DicDraw_Diamond;
     static constexpr std::string_view Name = "CIPC2581_DicDraw_Diamond";
     static constexpr auto Diamond = Fields<detail::WidthHeightPrimitive>::Size.Of("Diamond");
-    static constexpr auto Elements = std::tuple{Diamond};
-    static constexpr auto Members = std::tuple{Member{"DrawType", &Object::DrawType}, Member{"Width", &Object::Width},
-                                               Member{"Height", &Object::Height}};
+    static constexpr auto Elements = Pack{Diamond};
+    static constexpr auto Members =
+        Pack{Member{"DrawType", &Object::DrawType}, Member{"Width", &Object::Width}, Member{"Height", &Object::Height}};
 };
 
 #endif

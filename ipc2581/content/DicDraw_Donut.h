@@ -36,13 +36,13 @@ template <>
 struct ipc2581::Fields<CIPC2581_DicDraw_Donut> {
     using Object = CIPC2581_DicDraw_Donut;
     static constexpr std::string_view Name = "CIPC2581_DicDraw_Donut";
-    static constexpr auto Donut = Element<Object>(
-        "Donut", Attribute{"shape", Reading::OuterForm, std::tuple{&Object::Shape}},
-        Number("outerDiameter", &Object::OuterDiameter), Number("innerDiameter", &Object::InnerDiameter));
-    static constexpr auto Elements = std::tuple{Donut};
+    static constexpr auto Donut = Element<Object>("Donut", Attribute{"shape", Reading::OuterForm, Pack{&Object::Shape}},
+                                                  Number("outerDiameter", &Object::OuterDiameter),
+                                                  Number("innerDiameter", &Object::InnerDiameter));
+    static constexpr auto Elements = Pack{Donut};
     static constexpr auto Members =
-        std::tuple{Member{"DrawType", &Object::DrawType}, Member{"Shape", &Object::Shape},
-                   Member{"OuterDiameter", &Object::OuterDiameter}, Member{"InnerDiameter", &Object::InnerDiameter}};
+        Pack{Member{"DrawType", &Object::DrawType}, Member{"Shape", &Object::Shape},
+             Member{"OuterDiameter", &Object::OuterDiameter}, Member{"InnerDiameter", &Object::InnerDiameter}};
 };
 
 #endif

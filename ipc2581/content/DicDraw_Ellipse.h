@@ -23,9 +23,9 @@ struct ipc2581::Fields<CIPC2581_DicDraw_Ellipse> {
     using Object = CIPC2581_DicDraw_Ellipse;
     static constexpr std::string_view Name = "CIPC2581_DicDraw_Ellipse";
     static constexpr auto Ellipse = Fields<detail::WidthHeightPrimitive>::Size.Of("Ellipse");
-    static constexpr auto Elements = std::tuple{Ellipse};
-    static constexpr auto Members = std::tuple{Member{"DrawType", &Object::DrawType}, Member{"Width", &Object::Width},
-                                               Member{"Height", &Object::Height}};
+    static constexpr auto Elements = Pack{Ellipse};
+    static constexpr auto Members =
+        Pack{Member{"DrawType", &Object::DrawType}, Member{"Width", &Object::Width}, Member{"Height", &Object::Height}};
 };
 
 #endif

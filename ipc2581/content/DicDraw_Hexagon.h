@@ -23,9 +23,8 @@ struct ipc2581::Fields<CIPC2581_DicDraw_Hexagon> {
     using Object = CIPC2581_DicDraw_Hexagon;
     static constexpr std::string_view Name = "CIPC2581_DicDraw_Hexagon";
     static constexpr auto Hexagon = Fields<detail::LengthPrimitive>::Size.Of("Hexagon");
-    static constexpr auto Elements = std::tuple{Hexagon};
-    static constexpr auto Members =
-        std::tuple{Member{"DrawType", &Object::DrawType}, Member{"Length", &Object::Length}};
+    static constexpr auto Elements = Pack{Hexagon};
+    static constexpr auto Members = Pack{Member{"DrawType", &Object::DrawType}, Member{"Length", &Object::Length}};
 };
 
 #endif

@@ -37,12 +37,12 @@ struct ipc2581::Fields<CIPC2581_DicDraw_Moire> {
                         Number("ringGap", &Object::RingGap), Integer("ringNumber", &Object::RingNumber),
                         Number("lineWidth", &Object::LineWidth), Number("lineLength", &Object::LineLength),
                         Number("lineAngle", &Object::LineAngle));
-    static constexpr auto Elements = std::tuple{Moire};
+    static constexpr auto Elements = Pack{Moire};
     static constexpr auto Members =
-        std::tuple{Member{"DrawType", &Object::DrawType},     Member{"Diameter", &Object::Diameter},
-                   Member{"RingWidth", &Object::RingWidth},   Member{"RingGap", &Object::RingGap},
-                   Member{"RingNumber", &Object::RingNumber}, Member{"LineWidth", &Object::LineWidth},
-                   Member{"LineLength", &Object::LineLength}, Member{"LineAngle", &Object::LineAngle}};
+        Pack{Member{"DrawType", &Object::DrawType},     Member{"Diameter", &Object::Diameter},
+             Member{"RingWidth", &Object::RingWidth},   Member{"RingGap", &Object::RingGap},
+             Member{"RingNumber", &Object::RingNumber}, Member{"LineWidth", &Object::LineWidth},
+             Member{"LineLength", &Object::LineLength}, Member{"LineAngle", &Object::LineAngle}};
 };
 
 #endif

@@ -23,9 +23,8 @@ struct ipc2581::Fields<CIPC2581_DicDraw_Octagon> {
     using Object = CIPC2581_DicDraw_Octagon;
     static constexpr std::string_view Name = "CIPC2581_DicDraw_Octagon";
     static constexpr auto Octagon = Fields<detail::LengthPrimitive>::Size.Of("Octagon");
-    static constexpr auto Elements = std::tuple{Octagon};
-    static constexpr auto Members =
-        std::tuple{Member{"DrawType", &Object::DrawType}, Member{"Length", &Object::Length}};
+    static constexpr auto Elements = Pack{Octagon};
+    static constexpr auto Members = Pack{Member{"DrawType", &Object::DrawType}, Member{"Length", &Object::Length}};
 };
 
 #endif

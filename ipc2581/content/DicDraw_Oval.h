@@ -29,9 +29,9 @@ struct ipc2581::Fields<CIPC2581_DicDraw_Oval> {
     using Object = CIPC2581_DicDraw_Oval;
     static constexpr std::string_view Name = "CIPC2581_DicDraw_Oval";
     static constexpr auto Oval = Fields<detail::WidthHeightPrimitive>::Size.Of("Oval");
-    static constexpr auto Elements = std::tuple{Oval};
-    static constexpr auto Members = std::tuple{Member{"DrawType", &Object::DrawType}, Member{"Width", &Object::Width},
-                                               Member{"Height", &Object::Height}};
+    static constexpr auto Elements = Pack{Oval};
+    static constexpr auto Members =
+        Pack{Member{"DrawType", &Object::DrawType}, Member{"Width", &Object::Width}, Member{"Height", &Object::Height}};
 };
 
 #endif

@@ -29,9 +29,9 @@ struct ipc2581::Fields<CIPC2581_DicDraw_RectCenter> {
     using Object = CIPC2581_DicDraw_RectCenter;
     static constexpr std::string_view Name = "CIPC2581_DicDraw_RectCenter";
     static constexpr auto RectCenter = Fields<detail::WidthHeightPrimitive>::Size.Of("RectCenter");
-    static constexpr auto Elements = std::tuple{RectCenter};
-    static constexpr auto Members = std::tuple{Member{"DrawType", &Object::DrawType}, Member{"Width", &Object::Width},
-                                               Member{"Height", &Object::Height}};
+    static constexpr auto Elements = Pack{RectCenter};
+    static constexpr auto Members =
+        Pack{Member{"DrawType", &Object::DrawType}, Member{"Width", &Object::Width}, Member{"Height", &Object::Height}};
 };
 
 #endif

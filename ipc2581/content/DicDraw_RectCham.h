@@ -50,12 +50,12 @@ struct ipc2581::Fields<CIPC2581_DicDraw_RectCham> {
     using Object = CIPC2581_DicDraw_RectCham;
     static constexpr std::string_view Name = "CIPC2581_DicDraw_RectCham";
     static constexpr auto RectCham = detail::CorneredRectElement("RectCham", "chamfer", &Object::Chamfer);
-    static constexpr auto Elements = std::tuple{RectCham};
+    static constexpr auto Elements = Pack{RectCham};
     static constexpr auto Members =
-        std::tuple{Member{"DrawType", &Object::DrawType},     Member{"Width", &Object::Width},
-                   Member{"Height", &Object::Height},         Member{"Chamfer", &Object::Chamfer},
-                   Member{"UpperRight", &Object::UpperRight}, Member{"UpperLeft", &Object::UpperLeft},
-                   Member{"LowerLeft", &Object::LowerLeft},   Member{"LowerRight", &Object::LowerRight}};
+        Pack{Member{"DrawType", &Object::DrawType},     Member{"Width", &Object::Width},
+             Member{"Height", &Object::Height},         Member{"Chamfer", &Object::Chamfer},
+             Member{"UpperRight", &Object::UpperRight}, Member{"UpperLeft", &Object::UpperLeft},
+             Member{"LowerLeft", &Object::LowerLeft},   Member{"LowerRight", &Object::LowerRight}};
 };
 
 #endif

@@ -42,11 +42,11 @@ struct ipc2581::Fields<CIPC2581_DicDraw_RectCorner> {
     static constexpr auto RectCorner = Element<Object>(
         "RectCorner", Number("lowerLeftX", &Object::Lower_LeftX), Number("lowerLeftY", &Object::Lower_LeftY),
         Number("upperRightX", &Object::Upper_RightX), Number("upperRightY", &Object::Upper_RightY));
-    static constexpr auto Elements = std::tuple{RectCorner};
+    static constexpr auto Elements = Pack{RectCorner};
     static constexpr auto Members =
-        std::tuple{Member{"DrawType", &Object::DrawType}, Member{"Lower_LeftX", &Object::Lower_LeftX},
-                   Member{"Lower_LeftY", &Object::Lower_LeftY}, Member{"Upper_RightX", &Object::Upper_RightX},
-                   Member{"Upper_RightY", &Object::Upper_RightY}};
+        Pack{Member{"DrawType", &Object::DrawType}, Member{"Lower_LeftX", &Object::Lower_LeftX},
+             Member{"Lower_LeftY", &Object::Lower_LeftY}, Member{"Upper_RightX", &Object::Upper_RightX},
+             Member{"Upper_RightY", &Object::Upper_RightY}};
 };
 
 #endif

@@ -50,12 +50,12 @@ struct ipc2581::Fields<CIPC2581_DicDraw_RectRound> {
     using Object = CIPC2581_DicDraw_RectRound;
     static constexpr std::string_view Name = "CIPC2581_DicDraw_RectRound";
     static constexpr auto RectRound = detail::CorneredRectElement("RectRound", "radius", &Object::Radius);
-    static constexpr auto Elements = std::tuple{RectRound};
+    static constexpr auto Elements = Pack{RectRound};
     static constexpr auto Members =
-        std::tuple{Member{"DrawType", &Object::DrawType},     Member{"Width", &Object::Width},
-                   Member{"Height", &Object::Height},         Member{"Radius", &Object::Radius},
-                   Member{"UpperRight", &Object::UpperRight}, Member{"UpperLeft", &Object::UpperLeft},
-                   Member{"LowerLeft", &Object::LowerLeft},   Member{"LowerRight", &Object::LowerRight}};
+        Pack{Member{"DrawType", &Object::DrawType},     Member{"Width", &Object::Width},
+             Member{"Height", &Object::Height},         Member{"Radius", &Object::Radius},
+             Member{"UpperRight", &Object::UpperRight}, Member{"UpperLeft", &Object::UpperLeft},
+             Member{"LowerLeft", &Object::LowerLeft},   Member{"LowerRight", &Object::LowerRight}};
 };
 
 #endif

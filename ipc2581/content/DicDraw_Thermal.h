@@ -46,18 +46,18 @@ struct ipc2581::Fields<CIPC2581_DicDraw_Thermal> {
     using Object = CIPC2581_DicDraw_Thermal;
     static constexpr std::string_view Name = "CIPC2581_DicDraw_Thermal";
     static constexpr auto Thermal =
-        Element<Object>("Thermal", Attribute{"shape", Reading::OuterForm, std::tuple{&Object::Shape}},
+        Element<Object>("Thermal", Attribute{"shape", Reading::OuterForm, Pack{&Object::Shape}},
                         Number("outerDiameter", &Object::OuterDiameter),
                         Number("innerDiameter", &Object::InnerDiameter), Integer("spokeCount", &Object::SpokeCount),
                         Number("gap", &Object::Gap), Number("spokeStartAngle", &Object::SpokeStartAngle));
-    static constexpr auto Elements = std::tuple{Thermal};
-    static constexpr auto Members = std::tuple{Member{"DrawType", &Object::DrawType},
-                                               Member{"Shape", &Object::Shape},
-                                               Member{"OuterDiameter", &Object::OuterDiameter},
-                                               Member{"InnerDiameter", &Object::InnerDiameter},
-                                               Member{"SpokeCount", &Object::SpokeCount},
-                                               Member{"Gap", &Object::Gap},
-                                               Member{"SpokeStartAngle", &Object::SpokeStartAngle}};
+    static constexpr auto Elements = Pack{Thermal};
+    static constexpr auto Members = Pack{Member{"DrawType", &Object::DrawType},
+                                         Member{"Shape", &Object::Shape},
+                                         Member{"OuterDiameter", &Object::OuterDiameter},
+                                         Member{"InnerDiameter", &Object::InnerDiameter},
+                                         Member{"SpokeCount", &Object::SpokeCount},
+                                         Member{"Gap", &Object::Gap},
+                                         Member{"SpokeStartAngle", &Object::SpokeStartAngle}};
 };
 
 #endif

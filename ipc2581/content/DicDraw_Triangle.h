@@ -29,9 +29,9 @@ struct ipc2581::Fields<CIPC2581_DicDraw_Triangle> {
     static constexpr std::string_view Name = "CIPC2581_DicDraw_Triangle";
     static constexpr auto Triangle =
         Element<Object>("Triangle", Number("base", &Object::Base), Number("height", &Object::Height));
-    static constexpr auto Elements = std::tuple{Triangle};
-    static constexpr auto Members = std::tuple{Member{"DrawType", &Object::DrawType}, Member{"Base", &Object::Base},
-                                               Member{"Height", &Object::Height}};
+    static constexpr auto Elements = Pack{Triangle};
+    static constexpr auto Members =
+        Pack{Member{"DrawType", &Object::DrawType}, Member{"Base", &Object::Base}, Member{"Height", &Object::Height}};
 };
 
 #endif

@@ -30,8 +30,8 @@ template <>
 struct ipc2581::Fields<CIPC2581_Content_DictionaryColor> {
     using Object = CIPC2581_Content_DictionaryColor;
     static constexpr std::string_view Name = "CIPC2581_Content_DictionaryColor";
-    static constexpr auto Elements = std::tuple<>{};
-    static constexpr auto Members = std::tuple{Member{"Entry", &Object::Entry, "EntryColor"}};
+    static constexpr auto Elements = Pack<>{};
+    static constexpr auto Members = Pack{Member{"Entry", &Object::Entry, "EntryColor"}};
 };
 
 #endif

@@ -35,9 +35,9 @@ struct ipc2581::Fields<CIPC2581_Content_DictionaryStandard> {
     static constexpr std::string_view Name = "CIPC2581_Content_DictionaryStandard";
     static constexpr auto DictionaryStandard = Element<Object>("DictionaryStandard", Text("units", &Object::Unit));
     static constexpr auto DictionaryColor = DictionaryStandard.Of("DictionaryColor");
-    static constexpr auto Elements = std::tuple{DictionaryStandard, DictionaryColor};
+    static constexpr auto Elements = Pack{DictionaryStandard, DictionaryColor};
     static constexpr auto Members =
-        std::tuple{Member{"Unit", &Object::Unit}, Member{"EntryArray", &Object::EntryArray, "EntryStandard"}};
+        Pack{Member{"Unit", &Object::Unit}, Member{"EntryArray", &Object::EntryArray, "EntryStandard"}};
 };
 
 #endif

@@ -36,9 +36,8 @@ struct ipc2581::Fields<CIPC2581_Content_DictionaryUser> {
     using Object = CIPC2581_Content_DictionaryUser;
     static constexpr std::string_view Name = "CIPC2581_Content_DictionaryUser";
     static constexpr auto DictionaryUser = Element<Object>("DictionaryUser", Text("units", &Object::Unit));
-    static constexpr auto Elements = std::tuple{DictionaryUser};
-    static constexpr auto Members =
-        std::tuple{Member{"Unit", &Object::Unit}, Member{"EntryArray", &Object::EntryArray}};
+    static constexpr auto Elements = Pack{DictionaryUser};
+    static constexpr auto Members = Pack{Member{"Unit", &Object::Unit}, Member{"EntryArray", &Object::EntryArray}};
 };
 
 #endif

@@ -47,10 +47,10 @@ struct ipc2581::Fields<CIPC2581_Content_DictionaryColor_EntryColor> {
     static constexpr auto EntryColor = Element<Object>("EntryColor", Text("id", &Object::EntryColorId));
     static constexpr auto Color = Element<Object>("Color", Integer("r=", &Object::Red), Integer("g=", &Object::Green),
                                                   Integer("b=", &Object::Blue), Text("id=", &Object::ColorRefID));
-    static constexpr auto Elements = std::tuple{EntryColor, Color};
-    static constexpr auto Members = std::tuple{
-        Member{"EntryColorId", &Object::EntryColorId}, Member{"Red", &Object::Red}, Member{"Green", &Object::Green},
-        Member{"Blue", &Object::Blue}, Member{"ColorRefID", &Object::ColorRefID}};
+    static constexpr auto Elements = Pack{EntryColor, Color};
+    static constexpr auto Members =
+        Pack{Member{"EntryColorId", &Object::EntryColorId}, Member{"Red", &Object::Red},
+             Member{"Green", &Object::Green}, Member{"Blue", &Object::Blue}, Member{"ColorRefID", &Object::ColorRefID}};
 };
 
 // The entries of a colour dictionary, owned and copied one by one.

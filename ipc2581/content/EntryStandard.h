@@ -42,9 +42,9 @@ struct ipc2581::Fields<CIPC2581_Content_DictionaryStandard_EntryStandard> {
     using Object = CIPC2581_Content_DictionaryStandard_EntryStandard;
     static constexpr std::string_view Name = "CIPC2581_Content_DictionaryStandard_EntryStandard";
     static constexpr auto EntryStandard = Element<Object>("EntryStandard", Text("id", &Object::EntryStandardId));
-    static constexpr auto Elements = std::tuple{EntryStandard};
+    static constexpr auto Elements = Pack{EntryStandard};
     static constexpr auto Members =
-        std::tuple{Member{"EntryStandardId", &Object::EntryStandardId}, Member{"DrawArray", &Object::DrawArray}};
+        Pack{Member{"EntryStandardId", &Object::EntryStandardId}, Member{"DrawArray", &Object::DrawArray}};
 };
 
 // The entries of a standard dictionary, owned and copied by their clone.

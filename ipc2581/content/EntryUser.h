@@ -36,9 +36,8 @@ template <>
 struct ipc2581::Fields<CIPC2581_Content_DictionaryUser_EntryUser> {
     using Object = CIPC2581_Content_DictionaryUser_EntryUser;
     static constexpr std::string_view Name = "CIPC2581_Content_DictionaryUser_EntryUser";
-    static constexpr auto Elements = std::tuple<>{};
-    static constexpr auto Members =
-        std::tuple{Member{"ID", &Object::ID}, Member{"DrawObjArray", &Object::DrawObjArray}};
+    static constexpr auto Elements = Pack<>{};
+    static constexpr auto Members = Pack{Member{"ID", &Object::ID}, Member{"DrawObjArray", &Object::DrawObjArray}};
 };
 
 // The entries of a user dictionary, owned and copied by their clone.

@@ -62,10 +62,10 @@ constexpr auto CorneredRectElement(std::string_view name, std::string_view corne
 {
     return Element<Class>(name, Number("width", &Class::Width), Number("height", &Class::Height),
                           Number(cornerWord, corner),
-                          Attribute{"upperRight", Reading::CornerFlag, std::tuple{&Class::UpperRight}},
-                          Attribute{"upperLeft", Reading::CornerFlag, std::tuple{&Class::UpperLeft}},
-                          Attribute{"lowerLeft", Reading::CornerFlag, std::tuple{&Class::LowerLeft}},
-                          Attribute{"lowerRight", Reading::CornerFlag, std::tuple{&Class::LowerRight}});
+                          Attribute{"upperRight", Reading::CornerFlag, Pack{&Class::UpperRight}},
+                          Attribute{"upperLeft", Reading::CornerFlag, Pack{&Class::UpperLeft}},
+                          Attribute{"lowerLeft", Reading::CornerFlag, Pack{&Class::LowerLeft}},
+                          Attribute{"lowerRight", Reading::CornerFlag, Pack{&Class::LowerRight}});
 }
 
 }  // namespace ipc2581::detail

@@ -29,12 +29,12 @@ template <>
 struct ipc2581::Fields<CIPC2581_Parser> {
     using Object = CIPC2581_Parser;
     static constexpr std::string_view Name = "CIPC2581_Parser";
-    static constexpr auto Elements = std::tuple<>{};
+    static constexpr auto Elements = Pack<>{};
     static constexpr auto Members =
-        std::tuple{Member{"m_Content", &Object::m_Content, "Content"},
-                   Member{"m_LogisticHeader", &Object::m_LogisticHeader, "LogisticHeader"},
-                   Member{"m_HistoryRecord", &Object::m_HistoryRecord, "HistoryRecord"},
-                   Member{"m_Bom", &Object::m_Bom, "Bom"}, Member{"m_Ecad", &Object::m_Ecad, "Ecad"}};
+        Pack{Member{"m_Content", &Object::m_Content, "Content"},
+             Member{"m_LogisticHeader", &Object::m_LogisticHeader, "LogisticHeader"},
+             Member{"m_HistoryRecord", &Object::m_HistoryRecord, "HistoryRecord"},
+             Member{"m_Bom", &Object::m_Bom, "Bom"}, Member{"m_Ecad", &Object::m_Ecad, "Ecad"}};
 };
 
 #endif

@@ -65,12 +65,12 @@ struct ipc2581::Fields<CIPC2581_Arc> {
                         Number("endY=", &Object::EndPoint, &CIPC2581_Point::Point, &CPointD::Y),
                         Number("centerX=", &Object::CenterPoint, &CIPC2581_Point::Point, &CPointD::Y),
                         Number("centerY=", &Object::CenterPoint, &CIPC2581_Point::Point, &CPointD::Y),
-                        Attribute{"clockwise=", Reading::ControlFlag, std::tuple{&Object::Clockwise}});
-    static constexpr auto Elements = std::tuple{Arc};
+                        Attribute{"clockwise=", Reading::ControlFlag, Pack{&Object::Clockwise}});
+    static constexpr auto Elements = Pack{Arc};
     static constexpr auto Members =
-        std::tuple{Member{"DrawType", &Object::DrawType},   Member{"StartPoint", &Object::StartPoint},
-                   Member{"EndPoint", &Object::EndPoint},   Member{"CenterPoint", &Object::CenterPoint},
-                   Member{"Clockwise", &Object::Clockwise}, Member{"LineDesc", &Object::LineDesc, "LineDesc"}};
+        Pack{Member{"DrawType", &Object::DrawType},   Member{"StartPoint", &Object::StartPoint},
+             Member{"EndPoint", &Object::EndPoint},   Member{"CenterPoint", &Object::CenterPoint},
+             Member{"Clockwise", &Object::Clockwise}, Member{"LineDesc", &Object::LineDesc, "LineDesc"}};
 };
 
 #endif

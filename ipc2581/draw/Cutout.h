@@ -36,10 +36,10 @@ template <>
 struct ipc2581::Fields<CIPC2581_Cutout> {
     using Object = CIPC2581_Cutout;
     static constexpr std::string_view Name = "CIPC2581_Cutout";
-    static constexpr auto Elements = std::tuple<>{};
+    static constexpr auto Elements = Pack<>{};
     static constexpr auto Members =
-        std::tuple{Member{"DrawType", &Object::DrawType}, Member{"PolyBegin", &Object::PolyBegin, "PolyBegin"},
-                   Member{"PolyStepArray", &Object::PolyStepArray}};
+        Pack{Member{"DrawType", &Object::DrawType}, Member{"PolyBegin", &Object::PolyBegin, "PolyBegin"},
+             Member{"PolyStepArray", &Object::PolyStepArray}};
 };
 
 // A list of cutouts, which it owns, that is a shape itself. No reader makes one, and as a shape it cannot be written:

@@ -47,8 +47,8 @@ template <>
 struct ipc2581::Fields<CIPC2581_DrawObj> {
     using Object = CIPC2581_DrawObj;
     static constexpr std::string_view Name = "CIPC2581_DrawObj";
-    static constexpr auto Elements = std::tuple<>{};
-    static constexpr auto Members = std::tuple{Member{"DrawType", &Object::DrawType}};
+    static constexpr auto Elements = Pack<>{};
+    static constexpr auto Members = Pack{Member{"DrawType", &Object::DrawType}};
 };
 
 // A list of shapes, which it owns.

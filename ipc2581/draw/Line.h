@@ -58,10 +58,10 @@ struct ipc2581::Fields<CIPC2581_Line> {
                         Number("startY=", &Object::StartPoint, &CIPC2581_Point::Point, &CPointD::Y),
                         Number("endX=", &Object::EndPoint, &CIPC2581_Point::Point, &CPointD::X),
                         Number("endY=", &Object::EndPoint, &CIPC2581_Point::Point, &CPointD::Y));
-    static constexpr auto Elements = std::tuple{Line};
+    static constexpr auto Elements = Pack{Line};
     static constexpr auto Members =
-        std::tuple{Member{"DrawType", &Object::DrawType}, Member{"StartPoint", &Object::StartPoint},
-                   Member{"EndPoint", &Object::EndPoint}, Member{"LineDesc", &Object::LineDesc, "LineDesc"}};
+        Pack{Member{"DrawType", &Object::DrawType}, Member{"StartPoint", &Object::StartPoint},
+             Member{"EndPoint", &Object::EndPoint}, Member{"LineDesc", &Object::LineDesc, "LineDesc"}};
 };
 
 #endif

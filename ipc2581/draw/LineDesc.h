@@ -34,9 +34,9 @@ struct ipc2581::Fields<CIPC2581_LineDesc> {
     static constexpr std::string_view Name = "CIPC2581_LineDesc";
     static constexpr auto LineDesc =
         Element<Object>("LineDesc", Text("lineEnd=", &Object::LineEnd), Number("lineWidth=", &Object::LineWidth));
-    static constexpr auto Elements = std::tuple{LineDesc};
-    static constexpr auto Members = std::tuple{Member{"Shape", &Object::Shape}, Member{"LineWidth", &Object::LineWidth},
-                                               Member{"LineEnd", &Object::LineEnd}};
+    static constexpr auto Elements = Pack{LineDesc};
+    static constexpr auto Members = Pack{Member{"Shape", &Object::Shape}, Member{"LineWidth", &Object::LineWidth},
+                                         Member{"LineEnd", &Object::LineEnd}};
 };
 
 namespace ipc2581::detail {

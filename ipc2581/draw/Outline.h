@@ -49,10 +49,10 @@ template <>
 struct ipc2581::Fields<CIPC2581_Outline> {
     using Object = CIPC2581_Outline;
     static constexpr std::string_view Name = "CIPC2581_Outline";
-    static constexpr auto Elements = std::tuple<>{};
+    static constexpr auto Elements = Pack<>{};
     static constexpr auto Members =
-        std::tuple{Member{"DrawType", &Object::DrawType}, Member{"Polygon", &Object::Polygon, "Polygon"},
-                   Member{"LineDesc", &Object::LineDesc, "LineDesc"}};
+        Pack{Member{"DrawType", &Object::DrawType}, Member{"Polygon", &Object::Polygon, "Polygon"},
+             Member{"LineDesc", &Object::LineDesc, "LineDesc"}};
 };
 
 namespace ipc2581::detail {

@@ -41,8 +41,8 @@ struct ipc2581::Fields<CIPC2581_Point> {
     static constexpr std::string_view Name = "CIPC2581_Point";
     static constexpr auto PolyBegin = Element<Object>("PolyBegin", Number("x=", &Object::Point, &CPointD::X),
                                                       Number("y=", &Object::Point, &CPointD::Y));
-    static constexpr auto Elements = std::tuple{PolyBegin};
-    static constexpr auto Members = std::tuple{Member{"Point", &Object::Point}};
+    static constexpr auto Elements = Pack{PolyBegin};
+    static constexpr auto Members = Pack{Member{"Point", &Object::Point}};
 };
 
 #endif

@@ -40,10 +40,10 @@ template <>
 struct ipc2581::Fields<CIPC2581_PolyLine> {
     using Object = CIPC2581_PolyLine;
     static constexpr std::string_view Name = "CIPC2581_PolyLine";
-    static constexpr auto Elements = std::tuple<>{};
+    static constexpr auto Elements = Pack<>{};
     static constexpr auto Members =
-        std::tuple{Member{"DrawType", &Object::DrawType}, Member{"PolyBegin", &Object::PolyBegin, "PolyBegin"},
-                   Member{"PolyStepArray", &Object::PolyStepArray}, Member{"LineDesc", &Object::LineDesc, "LineDesc"}};
+        Pack{Member{"DrawType", &Object::DrawType}, Member{"PolyBegin", &Object::PolyBegin, "PolyBegin"},
+             Member{"PolyStepArray", &Object::PolyStepArray}, Member{"LineDesc", &Object::LineDesc, "LineDesc"}};
 };
 
 #endif

@@ -65,11 +65,11 @@ struct ipc2581::Fields<CIPC2581_PolyStep> {
                         Number("y=", &Object::EndPoint, &CIPC2581_Point::Point, &CPointD::Y),
                         Number("centerX=", &Object::CenterPoint, &CIPC2581_Point::Point, &CPointD::X),
                         Number("centerY=", &Object::CenterPoint, &CIPC2581_Point::Point, &CPointD::Y),
-                        Attribute{"clockwise=", Reading::Direction, std::tuple{&Object::ClockWise}});
-    static constexpr auto Elements = std::tuple{PolyStepSegment, PolyStepCurve};
+                        Attribute{"clockwise=", Reading::Direction, Pack{&Object::ClockWise}});
+    static constexpr auto Elements = Pack{PolyStepSegment, PolyStepCurve};
     static constexpr auto Members =
-        std::tuple{Member{"Type", &Object::Type}, Member{"EndPoint", &Object::EndPoint},
-                   Member{"CenterPoint", &Object::CenterPoint}, Member{"ClockWise", &Object::ClockWise}};
+        Pack{Member{"Type", &Object::Type}, Member{"EndPoint", &Object::EndPoint},
+             Member{"CenterPoint", &Object::CenterPoint}, Member{"ClockWise", &Object::ClockWise}};
 };
 
 // The steps of a contour, owned and copied deeply.

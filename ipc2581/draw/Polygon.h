@@ -33,10 +33,10 @@ template <>
 struct ipc2581::Fields<CIPC2581_Polygon> {
     using Object = CIPC2581_Polygon;
     static constexpr std::string_view Name = "CIPC2581_Polygon";
-    static constexpr auto Elements = std::tuple<>{};
+    static constexpr auto Elements = Pack<>{};
     static constexpr auto Members =
-        std::tuple{Member{"DrawType", &Object::DrawType}, Member{"PolyBegin", &Object::PolyBegin, "PolyBegin"},
-                   Member{"PolyStepArray", &Object::PolyStepArray}};
+        Pack{Member{"DrawType", &Object::DrawType}, Member{"PolyBegin", &Object::PolyBegin, "PolyBegin"},
+             Member{"PolyStepArray", &Object::PolyStepArray}};
 };
 
 #endif

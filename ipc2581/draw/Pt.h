@@ -36,10 +36,10 @@ template <>
 struct ipc2581::Fields<CIPC2581_Pt> {
     using Object = CIPC2581_Pt;
     static constexpr std::string_view Name = "CIPC2581_Pt";
-    static constexpr auto Elements = std::tuple<>{};
+    static constexpr auto Elements = Pack<>{};
     static constexpr auto Members =
-        std::tuple{Member{"Type", &Object::Type}, Member{"EndPoint", &Object::EndPoint},
-                   Member{"CenterPoint", &Object::CenterPoint}, Member{"ClockWise", &Object::ClockWise}};
+        Pack{Member{"Type", &Object::Type}, Member{"EndPoint", &Object::EndPoint},
+             Member{"CenterPoint", &Object::CenterPoint}, Member{"ClockWise", &Object::ClockWise}};
 };
 
 // A contour as a list of such steps, which it owns and copies deeply.

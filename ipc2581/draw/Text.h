@@ -68,17 +68,17 @@ template <>
 struct ipc2581::Fields<CIPC2581_Text> {
     using Object = CIPC2581_Text;
     static constexpr std::string_view Name = "CIPC2581_Text";
-    static constexpr auto Elements = std::tuple<>{};
-    static constexpr auto Members = std::tuple{Member{"DrawType", &Object::DrawType},
-                                               Member{"TextString", &Object::TextString},
-                                               Member{"FontSize", &Object::FontSize},
-                                               Member{"Xform", &Object::Xform},
-                                               Member{"BoundingBox_LowLeftX", &Object::BoundingBox_LowLeftX},
-                                               Member{"BoundingBox_LowLeftY", &Object::BoundingBox_LowLeftY},
-                                               Member{"BoundingBox_UppRightX", &Object::BoundingBox_UppRightX},
-                                               Member{"BoundingBox_UppRightY", &Object::BoundingBox_UppRightY},
-                                               Member{"FontRefID", &Object::FontRefID},
-                                               Member{"ColorGroupID", &Object::ColorGroupID}};
+    static constexpr auto Elements = Pack<>{};
+    static constexpr auto Members = Pack{Member{"DrawType", &Object::DrawType},
+                                         Member{"TextString", &Object::TextString},
+                                         Member{"FontSize", &Object::FontSize},
+                                         Member{"Xform", &Object::Xform},
+                                         Member{"BoundingBox_LowLeftX", &Object::BoundingBox_LowLeftX},
+                                         Member{"BoundingBox_LowLeftY", &Object::BoundingBox_LowLeftY},
+                                         Member{"BoundingBox_UppRightX", &Object::BoundingBox_UppRightX},
+                                         Member{"BoundingBox_UppRightY", &Object::BoundingBox_UppRightY},
+                                         Member{"FontRefID", &Object::FontRefID},
+                                         Member{"ColorGroupID", &Object::ColorGroupID}};
 };
 
 #endif

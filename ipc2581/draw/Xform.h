@@ -42,13 +42,12 @@ struct ipc2581::Fields<CIPC2581_Xform> {
     static constexpr std::string_view Name = "CIPC2581_Xform";
     static constexpr auto OfComponent =
         Element<Object>("Xform", Number("rotation=", &Object::Rotation), Flag("mirror=", &Object::Mirror));
-    static constexpr auto OfPin =
-        Element<Object>("Xform", Number("rotation=", &Object::Rotation),
-                        Attribute{"mirror=", Reading::ControlFlag, std::tuple{&Object::Mirror}});
-    static constexpr auto Elements = std::tuple{OfComponent, OfPin};
-    static constexpr auto Members = std::tuple{Member{"XOffset", &Object::XOffset}, Member{"YOffset", &Object::YOffset},
-                                               Member{"Rotation", &Object::Rotation}, Member{"Mirror", &Object::Mirror},
-                                               Member{"Scale", &Object::Scale}};
+    static constexpr auto OfPin = Element<Object>("Xform", Number("rotation=", &Object::Rotation),
+                                                  Attribute{"mirror=", Reading::ControlFlag, Pack{&Object::Mirror}});
+    static constexpr auto Elements = Pack{OfComponent, OfPin};
+    static constexpr auto Members =
+        Pack{Member{"XOffset", &Object::XOffset}, Member{"YOffset", &Object::YOffset},
+             Member{"Rotation", &Object::Rotation}, Member{"Mirror", &Object::Mirror}, Member{"Scale", &Object::Scale}};
 };
 
 #endif

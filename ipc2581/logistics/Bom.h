@@ -34,11 +34,11 @@ struct ipc2581::Fields<CIPC2581_Bom> {
     static constexpr auto BomHeader =
         Element<Object>("BomHeader", Text("assembly", &Object::assembly), Text("assembly", &Object::m_strHeaderText2),
                         Text("assembly", &Object::m_strHeaderText3));
-    static constexpr auto Elements = std::tuple{Bom, BomHeader};
-    static constexpr auto Members = std::tuple{Member{"name", &Object::name}, Member{"assembly", &Object::assembly},
-                                               Member{"m_strHeaderText2", &Object::m_strHeaderText2},
-                                               Member{"m_strHeaderText3", &Object::m_strHeaderText3},
-                                               Member{"m_arrBomItem", &Object::m_arrBomItem, "BomItem"}};
+    static constexpr auto Elements = Pack{Bom, BomHeader};
+    static constexpr auto Members = Pack{Member{"name", &Object::name}, Member{"assembly", &Object::assembly},
+                                         Member{"m_strHeaderText2", &Object::m_strHeaderText2},
+                                         Member{"m_strHeaderText3", &Object::m_strHeaderText3},
+                                         Member{"m_arrBomItem", &Object::m_arrBomItem, "BomItem"}};
 };
 
 #endif

@@ -30,14 +30,14 @@ struct ipc2581::Fields<CIPC2581_Bom_BomItem> {
         Element<Object>("BomItem", Text("quantity", &Object::quantity), Text("numberIO", &Object::numberIO),
                         Text("category", &Object::category), Text("internalPartNumber", &Object::internalPartNumber),
                         Text("description", &Object::description), Text("packageRef", &Object::packageRef));
-    static constexpr auto Elements = std::tuple{BomItem};
-    static constexpr auto Members = std::tuple{Member{"quantity", &Object::quantity},
-                                               Member{"numberIO", &Object::numberIO},
-                                               Member{"category", &Object::category},
-                                               Member{"internalPartNumber", &Object::internalPartNumber},
-                                               Member{"description", &Object::description},
-                                               Member{"packageRef", &Object::packageRef},
-                                               Member{"m_arrRefDes", &Object::m_arrRefDes, "RefDes"}};
+    static constexpr auto Elements = Pack{BomItem};
+    static constexpr auto Members = Pack{Member{"quantity", &Object::quantity},
+                                         Member{"numberIO", &Object::numberIO},
+                                         Member{"category", &Object::category},
+                                         Member{"internalPartNumber", &Object::internalPartNumber},
+                                         Member{"description", &Object::description},
+                                         Member{"packageRef", &Object::packageRef},
+                                         Member{"m_arrRefDes", &Object::m_arrRefDes, "RefDes"}};
 };
 
 // The items of a bill of materials, in file order; owned.

@@ -26,10 +26,10 @@ struct ipc2581::Fields<CIPC2581_HistoryRecord> {
     static constexpr auto HistoryRecord = Element<Object>(
         "HistoryRecord", Integer("number=", &Object::number), Text("origination=", &Object::origination),
         Text("toolRef=", &Object::toolRef), Text("lastChange=", &Object::lastChange));
-    static constexpr auto Elements = std::tuple{HistoryRecord};
+    static constexpr auto Elements = Pack{HistoryRecord};
     static constexpr auto Members =
-        std::tuple{Member{"number", &Object::number}, Member{"origination", &Object::origination},
-                   Member{"toolRef", &Object::toolRef}, Member{"lastChange", &Object::lastChange}};
+        Pack{Member{"number", &Object::number}, Member{"origination", &Object::origination},
+             Member{"toolRef", &Object::toolRef}, Member{"lastChange", &Object::lastChange}};
 };
 
 #endif

@@ -23,9 +23,9 @@ struct ipc2581::Fields<CIPC2581_LogisticHeader> {
     static constexpr std::string_view Name = "CIPC2581_LogisticHeader";
     static constexpr auto Role = Element<Object>("Role", Text("name", &Object::m_strRoleName));
     static constexpr auto Person = Element<Object>("Person", Text("name", &Object::m_strPersonName));
-    static constexpr auto Elements = std::tuple{Role, Person};
-    static constexpr auto Members = std::tuple{Member{"m_strRoleName", &Object::m_strRoleName},
-                                               Member{"m_strPersonName", &Object::m_strPersonName}};
+    static constexpr auto Elements = Pack{Role, Person};
+    static constexpr auto Members =
+        Pack{Member{"m_strRoleName", &Object::m_strRoleName}, Member{"m_strPersonName", &Object::m_strPersonName}};
 };
 
 #endif

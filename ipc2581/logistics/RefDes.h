@@ -24,8 +24,8 @@ struct ipc2581::Fields<CIPC2581_Bom_BomItem_RefDes> {
     static constexpr std::string_view Name = "CIPC2581_Bom_BomItem_RefDes";
     static constexpr auto RefDes =
         Element<Object>("RefDes", Text("name=", &Object::name), Flag("populate=", &Object::populate));
-    static constexpr auto Elements = std::tuple{RefDes};
-    static constexpr auto Members = std::tuple{Member{"name", &Object::name}, Member{"populate", &Object::populate}};
+    static constexpr auto Elements = Pack{RefDes};
+    static constexpr auto Members = Pack{Member{"name", &Object::name}, Member{"populate", &Object::populate}};
 };
 
 // The placements of an item, in file order; owned.

@@ -5,7 +5,6 @@
 #include <cstddef>
 #include <span>
 #include <string_view>
-#include <tuple>
 #include <type_traits>
 #include <utility>
 
@@ -138,16 +137,15 @@ template <const auto & element, std::size_t index>
 void StoreAttribute(AttributeHit & hit, void * object)
 {
     using Object = typename std::remove_cvref_t<decltype(element)>::Object;
-    constexpr auto & attribute = std::get<index>(element.attributes);
-    std::apply(
-        [&](auto... steps) { StoreValue<attribute.reading>(hit, Follow(*static_cast<Object *>(object), steps...)); },
-        attribute.member);
+    constexpr auto & attribute = Get<index>(element.attributes);
+    Apply([&](auto... steps) { StoreValue<attribute.reading>(hit, Follow(*static_cast<Object *>(object), steps...)); },
+          attribute.member);
 }
 
 template <const auto & element, std::size_t index>
 consteval AttributeRow MakeRow()
 {
-    constexpr auto & attribute = std::get<index>(element.attributes);
+    constexpr auto & attribute = Get<index>(element.attributes);
     // A form is looked for in the whole token, of which the scan of plain lines has the value alone.
     static_assert(!IsForm(attribute.reading) || !Word(attribute.word).IsAttribute());
     return {Word(attribute.word), attribute.reading, &StoreAttribute<element, index>, ShortKey(attribute.word, '"')};
@@ -160,8 +158,7 @@ consteval auto MakeRows(std::index_sequence<indexes...> /*all*/)
 }
 
 template <const auto & element>
-inline constexpr auto
-    RowsOf = MakeRows<element>(std::make_index_sequence<std::tuple_size_v<decltype(element.attributes)>>());
+inline constexpr auto RowsOf = MakeRows<element>(std::make_index_sequence<decltype(element.attributes)::Size>());
 
 template <const auto & element>
 inline constexpr AttributeRows TableOf{RowsOf<element>};

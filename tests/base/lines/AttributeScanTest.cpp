@@ -23,6 +23,7 @@ using ipc2581::Element;
 using ipc2581::Flag;
 using ipc2581::Integer;
 using ipc2581::Number;
+using ipc2581::Pack;
 using ipc2581::Reading;
 using ipc2581::Text;
 using ipc2581::detail::AttributeHit;
@@ -248,8 +249,8 @@ TEST_P(AttributeScan, FlagIsTrueForTheWordInUpperCaseAlone)
 TEST_P(AttributeScan, AbsentFlagsStay)
 {
     static constexpr auto table = Element<Item>("A", Flag("f=", &Item::flag), Flag("n=", &Item::number),
-                                                Attribute{"c=", Reading::ControlFlag, std::tuple{&Item::control}},
-                                                Attribute{"d=", Reading::Direction, std::tuple{&Item::direction}});
+                                                Attribute{"c=", Reading::ControlFlag, Pack{&Item::control}},
+                                                Attribute{"d=", Reading::Direction, Pack{&Item::direction}});
     const Item item = Scanned<table>("<A b=\"FALSE\">");
     EXPECT_TRUE(item.flag);
     EXPECT_EQ(item.number, 5);
@@ -259,8 +260,7 @@ TEST_P(AttributeScan, AbsentFlagsStay)
 
 TEST_P(AttributeScan, ControlFlagIsSetByOneControlCharacterAlone)
 {
-    static constexpr auto table =
-        Element<Item>("A", Attribute{"mirror=", Reading::ControlFlag, std::tuple{&Item::control}});
+    static constexpr auto table = Element<Item>("A", Attribute{"mirror=", Reading::ControlFlag, Pack{&Item::control}});
     const std::vector<std::pair<std::string_view, int>> rows = {
         {"\x01", 1}, {"1", 0}, {"TRUE", 0}, {"true", 0}, {"", 0}, {"\x01\x01", 0}, {"\x02", 0}, {"/\x01", 1},
     };
@@ -323,8 +323,7 @@ TEST_P(AttributeScan, ARowMayTakeItsValueTwice)
 
 TEST_P(AttributeScan, CornerFlagIsSetByItsOwnWordAndNeverCleared)
 {
-    static constexpr auto table =
-        Element<Item>("A", Attribute{"upperLeft", Reading::CornerFlag, std::tuple{&Item::corner}});
+    static constexpr auto table = Element<Item>("A", Attribute{"upperLeft", Reading::CornerFlag, Pack{&Item::corner}});
     const std::vector<std::pair<std::string_view, int>> rows = {
         {"TURE", 1}, {"xTUREx", 1}, {"TRUE", 8}, {"true", 8}, {"FALSE", 8}, {"", 8}, {"TU/RE", 1},
     };
@@ -336,7 +335,7 @@ TEST_P(AttributeScan, CornerFlagIsSetByItsOwnWordAndNeverCleared)
 TEST_P(AttributeScan, DirectionIsTurnedRound)
 {
     static constexpr auto table =
-        Element<Item>("A", Attribute{"clockwise=", Reading::Direction, std::tuple{&Item::direction}});
+        Element<Item>("A", Attribute{"clockwise=", Reading::Direction, Pack{&Item::direction}});
     const std::vector<std::pair<std::string_view, int>> rows = {
         {"FALSE", 1}, {"false", 1}, {"xFALSEx", 1}, {"FAL/SE", 1},  {"False", 0},
         {"TRUE", 0},  {"true", 0},  {"", 0},        {"a FALSE", 1}, {"false a", 0},
@@ -349,9 +348,9 @@ TEST_P(AttributeScan, DirectionIsTurnedRound)
 TEST_P(AttributeScan, FormIsLookedForInTheTokenAsItStands)
 {
     static constexpr auto four =
-        Element<Item>("A", Attribute{"shape", Reading::OuterForm, std::tuple{&Item::form}}, Number("x=", &Item::x));
+        Element<Item>("A", Attribute{"shape", Reading::OuterForm, Pack{&Item::form}}, Number("x=", &Item::x));
     static constexpr auto two =
-        Element<Item>("A", Attribute{"shape", Reading::RoundOrSquare, std::tuple{&Item::form}}, Number("x=", &Item::x));
+        Element<Item>("A", Attribute{"shape", Reading::RoundOrSquare, Pack{&Item::form}}, Number("x=", &Item::x));
     struct Row {
         std::string_view token;
         int ofFour;

@@ -8,7 +8,6 @@
 #include <random>
 #include <string>
 #include <string_view>
-#include <tuple>
 #include <unordered_set>
 #include <utility>
 #include <vector>
@@ -35,6 +34,7 @@ using ipc2581::Element;
 using ipc2581::Flag;
 using ipc2581::Integer;
 using ipc2581::Number;
+using ipc2581::Pack;
 using ipc2581::Reading;
 using ipc2581::Text;
 using ipc2581::detail::AttributeHit;
@@ -111,7 +111,7 @@ constexpr auto Single =
     Element<Fields>("A", Text("refDes=", &Fields::refDes), Text("componentRef=", &Fields::componentRef),
                     Number("lowerLeftX=", &Fields::lowerLeftX), Number("x=", &Fields::x),
                     Integer("number=", &Fields::number), Flag("test=", &Fields::test), Flag("via=", &Fields::via),
-                    Attribute{"mirror=", Reading::ControlFlag, std::tuple{&Fields::mirror}});
+                    Attribute{"mirror=", Reading::ControlFlag, Pack{&Fields::mirror}});
 constexpr auto CatchAll =
     Element<Fields>("A", Text("Ref=", &Fields::componentRef), Number("X=", &Fields::x), Text("=", &Fields::rest));
 constexpr auto DoubleFirst =
@@ -136,7 +136,7 @@ constexpr auto ShortLast =
 // The same word for two fields.
 constexpr auto Same = Element<Fields>("A", Text("refDes=", &Fields::refDes), Text("refDes=", &Fields::rest),
                                       Number("x=", &Fields::x), Number("x=", &Fields::lowerLeftX),
-                                      Attribute{"clockwise=", Reading::Direction, std::tuple{&Fields::turn}});
+                                      Attribute{"clockwise=", Reading::Direction, Pack{&Fields::turn}});
 constexpr auto SameSecond = Element<Fields>("A", Integer("x=", &Fields::number), Text("Ref=", &Fields::componentRef));
 
 void TakeTwice(AttributeHit & hit, void * object)
