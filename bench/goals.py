@@ -81,6 +81,10 @@ GOALS = [
          units=("MB", "MB")),
     Goal("read generated 200 MB over 50 MB", 4.5, 4.2, "growth 200", time_of("large"), time_of("small")),
     Goal("read generated 1 GB over 200 MB", 5.6, 5.2, "growth 1000", time_of("large"), time_of("small")),
+    Goal("import testcase1 over typed walk", 0.95, None, "import", time_of("import_read"), time_of("typed_walk")),
+    Goal("peak memory of the import over file, testcase1", 1.25, None, "import", memory_of("import_read"),
+         of("megabytes"), ("MB", "MB")),
+    Goal("import generated 1 GB over 200 MB", 6.5, None, "import growth", time_of("large"), time_of("small")),
     Goal("destroy the root over its read", 0.25, 0.15, "destroy", time_of("library_read", "destroy"), READ),
 ]
 
@@ -115,6 +119,8 @@ class Bench:
             "null": lambda: self.write(self.board(TESTCASE1), Path(os.devnull)),
             "growth 200": lambda: self.growth(50, 200),
             "growth 1000": lambda: None if self.quick else self.growth(200, 1000),
+            "import": lambda: self.import_read(self.board(TESTCASE1)),
+            "import growth": lambda: None if self.quick else self.growth(200, 1000, "import_read"),
             "destroy": lambda: self.destroy(self.board(TESTCASE1) or self.generated(50)),
         }
 
@@ -182,9 +188,15 @@ class Bench:
                 out.unlink()
         return rounds
 
-    def growth(self, small, large):
+    def import_read(self, board):
+        if board is None:
+            return None
+        rounds = self.in_turn({name: [name, board] for name in ("import_read", "typed_walk")})
+        return [run | {"megabytes": board.stat().st_size / 1e6} for run in rounds]
+
+    def growth(self, small, large, program="library_read"):
         boards = {"small": self.generated(small), "large": self.generated(large)}
-        return self.in_turn({name: ["library_read", board] for name, board in boards.items()})
+        return self.in_turn({name: [program, board] for name, board in boards.items()})
 
     def destroy(self, board):
         return self.in_turn({"library_read": ["library_read", board, "--destroy"]})

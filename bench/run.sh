@@ -6,7 +6,9 @@ source=$(cd "$(dirname "$0")/.." && pwd)
 build=${IPC2581_BENCH_BUILD:-$source/build-bench}
 
 "$source/tools/install-packages" programs bench
-cmake -S "$source" -B "$build" -DCMAKE_BUILD_TYPE=Release -DBUILD_SHARED_LIBS=OFF -DIPC2581_BUILD_BENCH=ON >/dev/null
-cmake --build "$build" --parallel 2 --target ipc2581_generate library_read typed_walk pugixml_load fprintf_write \
+cmake -S "$source" -B "$build" -DCMAKE_BUILD_TYPE=Release -DBUILD_SHARED_LIBS=OFF \
+    -DIPC2581_BUILD_BENCH=ON -DIPC2581_BUILD_IMPORT=ON >/dev/null
+cmake --build "$build" --parallel 2 \
+    --target ipc2581_generate library_read import_read typed_walk pugixml_load fprintf_write \
     >/dev/null
 exec python3 "$source/bench/goals.py" "$@" "$build"

@@ -31,9 +31,13 @@ bool IsWrittenRightly(const Shape & shape)
     else if constexpr (std::is_same_v<Shape, CIPC2581_DicDraw_Circle>) {
         return shape.OffsetX == 0.0 && shape.OffsetY == 0.0;
     }
+    else if constexpr (std::is_same_v<Shape, CIPC2581_DicDraw_Thermal>) {
+        constexpr int spokesThatAreWritten = 4;
+        return shape.SpokeCount == spokesThatAreWritten && shape.Shape != OuterForms::Unknown;
+    }
     else {
         return !std::is_same_v<Shape, CIPC2581_DicDraw_Butterfly> && !std::is_same_v<Shape, CIPC2581_DicDraw_Donut> &&
-               !std::is_same_v<Shape, CIPC2581_DicDraw_Moire> && !std::is_same_v<Shape, CIPC2581_DicDraw_Thermal>;
+               !std::is_same_v<Shape, CIPC2581_DicDraw_Moire>;
     }
 }
 

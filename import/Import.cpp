@@ -200,7 +200,7 @@ private:
         std::size_t owner = 0;
     };
 
-    [[nodiscard]] Place PlaceOf(Word name, std::span<const XmlAttribute> attributes) const;
+    [[nodiscard]] Place PlaceOf(Word name, std::size_t line, std::span<const XmlAttribute> attributes) const;
     void BeginPlace(Place place, const XmlElement & element);
     void EndPlace(const Level & level);
     void ReadPiece();
@@ -247,7 +247,7 @@ void BoardListener::Open(Word name, std::size_t line, std::span<const XmlAttribu
         m_piece.Open(name, line, attributes);
         return;
     }
-    const Place place = PlaceOf(name, attributes);
+    const Place place = PlaceOf(name, line, attributes);
     if (place == Place::Piece) {
         m_piece.Open(name, line, attributes);
         return;
@@ -293,7 +293,7 @@ void BoardListener::Close()
     }
 }
 
-Place BoardListener::PlaceOf(Word name, std::span<const XmlAttribute> attributes) const
+Place BoardListener::PlaceOf(Word name, std::size_t line, std::span<const XmlAttribute> attributes) const
 {
     const Place outer = m_open.back().place;
     if (outer == Place::Skipped) {
@@ -301,7 +301,7 @@ Place BoardListener::PlaceOf(Word name, std::span<const XmlAttribute> attributes
     }
     const Place place = name < KnownWords.size() ? PlaceOfWord[static_cast<std::size_t>(outer)][name] : Place::Unknown;
     if (outer == Place::Document && place == Place::Unknown) {
-        throw ImportFault(0, "the root element is not IPC-2581");
+        throw ImportFault(line, "the root element is not IPC-2581");
     }
     if (place == Place::Step && !IsStepWanted(attributes)) {
         return Place::Skipped;
@@ -460,7 +460,8 @@ void BoardListener::ReadPiece()
     m_piece.ReportLost(m_context.losses, outer.path, owner);
     m_piece.Clear();
     if (m_context.blocks.IsSpent()) {
-        throw ImportFault(0, "it takes more memory than it may");
+        throw ImportFault(0, "its model takes more than the " + std::to_string(m_context.options.memoryLimit) +
+                                 " bytes that it may");
     }
 }
 

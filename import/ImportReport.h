@@ -25,8 +25,8 @@ struct IPC2581_API LostFact {
     std::string path;
     // Of the opening tag; 0 if it is not known.
     std::size_t line = 0;
-    // Which of several it belongs to, counted from 0: the BomItem, Component, LogicalNet, Package or Layer of this place
-    // in its list, the Spec, PadStackDef, Set or AvlItem of this place in the file.
+    // Which of several it belongs to, counted from 0: the BomItem, Component, LogicalNet, Package or Layer of this
+    // place in its list, the Spec, PadStackDef, Set or AvlItem of this place in the file.
     std::size_t owner = 0;
     // Name and value, with nothing escaped; those that the model has are not among them. Text of an element comes
     // last, under an empty name.

@@ -3,7 +3,6 @@
 
 #include <cstddef>
 #include <string_view>
-#include <tuple>
 #include <utility>
 
 #include "import/elements/Tree.h"
@@ -82,13 +81,13 @@ consteval Word NameOfRow(std::string_view word)
 template <const auto & table, std::size_t index, typename Object>
 bool TakeRow(Word name, std::string_view value, Object & object, ObjectBlocks & blocks, bool & isTaken)
 {
-    constexpr auto & row = std::get<index>(table.attributes);
+    constexpr auto & row = Get<index>(table.attributes);
     constexpr Word own = NameOfRow(row.word);
     if (name != own) {
         return false;
     }
-    isTaken = std::apply(
-        [&](auto... steps) { return TakeValue<row.reading>(value, MemberOf(object, steps...), blocks); }, row.member);
+    isTaken = Apply([&](auto... steps) { return TakeValue<row.reading>(value, MemberOf(object, steps...), blocks); },
+                    row.member);
     return true;
 }
 
@@ -108,7 +107,7 @@ template <const auto & table>
 void TakeFields(const XmlElement & element, typename std::remove_cvref_t<decltype(table)>::Object & object,
                 ObjectBlocks & blocks)
 {
-    constexpr std::size_t count = std::tuple_size_v<decltype(table.attributes)>;
+    constexpr std::size_t count = decltype(table.attributes)::Size;
     element.Take();
     TakeRows<table>(element, object, blocks, std::make_index_sequence<count>());
 }

@@ -36,7 +36,7 @@ void Tree::Open(Word name, std::size_t line, std::span<const XmlAttribute> attri
 
 void Tree::Text(std::string_view text)
 {
-    m_pieces.push_back({m_open.back(), static_cast<std::uint32_t>(text.size()), Keep(text)});
+    m_pieces.push_back({m_open.back(), false, static_cast<std::uint32_t>(text.size()), Keep(text)});
     ++m_untaken;
 }
 
@@ -85,7 +85,7 @@ std::size_t Tree::CountLost(std::uint32_t node) const
         lost += m_attributes[i].isTaken ? 0U : 1U;
     }
     return lost + static_cast<std::size_t>(std::count_if(m_pieces.begin(), m_pieces.end(),
-                                                         [&](const TextPiece & piece) { return piece.node == node; }));
+                                                         [&](const TextPiece & piece) { return piece.node == node && !piece.isTaken; }));
 }
 
 void Tree::ReportNode(std::uint32_t node, LossRecorder & losses, LossRecorder::Path path, std::size_t owner) const
@@ -98,7 +98,7 @@ void Tree::ReportNode(std::uint32_t node, LossRecorder & losses, LossRecorder::P
         }
     }
     for (const TextPiece & piece : m_pieces) {
-        if (piece.node == node) {
+        if (piece.node == node && !piece.isTaken) {
             losses.AddText(ValueOf(piece.value, piece.length));
         }
     }
@@ -128,6 +128,19 @@ std::string_view XmlElement::TakeValue(Word name) const
         return own == name;
     });
     return taken;
+}
+
+std::string XmlElement::TakeContent() const
+{
+    std::string content;
+    for (Tree::TextPiece & piece : m_tree->m_pieces) {
+        if (piece.node == m_node) {
+            content.append(m_tree->ValueOf(piece.value, piece.length));
+            m_tree->m_untaken -= piece.isTaken ? 0 : 1;
+            piece.isTaken = true;
+        }
+    }
+    return content;
 }
 
 std::string_view XmlElement::Value(Word name) const

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <iterator>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -56,6 +57,7 @@ private:
     };
     struct TextPiece {
         std::uint32_t node;
+        bool isTaken;
         std::uint32_t length;
         std::size_t value;
     };
@@ -119,6 +121,8 @@ public:
     }
     // The value of an attribute, which is taken; empty if there is none.
     [[nodiscard]] std::string_view TakeValue(Word name) const;
+    // The text that stands right in it, which is taken.
+    [[nodiscard]] std::string TakeContent() const;
     // The value of an attribute, for who only looks at it.
     [[nodiscard]] std::string_view Value(Word name) const;
     [[nodiscard]] bool Has(Word name) const;

@@ -9,7 +9,13 @@ void AddName(const XmlElement & element, CStringArray & names, ObjectBlocks & bl
 {
     CString name;
     element.Take();
-    TakeTextOf(element, W("name"), name, blocks);
+    // The name is an attribute; files that the library reads line by line have it as a text.
+    if (element.Has(W("name"))) {
+        TakeTextOf(element, W("name"), name, blocks);
+    }
+    else {
+        TakeText(element.TakeContent(), name, blocks);
+    }
     names.Add(name);
 }
 

@@ -93,8 +93,9 @@ void LogisticsSection::ReadBomItem(const XmlElement & element)
     TakeIfEmpty(element, W("pinCount"), item.numberIO, m_context.blocks);
 
     const std::string_view package = PackageOfAll(element);
-    const bool isPackageOfItem = !package.empty() && item.packageRef.IsEmpty();
-    if (isPackageOfItem) {
+    const bool isPackageOfItem =
+        !package.empty() && (item.packageRef.IsEmpty() || package == element.Value(W("packageRef")));
+    if (item.packageRef.IsEmpty()) {
         TakeText(package, item.packageRef, m_context.blocks);
     }
     for (const XmlElement child : element) {

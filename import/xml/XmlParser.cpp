@@ -30,8 +30,26 @@ struct FreeContext {
 };
 using Context = std::unique_ptr<xmlParserCtxt, FreeContext>;
 
-// One run of the parser. An exception cannot pass through the parser, which is C: it is kept, the parser is told to
-// stop, and it is thrown again when the parser has returned.
+// What the parser cannot say of its context, such as bytes that its encoding does not have, it says to whoever listens
+// in this thread, and to the standard error stream if nobody does.
+class ErrorsOfThread {
+public:
+    ErrorsOfThread(xmlParserCtxt * context, xmlStructuredErrorFunc take)
+        : m_function(xmlStructuredError), m_context(xmlStructuredErrorContext)
+    {
+        xmlSetStructuredErrorFunc(context, take);
+    }
+    ErrorsOfThread(const ErrorsOfThread &) = delete;
+    ErrorsOfThread & operator=(const ErrorsOfThread &) = delete;
+    ~ErrorsOfThread() { xmlSetStructuredErrorFunc(m_context, m_function); }
+
+private:
+    xmlStructuredErrorFunc m_function;
+    void * m_context;
+};
+
+// One run of the parser. An exception cannot pass through the parser, which is C: it is kept, the parser gets
+// nothing more to read, and it is thrown again when the parser has returned.
 class Parse {
 public:
     Parse(ByteSource & source, WordTable & words, XmlListener & listener)
@@ -55,11 +73,12 @@ private:
                               const xmlChar * systemId, xmlChar * content);
     static void TakeError(void * context, xmlErrorPtr error);
 
-    // Does what may throw.
+    // Does what may throw, if nothing has been thrown yet. The parser ends when it next wants to read; told to stop, it
+    // would free what it may have in hand.
     template <typename Action>
-    void Guard(xmlParserCtxt * context, Action action)
+    void Guard(Action action)
     {
-        if (m_thrown != nullptr) {
+        if (IsOver()) {
             return;
         }
         try {
@@ -67,11 +86,9 @@ private:
         }
         catch (...) {
             m_thrown = std::current_exception();
-            if (context != nullptr) {
-                xmlStopParser(context);
-            }
         }
     }
+    [[nodiscard]] bool IsOver() const { return m_thrown != nullptr || m_fault != nullptr; }
     void Open(xmlParserCtxt * context, const xmlChar * name, const xmlChar * space, int count,
               const xmlChar ** attributes);
 
@@ -136,8 +153,8 @@ int Parse::Read(void * parse, char * buffer, int length)
 {
     auto & self = *static_cast<Parse *>(parse);
     std::size_t count = 0;
-    self.Guard(nullptr, [&] { count = self.m_source.Read({buffer, static_cast<std::size_t>(length)}); });
-    return self.m_thrown == nullptr ? static_cast<int>(count) : -1;
+    self.Guard([&] { count = self.m_source.Read({buffer, static_cast<std::size_t>(length)}); });
+    return self.IsOver() ? 0 : static_cast<int>(count);
 }
 
 void Parse::StartElement(void * context, const xmlChar * name, const xmlChar * /*prefix*/, const xmlChar * space,
@@ -146,7 +163,7 @@ void Parse::StartElement(void * context, const xmlChar * name, const xmlChar * /
 {
     auto * const parser = static_cast<xmlParserCtxt *>(context);
     Parse & self = Of(context);
-    self.Guard(parser, [&] { self.Open(parser, name, space, count, attributes); });
+    self.Guard([&] { self.Open(parser, name, space, count, attributes); });
 }
 
 void Parse::Open(xmlParserCtxt * context, const xmlChar * name, const xmlChar * space, int count,
@@ -174,14 +191,14 @@ void Parse::Open(xmlParserCtxt * context, const xmlChar * name, const xmlChar * 
 void Parse::EndElement(void * context, const xmlChar * /*name*/, const xmlChar * /*prefix*/, const xmlChar * /*space*/)
 {
     Parse & self = Of(context);
-    self.Guard(static_cast<xmlParserCtxt *>(context), [&] { self.m_listener.Close(); });
+    self.Guard([&] { self.m_listener.Close(); });
 }
 
 void Parse::Characters(void * context, const xmlChar * text, int length)
 {
     if (!IsBlank(text, length)) {
         Parse & self = Of(context);
-        self.Guard(static_cast<xmlParserCtxt *>(context), [&] { self.m_listener.Text(Chars(text, text + length)); });
+        self.Guard([&] { self.m_listener.Text(Chars(text, text + length)); });
     }
 }
 
@@ -204,7 +221,6 @@ void Parse::TakeError(void * context, xmlErrorPtr error)
     cause.erase(cause.find_last_not_of(" \n") + 1);
     self.m_fault = std::make_unique<XmlFault>(cause, static_cast<std::size_t>(std::max(0, error->line)),
                                               static_cast<std::size_t>(std::max(0, error->int2)));
-    xmlStopParser(static_cast<xmlParserCtxt *>(context));
 }
 
 void Parse::Run()
@@ -219,6 +235,7 @@ void Parse::Run()
         throw std::bad_alloc();
     }
     context->_private = this;
+    const ErrorsOfThread errors(context.get(), TakeError);
     xmlCtxtUseOptions(context.get(), XML_PARSE_NOENT | XML_PARSE_NONET);
     const int result = xmlParseDocument(context.get());
     if (m_thrown != nullptr) {

@@ -19,11 +19,32 @@ namespace {
 namespace fs = std::filesystem;
 
 // What the writer leaves out, or writes without some of it.
-const std::set<std::string, std::less<>> NotCarried = {
-    "bom",      "bom-item",      "bom-ref",      "bom-refdes",   "component",       "component-xform", "history",
-    "hole",     "layer-ref",     "logistic",     "material",     "package-marking", "package-outline", "package-pin",
-    "padstack", "padstack-hole", "padstack-pad", "phynet-point", "stackup",         "stackup-group",   "stackup-layer",
-    "step-ref", "text",          "function-mode"};
+const std::set<std::string, std::less<>> NotCarried = {"bom",
+                                                       "bom-item",
+                                                       "bom-ref",
+                                                       "bom-refdes",
+                                                       "component",
+                                                       "component-xform",
+                                                       "history",
+                                                       "hole",
+                                                       "layer-ref",
+                                                       "logistic",
+                                                       "material",
+                                                       "package-marking",
+                                                       "package-outline",
+                                                       "set-color",
+                                                       "dictionary-entry",
+                                                       "package-pin",
+                                                       "padstack",
+                                                       "padstack-hole",
+                                                       "padstack-pad",
+                                                       "phynet-point",
+                                                       "stackup",
+                                                       "stackup-group",
+                                                       "stackup-layer",
+                                                       "step-ref",
+                                                       "text",
+                                                       "function-mode"};
 
 std::string WriteImported(const fs::path & path, const TempFolder & folder, facts::Facts & facts)
 {
@@ -51,15 +72,18 @@ TEST_P(ForWriting, KeepsWhatIsDrawnOnTheWayThroughAFile)
     EXPECT_GT(comparisons.size(), 3U);
 }
 
+std::string NameOf(const testing::TestParamInfo<const char *> & tested)
+{
+    std::string name = tested.param;
+    name.resize(name.find('.'));
+    std::replace(name.begin(), name.end(), '-', '_');
+    return name;
+}
+
 INSTANTIATE_TEST_SUITE_P(Examples, ForWriting,
                          testing::Values("drawing.xml", "first-board.xml", "flex-zones.xml", "mixed-units.xml",
                                          "pads.xml", "panel.xml", "smallest-board.xml"),
-                         [](const auto & info) {
-                             std::string name = info.param;
-                             std::replace_if(
-                                 name.begin(), name.end(), [](char own) { return own == '-' || own == '.'; }, '_');
-                             return name;
-                         });
+                         NameOf);
 
 void AddCornered(CIPC2581_DrawObjArray & shapes, int upperRight, int upperLeft)
 {
@@ -73,7 +97,7 @@ void AddCornered(CIPC2581_DrawObjArray & shapes, int upperRight, int upperLeft)
     shapes.Add(rect);
 }
 
-TEST(ForWriting, LeavesARectangleWithAllCornersAndDrawsOneWithSome)
+TEST(ForWritingOfABoard, LeavesARectangleWithAllCornersAndDrawsOneWithSome)
 {
     CIPC2581_Parser board;
     auto * const entry = new CIPC2581_Content_DictionaryStandard_EntryStandard();
@@ -88,7 +112,7 @@ TEST(ForWriting, LeavesARectangleWithAllCornersAndDrawsOneWithSome)
     EXPECT_NE(dynamic_cast<CIPC2581_DicDraw_Contour *>(entry->DrawArray->GetAt(1)), nullptr);
 }
 
-TEST(ForWriting, TurnsEachCurveOnce)
+TEST(ForWritingOfABoard, TurnsEachCurveOnce)
 {
     CIPC2581_Parser board;
     auto * const step = new CIPC2581_PolyStep();
@@ -99,7 +123,7 @@ TEST(ForWriting, TurnsEachCurveOnce)
     EXPECT_EQ(step->ClockWise, 0);
 }
 
-TEST(ForWriting, TellsWhatIsNeverWritten)
+TEST(ForWritingOfABoard, TellsWhatIsNeverWritten)
 {
     CIPC2581_Parser board;
     EXPECT_TRUE(UnwrittenOf(board).empty());

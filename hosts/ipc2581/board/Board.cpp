@@ -11,6 +11,8 @@
 namespace ipc2581::host {
 namespace {
 
+constexpr std::string_view NoSection = "contains no section of an IPC-2581 document";
+
 std::size_t CountLines(CStdioFile & file)
 {
     std::size_t count = 0;
@@ -59,6 +61,9 @@ void Board::ReadByImport(const std::string & step, CProgressCtrl * progress)
     Imported imported = ImportModel(m_file, step, progress);
     m_root = std::move(imported.board);
     m_report = std::move(imported.report);
+    if (m_report->Elements().size() <= 1) {
+        throw Error(m_file.Name(), NoSection);
+    }
     if (!step.empty() && Shown(Step().Name) != step) {
         throw Error(m_file.Name(), "has no step \"" + step + "\"");
     }
@@ -72,7 +77,7 @@ void Board::ReadExactly(CProgressCtrl * progress)
         throw StopError(m_file, reader.m_File);
     }
     if (reader.m_arrSectionLog.IsEmpty()) {
-        throw Error(m_file.Name(), "contains no section of an IPC-2581 document");
+        throw Error(m_file.Name(), NoSection);
     }
 }
 

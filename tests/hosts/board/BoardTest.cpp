@@ -1,8 +1,11 @@
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <initializer_list>
+#include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -87,12 +90,14 @@ struct Told {
     std::string path;
     Result result;
 
-    Told(const std::string & name, const std::string & bytes)
+    Told(const std::string & name, const std::string & bytes, const std::vector<std::string> & options = {})
     {
         path = folder.Save(name, bytes);
         Setting setting;
         setting.temporaryFolder = temporary.Path("");
-        result = RunProgram({"info", path}, setting);
+        std::vector<std::string> arguments = {"info", path};
+        arguments.insert(arguments.end(), options.begin(), options.end());
+        result = RunProgram(arguments, setting);
         EXPECT_EQ(Bytes(path), bytes);
         EXPECT_TRUE(Names(temporary.Path("")).empty());
     }
@@ -287,10 +292,50 @@ TEST(Board, NameWithALineFeedIsToldInOneLine)
 
 TEST(Board, HoldsSomething)
 {
-    for (const std::string bytes : {"", "\n\n", "\x89PNG\r\n", "<IPC-2581>\n</IPC-2581>\n"}) {
+    const std::string nothing = ": contains no section of an IPC-2581 document";
+    const std::map<std::string, std::string> causes = {{"", ":1: Document is empty"},
+                                                       {"\n\n", ":3: Start tag expected, '<' not found"},
+                                                       {"\x89PNG\r\n", ":1: Start tag expected, '<' not found"},
+                                                       {"<IPC-2581>\n</IPC-2581>\n", nothing}};
+    for (const auto & [bytes, cause] : causes) {
         const Told told("board.cvg", bytes);
-        EXPECT_EQ(told.result, Failure(told.path + ": contains no section of an IPC-2581 document"));
+        EXPECT_EQ(told.result, Failure(told.path + cause));
+        const Told exact("board.cvg", bytes, {"--exact"});
+        EXPECT_EQ(exact.result, Failure(exact.path + nothing));
     }
+    const Told other("board.cvg", "<svg>\n</svg>\n");
+    EXPECT_EQ(other.result, Failure(other.path + ":1: the root element is not IPC-2581"));
+}
+
+TEST(Board, ThatIsNotWholeIsToldByEveryCommand)
+{
+    const TempFolder folder;
+    const std::string whole = SmallBoard();
+    const std::string board = folder.Save("board.cvg", whole.substr(0, whole.find("</Step>")));
+    for (const std::string command : {"info", "bom", "components", "nets"}) {
+        EXPECT_EQ(RunProgram({command, board}), Failure(board + ":9: Premature end of data in tag Step line 8"))
+            << command;
+    }
+}
+
+TEST(Board, IsReadFromTheStepThatIsAskedFor)
+{
+    const TempFolder folder;
+    const std::string part = "<Component refDes=\"R1\"/>";
+    const std::string board = folder.Save(
+        "board.cvg", "<IPC-2581><Ecad><CadData><Step name=\"panel\"/><Step name=\"one\">" + part +
+                         "</Step><Step name=\"two\">" + part + part + "</Step></CadData></Ecad></IPC-2581>");
+    const auto stepOf = [&](const std::vector<std::string> & options) {
+        std::vector<std::string> arguments = {"components", board, "-f", "csv"};
+        arguments.insert(arguments.end(), options.begin(), options.end());
+        const std::string out = RunProgram(arguments).out;
+        return std::count(out.begin(), out.end(), '\n') - 1;
+    };
+    EXPECT_EQ(stepOf({}), 1);
+    EXPECT_EQ(stepOf({"--step", "two"}), 2);
+    EXPECT_EQ(stepOf({"--step", "panel"}), 0);
+    EXPECT_EQ(RunProgram({"nets", board, "--step", "three"}), Failure(board + ": has no step \"three\""));
+    EXPECT_EQ(RunProgram({"nets", board, "--step", "two", "--exact"}), WrongUsage("--exact excludes --step"));
 }
 
 TEST(Board, ThatWasMadeToTakeAllMemoryIsTold)
@@ -305,9 +350,10 @@ TEST(Board, ThatWasMadeToTakeAllMemoryIsTold)
     const TempFolder folder;
     const std::string board = folder.Save("board.cvg", SmallBoard(packages));
     const Setting small = {.memoryLimit = 300000000};
-    const std::string cause = ": cannot be read: its model takes more than the 100000000 bytes that it may";
-    EXPECT_EQ(RunProgram({"info", board}, small), Failure(board + cause));
-    EXPECT_EQ(RunProgram({"check", board}, small), Failure(board + cause));
+    const std::string cause = "its model takes more than the 100000000 bytes that it may";
+    EXPECT_EQ(RunProgram({"info", board}, small), Failure(board + ": " + cause));
+    EXPECT_EQ(RunProgram({"info", board, "--exact"}, small), Failure(board + ": cannot be read: " + cause));
+    EXPECT_EQ(RunProgram({"check", board}, small), Failure(board + ": cannot be read: " + cause));
     EXPECT_EQ(RunProgram({"info", ExampleBoard()}, small).status, 0);
 }
 
@@ -316,13 +362,13 @@ TEST(Board, LineThatStopsTheReadIsTold)
     const auto expect = [](const Told & told, const std::string & cause) {
         EXPECT_EQ(told.result, Failure(told.path + cause + " stops the read"));
     };
-    expect({"board.cvg", SmallBoard("\n  \n")}, ":10: a line of blanks");
-    expect({"board.cvg", SmallBoard("<Package name=\"A\" type=\"SMT>\n")},
+    expect({"board.cvg", SmallBoard("\n  \n"), {"--exact"}}, ":10: a line of blanks");
+    expect({"board.cvg", SmallBoard("<Package name=\"A\" type=\"SMT>\n"), {"--exact"}},
            ":9: a value that is cut off at the end of its line");
-    expect({"board.cvg", "<Content>\n<FunctionMode mode=\"A\" level=\"1\"/>\r\n\r\n</Content>\n"},
+    expect({"board.cvg", "<Content>\n<FunctionMode mode=\"A\" level=\"1\"/>\r\n\r\n</Content>\n", {"--exact"}},
            ":3: an empty line inside the Content section");
-    expect({"board.cvg.gz", Gzip(SmallBoard("  \r\n"))}, ":9: a line of blanks");
-    expect({"board.cvg", "<Bom name=\"open>"}, ":1: a value that is cut off at the end of its line");
+    expect({"board.cvg.gz", Gzip(SmallBoard("  \r\n")), {"--exact"}}, ":9: a line of blanks");
+    expect({"board.cvg", "<Bom name=\"open>", {"--exact"}}, ":1: a value that is cut off at the end of its line");
 }
 
 }  // namespace

@@ -24,12 +24,42 @@ std::string WrittenByTheLibrary(const std::string & board)
     return Bytes(written.GetString());
 }
 
+// The line that tells what the writer leaves out of the example board.
+std::string Unwritten(const std::string & out)
+{
+    return "ipc2581: " + out +
+           ": not written: 1 logistic header, 1 history record, 7 items of the bill of materials, 9 references of the "
+           "content, 3 layers of the stackup, 6 pad stacks, 2 heights of components, 1 mirrored component, 10 outlines "
+           "of pins, 4 transforms of pins\n";
+}
+
+TEST(Convert, KeepsTheDirectionOfCurvesOfWhatItHasImported)
+{
+    const TempFolder folder;
+    const std::string curve = "<PolyStepCurve x=\"2.000000\" y=\"0.000000\" centerX=\"1.000000\" centerY=\"0.000000\" "
+                              "clockwise=\"TRUE\" />";
+    const std::string board = folder.Save(
+        "board.xml", SmallBoard("<Profile><Polygon><PolyBegin x=\"0\" y=\"0\"/>" + curve + "</Polygon></Profile>"));
+    const std::string out = folder.Path("out.cvg");
+    EXPECT_EQ(RunProgram({"convert", board, out}), (Result{0, "", ""}));
+    EXPECT_NE(Bytes(out).find(curve), std::string::npos) << Bytes(out);
+}
+
+TEST(Convert, TellsWhatOfAnImportedBoardIsNotWritten)
+{
+    const TempFolder folder;
+    const std::string board = folder.Save("board.xml", SmallBoard("<Route/><StackupZone name=\"Z\"/>"));
+    const std::string out = folder.Path("out.cvg");
+    EXPECT_EQ(RunProgram({"convert", board, out}),
+              (Result{0, "", "ipc2581: " + out + ": not written: 2 facts without a place in the model\n"}));
+}
+
 TEST(Convert, WritesWhatTheLibraryWrites)
 {
     const TempFolder folder;
     const std::string board = Bytes(ExampleBoard());
     const std::string out = folder.Path("out.cvg");
-    EXPECT_EQ(RunProgram({"convert", ExampleBoard(), out}), (Result{0, "", ""}));
+    EXPECT_EQ(RunProgram({"convert", "--exact", ExampleBoard(), out}), (Result{0, "", Unwritten(out)}));
     EXPECT_EQ(Bytes(out), WrittenByTheLibrary(ExampleBoard()));
     EXPECT_EQ(Bytes(ExampleBoard()), board);
     EXPECT_EQ(Names(folder.Path("")), std::set<std::string>{"out.cvg"});
@@ -37,8 +67,8 @@ TEST(Convert, WritesWhatTheLibraryWrites)
 
 TEST(Convert, WritesToADeviceToo)
 {
-    EXPECT_EQ(RunProgram({"convert", ExampleBoard(), "/dev/stdout"}),
-              (Result{0, WrittenByTheLibrary(ExampleBoard()), ""}));
+    EXPECT_EQ(RunProgram({"convert", "--exact", ExampleBoard(), "/dev/stdout"}),
+              (Result{0, WrittenByTheLibrary(ExampleBoard()), Unwritten("/dev/stdout")}));
 }
 
 TEST(Convert, TakesThePlaceOfAFileAndKeepsItsPermissions)
@@ -47,7 +77,8 @@ TEST(Convert, TakesThePlaceOfAFileAndKeepsItsPermissions)
     const std::string out = folder.Save("out.cvg", "old");
     fs::permissions(out, fs::perms(0640));
     fs::create_symlink("out.cvg", folder.Path("link.cvg"));
-    EXPECT_EQ(RunProgram({"convert", ExampleBoard(), "link.cvg"}, {.folder = folder.Path("")}), (Result{0, "", ""}));
+    EXPECT_EQ(RunProgram({"convert", "--exact", ExampleBoard(), "link.cvg"}, {.folder = folder.Path("")}),
+              (Result{0, "", Unwritten("link.cvg")}));
     EXPECT_EQ(Bytes(out), WrittenByTheLibrary(ExampleBoard()));
     EXPECT_EQ(fs::status(out).permissions(), fs::perms(0640));
     EXPECT_EQ(Names(folder.Path("")), (std::set<std::string>{"link.cvg", "out.cvg"}));
@@ -70,7 +101,9 @@ TEST(Convert, LeavesAGoodFileWhereTheBoardStopsTheRead)
     const TempFolder folder;
     const std::string board = folder.Save("board.cvg", SmallBoard(" \n"));
     const std::string out = folder.Save("out.cvg", "good");
-    EXPECT_EQ(RunProgram({"convert", board, out}), Failure(board + ":9: a line of blanks stops the read"));
+    EXPECT_EQ(RunProgram({"convert", "--exact", board, out}), Failure(board + ":9: a line of blanks stops the read"));
+    const std::string cut = folder.Save("cut.cvg", "<IPC-2581>\n<Ecad>\n");
+    EXPECT_EQ(RunProgram({"convert", cut, out}), Failure(cut + ":3: Premature end of data in tag Ecad line 2"));
     EXPECT_EQ(Bytes(out), "good");
 }
 

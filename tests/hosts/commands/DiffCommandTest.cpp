@@ -22,7 +22,8 @@ std::string Replaced(const std::string & old, const std::string & text)
 Result Changed(const std::string & old, const std::string & text)
 {
     const TempFolder folder;
-    return RunProgram({"diff", ExampleBoard(), folder.Save("b.cvg", Replaced(old, text)), "--format", "csv"});
+    return RunProgram(
+        {"diff", "--exact", ExampleBoard(), folder.Save("b.cvg", Replaced(old, text)), "--format", "csv"});
 }
 
 Result Different(const std::string & rows)
@@ -83,9 +84,9 @@ TEST(DiffCommand, TellsOfRemovedAndAdded)
                              "component  R1    removed\n"
                              "component  R100  added\n",
                              ""};
-    EXPECT_EQ(RunProgram({"diff", ExampleBoard(), board}), expected);
+    EXPECT_EQ(RunProgram({"diff", "--exact", ExampleBoard(), board}), expected);
     const std::string file = folder.Path("diff.txt");
-    EXPECT_EQ(RunProgram({"diff", ExampleBoard(), board, "-o", file}), (Result{1, "", ""}));
+    EXPECT_EQ(RunProgram({"diff", "--exact", ExampleBoard(), board, "-o", file}), (Result{1, "", ""}));
     EXPECT_EQ(Bytes(file), expected.out);
 }
 
@@ -101,13 +102,26 @@ TEST(DiffCommand, TellsOfWhatLiesOnALayer)
               Different("layer,TOP,changed,sets,1,1\n"));
 }
 
+TEST(DiffCommand, ComparesWhatTheImportMakesOfBoth)
+{
+    const TempFolder folder;
+    const auto board = [&](const std::string & name, const std::string & pin) {
+        return folder.Save(name, SmallBoard("<Component refDes=\"U1\"/>\n<LogicalNet name=\"N\"><PinRef "
+                                            "componentRef=\"U1\" pin=\"" +
+                                            pin + "\"/></LogicalNet>\n"));
+    };
+    EXPECT_EQ(RunProgram({"diff", board("a.xml", "1"), board("b.xml", "2"), "--format", "csv"}),
+              Different("net,N,changed,pins,U1.1,U1.2\n"));
+}
+
 TEST(DiffCommand, WarnsOfWhatWasNotCompared)
 {
     const TempFolder folder;
     const std::string board = folder.Save("b.cvg", SmallBoard());
     const std::string warning = Warning(board, "no BOM items in the file; no components in the file; no logical nets "
                                                "in the file; no physical nets in the file");
-    EXPECT_EQ(RunProgram({"diff", board, board}), (Result{0, "", warning + warning}));
+    EXPECT_EQ(RunProgram({"diff", "--exact", board, board}), (Result{0, "", warning + warning}));
+    EXPECT_EQ(RunProgram({"diff", board, board}), (Result{0, "", ""}));
 }
 
 TEST(DiffCommand, TroubleIsTwo)

@@ -19,6 +19,16 @@ Result Csv(const std::string & board)
     return RunProgram({"nets", board, "--format", "csv"});
 }
 
+Result ExactCsv(const std::string & board, const std::string & option)
+{
+    return RunProgram({"nets", board, "--format", "csv", "--exact", option});
+}
+
+Result ExactCsv(const std::string & board)
+{
+    return RunProgram({"nets", board, "--format", "csv", "--exact"});
+}
+
 TEST(NetsCommand, ListsThePinsOfTheExampleBoardInEachFormat)
 {
     ExpectGoldenListings("nets");
@@ -33,14 +43,15 @@ TEST(NetsCommand, ListsThePointsOfTheExampleBoard)
 TEST(NetsCommand, SortsNetsAndPins)
 {
     const TempFolder folder;
-    const std::string board = folder.Save("b.cvg", SmallBoard("<LogicalNet name=\"N10\">\n"
+    const std::string board = folder.Save("b.cvg", SmallBoard("<Component refDes=\"U1\"/>\n"
+                                                              "<LogicalNet name=\"N10\">\n"
                                                               "<LogicalNetPin componentRef=\"U1\" pin=\"10\"/>\n"
                                                               "<LogicalNetPin componentRef=\"U1\" pin=\"9\"/>\n"
                                                               "</LogicalNet>\n"
                                                               "<LogicalNet name=\"N9\">\n"
                                                               "</LogicalNet>\n"));
-    EXPECT_EQ(Csv(board), (Result{0, "net,count,pins\nN10,2,U1.10 U1.9\nN9,0,\n", ""}));
-    EXPECT_EQ(Csv(board, "--sort"), (Result{0, "net,count,pins\nN9,0,\nN10,2,U1.9 U1.10\n", ""}));
+    EXPECT_EQ(Csv(board), (Result{0, "net,count,pins,class\nN10,2,U1.10 U1.9,\nN9,0,,\n", ""}));
+    EXPECT_EQ(Csv(board, "--sort"), (Result{0, "net,count,pins,class\nN9,0,,\nN10,2,U1.9 U1.10,\n", ""}));
 }
 
 TEST(NetsCommand, WarnsOfPinsThatTheReaderPassesOver)
@@ -49,7 +60,8 @@ TEST(NetsCommand, WarnsOfPinsThatTheReaderPassesOver)
     const std::string other = folder.Save("other.cvg", SmallBoard("<LogicalNet name=\"N\">\n"
                                                                   "<PinRef componentRef=\"U1\" pin=\"1\"/>\n"
                                                                   "</LogicalNet>\n"));
-    EXPECT_EQ(Csv(other), (Result{0, "net,count,pins\nN,0,\n", Warning(other, "1 of 1 pins of nets missing")}));
+    EXPECT_EQ(ExactCsv(other),
+              (Result{0, "net,count,pins,class\nN,0,,\n", Warning(other, "1 of 1 pins of nets missing")}));
     // The second pin, behind the end of its net, is a net without a name.
     const std::string split = folder.Save("split.cvg", SmallBoard("<LogicalNet name=\"N\">\n"
                                                                   "<LogicalNetPin componentRef=\"U1\" pin=\"1\">\n"
@@ -57,8 +69,8 @@ TEST(NetsCommand, WarnsOfPinsThatTheReaderPassesOver)
                                                                   "<LogicalNetPin componentRef=\"U2\" pin=\"2\">\n"
                                                                   "</LogicalNetPin>\n"
                                                                   "</LogicalNet>\n"));
-    EXPECT_EQ(Csv(split),
-              (Result{0, "net,count,pins\nN,1,U1.1\n,0,\n", Warning(split, "1 of 2 pins of nets missing")}));
+    EXPECT_EQ(ExactCsv(split),
+              (Result{0, "net,count,pins,class\nN,1,U1.1,\n,0,,\n", Warning(split, "1 of 2 pins of nets missing")}));
 }
 
 TEST(NetsCommand, PinsOfPadsAreNotThoseOfNets)
@@ -70,7 +82,7 @@ TEST(NetsCommand, PinsOfPadsAreNotThoseOfNets)
                                                               "<LayerFeature layerRef=\"TOP\">\n<Set>\n<Pad>\n"
                                                               "<PinRef componentRef=\"U1\" pin=\"1\"/>\n"
                                                               "</Pad>\n</Set>\n</LayerFeature>\n"));
-    EXPECT_EQ(Csv(board), (Result{0, "net,count,pins\nN,1,U1.1\n", ""}));
+    EXPECT_EQ(ExactCsv(board), (Result{0, "net,count,pins,class\nN,1,U1.1,\n", ""}));
 }
 
 TEST(NetsCommand, WarnsOfPointsThatAreReadOtherwise)
@@ -82,7 +94,7 @@ TEST(NetsCommand, WarnsOfPointsThatAreReadOtherwise)
                                         "via=\"true\">\n</PhyNetPoint>\n" + point + "via=\"TRUE\"/>\n" + point +
                                         ">\n</PhyNetPoint>\n" + "</PhyNet>\n</PhyNetGroup>\n"));
     EXPECT_EQ(
-        Csv(board, "--physical"),
+        ExactCsv(board, "--physical"),
         (Result{
             0, std::string(PhysicalHeading) + "N,1,2,TOP,EXPOSED,END,no,\nN,1,2,TOP,EXPOSED,END,yes,\n",
             Warning(board,
@@ -96,7 +108,7 @@ TEST(NetsCommand, SaysNothingOfHowThingsAreListedThatAreNot)
     text.insert(text.find("<Step"), "<PhyNet name=\"N\">\n<PhyNetPoint via=\"true\"/>\n</PhyNet>\n");
     const std::string board = folder.Save("b.cvg", text);
     EXPECT_EQ(
-        Csv(board, "--physical"),
+        ExactCsv(board, "--physical"),
         (Result{0, PhysicalHeading, Warning(board, "1 of 1 physical nets missing; 1 of 1 points of nets missing")}));
 }
 
@@ -104,8 +116,9 @@ TEST(NetsCommand, WarnsOfABoardWithoutNets)
 {
     const TempFolder folder;
     const std::string board = folder.Save("b.cvg", SmallBoard());
-    EXPECT_EQ(Csv(board), (Result{0, "net,count,pins\n", Warning(board, "no logical nets in the file")}));
-    EXPECT_EQ(Csv(board, "--physical"), (Result{0, PhysicalHeading, Warning(board, "no physical nets in the file")}));
+    EXPECT_EQ(ExactCsv(board), (Result{0, "net,count,pins,class\n", Warning(board, "no logical nets in the file")}));
+    EXPECT_EQ(ExactCsv(board, "--physical"),
+              (Result{0, PhysicalHeading, Warning(board, "no physical nets in the file")}));
 }
 
 }  // namespace

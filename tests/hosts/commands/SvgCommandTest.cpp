@@ -1,6 +1,7 @@
 #include <filesystem>
 #include <set>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -13,7 +14,7 @@ namespace fs = std::filesystem;
 
 // The picture of a board of which nothing but one layer, its contents and its unit is known.
 std::string Picture(const std::string & layerLines, const std::string & unit = "MILLIMETER",
-                    const std::string & name = "L")
+                    const std::string & name = "L", const std::vector<std::string> & options = {})
 {
     const TempFolder folder;
     const std::string board = folder.Save("board.xml", "<IPC-2581>\n"
@@ -38,8 +39,15 @@ std::string Picture(const std::string & layerLines, const std::string & unit = "
                                                            "</CadData>\n"
                                                            "</Ecad>\n"
                                                            "</IPC-2581>\n");
-    EXPECT_EQ(RunProgram({"svg", board, "-o", folder.Path("out")}).status, 0);
+    std::vector<std::string> arguments = {"svg", board, "-o", folder.Path("out")};
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    EXPECT_EQ(RunProgram(arguments).status, 0);
     return Bytes(folder.Path("out/layer-" + name + ".svg"));
+}
+
+std::string ExactPicture(const std::string & layerLines)
+{
+    return Picture(layerLines, "MILLIMETER", "L", {"--exact"});
 }
 
 std::string Features(const std::string & lines)
@@ -93,9 +101,10 @@ TEST(Svg, FeaturesStandWhereTheirLocationIs)
 
 TEST(Svg, LineThatNobodyDrewIsLeftOut)
 {
-    const std::string picture = Picture(Features("<Arc startX=\"5\" startY=\"5\" endX=\"6\" endY=\"6\" "
-                                                 "centerX=\"5\" centerY=\"6\" clockwise=\"true\">\n"
-                                                 "<LineDesc lineEnd=\"ROUND\" lineWidth=\"1\"/>\n</Arc>\n</Line>\n"));
+    const std::string picture =
+        ExactPicture(Features("<Arc startX=\"5\" startY=\"5\" endX=\"6\" endY=\"6\" "
+                              "centerX=\"5\" centerY=\"6\" clockwise=\"true\">\n"
+                              "<LineDesc lineEnd=\"ROUND\" lineWidth=\"1\"/>\n</Arc>\n</Line>\n"));
     ExpectHolds(picture, "viewBox=\"-.02 -1.02 1.04 1.04\"");
     EXPECT_EQ(picture.find("<path class"), std::string::npos);
 }
@@ -129,7 +138,7 @@ TEST(Svg, NamesOfFilesAreSafeAndDiffer)
                                             "<LayerFeature layerRef=\"Top\">\n</LayerFeature>\n"
                                             "<LayerFeature layerRef=\"TOP\">\n</LayerFeature>\n"
                                             "<LayerFeature layerRef=\"\xff|*\">\n</LayerFeature>\n"));
-    EXPECT_EQ(RunProgram({"svg", board, "-o", folder.Path("out")}), (Result{0, "", ""}));
+    EXPECT_EQ(RunProgram({"svg", "--exact", board, "-o", folder.Path("out")}), (Result{0, "", ""}));
     EXPECT_EQ(Names(folder.Path("out")), (std::set<std::string>{"board-top.svg", "board-bottom.svg", "layer-....a.svg",
                                                                 "layer-Top.svg", "layer-TOP-2.svg", "layer-___.svg"}));
 }
@@ -138,7 +147,7 @@ TEST(Svg, DesignatorsAreEscaped)
 {
     const TempFolder folder;
     const std::string board =
-        folder.Save("board.xml", SmallBoard("<Component refDes=\"R&1\" packageRef=\"P\" layerRef=\"TOP\">\n"
+        folder.Save("board.xml", SmallBoard("<Component refDes=\"R&amp;1\" packageRef=\"P\" layerRef=\"TOP\">\n"
                                             "<Location x=\"1\" y=\"2\"/>\n</Component>\n"));
     EXPECT_EQ(RunProgram({"svg", board, "-o", folder.Path("out")}).status, 0);
     ExpectHolds(Bytes(folder.Path("out/board-top.svg")), ">R&amp;1</text>\n");
@@ -150,7 +159,7 @@ std::string Lacking(const std::string & stepLines)
 {
     const TempFolder folder;
     const std::string board = folder.Save("board.xml", SmallBoard(stepLines));
-    const Result result = RunProgram({"svg", board, "-o", folder.Path("out")});
+    const Result result = RunProgram({"svg", "--exact", board, "-o", folder.Path("out")});
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.out, "");
     const std::size_t begin = Warning(board, "").find(": warning: ") + 11;
@@ -201,7 +210,7 @@ TEST(Svg, TellsOfPadsWhoseMirrorIsNotRead)
     text.insert(text.find("</Content>"), dictionary);
     const std::string board = folder.Save("board.xml", text);
     EXPECT_EQ(
-        RunProgram({"svg", board, "-o", folder.Path("out")}),
+        RunProgram({"svg", "--exact", board, "-o", folder.Path("out")}),
         (Result{0, "",
                 Warning(board, "1 of 2 pads missing; 1 pad drawn as not mirrored (mirror of pads is not read)")}));
 }

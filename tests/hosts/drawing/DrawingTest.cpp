@@ -24,7 +24,8 @@ Drawing DrawingOfFile(const std::string & path)
 Drawing DrawingOfStep(const std::string & stepLines)
 {
     const TempFolder folder;
-    return DrawingOfFile(folder.Save("board.cvg", "<Content>\n"
+    return DrawingOfFile(folder.Save("board.cvg", "<IPC-2581>\n"
+                                                  "<Content>\n"
                                                   "<DictionaryStandard units=\"INCH\">\n"
                                                   "<EntryStandard id=\"PAD\">\n"
                                                   "<RectCenter width=\"2\" height=\"1\"/>\n"
@@ -43,7 +44,8 @@ Drawing DrawingOfStep(const std::string & stepLines)
                                                       stepLines +
                                                       "</Step>\n"
                                                       "</CadData>\n"
-                                                      "</Ecad>\n"));
+                                                      "</Ecad>\n"
+                                                      "</IPC-2581>\n"));
 }
 
 std::string OnLayer(const std::string & layer, const std::string & setLines)

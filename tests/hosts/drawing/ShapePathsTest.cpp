@@ -11,6 +11,8 @@
 namespace ipc2581::tests {
 namespace {
 
+using host::SvgPath;
+
 using Data = std::vector<std::string>;
 
 // The paths in the words of a picture, which are short.

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "import/shapes/Placement.h"
 #include "tests/support/Files.h"
 
 namespace ipc2581::tests {
