@@ -13,8 +13,8 @@ namespace {
 constexpr std::array<bool, 256> MakeEscaped()
 {
     std::array<bool, 256> escaped = {};
-    for (const unsigned char own : {'&', '<', '>', '"'}) {
-        escaped[own] = true;
+    for (const char own : {'&', '<', '>', '"'}) {
+        escaped[static_cast<unsigned char>(own)] = true;
     }
     return escaped;
 }

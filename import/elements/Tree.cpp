@@ -84,8 +84,10 @@ std::size_t Tree::CountLost(std::uint32_t node) const
     for (std::uint32_t i = own.firstAttribute; i < own.attributesEnd; ++i) {
         lost += m_attributes[i].isTaken ? 0U : 1U;
     }
-    return lost + static_cast<std::size_t>(std::count_if(m_pieces.begin(), m_pieces.end(),
-                                                         [&](const TextPiece & piece) { return piece.node == node && !piece.isTaken; }));
+    return lost +
+           static_cast<std::size_t>(std::count_if(m_pieces.begin(), m_pieces.end(), [&](const TextPiece & piece) {
+               return piece.node == node && !piece.isTaken;
+           }));
 }
 
 void Tree::ReportNode(std::uint32_t node, LossRecorder & losses, LossRecorder::Path path, std::size_t owner) const

@@ -306,10 +306,13 @@ private:
         }
         for (std::size_t i = 0; i < setsOfLayers.size(); ++i) {
             const DrawnLayer & layer = m_drawing.layers[i];
-            // The span of a drill layer is not in the model; what goes through the whole board has ALL for its side.
+            // A hole whose span is not in the model goes through the whole board where its layer has ALL for its side.
             const std::string_view from = layer.side == Side::Other ? std::string_view() : layer.name;
             for (const Set * const set : setsOfLayers[i]) {
-                AddHole(set->Hole, from, layer.name, set->Net);
+                const CIPC2581_Ecad_CadData_Step_Hole & hole = set->Hole;
+                const bool hasSpan = !hole.FromLayer.IsEmpty() && !hole.ToLayer.IsEmpty();
+                AddHole(hole, hasSpan ? std::string_view(hole.FromLayer) : from,
+                        hasSpan ? std::string_view(hole.ToLayer) : layer.name, set->Net);
             }
         }
     }

@@ -71,6 +71,21 @@ void DrawHoles(const Drawing & drawing, std::size_t layer, SvgWriter & writer)
     }
 }
 
+// What is cut out of the board by areas of layers that drill and rout.
+void DrawSlots(const Drawing & drawing, SvgWriter & writer)
+{
+    for (const DrawnLayer & layer : drawing.layers) {
+        if (layer.role != LayerRole::Drill || layer.isNegative) {
+            continue;
+        }
+        for (const Item & item : layer.items) {
+            if (item.kind == ItemKind::Outline) {
+                DrawItem(drawing, item, writer);
+            }
+        }
+    }
+}
+
 void DrawPart(const Drawing & drawing, const PlacedPart & part, SvgWriter & writer)
 {
     if (part.footprint == PlacedPart::NoFootprint) {
@@ -172,6 +187,7 @@ void WriteLayerPicture(std::ostream & out, const Drawing & drawing, std::size_t 
         if (drawn.role == LayerRole::Copper) {
             writer.BeginGroup(desk);
             DrawHoles(drawing, layer, writer);
+            DrawSlots(drawing, writer);
             writer.EndGroup();
         }
     };
@@ -192,6 +208,7 @@ void WriteSidePicture(std::ostream & out, const Drawing & drawing, Side side)
         }
         writer.BeginGroup(Desk);
         DrawHolesOfSide(drawing, side, writer);
+        DrawSlots(drawing, writer);
         writer.EndGroup();
     };
     const auto label = [&](SvgWriter & writer) { LabelParts(drawing, side, writer); };
