@@ -207,6 +207,7 @@ private:
     void ReadInContent(Place outer, const XmlElement & element, LossRecorder::Path path);
     void BeginStep(const XmlElement & step);
     void EndStep();
+    void ForgetOwnersOfStep();
     [[nodiscard]] bool IsStepWanted(std::span<const XmlAttribute> attributes) const;
     void LeaveOut(std::string_view name, std::size_t line);
     void SkipElement(Word name, std::size_t line, std::span<const XmlAttribute> attributes);
@@ -371,10 +372,6 @@ void BoardListener::BeginPlace(Place place, const XmlElement & element)
     case Place::LineDescs:
         m_content.BeginLineDescs(element);
         break;
-    case Place::FillDescs:
-        // It has a unit for the distances of hatches, which no member has.
-        element.TakeWhole();
-        break;
     case Place::Bom:
         m_logistics.BeginBom(element);
         break;
@@ -498,8 +495,21 @@ void BoardListener::BeginStep(const XmlElement & step)
     }
     m_hasStep = true;
     m_read = {m_context.losses.MarkHere(), {}, step.Line()};
+    ForgetOwnersOfStep();
     m_features.BeginStep();
     m_step.Begin(step);
+}
+
+// What stands in a step is counted in each of them anew, as the lists of the model are filled anew.
+void BoardListener::ForgetOwnersOfStep()
+{
+    for (const PlaceRow & row : PlaceRows) {
+        const bool isInStep = row.outer == Place::Step || row.outer == Place::PhyNetGroup ||
+                              row.outer == Place::LayerFeature || row.outer == Place::Set;
+        if (isInStep && row.name < m_owners.size()) {
+            m_owners[row.name] = 0;
+        }
+    }
 }
 
 // Of two steps that were read, the one with components stays, or else the first.

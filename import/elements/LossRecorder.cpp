@@ -93,8 +93,14 @@ ImportReport LossRecorder::Take(const WordTable & words)
             m_report.m_elements[m_report.m_names[word]].stated += m_stated[word];
         }
     }
+    std::vector<std::size_t> lost(m_report.m_paths.size(), 0);
     for (const ImportReport::Fact & fact : m_report.m_facts) {
-        ++m_report.m_elements[m_report.m_names[m_report.m_paths[fact.path].name]].lost;
+        ++lost[fact.path];
+    }
+    for (std::size_t path = 0; path < lost.size(); ++path) {
+        if (lost[path] != 0) {
+            m_report.m_elements[m_report.m_names[m_report.m_paths[path].name]].lost += lost[path];
+        }
     }
     return std::move(m_report);
 }

@@ -34,7 +34,10 @@ void FeatureSection::BeginSet(const XmlElement & element)
     m_set = &AddTo(m_layer->SetArray, m_context.Make<Set>());
     m_isUsed = false;
     TakeFields<Fields<Set>::Set>(element, *m_set, m_context.blocks);
-    if (m_makesNets && !m_set->Net.IsEmpty()) {
+    if (!m_makesNets) {
+        m_step.CheckNet(element);
+    }
+    else if (!m_set->Net.IsEmpty()) {
         MadeNet(m_set->Net);
     }
 }
@@ -163,7 +166,11 @@ void FeatureSection::ReadPad(const XmlElement & element)
     Set & set = NextSet(SetKinds::Pad);
     TakeFields<Fields<Pad>::Pad>(element, set.Pad, m_context.blocks);
     for (const XmlElement child : element) {
-        if (child.Name() == W("PinRef") && m_step.CheckPin(child) && m_makesNets) {
+        if (child.Name() != W("PinRef")) {
+            continue;
+        }
+        m_step.CheckPin(child);
+        if (m_makesNets) {
             AddNetPin(child, set);
         }
     }

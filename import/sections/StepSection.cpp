@@ -10,6 +10,7 @@ void StepSection::Begin(const XmlElement & step)
 {
     m_packages.clear();
     m_components.clear();
+    m_nets.clear();
     TakeFields<Fields<CIPC2581_Ecad_CadData_Step>::Step>(step, Step(), m_context.blocks);
 }
 
@@ -95,7 +96,7 @@ void StepSection::ReadPackage(const XmlElement & element)
     using Package = CIPC2581_Ecad_CadData_Step_Package;
     Package & package = AddTo(Step().PackageArray, m_context.Make<Package>());
     TakeFields<Fields<Package>::Package>(element, package, m_context.blocks);
-    m_packages.emplace(element.Value(W("name")));
+    Names & pins = m_packages[std::string(element.Value(W("name")))];
     for (const XmlElement child : element) {
         switch (child.Name()) {
         case W("Outline"):
@@ -114,6 +115,8 @@ void StepSection::ReadPackage(const XmlElement & element)
             break;
         case W("Pin"):
             ReadPin(child, package);
+            pins.emplace(child.Value(W("number")));
+            pins.emplace(child.Value(W("name")));
             break;
         default:
             break;
@@ -238,7 +241,7 @@ void StepSection::ReadComponent(const XmlElement & element)
     using Component = CIPC2581_Ecad_CadData_Step_Component;
     Component & component = AddTo(Step().ComponentArray, m_context.Make<Component>());
     TakeFields<Fields<Component>::Component>(element, component, m_context.blocks);
-    m_components.emplace(element.Value(W("refDes")));
+    m_components.emplace(element.Value(W("refDes")), element.Value(W("packageRef")));
     for (const XmlElement child : element) {
         if (child.Name() == W("Location")) {
             TakeFields<Fields<Component>::Location>(child, component, m_context.blocks);
@@ -254,14 +257,31 @@ void StepSection::ReadComponent(const XmlElement & element)
     }
 }
 
-bool StepSection::CheckPin(const XmlElement & pinRef)
+void StepSection::CheckPin(const XmlElement & pinRef)
 {
-    const std::string_view component = pinRef.Value(W("componentRef"));
-    if (component.empty() || m_components.contains(component)) {
-        return true;
+    const std::string_view name = pinRef.Value(W("componentRef"));
+    if (name.empty()) {
+        return;
     }
-    m_context.TellDangling(pinRef.Line(), "component", component);
-    return false;
+    const auto component = m_components.find(name);
+    if (component == m_components.end()) {
+        m_context.TellDangling(pinRef.Line(), "component", name);
+        return;
+    }
+    // A package without any pin says nothing of which there are.
+    const auto package = m_packages.find(component->second);
+    const std::string_view pin = pinRef.Value(W("pin"));
+    if (package != m_packages.end() && !package->second.empty() && !package->second.contains(pin)) {
+        m_context.TellDangling(pinRef.Line(), "pin", std::string(name) + "." + std::string(pin));
+    }
+}
+
+void StepSection::CheckNet(const XmlElement & set)
+{
+    const std::string_view net = set.Value(W("net"));
+    if (!net.empty() && !m_nets.contains(net)) {
+        m_context.TellDangling(set.Line(), "net", net);
+    }
 }
 
 void StepSection::ReadLogicalNet(const XmlElement & element)
@@ -270,6 +290,7 @@ void StepSection::ReadLogicalNet(const XmlElement & element)
     using Pin = CIPC2581_Ecad_CadData_Step_LogicalNet_LogicalNetPin;
     Net & net = AddTo(Step().LogicalNetArray, m_context.Make<Net>());
     TakeFields<Fields<Net>::LogicalNet>(element, net, m_context.blocks);
+    m_nets.emplace(element.Value(W("name")));
     for (const XmlElement child : element) {
         if (child.Name() == W("PinRef") || child.Name() == W("LogicalNetPin")) {
             Pin & pin = AddTo(net.LogicalNetPinArray, m_context.Make<Pin>());

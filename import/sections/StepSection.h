@@ -1,6 +1,7 @@
 #ifndef IPC2581_IMPORT_SECTIONS_STEPSECTION_H
 #define IPC2581_IMPORT_SECTIONS_STEPSECTION_H
 
+#include <string>
 #include <string_view>
 
 #include "import/elements/Tree.h"
@@ -27,8 +28,9 @@ public:
     void ReadPhyNet(const XmlElement & net);
 
     [[nodiscard]] bool HasLogicalNets() const { return !Step().LogicalNetArray.IsEmpty(); }
-    // True for a pin of a component of the step. Tells of one that is not there.
-    bool CheckPin(const XmlElement & pinRef);
+    // Tells of a pin that no component of the step has, and of a net that is not among the logical ones.
+    void CheckPin(const XmlElement & pinRef);
+    void CheckNet(const XmlElement & set);
 
 private:
     [[nodiscard]] CIPC2581_Ecad_CadData_Step & Step() const { return m_context.board.m_Ecad.m_CadData.m_Step; }
@@ -49,8 +51,10 @@ private:
     CadSection & m_cad;
     ShapeReader & m_shapes;
     PadReader & m_pads;
-    Names m_packages;
-    Names m_components;
+    // The pins of each package, by number and by name; the package of each component; the logical nets.
+    ByName<Names> m_packages;
+    ByName<std::string> m_components;
+    Names m_nets;
 };
 
 }  // namespace ipc2581::detail
