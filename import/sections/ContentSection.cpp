@@ -1,21 +1,18 @@
 #include "import/sections/ContentSection.h"
 
 #include <memory>
+#include <string>
 
 namespace ipc2581::detail {
 namespace {
 
 void AddName(const XmlElement & element, CStringArray & names, ObjectBlocks & blocks)
 {
-    CString name;
     element.Take();
     // The name is an attribute; files that the library reads line by line have it as a text.
-    if (element.Has(W("name"))) {
-        TakeTextOf(element, W("name"), name, blocks);
-    }
-    else {
-        TakeText(element.TakeContent(), name, blocks);
-    }
+    const bool isAttribute = element.Has(W("name"));
+    CString name;
+    TakeText(isAttribute ? std::string(element.TakeValue(W("name"))) : element.TakeContent(), name, blocks);
     names.Add(name);
 }
 

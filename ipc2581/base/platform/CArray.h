@@ -82,6 +82,8 @@ public:
         }
         TYPE copy(element);
         SetSize(Sum(index, 1));
+        // The analyzer thinks of an array that has room and no memory, which no array is.
+        // NOLINTNEXTLINE(clang-analyzer-core.CallAndMessage)
         m_pData[index] = std::move(copy);
     }
 
