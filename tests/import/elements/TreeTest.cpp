@@ -1,0 +1,196 @@
+#include "import/elements/Tree.h"
+
+#include <array>
+
+#include <gtest/gtest.h>
+
+#include "tests/import/support/Documents.h"
+
+namespace ipc2581::detail {
+namespace {
+
+using tests::Texts;
+
+// A Package of the name P with two pins, the first with a Location.
+void Fill(Tree & tree)
+{
+    const std::array<XmlAttribute, 2> ofPackage = {{{W("name"), "P"}, {W("type"), "CHIP"}}};
+    const std::array<XmlAttribute, 1> ofFirst = {{{W("number"), "1"}}};
+    const std::array<XmlAttribute, 2> ofPlace = {{{W("x"), "3"}, {W("y"), "4"}}};
+    tree.Open(W("Package"), 10, ofPackage);
+    tree.Open(W("Pin"), 11, ofFirst);
+    tree.Open(W("Location"), 12, ofPlace);
+    tree.Close();
+    tree.Text("text");
+    tree.Close();
+    tree.Open(W("Pin"), 13, {});
+    tree.Close();
+    tree.Close();
+}
+
+// What nobody has taken of the tree.
+Texts LossesOf(const Tree & tree)
+{
+    LossRecorder losses;
+    tree.ReportLost(losses, losses.PathOf(0, W("IPC-2581")), 5);
+    return tests::Losses(losses.Take(WordTable()));
+}
+
+const Texts AllLost = {"Package name=P type=CHIP", "Package/Pin number=1 =text", "Package/Pin/Location x=3 y=4",
+                       "Package/Pin"};
+
+TEST(Tree, IsOpenUntilItsOutermostElementIsClosed)
+{
+    Tree tree;
+    EXPECT_FALSE(tree.IsOpen());
+    tree.Open(W("Package"), 1, {});
+    tree.Open(W("Pin"), 1, {});
+    EXPECT_TRUE(tree.IsOpen());
+    tree.Close();
+    EXPECT_TRUE(tree.IsOpen());
+    tree.Close();
+    EXPECT_FALSE(tree.IsOpen());
+}
+
+TEST(Tree, GivesElementsWithNamesLinesAndValues)
+{
+    Tree tree;
+    Fill(tree);
+    const XmlElement package = tree.Root();
+    EXPECT_EQ(package.Name(), W("Package"));
+    EXPECT_EQ(package.Line(), 10U);
+    EXPECT_EQ(package.Value(W("name")), "P");
+    EXPECT_EQ(package.Value(W("side")), "");
+    EXPECT_TRUE(package.Has(W("type")));
+    EXPECT_FALSE(package.Has(W("side")));
+    EXPECT_FALSE(package.IsEmpty());
+    std::vector<std::size_t> lines;
+    for (const XmlElement pin : package) {
+        EXPECT_EQ(pin.Name(), W("Pin"));
+        lines.push_back(pin.Line());
+    }
+    EXPECT_EQ(lines, (std::vector<std::size_t>{11, 13}));
+    const XmlElement place = *(*package.begin()).begin();
+    EXPECT_EQ(place.Value(W("y")), "4");
+    EXPECT_TRUE(place.IsEmpty());
+}
+
+TEST(Tree, ReportsAllThatNobodyHasTaken)
+{
+    Tree tree;
+    Fill(tree);
+    EXPECT_EQ(LossesOf(tree), AllLost);
+}
+
+TEST(Tree, LooksAtValuesWithoutTakingThem)
+{
+    Tree tree;
+    Fill(tree);
+    EXPECT_EQ(tree.Root().Value(W("name")), "P");
+    EXPECT_TRUE(tree.Root().Has(W("name")));
+    tree.Root().ForEachAttribute([](Word /*name*/, std::string_view /*value*/) {});
+    EXPECT_EQ(LossesOf(tree), AllLost);
+}
+
+TEST(Tree, ReportsNoFactOfAnElementThatIsTakenWithAllItHas)
+{
+    Tree tree;
+    Fill(tree);
+    const XmlElement package = tree.Root();
+    package.TakeWhole();
+    EXPECT_EQ(LossesOf(tree), (Texts{"Package/Pin number=1 =text", "Package/Pin/Location x=3 y=4", "Package/Pin"}));
+    for (const XmlElement pin : package) {
+        pin.TakeWhole();
+        EXPECT_EQ(pin.TakeContent(), pin.Line() == 11 ? "text" : "");
+    }
+    EXPECT_EQ(LossesOf(tree), (Texts{"Package/Pin/Location x=3 y=4"}));
+    (*(*package.begin()).begin()).TakeWhole();
+    EXPECT_EQ(LossesOf(tree), Texts());
+}
+
+TEST(Tree, ReportsTheAttributesThatAreLeftOfATakenElement)
+{
+    Tree tree;
+    Fill(tree);
+    const XmlElement package = tree.Root();
+    package.Take();
+    EXPECT_EQ(package.TakeValue(W("type")), "CHIP");
+    EXPECT_EQ(package.TakeValue(W("side")), "");
+    EXPECT_EQ(LossesOf(tree)[0], "Package name=P");
+}
+
+TEST(Tree, ReportsAnElementThatIsNotTakenWithoutItsTakenAttributes)
+{
+    Tree tree;
+    Fill(tree);
+    EXPECT_EQ(tree.Root().TakeValue(W("type")), "CHIP");
+    EXPECT_EQ(tree.Root().TakeValue(W("name")), "P");
+    EXPECT_EQ(LossesOf(tree)[0], "Package");
+}
+
+TEST(Tree, CountsWhatIsTakenTwiceOnce)
+{
+    Tree tree;
+    Fill(tree);
+    const XmlElement package = tree.Root();
+    package.Take();
+    package.Take();
+    EXPECT_EQ(package.TakeValue(W("type")), "CHIP");
+    EXPECT_EQ(package.TakeValue(W("type")), "");
+    package.TakeWhole();
+    EXPECT_EQ(LossesOf(tree), (Texts{"Package/Pin number=1 =text", "Package/Pin/Location x=3 y=4", "Package/Pin"}));
+}
+
+TEST(Tree, OffersNoAttributeAgainThatIsTaken)
+{
+    Tree tree;
+    Fill(tree);
+    std::size_t offered = 0;
+    const auto take = [&](Word name, std::string_view /*value*/) {
+        ++offered;
+        return name == W("name");
+    };
+    tree.Root().TakeAttributes(take);
+    tree.Root().TakeAttributes(take);
+    EXPECT_EQ(offered, 3U);
+}
+
+TEST(Tree, ReportsUnderThePathAndTheOwnerThatItIsTold)
+{
+    Tree tree;
+    tree.Open(W("Package"), 4'000, {});
+    tree.Close();
+    LossRecorder losses;
+    const LossRecorder::Path step = losses.PathOf(losses.PathOf(0, W("IPC-2581")), W("Step"));
+    tree.ReportLost(losses, step, 5);
+    const ImportReport report = losses.Take(WordTable());
+    EXPECT_EQ(report.Lost(0).path, "Step/Package");
+    EXPECT_EQ(report.Lost(0).owner, 5U);
+    EXPECT_EQ(report.Lost(0).line, 4'000U);
+}
+
+TEST(Tree, ForgetsAllWhenItIsCleared)
+{
+    Tree tree;
+    Fill(tree);
+    tree.Clear();
+    EXPECT_FALSE(tree.IsOpen());
+    Fill(tree);
+    EXPECT_EQ(tree.Root().Line(), 10U);
+    EXPECT_EQ(LossesOf(tree), AllLost);
+}
+
+TEST(Tree, FindsAnElementAgainInACopy)
+{
+    Tree tree;
+    Fill(tree);
+    const XmlElement place = *(*tree.Root().begin()).begin();
+    Tree copy = tree;
+    tree.Clear();
+    EXPECT_EQ(copy.ElementAt(place.Place()).Value(W("x")), "3");
+    copy.ElementAt(place.Place()).TakeWhole();
+    EXPECT_EQ(LossesOf(copy).size(), 3U);
+}
+
+}  // namespace
+}  // namespace ipc2581::detail
