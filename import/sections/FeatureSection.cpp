@@ -103,61 +103,17 @@ void FeatureSection::Read(const XmlElement & element)
 
 void FeatureSection::ReadFeatures(const XmlElement & element)
 {
-    using Features = CIPC2581_Ecad_CadData_Step_LayerFeature_Set_Features;
-    Features & features = NextSet(SetKinds::Features).Features;
-    element.Take();
-    Placement placement;
-    for (const XmlElement child : element) {
-        switch (child.Name()) {
-        case W("Xform"):
-            placement = m_shapes.ReadXform(child);
-            break;
-        case W("Location"):
-            TakeFields<Fields<Features>::Location>(child, features, m_context.blocks);
-            break;
-        default:
-            m_shapes.Read(child, placement, ShapeReader::Hollow::Strokes, m_read);
-            break;
-        }
-    }
-    KeepShapes(features);
-}
-
-void FeatureSection::KeepShapes(CIPC2581_Ecad_CadData_Step_LayerFeature_Set_Features & features)
-{
-    for (auto & shape : m_read) {
-        AddTo(features.DrawObjArray, std::move(shape));
-    }
-    m_read.clear();
+    CIPC2581_Ecad_CadData_Step_LayerFeature_Set_Features & features = NextSet(SetKinds::Features).Features;
+    m_shapes.ReadPlaced(element, ShapeReader::Hollow::Strokes, ShapeReader::Outlines::Shapes, features.Location,
+                        features.DrawObjArray);
 }
 
 // A slot or a mark: an area at its place.
 void FeatureSection::ReadArea(const XmlElement & element)
 {
-    using Features = CIPC2581_Ecad_CadData_Step_LayerFeature_Set_Features;
-    Features & features = NextSet(SetKinds::Features).Features;
-    element.Take();
-    Placement placement;
-    for (const XmlElement child : element) {
-        switch (child.Name()) {
-        case W("Xform"):
-            placement = m_shapes.ReadXform(child);
-            break;
-        case W("Location"):
-            TakeFields<Fields<Features>::Location>(child, features, m_context.blocks);
-            break;
-        case W("Outline"): {
-            Shapes own;
-            m_shapes.ReadOutlineArea(child, own);
-            AddPlaced(std::move(own.front()), placement, m_read);
-            break;
-        }
-        default:
-            m_shapes.Read(child, placement, ShapeReader::Hollow::Areas, m_read);
-            break;
-        }
-    }
-    KeepShapes(features);
+    CIPC2581_Ecad_CadData_Step_LayerFeature_Set_Features & features = NextSet(SetKinds::Features).Features;
+    m_shapes.ReadPlaced(element, ShapeReader::Hollow::Areas, ShapeReader::Outlines::Areas, features.Location,
+                        features.DrawObjArray);
 }
 
 void FeatureSection::ReadPad(const XmlElement & element)

@@ -39,7 +39,6 @@ private:
     void ReadPad(const XmlElement & element);
     void ReadHole(const XmlElement & element);
     void ReadArea(const XmlElement & element);
-    void KeepShapes(CIPC2581_Ecad_CadData_Step_LayerFeature_Set_Features & features);
     CIPC2581_Ecad_CadData_Step_LogicalNet & MadeNet(std::string_view name);
     void AddNetPin(const XmlElement & pinRef, const Set & set);
 
@@ -52,8 +51,6 @@ private:
     std::string m_layerName;
     Set * m_set = nullptr;
     bool m_isUsed = false;
-    // Of the features that are read; empty between them.
-    Shapes m_read;
     // The nets that come of sets, where the file has no logical nets before its first layer.
     bool m_hasLayers = false;
     bool m_makesNets = false;

@@ -392,7 +392,7 @@ void ShapeReader::ReadOutline(const XmlElement & element, CIPC2581_Polygon & pol
     }
 }
 
-void ShapeReader::ReadOutlineArea(const XmlElement & element, Shapes & shapes)
+std::unique_ptr<CIPC2581_DrawObj> ShapeReader::ReadOutlineArea(const XmlElement & element)
 {
     element.Take();
     auto contour = m_context.Make<CIPC2581_DicDraw_Contour>();
@@ -403,7 +403,36 @@ void ShapeReader::ReadOutlineArea(const XmlElement & element, Shapes & shapes)
             TakeFill(style.fill);
         }
     }
-    shapes.push_back(std::move(contour));
+    return contour;
+}
+
+void ShapeReader::ReadPlaced(const XmlElement & element, Hollow hollow, Outlines outlines, CPointD & location,
+                             CIPC2581_DrawObjArray & list)
+{
+    element.Take();
+    Placement placement;
+    for (const XmlElement child : element) {
+        if (child.Name() == W("Xform")) {
+            placement = ReadXform(child);
+        }
+        else if (child.Name() == W("Location")) {
+            child.Take();
+            TakeNumberOf(child, W("x"), location.X);
+            TakeNumberOf(child, W("y"), location.Y);
+        }
+    }
+    for (const XmlElement child : element) {
+        if (child.Name() == W("Outline") && outlines == Outlines::Areas) {
+            AddPlaced(ReadOutlineArea(child), placement, m_placed);
+        }
+        else {
+            Read(child, placement, hollow, m_placed);
+        }
+    }
+    for (auto & shape : m_placed) {
+        AddTo(list, std::move(shape));
+    }
+    m_placed.clear();
 }
 
 template <typename Shape, const auto & table>

@@ -87,11 +87,20 @@ public:
     // element that is none of them.
     bool Read(const XmlElement & element, const Placement & placement, Hollow hollow, Shapes & shapes);
 
+    // What an outline is in an element that holds shapes.
+    enum class Outlines {
+        Shapes,  // one of them
+        Areas    // the area in it, as of a slot
+    };
+
+    // Reads an element that holds shapes, its transform and its location into a list of the model. The location stays
+    // apart, the transform is done to the shapes.
+    void ReadPlaced(const XmlElement & element, Hollow hollow, Outlines outlines, CPointD & location,
+                    CIPC2581_DrawObjArray & list);
+
     // The line round a shape that says that it is hollow, of which nothing is taken.
     [[nodiscard]] std::optional<CIPC2581_LineDesc> HollowLineOf(const XmlElement & element);
 
-    // An outline as the area in it.
-    void ReadOutlineArea(const XmlElement & element, Shapes & shapes);
     // Polygon and stroke of an outline.
     void ReadOutline(const XmlElement & element, CIPC2581_Polygon & polygon, CIPC2581_LineDesc & lineDesc);
     // Polygons and cutouts.
@@ -102,6 +111,8 @@ public:
     [[nodiscard]] Placement ReadXform(const XmlElement & element);
 
 private:
+    std::unique_ptr<CIPC2581_DrawObj> ReadOutlineArea(const XmlElement & element);
+
     // What stands in a shape beside its form.
     struct Style {
         std::optional<XmlElement> lineDesc;
@@ -143,6 +154,8 @@ private:
     std::string m_units;
     double m_lineDescScale = 1.0;
     std::size_t m_copies = 0;
+    // Shapes on their way into a list; empty between two elements.
+    Shapes m_placed;
 };
 
 }  // namespace ipc2581::detail

@@ -157,27 +157,9 @@ void StepSection::ReadDrawing(const XmlElement & element, Drawing & drawing)
 
 void StepSection::ReadTarget(const XmlElement & element, CIPC2581_Ecad_CadData_Step_TargetArray & targets)
 {
-    using Target = CIPC2581_Ecad_CadData_Step_Target;
-    Target & target = AddTo(targets, m_context.Make<Target>());
-    element.Take();
-    Placement placement;
-    Shapes shapes;
-    for (const XmlElement child : element) {
-        switch (child.Name()) {
-        case W("Xform"):
-            placement = m_shapes.ReadXform(child);
-            break;
-        case W("Location"):
-            TakeFields<Fields<Target>::Location>(child, target, m_context.blocks);
-            break;
-        default:
-            m_shapes.Read(child, placement, ShapeReader::Hollow::Strokes, shapes);
-            break;
-        }
-    }
-    for (auto & shape : shapes) {
-        AddTo(target.DrawObjArray, std::move(shape));
-    }
+    CIPC2581_Ecad_CadData_Step_Target & target = AddTo(targets, m_context.Make<CIPC2581_Ecad_CadData_Step_Target>());
+    m_shapes.ReadPlaced(element, ShapeReader::Hollow::Strokes, ShapeReader::Outlines::Shapes, target.Location,
+                        *target.DrawObjArray);
 }
 
 // A pin may have several places, each with a shape of its own: each is a pin of the same number.
