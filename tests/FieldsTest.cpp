@@ -37,7 +37,6 @@ using ipc2581::Fields;
 using ipc2581::ForEachMember;
 using ipc2581::KindOf;
 using ipc2581::ModelClasses;
-using ipc2581::Pack;
 using ipc2581::Reading;
 using ipc2581::ShapeClasses;
 using ipc2581::VisitShape;
@@ -207,48 +206,73 @@ std::vector<std::string_view> WordsOf(const Element & element)
                  element.attributes);
 }
 
-// What an attribute should do to an object: the leaf at the place becomes the text, and nothing else changes.
-struct Expectation {
-    std::string line;
-    const void * place;
-    std::optional<std::string> text;
+// What a line leaves in a new object.
+struct Scanned {
+    std::vector<Leaf> before;
+    std::vector<Leaf> after;
+    // Of the members that the attributes of the element fill.
+    std::vector<const void *> places;
 };
 
-template <typename Object>
-void ExpectChange(const Expectation & expected, const Object & object, const std::vector<Leaf> & before)
+// Scans the line as one of a file or as a list of a host.
+template <typename Class, std::size_t element>
+Scanned ScanIntoNew(const std::string & line, bool isOfFile)
 {
-    const std::vector<Leaf> after = LeavesOf(object);
-    ASSERT_EQ(after.size(), before.size()) << expected.line;
-    int places = 0;
-    for (std::size_t i = 0; i < after.size(); ++i) {
-        const bool isTarget = after[i].place == expected.place;
-        places += isTarget ? 1 : 0;
-        ASSERT_EQ(after[i].path, before[i].path) << expected.line;
-        EXPECT_EQ(after[i].text, isTarget ? expected.text.value_or(before[i].text) : before[i].text)
-            << expected.line << " " << after[i].path;
+    constexpr const auto & table = ElementOf<Class, element>;
+    Class object;
+    Scanned scanned;
+    scanned.before = LeavesOf(object);
+    if (isOfFile) {
+        Lines file({line});
+        LineCycle cycle(file.File());
+        EXPECT_TRUE(cycle.Next());
+        ScanAttributes<ElementOf<Class, element>>(cycle.Tokens(), object);
     }
-    EXPECT_EQ(places, 1) << expected.line;
+    else {
+        Tokens tokens(line);
+        ScanAttributes<ElementOf<Class, element>>(TokenList(tokens.List()), object);
+    }
+    scanned.after = LeavesOf(object);
+    const auto add = [&](const auto & attribute) {
+        scanned.places.push_back(
+            Apply([&object](auto... steps) { return PlaceOf(object, steps...); }, attribute.member));
+    };
+    Apply([&](const auto &... attribute) { (add(attribute), ...); }, table.attributes);
+    return scanned;
 }
 
-// Scans the line into a new object, as one of a file and as a list of a host.
-template <typename Class, std::size_t element, typename... Steps>
-void ExpectScan(const std::string & line, const Pack<Steps...> & member, const std::optional<std::string> & text)
+// An element of a class without their types, which would cost the compiler more than all other tests.
+struct TestedElement {
+    std::string_view name;
+    std::vector<std::string_view> words;
+    std::vector<Reading> readings;
+    Scanned (*scan)(const std::string & line, bool isOfFile);
+};
+
+template <typename Class, std::size_t element>
+TestedElement ElementToTest()
+{
+    constexpr const auto & table = ElementOf<Class, element>;
+    const auto readings = [](const auto &... attribute) { return std::vector<Reading>{attribute.reading...}; };
+    return {table.name, WordsOf(table), Apply(readings, table.attributes), &ScanIntoNew<Class, element>};
+}
+
+// The value of the attribute with the index becomes the text, or stays, and nothing else changes.
+void ExpectScan(const TestedElement & element, const std::string & line, std::size_t index,
+                const std::optional<std::string> & text)
 {
     for (const bool isOfFile : {true, false}) {
-        Class object;
-        const std::vector<Leaf> before = LeavesOf(object);
-        if (isOfFile) {
-            Lines file({line});
-            LineCycle cycle(file.File());
-            ASSERT_TRUE(cycle.Next());
-            ScanAttributes<ElementOf<Class, element>>(cycle.Tokens(), object);
+        const auto [before, after, attributePlaces] = element.scan(line, isOfFile);
+        ASSERT_EQ(after.size(), before.size()) << line;
+        int places = 0;
+        for (std::size_t i = 0; i < after.size(); ++i) {
+            const bool isTarget = after[i].place == attributePlaces[index];
+            places += isTarget ? 1 : 0;
+            ASSERT_EQ(after[i].path, before[i].path) << line;
+            EXPECT_EQ(after[i].text, isTarget ? text.value_or(before[i].text) : before[i].text)
+                << line << " " << after[i].path;
         }
-        else {
-            Tokens tokens(line);
-            ScanAttributes<ElementOf<Class, element>>(TokenList(tokens.List()), object);
-        }
-        const void * const place = Apply([&object](auto... steps) { return PlaceOf(object, steps...); }, member);
-        ExpectChange({line, place, text}, object, before);
+        EXPECT_EQ(places, 1) << line;
     }
 }
 
@@ -273,46 +297,29 @@ std::vector<std::string> LinesOf(std::string_view element, std::string_view word
 }
 
 // Checks one attribute. One behind an earlier one with the same word gives its value to the member of that.
-template <typename Class, std::size_t element, std::size_t index>
-void ExpectAttribute()
+void ExpectAttribute(const TestedElement & element, std::size_t index)
 {
-    constexpr const auto & table = ElementOf<Class, element>;
-    constexpr const auto & attribute = Get<index>(table.attributes);
-    const std::vector<std::string_view> words = WordsOf(table);
-    const auto first = static_cast<std::size_t>(std::find(words.begin(), words.end(), attribute.word) - words.begin());
-    const std::string_view name = table.name;
-    EXPECT_FALSE(attribute.word.empty()) << name;
-    for (const Sample & sample : SamplesOf(attribute.reading)) {
-        for (const std::string & line : LinesOf(name, attribute.word, sample.value)) {
-            if (first == index) {
-                ExpectScan<Class, element>(line, attribute.member, sample.text);
-                continue;
-            }
-            [&]<std::size_t... indexes>(std::index_sequence<indexes...> /*all*/)
-            {
-                ((indexes == first
-                      ? ExpectScan<Class, element>(line, Get<indexes>(table.attributes).member, sample.text)
-                      : void()),
-                 ...);
-            }
-            (std::make_index_sequence<index>());
+    const std::string_view word = element.words[index];
+    const Reading reading = element.readings[index];
+    const auto first =
+        static_cast<std::size_t>(std::find(element.words.begin(), element.words.end(), word) - element.words.begin());
+    EXPECT_FALSE(word.empty()) << element.name;
+    for (const Sample & sample : SamplesOf(reading)) {
+        for (const std::string & line : LinesOf(element.name, word, sample.value)) {
+            ExpectScan(element, line, first, sample.text);
         }
     }
-    if (attribute.reading == Reading::Text && !attribute.word.ends_with('=') && first == index) {
-        const std::string line = "<" + std::string(name) + " note=\"" + std::string(attribute.word) + "\"/>";
-        ExpectScan<Class, element>(line, attribute.member, std::string(attribute.word));
+    if (reading == Reading::Text && !word.ends_with('=') && first == index) {
+        const std::string line = "<" + std::string(element.name) + " note=\"" + std::string(word) + "\"/>";
+        ExpectScan(element, line, index, std::string(word));
     }
 }
 
-template <typename Class, std::size_t element>
-void ExpectElement()
+void ExpectElement(const TestedElement & element)
 {
-    using Attributes = decltype(ElementOf<Class, element>.attributes);
-    [&]<std::size_t... indexes>(std::index_sequence<indexes...> /*all*/)
-    {
-        (ExpectAttribute<Class, element, indexes>(), ...);
+    for (std::size_t index = 0; index < element.words.size(); ++index) {
+        ExpectAttribute(element, index);
     }
-    (std::make_index_sequence<Attributes::Size>());
 }
 
 TEST(FieldTables, EachAttributeGivesToItsMemberAlone)
@@ -322,7 +329,7 @@ TEST(FieldTables, EachAttributeGivesToItsMemberAlone)
         SCOPED_TRACE(std::string(Fields<Class>::Name));
         [&]<std::size_t... elements>(std::index_sequence<elements...> /*all*/)
         {
-            (ExpectElement<Class, elements>(), ...);
+            (ExpectElement(ElementToTest<Class, elements>()), ...);
         }
         (std::make_index_sequence<ElementCount<Class>>());
     });
@@ -378,6 +385,12 @@ std::size_t Aligned(std::size_t offset, std::size_t alignment)
     return (offset + alignment - 1) / alignment * alignment;
 }
 
+void ExpectBehind(const void *& last, const void * place, std::string_view className, std::string_view member)
+{
+    EXPECT_LT(last, place) << className << " " << member;
+    last = place;
+}
+
 // With the names in the order of the headers, this says that each name stands for its own member.
 TEST(FieldTables, TheMembersComeInTheOrderOfTheirPlaces)
 {
@@ -386,10 +399,17 @@ TEST(FieldTables, TheMembersComeInTheOrderOfTheirPlaces)
         const Class object;
         const void * last = nullptr;
         ForEachMember(object, [&last](const auto & member, const auto & value) {
-            EXPECT_LT(last, static_cast<const void *>(&value)) << Fields<Class>::Name << " " << member.name;
-            last = &value;
+            ExpectBehind(last, &value, Fields<Class>::Name, member.name);
         });
     });
+}
+
+void ExpectInBoard(std::string_view element, const std::string & board, std::string_view className,
+                   std::string_view member)
+{
+    const std::regex tag("<" + std::string(element) + "[ >]");
+    const bool isInBoard = element.empty() || std::regex_search(board, tag);
+    EXPECT_TRUE(isInBoard) << className << " " << member << " " << element;
 }
 
 TEST(FieldTables, TheElementsOfMembersAreThoseOfABoard)
@@ -399,9 +419,7 @@ TEST(FieldTables, TheElementsOfMembersAreThoseOfABoard)
         using Class = ClassOf<decltype(pointer)>;
         const Class object;
         ForEachMember(object, [&board](const auto & member, const auto & /*value*/) {
-            const std::regex tag("<" + std::string(member.element) + "[ >]");
-            const bool isInBoard = member.element.empty() || std::regex_search(board, tag);
-            EXPECT_TRUE(isInBoard) << Fields<Class>::Name << " " << member.name << " " << member.element;
+            ExpectInBoard(member.element, board, Fields<Class>::Name, member.name);
         });
     });
 }
@@ -913,24 +931,43 @@ std::string_view HeldClass()
     }
 }
 
+void ExpectField(const ClassInfo & info, std::size_t at, const FieldInfo & expected)
+{
+    ASSERT_LT(at, info.members.size());
+    const FieldInfo & told = info.members[at];
+    EXPECT_EQ(told.name, expected.name);
+    EXPECT_EQ(told.kind, expected.kind) << told.name;
+    EXPECT_EQ(told.className, expected.className) << told.name;
+    EXPECT_EQ(told.element, expected.element) << told.name;
+}
+
+void ExpectAttribute(const ClassInfo & info, std::size_t at, const AttributeInfo & expected)
+{
+    ASSERT_LT(at, info.attributes.size());
+    const AttributeInfo & told = info.attributes[at];
+    EXPECT_EQ(told.element, expected.element);
+    EXPECT_EQ(told.word, expected.word);
+    EXPECT_EQ(told.reading, expected.reading);
+    EXPECT_EQ(told.member, expected.member) << told.word;
+    EXPECT_EQ(told.IsWide(), told.word.find('=') == std::string_view::npos) << told.word;
+}
+
+std::string PathOf(const void * place, const std::vector<Leaf> & leaves)
+{
+    const auto leaf =
+        std::find_if(leaves.begin(), leaves.end(), [place](const Leaf & any) { return any.place == place; });
+    return leaf == leaves.end() ? "nowhere" : leaf->path;
+}
+
 template <typename Class, typename Element>
 void ExpectAttributes(const Element & element, const ClassInfo & info, std::size_t & at)
 {
     const Class object;
     const std::vector<Leaf> leaves = LeavesOf(object);
     const auto expect = [&](const auto & attribute) {
-        ASSERT_LT(at, info.attributes.size());
-        const AttributeInfo & told = info.attributes[at++];
         const void * const place =
             Apply([&object](auto... steps) { return PlaceOf(object, steps...); }, attribute.member);
-        const auto leaf =
-            std::find_if(leaves.begin(), leaves.end(), [place](const Leaf & any) { return any.place == place; });
-        EXPECT_EQ(told.element, element.name);
-        EXPECT_EQ(told.word, attribute.word);
-        EXPECT_EQ(told.reading, attribute.reading);
-        ASSERT_NE(leaf, leaves.end()) << told.word;
-        EXPECT_EQ(told.member, leaf->path) << told.word;
-        EXPECT_EQ(told.IsWide(), told.word.find('=') == std::string_view::npos) << told.word;
+        ExpectAttribute(info, at++, {element.name, attribute.word, attribute.reading, PathOf(place, leaves)});
     };
     Apply([&](const auto &... attribute) { (expect(attribute), ...); }, element.attributes);
 }
@@ -949,12 +986,7 @@ TEST(FieldDescriptions, SayWhatTheTablesSay)
         const Class object;
         ForEachMember(object, [&](const auto & member, const auto & value) {
             using Type = std::remove_cvref_t<decltype(value)>;
-            ASSERT_LT(at, info.members.size());
-            const FieldInfo & field = info.members[at++];
-            EXPECT_EQ(field.name, member.name);
-            EXPECT_EQ(field.kind, KindOf<Type>()) << field.name;
-            EXPECT_EQ(field.className, HeldClass<Type>()) << field.name;
-            EXPECT_EQ(field.element, member.element) << field.name;
+            ExpectField(info, at++, {member.name, KindOf<Type>(), HeldClass<Type>(), member.element});
         });
         EXPECT_EQ(at, info.members.size());
         at = 0;
