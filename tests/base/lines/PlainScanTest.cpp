@@ -54,8 +54,9 @@ using ipc2581::tests::HasSanitizer;
 using ipc2581::tests::Str;
 using ipc2581::tests::TempFolder;
 
-// The portable build of the vocabulary is tested beside the one that is shipped.
-#if defined(IPC2581_PORTABLE)
+// The portable build of the vocabulary is tested beside the one that is shipped, and one that is not optimised beside
+// one that is.
+#if defined(IPC2581_PORTABLE) || !defined(__OPTIMIZE__)
 constexpr bool IsSlow = true;
 #else
 constexpr bool IsSlow = HasSanitizer;
