@@ -25,6 +25,8 @@ TEST(SignalRemovalDeathTest, NothingIsLeftBehindASignal)
             // The tests may run where somebody ignores it.
             std::signal(signal, SIG_DFL);
             setenv("TMPDIR", temporary.Path("").c_str(), 1);
+            // Whoever runs the tests may ignore it, as nohup does.
+            std::signal(signal, SIG_DFL);
             RemoveListedOnSignals();
             ScratchFile scratch;
             scratch.Write("half", 4);
