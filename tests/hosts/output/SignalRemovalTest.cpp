@@ -22,8 +22,6 @@ TEST(SignalRemovalDeathTest, NothingIsLeftBehindASignal)
     const std::string path = folder.Save("out.txt", "good");
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         const auto end = [&] {
-            // The tests may run where somebody ignores it.
-            std::signal(signal, SIG_DFL);
             setenv("TMPDIR", temporary.Path("").c_str(), 1);
             // Whoever runs the tests may ignore it, as nohup does.
             std::signal(signal, SIG_DFL);
