@@ -194,6 +194,11 @@ private:
             Add("layer of the stackup", "layers of the stackup", Count(group->StackupLayerArray));
         }
         Add("pad stack", "pad stacks", Count(data.m_Step.PadStackArray));
+        for (const auto * const net : Each(data.m_Step.PhyNetGroup.PhyNetArray)) {
+            for (const auto * const point : Each(net->PhyNetPointArray)) {
+                Add("point of a net for tests", "points of nets for tests", point->Test != 0 ? 1U : 0U);
+            }
+        }
     }
 
     void CountParts(const CIPC2581_Ecad_CadData_Step & step)

@@ -132,11 +132,20 @@ TEST(ForWritingOfABoard, TellsWhatIsNeverWritten)
     component->Xform->Mirror = 1;
     component->Height = 1.5;
     board.m_Ecad.m_CadData.m_Step.ComponentArray.Add(component);
+    auto * const net = new CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet();
+    board.m_Ecad.m_CadData.m_Step.PhyNetGroup.PhyNetArray.Add(net);
+    for (const int test : {0, 1}) {
+        auto * const point = new CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet_PhyNetPoint();
+        point->Test = test;
+        net->PhyNetPointArray.Add(point);
+    }
     const std::vector<Unwritten> unwritten = UnwrittenOf(board);
-    ASSERT_EQ(unwritten.size(), 3U);
+    ASSERT_EQ(unwritten.size(), 4U);
     EXPECT_EQ(unwritten[0].one, "item of the bill of materials");
-    EXPECT_EQ(unwritten[1].several, "mirrored components");
-    EXPECT_EQ(unwritten[2].count, 1U);
+    EXPECT_EQ(unwritten[1].one, "point of a net for tests");
+    EXPECT_EQ(unwritten[1].count, 1U);
+    EXPECT_EQ(unwritten[2].several, "mirrored components");
+    EXPECT_EQ(unwritten[3].count, 1U);
 }
 
 }  // namespace
