@@ -29,8 +29,8 @@ std::string Unwritten(const std::string & out)
 {
     return "ipc2581: " + out +
            ": not written: 1 logistic header, 1 history record, 7 items of the bill of materials, 9 references of the "
-           "content, 3 layers of the stackup, 6 pad stacks, 2 heights of components, 1 mirrored component, 10 outlines "
-           "of pins, 4 transforms of pins\n";
+           "content, 3 layers of the stackup, 6 pad stacks, 5 points of nets for tests, 2 heights of components, 1 "
+           "mirrored component, 10 outlines of pins, 4 transforms of pins\n";
 }
 
 TEST(Convert, KeepsTheDirectionOfCurvesOfWhatItHasImported)
