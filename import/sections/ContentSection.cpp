@@ -2,6 +2,9 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
+
+#include "import/shapes/Units.h"
 
 namespace ipc2581::detail {
 namespace {
@@ -23,6 +26,9 @@ void ContentSection::Read(const XmlElement & element)
     CIPC2581_Content & content = m_context.board.m_Content;
     switch (element.Name()) {
     case W("FunctionMode"):
+        if (!content.FunctionMode.IsEmpty()) {
+            break;
+        }
         TakeFields<Fields<CIPC2581_Content>::FunctionMode>(element, content, m_context.blocks);
         TakeTextOf(element, W("comment"), content.FunctionModeComment, m_context.blocks);
         break;
@@ -45,6 +51,16 @@ void ContentSection::BeginStandard(const XmlElement & dictionary)
     CString & unit = m_context.board.m_Content.DictionaryStandard->Unit;
     dictionary.Take();
     TakeTextOf(dictionary, W("units"), unit, m_context.blocks);
+    CheckUnits(dictionary);
+}
+
+void ContentSection::CheckUnits(const XmlElement & dictionary)
+{
+    const std::string_view units = dictionary.Value(W("units"));
+    if (!units.empty() && MillimetresOf(units) == 0.0) {
+        m_context.Note(NoteKind::UnknownUnit, dictionary.Line(),
+                       "the unit \"" + std::string(units) + "\" of a dictionary is not known");
+    }
 }
 
 void ContentSection::Keep(std::vector<KeptEntry> & entries, Tree & entry, LossRecorder::Path path)
@@ -87,6 +103,7 @@ void ContentSection::BeginUser(const XmlElement & dictionary)
 {
     dictionary.Take();
     TakeTextOf(dictionary, W("units"), m_context.board.m_Content.DictionaryUser->Unit, m_context.blocks);
+    CheckUnits(dictionary);
 }
 
 void ContentSection::KeepUser(Tree & entry, LossRecorder::Path path)
@@ -114,6 +131,7 @@ void ContentSection::BeginLineDescs(const XmlElement & dictionary)
 {
     dictionary.Take();
     m_figures.SetLineDescUnits(dictionary.TakeValue(W("units")));
+    CheckUnits(dictionary);
 }
 
 void ContentSection::ReadColor(const XmlElement & element)

@@ -39,6 +39,8 @@ private:
         LossRecorder::Path path;
     };
 
+    // Tells of a unit that nobody knows.
+    void CheckUnits(const XmlElement & dictionary);
     void ReadStandardEntry(const XmlElement & entry);
     void ReadUserEntry(const XmlElement & entry);
     void Keep(std::vector<KeptEntry> & entries, Tree & entry, LossRecorder::Path path);

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string_view>
+#include <utility>
 
 namespace ipc2581::detail {
 namespace {
@@ -35,6 +36,9 @@ std::string_view PackageOfAll(const XmlElement & item)
 
 void LogisticsSection::ReadLogisticHeader(const XmlElement & header)
 {
+    if (std::exchange(m_hasHeader, true)) {
+        return;
+    }
     CIPC2581_LogisticHeader & own = m_context.board.m_LogisticHeader;
     header.Take();
     // Of several the last one counts, as in all that the model knows once.
@@ -61,6 +65,9 @@ void LogisticsSection::ReadLogisticHeader(const XmlElement & header)
 
 void LogisticsSection::ReadHistoryRecord(const XmlElement & record)
 {
+    if (std::exchange(m_hasHistory, true)) {
+        return;
+    }
     TakeFields<Fields<CIPC2581_HistoryRecord>::HistoryRecord>(record, m_context.board.m_HistoryRecord,
                                                               m_context.blocks);
 }

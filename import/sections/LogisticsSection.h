@@ -22,6 +22,9 @@ private:
     void ReadBomItem(const XmlElement & element);
 
     Context & m_context;
+    // Of several sections of a kind the first is taken, and the others are lost.
+    bool m_hasHeader = false;
+    bool m_hasHistory = false;
     bool m_hasBom = false;
 };
 

@@ -1,6 +1,8 @@
 #include "import/sections/PadReader.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <utility>
 
 #include "import/shapes/Units.h"
@@ -27,6 +29,14 @@ void AddTo(Vertex & location, const XmlElement & element, Word nameOfX, Word nam
     TakeNumber(element.Value(nameOfX), own.X);
     TakeNumber(element.Value(nameOfY), own.Y);
     location = {location.X + own.X, location.Y + own.Y};
+}
+
+// A number that no other one is written as.
+std::string AllDigits(double number)
+{
+    std::array<char, 40> digits;
+    const char * const end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    return {digits.data(), static_cast<std::size_t>(end - digits.data())};
 }
 
 // What of a shape that stands in place makes it equal to another one; empty for one that has more in it.
@@ -63,6 +73,9 @@ void PadReader::KeepPadStackDef(const Tree & tree, const XmlElement & definition
             else if (inner.Name() == W("Xform")) {
                 AddTo(pad.placement.location, inner, W("xOffset"), W("yOffset"));
                 TakeNumber(inner.Value(W("rotation")), pad.placement.rotation);
+                if (inner.Has(W("scale"))) {
+                    TakeNumber(inner.Value(W("scale")), pad.placement.scale);
+                }
                 pad.placement.isMirrored = IsTrue(inner.Value(W("mirror")));
             }
             else if (IsShapeName(inner.Name())) {
@@ -135,6 +148,10 @@ void PadReader::TakePlacedShape(const XmlElement & element, const Placement & pl
     }
     Shapes shapes;
     m_shapes.Read(element, left, ShapeReader::Hollow::Areas, shapes);
+    if (shapes.empty()) {
+        KeepReference(element, pad.StandardPrimitiveRefId);
+        return;
+    }
     TakeEntry("PLACED", "", std::move(shapes), pad.StandardPrimitiveRefId);
 }
 
@@ -156,7 +173,7 @@ void PadReader::TakeStandardRef(const XmlElement & element, const Placement & pl
         return;
     }
     const std::string base = std::string(id) + (left.isMirrored ? "-MIRRORED" : "-SCALED");
-    const std::string key = base + " " + std::to_string(left.scale);
+    const std::string key = base + " " + AllDigits(left.scale);
     if (TakeMade(key, pad.StandardPrimitiveRefId)) {
         return;
     }
@@ -187,12 +204,20 @@ void PadReader::TakeShape(const XmlElement & element, CString & id)
     const std::string base(isReference ? element.Value(W("id")) : "SHAPE");
     Shapes shapes;
     m_shapes.Read(element, {}, isReference ? ShapeReader::Hollow::Strokes : ShapeReader::Hollow::Areas, shapes);
-    if (isReference && m_figures.User(base) == nullptr) {
-        element.Take();
-        TakeTextOf(element, W("id"), id, m_context.blocks);
+    if (shapes.empty()) {
+        KeepReference(element, id);
         return;
     }
     TakeEntry(base, key, std::move(shapes), id);
+}
+
+// A figure that is not there is kept by its name; a shape that takes away what others draw is none.
+void PadReader::KeepReference(const XmlElement & element, CString & id)
+{
+    if (element.Name() == W("UserPrimitiveRef")) {
+        element.Take();
+        TakeTextOf(element, W("id"), id, m_context.blocks);
+    }
 }
 
 // The name of the entry that was made of the same before, if there is one.

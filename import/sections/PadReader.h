@@ -47,6 +47,7 @@ private:
     void TakeFromStack(const XmlElement & element, std::string_view layer, const Placement & placement,
                        CIPC2581_Ecad_CadData_Step_Pad & pad);
     void TakePin(const XmlElement & element, CIPC2581_Ecad_CadData_Step_Pad & pad);
+    void KeepReference(const XmlElement & element, CString & id);
     bool TakeMade(const std::string & key, CString & id);
     // The name of an entry with these shapes, which are in the unit of the board.
     void TakeEntry(std::string_view base, const std::string & key, Shapes shapes, CString & id);

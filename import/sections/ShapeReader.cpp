@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <initializer_list>
 #include <utility>
 
 #include "import/shapes/ShapePaths.h"
@@ -17,14 +18,17 @@ constexpr std::string_view HollowWord = "HOLLOW";
 constexpr std::string_view FilledWord = "FILL";
 constexpr std::string_view VoidWord = "VOID";
 
-Unreferenced FactsOf(const XmlElement & entry, LossRecorder::Path path)
+// Keeps the attributes of the names, which are taken, for the case that nobody refers to them.
+void KeepFacts(const XmlElement & element, std::initializer_list<Word> names, Unreferenced & facts)
 {
-    Unreferenced facts = {path, entry.Line(), {}, false};
-    entry.TakeAttributes([&](Word name, std::string_view value) {
-        facts.attributes.emplace_back(name, value);
-        return true;
+    element.Take();
+    element.TakeAttributes([&](Word name, std::string_view value) {
+        const bool isKept = std::find(names.begin(), names.end(), name) != names.end();
+        if (isKept) {
+            facts.attributes.emplace_back(name, value);
+        }
+        return isKept;
     });
-    return facts;
 }
 
 template <typename Value>
@@ -71,13 +75,17 @@ bool IsShapeName(Word name)
 
 void Figures::AddLineDesc(const XmlElement & entry, LossRecorder::Path path)
 {
-    entry.Take();
     LineDescEntry added;
     const std::string id(entry.Value(W("id")));
-    added.facts = FactsOf(entry, path);
+    added.facts = {path, entry.Line(), {}, false};
+    KeepFacts(entry, {W("id")}, added.facts);
     for (const XmlElement child : entry) {
         if (child.Name() == W("LineDesc")) {
-            TakeFields<Fields<CIPC2581_LineDesc>::LineDesc>(child, added.lineDesc, m_context.blocks);
+            TakeNumber(child.Value(W("lineWidth")), added.lineDesc.LineWidth);
+            if (child.Has(W("lineEnd"))) {
+                TakeText(child.Value(W("lineEnd")), added.lineDesc.LineEnd, m_context.blocks);
+            }
+            KeepFacts(child, {W("lineWidth"), W("lineEnd")}, added.facts);
         }
     }
     m_lineDescs.try_emplace(id, std::move(added));
@@ -85,14 +93,14 @@ void Figures::AddLineDesc(const XmlElement & entry, LossRecorder::Path path)
 
 void Figures::AddFillDesc(const XmlElement & entry, LossRecorder::Path path)
 {
-    entry.Take();
     FillEntry added;
     const std::string id(entry.Value(W("id")));
-    added.facts = FactsOf(entry, path);
+    added.facts = {path, entry.Line(), {}, false};
+    KeepFacts(entry, {W("id")}, added.facts);
     for (const XmlElement child : entry) {
         if (child.Name() == W("FillDesc")) {
-            child.Take();
-            added.fill = child.TakeValue(W("fillProperty"));
+            added.fill = child.Value(W("fillProperty"));
+            KeepFacts(child, {W("fillProperty")}, added.facts);
         }
     }
     m_fills.try_emplace(id, std::move(added));
@@ -246,7 +254,8 @@ void ShapeReader::TakeLineDesc(const XmlElement & element, CIPC2581_LineDesc & l
         m_context.TellDangling(element.Line(), "line description", element.Value(W("id")));
         return;
     }
-    element.TakeWhole();
+    element.Take();
+    static_cast<void>(element.TakeValue(W("id")));
     lineDesc.LineWidth = entry->LineWidth * m_lineDescScale;
     lineDesc.LineEnd.Assign(entry->LineEnd, &m_context.blocks);
 }
@@ -271,9 +280,15 @@ CIPC2581_LineDesc ShapeReader::LineDescOf(const XmlElement & element)
 std::optional<CIPC2581_LineDesc> ShapeReader::HollowLineOf(const XmlElement & element)
 {
     CIPC2581_LineDesc lineDesc;
+    double scale = 1.0;
     bool isHollow = false;
     for (const XmlElement child : element) {
         switch (child.Name()) {
+        case W("Xform"):
+            if (child.Has(W("scale"))) {
+                TakeNumber(child.Value(W("scale")), scale);
+            }
+            break;
         case W("LineDesc"):
         case W("LineDescRef"):
             lineDesc = LineDescOf(child);
@@ -288,6 +303,7 @@ std::optional<CIPC2581_LineDesc> ShapeReader::HollowLineOf(const XmlElement & el
             break;
         }
     }
+    lineDesc.LineWidth *= scale;
     return isHollow ? std::optional(lineDesc) : std::nullopt;
 }
 
@@ -307,18 +323,22 @@ std::string_view ShapeReader::FillWord(const XmlElement & element)
         return element.Value(W("fillProperty"));
     }
     const std::string * const entry = m_figures.Fill(element.Value(W("id")));
-    if (entry == nullptr) {
-        m_context.TellDangling(element.Line(), "fill description", element.Value(W("id")));
-        return {};
-    }
-    return *entry;
+    return entry == nullptr ? std::string_view() : std::string_view(*entry);
 }
 
-void ShapeReader::TakeFill(const std::optional<XmlElement> & element)
+// Takes a fill that the model has by what it is, and tells of one that is not in the file.
+void ShapeReader::TakeFill(const std::optional<XmlElement> & element, std::string_view wanted)
 {
-    if (element.has_value() && FillWord(*element) == FilledWord) {
+    if (!element.has_value()) {
+        return;
+    }
+    const bool isReference = element->Name() == W("FillDescRef");
+    if (FillWord(*element) == wanted) {
         element->Take();
-        static_cast<void>(element->TakeValue(element->Name() == W("FillDesc") ? W("fillProperty") : W("id")));
+        static_cast<void>(element->TakeValue(isReference ? W("id") : W("fillProperty")));
+    }
+    else if (isReference && m_figures.Fill(element->Value(W("id"))) == nullptr) {
+        m_context.TellDangling(element->Line(), "fill description", element->Value(W("id")));
     }
 }
 
@@ -369,14 +389,14 @@ void ShapeReader::ReadPolygon(const XmlElement & element, CIPC2581_Polygon & pol
 {
     Style style;
     polygon = static_cast<CIPC2581_Polygon &>(*ReadContourShape<CIPC2581_Polygon>(element, style));
-    TakeFill(style.fill);
+    TakeFill(style.fill, FilledWord);
 }
 
 void ShapeReader::ReadCutout(const XmlElement & element, CIPC2581_Cutout & cutout)
 {
     Style style;
     cutout = static_cast<CIPC2581_Cutout &>(*ReadContourShape<CIPC2581_Cutout>(element, style));
-    TakeFill(style.fill);
+    TakeFill(style.fill, FilledWord);
 }
 
 void ShapeReader::ReadOutline(const XmlElement & element, CIPC2581_Polygon & polygon, CIPC2581_LineDesc & lineDesc)
@@ -400,7 +420,7 @@ std::unique_ptr<CIPC2581_DrawObj> ShapeReader::ReadOutlineArea(const XmlElement 
         if (child.Name() == W("Polygon")) {
             Style style;
             AddTo(*contour->DicDrawObjArray, ReadContourShape<CIPC2581_Polygon>(child, style));
-            TakeFill(style.fill);
+            TakeFill(style.fill, FilledWord);
         }
     }
     return contour;
@@ -554,16 +574,16 @@ void ShapeReader::Finish(std::unique_ptr<CIPC2581_DrawObj> shape, Style & style,
     const Placement placed = placement.Of(style.placement);
     const bool isHollow = style.fill.has_value() && FillWord(*style.fill) == HollowWord;
     if (!isHollow || hollow == Hollow::Areas) {
-        TakeFill(style.fill);
+        TakeFill(style.fill, FilledWord);
         AddPlaced(std::move(shape), placed, shapes);
         return;
     }
-    style.fill->TakeWhole();
+    TakeFill(style.fill, HollowWord);
     CIPC2581_LineDesc lineDesc;
     if (style.lineDesc.has_value()) {
         TakeLineDesc(*style.lineDesc, lineDesc);
     }
-    lineDesc.LineWidth *= placement.scale;
+    lineDesc.LineWidth *= placed.scale;
     for (const Path & path : FilledPaths(*shape)) {
         AddStrokes(Placed(path, placed), lineDesc, shapes);
     }
@@ -582,7 +602,7 @@ void ShapeReader::ReadContour(const XmlElement & element, const Placement & plac
         else if (child.Name() == W("Cutout")) {
             Style own;
             AddTo(*contour->DicDrawObjArray, ReadContourShape<CIPC2581_Cutout>(child, own));
-            TakeFill(own.fill);
+            TakeFill(own.fill, FilledWord);
         }
     }
     // The polygon is placed by its own transform already.

@@ -126,7 +126,7 @@ private:
     [[nodiscard]] bool IsVoid(const XmlElement & element);
     [[nodiscard]] CIPC2581_LineDesc LineDescOf(const XmlElement & element);
     [[nodiscard]] std::string_view FillWord(const XmlElement & element);
-    void TakeFill(const std::optional<XmlElement> & element);
+    void TakeFill(const std::optional<XmlElement> & element, std::string_view wanted);
 
     Style ReadSteps(const XmlElement & element, CIPC2581_Point & begin, CIPC2581_PolyStepArray & steps);
     template <typename Shape>

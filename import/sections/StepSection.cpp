@@ -11,6 +11,7 @@ void StepSection::Begin(const XmlElement & step)
     m_packages.clear();
     m_components.clear();
     m_nets.clear();
+    m_hasDatum = false;
     TakeFields<Fields<CIPC2581_Ecad_CadData_Step>::Step>(step, Step(), m_context.blocks);
 }
 
@@ -24,6 +25,9 @@ void StepSection::Read(const Tree & tree, const XmlElement & element)
         m_pads.KeepPadStackDef(tree, element);
         break;
     case W("Datum"):
+        if (std::exchange(m_hasDatum, true)) {
+            break;
+        }
         TakeFields<Fields<CIPC2581_Ecad_CadData_Step>::Datum>(element, Step(), m_context.blocks);
         break;
     case W("Profile"):
@@ -224,11 +228,13 @@ void StepSection::ReadComponent(const XmlElement & element)
     Component & component = AddTo(Step().ComponentArray, m_context.Make<Component>());
     TakeFields<Fields<Component>::Component>(element, component, m_context.blocks);
     m_components.emplace(element.Value(W("refDes")), element.Value(W("packageRef")));
+    bool hasPlace = false;
+    bool hasXform = false;
     for (const XmlElement child : element) {
-        if (child.Name() == W("Location")) {
+        if (child.Name() == W("Location") && !std::exchange(hasPlace, true)) {
             TakeFields<Fields<Component>::Location>(child, component, m_context.blocks);
         }
-        else if (child.Name() == W("Xform")) {
+        else if (child.Name() == W("Xform") && !std::exchange(hasXform, true)) {
             TakeXform(child, *component.Xform);
         }
     }

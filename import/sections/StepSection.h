@@ -55,6 +55,7 @@ private:
     ByName<Names> m_packages;
     ByName<std::string> m_components;
     Names m_nets;
+    bool m_hasDatum = false;
 };
 
 }  // namespace ipc2581::detail
