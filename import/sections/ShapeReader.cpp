@@ -81,11 +81,12 @@ void Figures::AddLineDesc(const XmlElement & entry, LossRecorder::Path path)
     KeepFacts(entry, {W("id")}, added.facts);
     for (const XmlElement child : entry) {
         if (child.Name() == W("LineDesc")) {
-            TakeNumber(child.Value(W("lineWidth")), added.lineDesc.LineWidth);
-            if (child.Has(W("lineEnd"))) {
-                TakeText(child.Value(W("lineEnd")), added.lineDesc.LineEnd, m_context.blocks);
-            }
-            KeepFacts(child, {W("lineWidth"), W("lineEnd")}, added.facts);
+            child.ForEachAttribute([&](Word name, std::string_view value) {
+                if (name == W("lineWidth") || name == W("lineEnd")) {
+                    added.facts.attributes.emplace_back(name, value);
+                }
+            });
+            TakeFields<Fields<CIPC2581_LineDesc>::LineDesc>(child, added.lineDesc, m_context.blocks);
         }
     }
     m_lineDescs.try_emplace(id, std::move(added));

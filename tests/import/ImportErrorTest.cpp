@@ -1,10 +1,12 @@
 #include "import/ImportError.h"
 
 #include <array>
+#include <cerrno>
 #include <chrono>
 #include <cstddef>
 #include <fstream>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -120,6 +122,12 @@ TEST(ImportError, NamesTheFileAndThePlaceInIt)
     EXPECT_EQ(std::string(error.what()).rfind(path + ":3:", 0), 0U) << error.what();
 }
 
+// The words of the system, in its language.
+std::string CauseOf(int number)
+{
+    return std::generic_category().message(number);
+}
+
 TEST(ImportError, OfAnEmptyFile)
 {
     const TempFolder folder;
@@ -134,21 +142,21 @@ TEST(ImportError, OfAFolder)
     const ImportError error = FileErrorOf(folder.Path(""));
     EXPECT_EQ(error.File(), folder.Path(""));
     EXPECT_EQ(error.Line(), 0U);
-    EXPECT_EQ(error.Cause(), "Is a directory");
+    EXPECT_EQ(error.Cause(), CauseOf(EISDIR));
 }
 
 TEST(ImportError, OfAMissingFile)
 {
     const TempFolder folder;
-    EXPECT_EQ(FileErrorOf(folder.Path("missing.xml")).Cause(), "No such file or directory");
-    EXPECT_EQ(FileErrorOf(folder.Path("missing/board.xml")).Cause(), "No such file or directory");
+    EXPECT_EQ(FileErrorOf(folder.Path("missing.xml")).Cause(), CauseOf(ENOENT));
+    EXPECT_EQ(FileErrorOf(folder.Path("missing/board.xml")).Cause(), CauseOf(ENOENT));
     EXPECT_EQ(FileErrorOf("").File(), "");
 }
 
 TEST(ImportError, OfAFileInAFile)
 {
     const TempFolder folder;
-    EXPECT_EQ(FileErrorOf(folder.Save("file", "x") + "/board.xml").Cause(), "Not a directory");
+    EXPECT_EQ(FileErrorOf(folder.Save("file", "x") + "/board.xml").Cause(), CauseOf(ENOTDIR));
 }
 
 TEST(ImportError, OfAFileCutAnywhere)

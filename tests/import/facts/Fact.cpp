@@ -1,12 +1,12 @@
 #include "tests/import/facts/Fact.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstddef>
-#include <cstdio>
 #include <map>
 #include <utility>
+
+#include "ipc2581/base/platform/CString.h"
 
 namespace ipc2581::facts {
 namespace {
@@ -105,12 +105,13 @@ KindComparison CompareKind(const std::string & kind, Facts file, Facts model)
     return result;
 }
 
+// As printf does it, whatever the locale.
 template <typename... Arguments>
 std::string Formatted(const char * format, Arguments... arguments)
 {
-    std::array<char, 160> text{};
-    std::snprintf(text.data(), text.size(), format, arguments...);
-    return text.data();
+    CString text;
+    text.Format(format, arguments...);
+    return text.GetString();
 }
 
 void AppendExamples(const char * title, const Facts & facts, std::size_t count, std::string & text)
