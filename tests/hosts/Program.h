@@ -166,13 +166,26 @@ inline std::string Golden(const std::string & name, const std::string & given)
     return Bytes(path);
 }
 
-// A listing of the example board in each format, the first of which needs not be told.
-inline void ExpectGoldenListings(const std::string & command)
+// What a command gives of the example board in its own folder, where its name is the same on every machine.
+inline Result OfExampleBoard(const std::string & command, std::vector<std::string> options = {})
 {
-    EXPECT_EQ(RunProgram({command, ExampleBoard()}), RunProgram({command, ExampleBoard(), "--format", "table"}));
+    options.insert(options.begin(), {command, "board.cvg"});
+    return RunProgram(options, {.folder = IPC2581_SOURCE_FOLDER "/examples"});
+}
+
+// A listing of the example board in each format, the first of which needs not be told.
+inline void ExpectGoldenListings(const std::string & command, const std::vector<std::string> & options = {},
+                                 const std::string & name = "")
+{
+    const auto listed = [&](const std::string & format) {
+        std::vector<std::string> arguments = options;
+        arguments.insert(arguments.end(), {"--format", format});
+        return OfExampleBoard(command, arguments);
+    };
+    EXPECT_EQ(OfExampleBoard(command, options), listed("table"));
     for (const std::string format : {"table", "csv", "json"}) {
-        const Result listing = RunProgram({command, ExampleBoard(), "--format", format});
-        const std::string golden = command + "." + (format == "table" ? "txt" : format);
+        const Result listing = listed(format);
+        const std::string golden = (name.empty() ? command : name) + "." + (format == "table" ? "txt" : format);
         EXPECT_EQ(listing, (Result{0, Golden(golden, listing.out), ""})) << golden;
     }
 }

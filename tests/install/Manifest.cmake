@@ -1,6 +1,6 @@
 # What lies under PREFIX is what the tree says: every header that a host reaches from the umbrella or one beside it, the
-# library of this kind, the package files and one program for each folder of hosts/, with its man page and its completion
-# for bash. No more and no less.
+# library of this kind, the package files and one program for each folder of hosts/, with its man page, its completion for
+# bash and the schema of its listings. No more and no less.
 cmake_minimum_required(VERSION 3.25)
 
 set(headers ipc2581/ipc2581.h ipc2581/version.h ipc2581/fields.h)
@@ -57,7 +57,8 @@ endforeach()
 string(REPLACE "," ";" programs "${PROGRAMS}")
 foreach(program IN LISTS programs)
     list(APPEND expected
-        bin/${program} share/man/man1/${program}.1 share/bash-completion/completions/${program})
+        bin/${program} share/man/man1/${program}.1 share/bash-completion/completions/${program}
+        share/${program}/listings.schema.json)
 endforeach()
 
 file(GLOB_RECURSE installed LIST_DIRECTORIES false RELATIVE ${PREFIX} ${PREFIX}/*)

@@ -1,14 +1,17 @@
 #include "hosts/ipc2581/check/CheckListing.h"
 
 #include <memory>
+#include <optional>
 #include <set>
 
+#include "hosts/ipc2581/board/Lengths.h"
 #include "hosts/ipc2581/board/ReadWrite.h"
 #include "hosts/ipc2581/check/ElementCounts.h"
 #include "hosts/ipc2581/check/ImportNotes.h"
 #include "hosts/ipc2581/check/LineCheck.h"
 #include "hosts/ipc2581/files/Error.h"
 #include "hosts/ipc2581/files/ScratchFile.h"
+#include "hosts/ipc2581/text/Text.h"
 
 namespace ipc2581::host {
 namespace {
@@ -39,9 +42,9 @@ void List(const Findings & findings, Table & table)
     }
 }
 
-std::string WellFormed(const XmlCounts & counts)
+Cell ErrorIn(const XmlCounts & counts)
 {
-    return counts.error.empty() ? "yes" : "no, line " + std::to_string(counts.errorLine) + ": " + counts.error;
+    return counts.error.empty() ? Cell() : "line " + std::to_string(counts.errorLine) + ": " + counts.error;
 }
 
 std::size_t Find(const ElementCounts & counts, const std::string & name)
@@ -67,26 +70,35 @@ void ListElements(const ElementCounts & file, const ElementCounts & taken, const
 }
 
 // What the import makes of the file: what it tells of it, or why it does not take it.
-void ListImported(const BoardFile & file, std::size_t limit, Listing & listing)
+void ListImported(const BoardFile & file, std::size_t limit, Checked & checked)
 {
-    Table & sums = listing.AddRecord("import");
+    Values & sums = checked.listing.AddValues("import");
+    Table & notes = checked.listing.AddTable("import notes", {{"what is not as it stands", "text"}, "count", "lines"});
+    Table & facts = checked.listing.AddTable("no place", {"element", "attributes", "count", "lines"});
+    std::optional<Imported> imported;
+    Cell refused;
     try {
-        const Imported imported = ImportModel(file, "", nullptr);
-        sums.Add({"facts without a place", imported.report.LostCount()});
-        sums.Add({"remarks of sets", imported.report.RemarkCount()});
-        sums.Add({"notes", imported.report.Notes().size()});
-        Table & notes = listing.AddTable("import notes", {"what is not as it stands", "count", "lines"});
-        Table & facts = listing.AddTable("no place", {"element", "attributes", "count", "lines"});
-        ListImport(imported.report, limit, notes, facts);
+        imported = ImportModel(file, "", nullptr);
     }
     catch (const Error & error) {
-        sums.Add({"refused", std::string(error.what())});
+        refused = std::string(error.what());
+    }
+    const auto count = [&](auto counted) { return imported.has_value() ? Cell(counted()) : Cell(); };
+    sums.Add("facts without a place", count([&] { return imported->report.LostCount(); }));
+    sums.Add("remarks of sets", count([&] { return imported->report.RemarkCount(); }));
+    sums.Add("notes", count([&] { return imported->report.Notes().size(); }));
+    sums.Add("refused", refused);
+    if (imported.has_value()) {
+        ListImport(imported->report, limit, notes, facts);
+        checked.source.step = Shown(imported->board->m_Ecad.m_CadData.m_Step.Name);
+        checked.source.units = UnitsWord(imported->board->m_Ecad.m_CadHeader.units);
+        checked.source.warnings = WarningsOfImport(imported->report);
     }
 }
 
 }  // namespace
 
-Listing CheckListing(const BoardFile & file, std::size_t limit, CProgressCtrl * progress)
+Checked CheckListing(const BoardFile & file, std::size_t limit, CProgressCtrl * progress)
 {
     auto root = std::make_unique<CIPC2581_Parser>();
     const LineFindings found = CheckLines(file, limit, *root, progress);
@@ -99,27 +111,31 @@ Listing CheckListing(const BoardFile & file, std::size_t limit, CProgressCtrl * 
     const XmlCounts inFile = CountXml(file.PlainPath());
     const XmlCounts written = CountWritten(*root);
 
-    Listing listing;
-    ListImported(file, limit, listing);
-    Table & sums = listing.AddRecord("check");
-    sums.Add({"lines", found.lines});
-    sums.Add({"well-formed XML", WellFormed(inFile)});
-    sums.Add({"well-formed when written", WellFormed(written)});
-    sums.Add({"stops of the read", Sum(found.stops)});
-    sums.Add({"lines taken for others", Sum(found.swallows)});
-    sums.Add({"values read otherwise", Sum(found.readOtherwise)});
-    sums.Add({"elements passed over", Sum(found.elements)});
-    sums.Add({"attributes passed over", Sum(found.attributes)});
-    sums.Add({"attributes not written as read", Sum(found.notWritten)});
-    List(found.stops, listing.AddTable("stops", {"what stops the read", "count", "lines"}));
-    List(found.swallows, listing.AddTable("structure", {"what is taken for something else", "count", "lines"}));
-    List(found.readOtherwise, listing.AddTable("values", {"what is read otherwise", "count", "lines"}));
+    Checked checked{{}, {.file = file.Name()}};
+    Listing & listing = checked.listing;
+    ListImported(file, limit, checked);
+    Values & sums = listing.AddValues("check");
+    sums.Add("lines", found.lines);
+    sums.Add("well-formed XML", inFile.error.empty());
+    sums.Add("XML error", ErrorIn(inFile));
+    sums.Add("well-formed when written", written.error.empty());
+    sums.Add("XML error when written", ErrorIn(written));
+    sums.Add("stops of the read", Sum(found.stops));
+    sums.Add("lines taken for others", Sum(found.swallows));
+    sums.Add("values read otherwise", Sum(found.readOtherwise));
+    sums.Add("elements passed over", Sum(found.elements));
+    sums.Add("attributes passed over", Sum(found.attributes));
+    sums.Add("attributes not written as read", Sum(found.notWritten));
+    List(found.stops, listing.AddTable("stops", {{"what stops the read", "text"}, "count", "lines"}));
+    List(found.swallows,
+         listing.AddTable("structure", {{"what is taken for something else", "text"}, "count", "lines"}));
+    List(found.readOtherwise, listing.AddTable("values", {{"what is read otherwise", "text"}, "count", "lines"}));
     List(found.elements, listing.AddTable("passed elements", {"element", "in", "count", "lines"}));
     List(found.attributes, listing.AddTable("passed attributes", {"element", "attribute", "count", "lines"}));
     List(found.notWritten, listing.AddTable("not written", {"element", "attribute", "written", "count", "lines"}));
     ListElements(inFile.elements, found.taken, CountModel(*root), written.elements,
                  listing.AddTable("elements", {"element", "file", "taken", "model", "written"}));
-    return listing;
+    return checked;
 }
 
 }  // namespace ipc2581::host

@@ -10,9 +10,14 @@
 
 namespace ipc2581::host {
 
+struct Checked {
+    Listing listing;
+    Source source;
+};
+
 // What the reader does not take from a file and what a written one lacks, line by line. Each finding tells the numbers
 // of so many lines. The progress may be null. Throws Error for a file that cannot be read.
-Listing CheckListing(const BoardFile & file, std::size_t limit, CProgressCtrl * progress = nullptr);
+Checked CheckListing(const BoardFile & file, std::size_t limit, CProgressCtrl * progress = nullptr);
 
 }  // namespace ipc2581::host
 

@@ -21,6 +21,25 @@ bool IsOneByOne(NoteKind kind)
     return kind != NoteKind::DanglingReference && kind != NoteKind::NetsFromSets;
 }
 
+const char * NameOf(NoteKind kind)
+{
+    switch (kind) {
+    case NoteKind::NetsFromSets:
+        return "nets_from_sets";
+    case NoteKind::StepLeftOut:
+        return "step_left_out";
+    case NoteKind::StepRepeat:
+        return "step_repeat";
+    case NoteKind::DanglingReference:
+        return "dangling_reference";
+    case NoteKind::UnknownUnit:
+        return "unknown_unit";
+    case NoteKind::Merged:
+        return "merged";
+    }
+    return "";
+}
+
 std::string TextOf(const Note & note)
 {
     return note.kind == NoteKind::StepLeftOut ? note.text + " is left out" : note.text;
@@ -49,6 +68,15 @@ std::string NotesOfImport(const ImportReport & report)
                  std::to_string(dangling) + (dangling == 1 ? " reference leads nowhere" : " references lead nowhere"));
     }
     return causes;
+}
+
+std::vector<Warning> WarningsOfImport(const ImportReport & report)
+{
+    std::vector<Warning> warnings;
+    for (const Note & note : report.Notes()) {
+        warnings.push_back({NameOf(note.kind), note.line, TextOf(note)});
+    }
+    return warnings;
 }
 
 void ListImport(const ImportReport & report, std::size_t limit, Table & notes, Table & facts)

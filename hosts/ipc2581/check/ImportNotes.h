@@ -2,6 +2,7 @@
 #define IPC2581_HOSTS_IPC2581_CHECK_IMPORTNOTES_H
 
 #include <string>
+#include <vector>
 
 #include <import/ImportReport.h>
 
@@ -12,6 +13,9 @@ namespace ipc2581::host {
 // What an import has done otherwise than to take what stands in the file, cause by cause, for one line; empty if
 // nothing is.
 std::string NotesOfImport(const ImportReport & report);
+
+// The same note by note.
+std::vector<Warning> WarningsOfImport(const ImportReport & report);
 
 // All of it, and all facts that the model has no member for, by the elements that they stand in. Each row tells so many
 // lines.

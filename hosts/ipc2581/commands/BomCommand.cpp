@@ -13,7 +13,10 @@ void AddBomCommand(CLI::App & program)
                                     "ipc2581 bom board.cvg --format csv -o bom.csv");
     AddBoardListing(command, *options);
     AddSort(command, *options, "Sort by designators, R2 before R10");
-    command.callback([options] { PrintTable(*options, &BomTable, Listed::Items); });
+    command.callback([options] {
+        PrintTable(*options, [&](Board & board, const Lengths &) { return BomTable(board, options->isSorted); },
+                   {Listed::Items});
+    });
 }
 
 }  // namespace ipc2581::host

@@ -16,7 +16,7 @@ struct Options {
     ListingOptions listing;
 };
 
-Listing CheckWithProgress(const Options & options)
+Checked CheckWithProgress(const Options & options)
 {
     constexpr std::size_t few = 10;
     const BoardFile file(options.board);
@@ -26,7 +26,8 @@ Listing CheckWithProgress(const Options & options)
 
 void Check(const Options & options)
 {
-    Print(CheckWithProgress(options), options.listing, {options.board});
+    const Checked checked = CheckWithProgress(options);
+    Print(checked.listing, options.listing, {options.board}, checked.source);
 }
 
 }  // namespace

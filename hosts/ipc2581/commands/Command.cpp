@@ -1,9 +1,11 @@
 #include "hosts/ipc2581/commands/Command.h"
 
+#include <algorithm>
 #include <iostream>
 #include <map>
 #include <new>
 #include <utility>
+#include <vector>
 
 #include "hosts/ipc2581/output/Progress.h"
 #include "hosts/ipc2581/text/Text.h"
@@ -71,11 +73,25 @@ void AddSort(CLI::App & command, SortedListing & options, const std::string & or
     command.add_flag("--sort", options.isSorted, order + ", instead of in file order");
 }
 
-void PrintTable(const SortedListing & options, Table (*make)(Board & board, bool isSorted), Listed listed)
+void AddUnits(CLI::App & command, std::string & unit)
+{
+    command.add_option("--units", unit, "List lengths in mm, inch, mil or um, instead of the units of the board")
+        ->check([](const std::string & name) {
+            const std::vector<std::string> units = Lengths::Units();
+            return std::find(units.begin(), units.end(), name) != units.end()
+                       ? ""
+                       : "must be mm, inch, mil or um, not " + name;
+        })
+        ->type_name("UNIT");
+}
+
+void PrintTable(const SortedListing & options, const TableMaker & make, std::initializer_list<Listed> listed)
 {
     Board board = OpenBoard(options.board, options.reading);
-    Print(make(board, options.isSorted), options.listing, {options.board});
-    WarnOfLosses(board, {listed});
+    const Lengths lengths(board, options.unit);
+    const std::string losses = LossesOf(board, listed);
+    Print(make(board, lengths), options.listing, {options.board}, SourceOf(board, lengths, losses));
+    Warn(board, losses);
 }
 
 void WarnOfImport(const Board & board)
@@ -85,13 +101,24 @@ void WarnOfImport(const Board & board)
     }
 }
 
-void WarnOfLosses(Board & board, std::initializer_list<Listed> listed)
+std::string LossesOf(Board & board, std::initializer_list<Listed> listed)
 {
     if (board.Report() != nullptr) {
-        WarnOfImport(board);
-        return;
+        return OneLine(NotesOfImport(*board.Report()));
     }
-    Warn(board, ListingLosses(board, listed));
+    return listed.size() == 0 ? "" : ListingLosses(board, listed);
+}
+
+Source SourceOf(Board & board, const Lengths & lengths, const std::string & losses)
+{
+    Source source{board.File().Name(), Shown(board.Step().Name), lengths.Word()};
+    if (board.Report() != nullptr) {
+        source.warnings = WarningsOfImport(*board.Report());
+    }
+    else if (!losses.empty()) {
+        source.warnings.push_back({"not_read", 0, losses});
+    }
+    return source;
 }
 
 void Warn(const Board & board, const std::string & losses)

@@ -2,12 +2,13 @@
 #define IPC2581_HOSTS_IPC2581_COMMANDS_COMMAND_H
 
 #include <exception>
+#include <functional>
 #include <initializer_list>
 #include <string>
 
 #include <CLI/CLI.hpp>
 
-#include "hosts/ipc2581/board/Board.h"
+#include "hosts/ipc2581/board/Lengths.h"
 #include "hosts/ipc2581/check/ImportNotes.h"
 #include "hosts/ipc2581/check/ListingLosses.h"
 #include "hosts/ipc2581/output/Output.h"
@@ -35,12 +36,17 @@ struct ListingOptions {
 };
 void AddListingOptions(CLI::App & command, ListingOptions & options);
 
+// The option that asks for the unit of lengths.
+void AddUnits(CLI::App & command, std::string & unit);
+
+// What a listing of a board is known to lack, and what an import tells of the file as a whole.
+std::string LossesOf(Board & board, std::initializer_list<Listed> listed);
+// What stands above a listing in JSON. The losses are told apart from what an import has noted one by one.
+Source SourceOf(Board & board, const Lengths & lengths, const std::string & losses);
+
 // Says in one line on standard error what is known to be lacking, and points to the command that shows all of it.
 // Silent if nothing is.
 void Warn(const Board & board, const std::string & losses);
-// The same for a listing of these, and what an import tells of the file as a whole.
-void WarnOfLosses(Board & board, std::initializer_list<Listed> listed);
-
 // Says in one line on standard error what of the file an import has not taken as it stands, if there is any.
 void WarnOfImport(const Board & board);
 
@@ -52,6 +58,7 @@ struct SortedListing {
     std::string board;
     Reading reading;
     ListingOptions listing;
+    std::string unit;  // of lengths; empty is that of the board
     bool isSorted = false;
 };
 // The argument BOARD, how it is read, and the options of a listing.
@@ -60,16 +67,18 @@ void AddBoardListing(CLI::App & command, SortedListing & options);
 void AddSort(CLI::App & command, SortedListing & options, const std::string & order);
 
 // Prints a Table or a Listing where the options say. The inputs are never overwritten.
-template <typename Printed>
-void Print(const Printed & printed, const ListingOptions & options, std::initializer_list<std::string> inputs)
+template <typename Printed, typename... Sources>
+void Print(const Printed & printed, const ListingOptions & options, std::initializer_list<std::string> inputs,
+           const Sources &... sources)
 {
     Output output(options.output, inputs);
-    printed.Print(output.Stream(), options.format);
+    printed.Print(output.Stream(), options.format, sources...);
     output.Finish();
 }
 
 // Reads the board, prints the table made of it, and warns of what the table is known to lack.
-void PrintTable(const SortedListing & options, Table (*make)(Board & board, bool isSorted), Listed listed);
+using TableMaker = std::function<Table(Board & board, const Lengths & lengths)>;
+void PrintTable(const SortedListing & options, const TableMaker & make, std::initializer_list<Listed> listed);
 
 }  // namespace ipc2581::host
 

@@ -13,7 +13,13 @@ void AddComponentsCommand(CLI::App & program)
         AddCommand(program, "components", "List where each part is placed", "ipc2581 components board.cvg --sort");
     AddBoardListing(command, *options);
     AddSort(command, *options, "Sort by designator, R2 before R10");
-    command.callback([options] { PrintTable(*options, &ComponentTable, Listed::Components); });
+    AddUnits(command, options->unit);
+    command.callback([options] {
+        PrintTable(
+            *options,
+            [&](Board & board, const Lengths & lengths) { return ComponentTable(board, lengths, options->isSorted); },
+            {Listed::Components});
+    });
 }
 
 }  // namespace ipc2581::host

@@ -11,29 +11,38 @@ namespace {
 
 enum Status { Different = 1, Trouble = 2 };
 
+constexpr std::initializer_list<Listed> AllListed = {Listed::Items, Listed::Components, Listed::LogicalNets,
+                                                     Listed::PhysicalNets};
+
 struct Options {
     std::string before;
     std::string after;
     Reading reading;
     ListingOptions listing;
+    std::string unit;
 };
 
 bool Diff(const Options & options)
 {
     Board before = OpenBoard(options.before, options.reading);
     Board after = OpenBoard(options.after, options.reading);
-    const Differences differences = DifferencesOf(before, after);
+    const Lengths lengths(before, options.unit);
+    const Lengths otherLengths(after, options.unit);
+    const Differences differences = DifferencesOf({before, lengths}, {after, otherLengths});
+    const std::string losses = LossesOf(before, AllListed);
+    const std::string otherLosses = LossesOf(after, AllListed);
     const bool isDifferent = !differences.Rows().Rows().empty();
     if (!isDifferent && options.listing.format == Format::Table) {
         // Like diff, which has nothing to say of what is the same.
         Output(options.listing.output, {options.before, options.after}).Finish();
     }
     else {
-        Print(differences.Rows(), options.listing, {options.before, options.after});
+        const Source source = SourceOf(before, lengths, losses);
+        const Source other = SourceOf(after, otherLengths, otherLosses);
+        Print(differences.Rows(), options.listing, {options.before, options.after}, source, &other);
     }
-    for (Board * const read : {&before, &after}) {
-        WarnOfLosses(*read, {Listed::Items, Listed::Components, Listed::LogicalNets, Listed::PhysicalNets});
-    }
+    Warn(before, losses);
+    Warn(after, otherLosses);
     return isDifferent;
 }
 
@@ -66,6 +75,7 @@ void AddDiffCommand(CLI::App & program)
         ->type_name("");
     AddReading(command, options->reading);
     AddListingOptions(command, options->listing);
+    AddUnits(command, options->unit);
     command.callback([options] { DiffAndEnd(*options); });
 }
 

@@ -11,12 +11,14 @@ struct Options {
     std::string board;
     Reading reading;
     ListingOptions listing;
+    std::string unit;
 };
 
 void Info(const Options & options)
 {
     Board board = OpenBoard(options.board, options.reading);
-    Print(InfoListing(board), options.listing, {options.board});
+    const Lengths lengths(board, options.unit);
+    Print(InfoListing(board, lengths), options.listing, {options.board}, SourceOf(board, lengths, ""));
     WarnOfImport(board);
 }
 
@@ -29,6 +31,7 @@ void AddInfoCommand(CLI::App & program)
     AddBoard(command, options->board);
     AddReading(command, options->reading);
     AddListingOptions(command, options->listing);
+    AddUnits(command, options->unit);
     command.callback([options] { Info(*options); });
 }
 

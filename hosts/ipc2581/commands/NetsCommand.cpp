@@ -19,12 +19,17 @@ void AddNetsCommand(CLI::App & program)
     AddBoardListing(command, options->listing);
     command.add_flag("--physical", options->isPhysical, "List the points of the physical nets, one row per point");
     AddSort(command, options->listing, "Sort by net and pin, R2.1 before R10.1");
+    AddUnits(command, options->listing.unit);
     command.callback([options] {
+        const bool isSorted = options->listing.isSorted;
         if (options->isPhysical) {
-            PrintTable(options->listing, &NetPointTable, Listed::PhysicalNets);
+            PrintTable(options->listing,
+                       [&](Board & board, const Lengths & lengths) { return NetPointTable(board, lengths, isSorted); },
+                       {Listed::PhysicalNets});
         }
         else {
-            PrintTable(options->listing, &NetTable, Listed::LogicalNets);
+            PrintTable(options->listing, [&](Board & board, const Lengths &) { return NetTable(board, isSorted); },
+                       {Listed::LogicalNets});
         }
     });
 }

@@ -56,12 +56,12 @@ private:
     CStdioFile m_file;
 };
 
-std::string Position(const CPointD & point)
+std::string Position(const CPointD & point, const Lengths & lengths)
 {
-    return Cell(point.X).Text() + "," + Cell(point.Y).Text();
+    return Cell(lengths.Of(point.X)).Text() + "," + Cell(lengths.Of(point.Y)).Text();
 }
 
-std::vector<Record> Boards(Board & board)
+std::vector<Record> Boards(Board & board, const Lengths & lengths)
 {
     const CIPC2581_Parser & root = board.Root();
     Record record("");
@@ -70,7 +70,7 @@ std::vector<Record> Boards(Board & board)
     record.Add("dictionary units", Shown(root.m_Content.DictionaryStandard->Unit));
     record.Add("function mode", Shown(root.m_Content.FunctionMode));
     record.Add("step", Shown(board.Step().Name));
-    record.Add("datum", Position(board.Step().Datum));
+    record.Add("datum", Position(board.Step().Datum, lengths));
     Writings profile;
     profile.Add(board.Step().Profile);
     record.AddHidden("profile", profile.Texts().front());
@@ -118,7 +118,7 @@ std::vector<Record> Layers(Board & board)
     return records;
 }
 
-std::vector<Record> StackupLayers(Board & board)
+std::vector<Record> StackupLayers(Board & board, const Lengths & lengths)
 {
     std::vector<Record> records;
     for (const auto * const group : Each(board.CadData().m_Stackup.StackupGroupArray)) {
@@ -126,7 +126,7 @@ std::vector<Record> StackupLayers(Board & board)
             Record & record = records.emplace_back(Shown(layer->layerOrGroupRef));
             record.Add("group", Shown(group->name));
             record.Add("material", Shown(layer->materialType));
-            record.Add("thickness", layer->thickness);
+            record.Add("thickness", lengths.Of(layer->thickness));
         }
     }
     return records;
@@ -157,24 +157,25 @@ std::string Joined(const std::vector<std::string> & words)
 }
 
 // Pad stacks have no name, and are never written by the library.
-std::vector<std::string> PadStacks(Board & board)
+std::vector<std::string> PadStacks(Board & board, const Lengths & lengths)
 {
     std::vector<std::string> texts;
     for (const auto * const stack : Each(board.Step().PadStackArray)) {
         const CIPC2581_Ecad_CadData_Step_Hole & hole = *stack->LayerHole;
-        std::string text = Joined({Shown(stack->NetName), Shown(hole.Name), Shown(hole.Diameter),
-                                   Shown(hole.PlatingStatus), Shown(hole.PlusTol), Shown(hole.MinusTol),
-                                   Position(hole.Location), Shown(hole.FromLayer), Shown(hole.ToLayer)});
+        std::string text =
+            Joined({Shown(stack->NetName), Shown(hole.Name), lengths.Of(hole.Diameter).Text(),
+                    Shown(hole.PlatingStatus), lengths.Of(hole.PlusTol).Text(), lengths.Of(hole.MinusTol).Text(),
+                    Position(hole.Location, lengths), Shown(hole.FromLayer), Shown(hole.ToLayer)});
         for (const CIPC2581_Ecad_CadData_Step_Pad * const pad : Each(stack->LayerPadArray)) {
             text.append(1, '\n').append(Joined({Shown(pad->LayerRef), Shown(pad->Pin), Cell(pad->Rotation).Text(),
-                                                Position(pad->Location), Shown(pad->StandardPrimitiveRefId)}));
+                                                Position(pad->Location, lengths), Shown(pad->StandardPrimitiveRefId)}));
         }
         texts.push_back(std::move(text));
     }
     return texts;
 }
 
-std::vector<Record> Packages(Board & board)
+std::vector<Record> Packages(Board & board, const Lengths & lengths)
 {
     constexpr std::size_t drawings = 4;
     Writings writings;
@@ -190,7 +191,7 @@ std::vector<Record> Packages(Board & board)
     for (std::size_t i = 0; i < packages.size(); ++i) {
         std::vector<std::string> pins;
         for (const CIPC2581_Ecad_CadData_Step_Package_Pin * const pin : Each(packages[i]->PinArray)) {
-            pins.push_back(Shown(pin->number) + "(" + Position(pin->Location) + "," +
+            pins.push_back(Shown(pin->number) + "(" + Position(pin->Location, lengths) + "," +
                            Cell(pin->Xform->Rotation).Text() + "," + Shown(pin->StandardPrimitiveRef) + ")");
         }
         Record & record = records.emplace_back(Shown(packages[i]->name));
@@ -204,7 +205,7 @@ std::vector<Record> Packages(Board & board)
     return records;
 }
 
-std::vector<Record> Components(Board & board)
+std::vector<Record> Components(Board & board, const Lengths & lengths)
 {
     std::vector<Record> records;
     for (const CIPC2581_Ecad_CadData_Step_Component * const component : Each(board.Step().ComponentArray)) {
@@ -213,12 +214,12 @@ std::vector<Record> Components(Board & board)
         record.Add("part", Shown(component->Part));
         record.Add("layer", Shown(component->LayerRef));
         record.Add("mount", Shown(component->MountType));
-        record.Add("x", component->Location.X);
-        record.Add("y", component->Location.Y);
+        record.Add("x", lengths.Of(component->Location.X));
+        record.Add("y", lengths.Of(component->Location.Y));
         record.Add("rotation", component->Xform->Rotation);
         record.Add("mirror", component->Xform->Mirror != 0);
-        record.Add("height", component->Height);
-        record.Add("standoff", Shown(component->Standoff));
+        record.Add("height", lengths.Of(component->Height));
+        record.Add("standoff", lengths.Of(component->Standoff));
     }
     return records;
 }
@@ -236,14 +237,14 @@ std::vector<Record> Nets(Board & board)
     return records;
 }
 
-std::vector<Record> PhysicalNets(Board & board)
+std::vector<Record> PhysicalNets(Board & board, const Lengths & lengths)
 {
     std::vector<Record> records;
     for (const CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet * const net : Each(board.Step().PhyNetGroup.PhyNetArray)) {
         std::vector<std::string> points;
         for (const auto * const point : Each(net->PhyNetPointArray)) {
-            points.push_back(Shown(point->LayerRef) + "(" + Position(point->Location) + "," + Shown(point->Exposure) +
-                             "," + Shown(point->NetNode) + (point->Via != 0 ? ",via," : ",") +
+            points.push_back(Shown(point->LayerRef) + "(" + Position(point->Location, lengths) + "," +
+                             Shown(point->Exposure) + "," + Shown(point->NetNode) + (point->Via != 0 ? ",via," : ",") +
                              Shown(point->StandardPrimitiveRefId) + ")");
         }
         records.emplace_back(Shown(net->Name)).AddMembers("points", std::move(points));
@@ -271,8 +272,8 @@ std::vector<Record> Items(Board & board)
             (refDes->populate ? fitted : notFitted).push_back(Shown(refDes->name));
         }
         Record & record = records.emplace_back(ItemName(*item));
-        record.Add("quantity", Shown(item->quantity));
-        record.Add("pins", Shown(item->numberIO));
+        record.Add("quantity", CountOf(Shown(item->quantity)));
+        record.Add("pins", CountOf(Shown(item->numberIO)));
         record.Add("category", Shown(item->category));
         record.Add("description", Shown(item->description));
         record.Add("package", Shown(item->packageRef));
@@ -282,35 +283,38 @@ std::vector<Record> Items(Board & board)
     return records;
 }
 
-std::vector<Record> AllPadStacks(Board & board)
+std::vector<Record> AllPadStacks(Board & board, const Lengths & lengths)
 {
     Record record("");
-    record.AddHiddenMembers("pads and holes", PadStacks(board));
+    record.AddHiddenMembers("pads and holes", PadStacks(board, lengths));
     return {record};
 }
 
-Differences Compared(Board & before, Board & after)
+Differences AllDifferences(const Compared & before, const Compared & after)
 {
-    Differences differences;
-    differences.Compare("board", Boards(before), Boards(after));
-    differences.Compare("layer", Layers(before), Layers(after));
-    differences.Compare("stackup layer", StackupLayers(before), StackupLayers(after));
-    differences.Compare("shape", Shapes(before), Shapes(after));
-    differences.Compare("pad stacks", AllPadStacks(before), AllPadStacks(after));
-    differences.Compare("package", Packages(before), Packages(after));
-    differences.Compare("component", Components(before), Components(after));
-    differences.Compare("net", Nets(before), Nets(after));
-    differences.Compare("physical net", PhysicalNets(before), PhysicalNets(after));
-    differences.Compare("BOM item", Items(before), Items(after));
+    Differences differences(before.lengths.Named("before"), after.lengths.Named("after"));
+    differences.Compare("board", Boards(before.board, before.lengths), Boards(after.board, after.lengths));
+    differences.Compare("layer", Layers(before.board), Layers(after.board));
+    differences.Compare("stackup layer", StackupLayers(before.board, before.lengths),
+                        StackupLayers(after.board, after.lengths));
+    differences.Compare("shape", Shapes(before.board), Shapes(after.board));
+    differences.Compare("pad stacks", AllPadStacks(before.board, before.lengths),
+                        AllPadStacks(after.board, after.lengths));
+    differences.Compare("package", Packages(before.board, before.lengths), Packages(after.board, after.lengths));
+    differences.Compare("component", Components(before.board, before.lengths), Components(after.board, after.lengths));
+    differences.Compare("net", Nets(before.board), Nets(after.board));
+    differences.Compare("physical net", PhysicalNets(before.board, before.lengths),
+                        PhysicalNets(after.board, after.lengths));
+    differences.Compare("BOM item", Items(before.board), Items(after.board));
     return differences;
 }
 
 }  // namespace
 
-Differences DifferencesOf(Board & before, Board & after)
+Differences DifferencesOf(const Compared & before, const Compared & after)
 {
     try {
-        return Compared(before, after);
+        return AllDifferences(before, after);
     }
     catch (const CFileException & failure) {
         throw Error("temporary file", "cannot be written: " + CauseOf(failure));

@@ -44,7 +44,7 @@ std::map<Key, const Record *> Index(const std::vector<Record> & records)
 
 void Record::Add(const char * property, const Cell & value)
 {
-    m_properties.push_back({property, false, false, {value.Text()}});
+    m_properties.push_back({property, false, false, {value.Text()}, value});
 }
 
 void Record::AddHidden(const char * property, std::string value)
@@ -100,8 +100,8 @@ void Differences::CompareProperties(const char * kind, const Record & before, co
             row.push_back(old.isHidden ? Cell(come.size()) : Cell(std::move(come)));
         }
         else {
-            row.push_back(old.isHidden ? Cell() : Cell(old.values.front()));
-            row.push_back(old.isHidden ? Cell() : Cell(now.values.front()));
+            row.push_back(old.isHidden ? Cell() : old.shown);
+            row.push_back(old.isHidden ? Cell() : now.shown);
         }
         m_table.Add(std::move(row));
     }

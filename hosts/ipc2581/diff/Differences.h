@@ -32,6 +32,7 @@ private:
         bool isHidden;
         bool isList;
         std::vector<std::string> values;  // one, or the members in order
+        Cell shown = {};                  // of one
     };
 
     std::string m_name;
@@ -41,6 +42,12 @@ private:
 // What differs between two states of the same things, as rows of a table.
 class Differences {
 public:
+    // The columns of the two states.
+    explicit Differences(const Column & before = "before", const Column & after = "after")
+        : m_table("differences", {"kind", "name", "change", "property", before, after})
+    {
+    }
+
     // Records are the same by their name; of several with one name, the first goes with the first. All of a kind have
     // the same properties.
     void Compare(const char * kind, const std::vector<Record> & before, const std::vector<Record> & after);
@@ -50,7 +57,7 @@ public:
 private:
     void CompareProperties(const char * kind, const Record & before, const Record & after);
 
-    Table m_table{{"kind", "name", "change", "property", "before", "after"}};
+    Table m_table;
 };
 
 }  // namespace ipc2581::host

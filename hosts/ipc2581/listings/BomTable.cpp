@@ -1,8 +1,6 @@
 #include "hosts/ipc2581/listings/BomTable.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cstdint>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
@@ -17,7 +15,7 @@ namespace {
 
 using Component = CIPC2581_Ecad_CadData_Step_Component;
 
-struct Row {
+struct ItemRow {
     const CIPC2581_Bom_BomItem * item = nullptr;
     std::string value;
     std::vector<std::string> parts;
@@ -54,22 +52,9 @@ private:
     std::unordered_map<std::string, const Component *> m_components;
 };
 
-// An amount as a number, where it is one as it stands.
-Cell Amount(const CString & text)
+ItemRow MakeRow(const CIPC2581_Bom_BomItem & item, const Placements & placements)
 {
-    const std::string amount = Shown(text);
-    std::int64_t number = 0;
-    const char * const end = amount.data() + amount.size();
-    const std::from_chars_result result = std::from_chars(amount.data(), end, number);
-    if (result.ec == std::errc() && result.ptr == end && std::to_string(number) == amount) {
-        return number;
-    }
-    return amount;
-}
-
-Row MakeRow(const CIPC2581_Bom_BomItem & item, const Placements & placements)
-{
-    Row row;
+    ItemRow row;
     row.item = &item;
     if (!item.packageRef.IsEmpty()) {
         row.packages = {Shown(item.packageRef)};
@@ -89,13 +74,13 @@ Row MakeRow(const CIPC2581_Bom_BomItem & item, const Placements & placements)
     return row;
 }
 
-void Sort(std::vector<Row> & rows)
+void Sort(std::vector<ItemRow> & rows)
 {
-    for (Row & row : rows) {
+    for (ItemRow & row : rows) {
         std::stable_sort(row.fitted.begin(), row.fitted.end(), NaturalLess);
         std::stable_sort(row.notFitted.begin(), row.notFitted.end(), NaturalLess);
     }
-    std::stable_sort(rows.begin(), rows.end(), [](const Row & left, const Row & right) {
+    std::stable_sort(rows.begin(), rows.end(), [](const ItemRow & left, const ItemRow & right) {
         return NaturalLess(left.firstDesignator, right.firstDesignator);
     });
 }
@@ -105,7 +90,7 @@ void Sort(std::vector<Row> & rows)
 Table BomTable(Board & board, bool isSorted)
 {
     const Placements placements(board);
-    std::vector<Row> rows;
+    std::vector<ItemRow> rows;
     auto values = ValuesOfItems(board);
     auto makersParts = MakersParts(board);
     for (const CIPC2581_Bom_BomItem * const item : Each(board.Root().m_Bom.m_arrBomItem)) {
@@ -116,11 +101,11 @@ Table BomTable(Board & board, bool isSorted)
     if (isSorted) {
         Sort(rows);
     }
-    Table table({"quantity", "part number", "part", "pins", "category", "description", "package", "fitted",
-                 "not fitted", "value", "makers' parts"});
-    for (Row & row : rows) {
-        table.Add({Amount(row.item->quantity), Shown(row.item->internalPartNumber), std::move(row.parts),
-                   Amount(row.item->numberIO), Shown(row.item->category), Shown(row.item->description),
+    Table table("items", {"quantity", "part number", "part", "pins", "category", "description", "package", "fitted",
+                          "not fitted", "value", "makers' parts"});
+    for (ItemRow & row : rows) {
+        table.Add({CountOf(Shown(row.item->quantity)), Shown(row.item->internalPartNumber), std::move(row.parts),
+                   CountOf(Shown(row.item->numberIO)), Shown(row.item->category), Shown(row.item->description),
                    std::move(row.packages), std::move(row.fitted), std::move(row.notFitted), std::move(row.value),
                    makersParts[Shown(row.item->internalPartNumber)]});
     }

@@ -5,7 +5,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "hosts/ipc2581/board/Board.h"
+#include "hosts/ipc2581/listings/BomFacts.h"
 #include "hosts/ipc2581/listings/NaturalOrder.h"
 #include "hosts/ipc2581/text/Text.h"
 
@@ -21,7 +21,7 @@ bool ByDesignator(const Component * left, const Component * right)
 
 }  // namespace
 
-Table ComponentTable(Board & board, bool isSorted)
+Table ComponentTable(Board & board, const Lengths & lengths, bool isSorted)
 {
     std::unordered_map<std::string, std::string> sides;
     for (const CIPC2581_Ecad_CadData_Layer * const layer : Each(board.CadData().m_arrLayer)) {
@@ -32,13 +32,18 @@ Table ComponentTable(Board & board, bool isSorted)
     if (isSorted) {
         std::stable_sort(components.begin(), components.end(), ByDesignator);
     }
-    Table table({"designator", "package", "part", "layer", "side", "mount", "x", "y", "rotation", "mirror"});
+    const BomFacts facts(board);
+    Table table("components",
+                {"designator", "package", "part", "layer", "side", "mount", lengths.Named("x"), lengths.Named("y"),
+                 "rotation", "mirror", lengths.Named("height"), lengths.Named("standoff"), "fitted", "value"});
     for (const Component * const component : components) {
         const auto side = sides.find(Shown(component->LayerRef));
-        table.Add({Shown(component->RefDes), Shown(component->PackageRef), Shown(component->Part),
-                   Shown(component->LayerRef), side == sides.end() ? "" : side->second, Shown(component->MountType),
-                   component->Location.X, component->Location.Y, component->Xform->Rotation,
-                   component->Xform->Mirror != 0});
+        const std::string designator = Shown(component->RefDes);
+        table.Add({designator, Shown(component->PackageRef), Shown(component->Part), Shown(component->LayerRef),
+                   side == sides.end() ? "" : side->second, Shown(component->MountType),
+                   lengths.Of(component->Location.X), lengths.Of(component->Location.Y), component->Xform->Rotation,
+                   component->Xform->Mirror != 0, lengths.Of(component->Height), lengths.Of(component->Standoff),
+                   facts.IsFitted(designator), facts.Value(designator)});
     }
     return table;
 }

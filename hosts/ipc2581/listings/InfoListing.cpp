@@ -6,7 +6,6 @@
 #include <string_view>
 #include <vector>
 
-#include "hosts/ipc2581/board/Board.h"
 #include "hosts/ipc2581/board/ShapeElements.h"
 #include "hosts/ipc2581/geometry/Extents.h"
 #include "hosts/ipc2581/listings/ReportedFacts.h"
@@ -155,44 +154,44 @@ std::vector<std::string> Named(const CStringArray & list)
     return names;
 }
 
-void ListBoard(Board & board, Table & table)
+void ListBoard(Board & board, Values & values)
 {
     const CIPC2581_Parser & root = board.Root();
     const CIPC2581_Content & content = root.m_Content;
     const CIPC2581_HistoryRecord & history = root.m_HistoryRecord;
-    table.Add({"name", Shown(root.m_Ecad.name)});
-    table.Add({"step", Shown(board.Step().Name)});
-    table.Add({"units", Shown(root.m_Ecad.m_CadHeader.units)});
-    table.Add({"dictionary units", Shown(content.DictionaryStandard->Unit)});
-    table.Add({"function mode", Shown(content.FunctionMode)});
-    table.Add({"function level", Shown(content.FunctionModeLevel)});
-    table.Add({"step references", Named(content.StepRef)});
-    table.Add({"layer references", Named(content.LayerRef)});
-    table.Add({"BOM references", Named(content.BomRef)});
-    table.Add({"role", Shown(root.m_LogisticHeader.m_strRoleName)});
-    table.Add({"person", Shown(root.m_LogisticHeader.m_strPersonName)});
-    table.Add({"history number", history.number});
-    table.Add({"origination", Shown(history.origination)});
-    table.Add({"tool", Shown(history.toolRef)});
-    table.Add({"last change", Shown(history.lastChange)});
-    table.Add({"BOM", Shown(root.m_Bom.name)});
-    table.Add({"assembly", Shown(root.m_Bom.assembly)});
+    values.Add("name", Shown(root.m_Ecad.name));
+    values.Add("step", Shown(board.Step().Name));
+    values.Add("units", Shown(root.m_Ecad.m_CadHeader.units));
+    values.Add("dictionary units", Shown(content.DictionaryStandard->Unit));
+    values.Add("function mode", Shown(content.FunctionMode));
+    values.Add("function level", Shown(content.FunctionModeLevel));
+    values.Add("step references", Named(content.StepRef));
+    values.Add("layer references", Named(content.LayerRef));
+    values.Add("BOM references", Named(content.BomRef));
+    values.Add("role", Shown(root.m_LogisticHeader.m_strRoleName));
+    values.Add("person", Shown(root.m_LogisticHeader.m_strPersonName));
+    values.Add("history number", history.number);
+    values.Add("origination", Shown(history.origination));
+    values.Add("tool", Shown(history.toolRef));
+    values.Add("last change", Shown(history.lastChange));
+    values.Add("BOM", Shown(root.m_Bom.name));
+    values.Add("assembly", Shown(root.m_Bom.assembly));
 }
 
-void ListProfile(const CIPC2581_Ecad_CadData_Step & step, Table & table)
+void ListProfile(const CIPC2581_Ecad_CadData_Step & step, const Lengths & lengths, Values & values)
 {
     Extents extents;
     extents.AddContour(*step.Profile.Polygon->PolyBegin, *step.Profile.Polygon->PolyStepArray);
-    if (extents.IsEmpty()) {
-        return;
-    }
-    table.Add({"left", extents.MinX()});
-    table.Add({"bottom", extents.MinY()});
-    table.Add({"right", extents.MaxX()});
-    table.Add({"top", extents.MaxY()});
-    table.Add({"width", extents.MaxX() - extents.MinX()});
-    table.Add({"height", extents.MaxY() - extents.MinY()});
-    table.Add({"cutouts", Count(step.Profile.Cutouts)});
+    const auto add = [&](const char * name, double length) {
+        values.Add(lengths.Named(name), extents.IsEmpty() ? Cell() : Cell(lengths.Of(length)));
+    };
+    add("left", extents.MinX());
+    add("bottom", extents.MinY());
+    add("right", extents.MaxX());
+    add("top", extents.MaxY());
+    add("width", extents.MaxX() - extents.MinX());
+    add("height", extents.MaxY() - extents.MinY());
+    values.Add("cutouts", Count(step.Profile.Cutouts));
 }
 
 void ListLayers(Board & board, Table & table)
@@ -202,75 +201,76 @@ void ListLayers(Board & board, Table & table)
     }
 }
 
-void ListStackup(const CIPC2581_Ecad_CadData_Stackup & stackup, Table & table)
+void ListStackup(const CIPC2581_Ecad_CadData_Stackup & stackup, const Lengths & lengths, Table & table)
 {
     for (const CIPC2581_Ecad_CadData_Stackup_StackupGroup * const group : Each(stackup.StackupGroupArray)) {
         for (const CIPC2581_Ecad_CadData_Stackup_StackupGroup_StackupLayer * const layer :
              Each(group->StackupLayerArray)) {
-            table.Add(
-                {Shown(layer->layerOrGroupRef), Shown(group->name), Shown(layer->materialType), layer->thickness});
+            table.Add({Shown(layer->layerOrGroupRef), Shown(group->name), Shown(layer->materialType),
+                       lengths.Of(layer->thickness)});
         }
     }
 }
 
-void ListThickness(const CIPC2581_Ecad_CadData_Stackup & stackup, Table & table)
+void ListThickness(const CIPC2581_Ecad_CadData_Stackup & stackup, const Lengths & lengths, Values & values)
 {
-    table.Add({"overall", Shown(stackup.overallThickness)});
-    table.Add({"tolerance plus", Shown(stackup.tolPlus)});
-    table.Add({"tolerance minus", Shown(stackup.tolMinus)});
-    table.Add({"measured", Shown(stackup.whereMeasured)});
+    values.Add(lengths.Named("overall"), lengths.Of(stackup.overallThickness));
+    values.Add(lengths.Named("tolerance plus"), lengths.Of(stackup.tolPlus));
+    values.Add(lengths.Named("tolerance minus"), lengths.Of(stackup.tolMinus));
+    values.Add("measured", Shown(stackup.whereMeasured));
 }
 
-void ListCounts(Board & board, const Counts & counts, Table & table)
+void ListCounts(Board & board, const Counts & counts, Values & values)
 {
     const CIPC2581_Content & content = board.Content();
     const CIPC2581_Ecad_CadData_Step & step = board.Step();
-    table.Add({"step references", content.StepRef.GetSize()});
-    table.Add({"layer references", content.LayerRef.GetSize()});
-    table.Add({"BOM references", content.BomRef.GetSize()});
-    table.Add({"layers", Count(board.CadData().m_arrLayer)});
-    table.Add({"stackup groups", Count(board.CadData().m_Stackup.StackupGroupArray)});
-    table.Add({"stackup layers", counts.stackupLayers});
-    table.Add({"pad stacks", Count(step.PadStackArray)});
-    table.Add({"pad stack pads", counts.padStackPads});
-    table.Add({"packages", Count(step.PackageArray)});
-    table.Add({"package pins", counts.pins});
-    table.Add({"land pattern pads", counts.landPads});
-    table.Add({"silk screen targets", counts.targets});
-    table.Add({"components", Count(step.ComponentArray)});
-    table.Add({"logical nets", Count(step.LogicalNetArray)});
-    table.Add({"logical net pins", counts.netPins});
-    table.Add({"physical nets", Count(step.PhyNetGroup.PhyNetArray)});
-    table.Add({"physical net points", counts.points});
-    table.Add({"layer features", Count(step.LayerFeatureArray)});
-    table.Add({"sets", counts.sets});
-    table.Add({"sets of features", counts.setsByKind[0]});
-    table.Add({"sets of a pad", counts.setsByKind[1]});
-    table.Add({"sets of a hole", counts.setsByKind[2]});
-    table.Add({"BOM items", Count(board.Root().m_Bom.m_arrBomItem)});
-    table.Add({"BOM designators", counts.designators});
-    table.Add({"BOM designators fitted", counts.fitted});
-    table.Add({"dictionary entries", Count(content.DictionaryStandard->EntryArray)});
-    table.Add({"colours", Count(content.m_DictionaryColor->Entry)});
+    values.Add("step references", content.StepRef.GetSize());
+    values.Add("layer references", content.LayerRef.GetSize());
+    values.Add("BOM references", content.BomRef.GetSize());
+    values.Add("layers", Count(board.CadData().m_arrLayer));
+    values.Add("stackup groups", Count(board.CadData().m_Stackup.StackupGroupArray));
+    values.Add("stackup layers", counts.stackupLayers);
+    values.Add("pad stacks", Count(step.PadStackArray));
+    values.Add("pad stack pads", counts.padStackPads);
+    values.Add("packages", Count(step.PackageArray));
+    values.Add("package pins", counts.pins);
+    values.Add("land pattern pads", counts.landPads);
+    values.Add("silk screen targets", counts.targets);
+    values.Add("components", Count(step.ComponentArray));
+    values.Add("logical nets", Count(step.LogicalNetArray));
+    values.Add("logical net pins", counts.netPins);
+    values.Add("physical nets", Count(step.PhyNetGroup.PhyNetArray));
+    values.Add("physical net points", counts.points);
+    values.Add("layer features", Count(step.LayerFeatureArray));
+    values.Add("sets", counts.sets);
+    values.Add("sets of features", counts.setsByKind[0]);
+    values.Add("sets of a pad", counts.setsByKind[1]);
+    values.Add("sets of a hole", counts.setsByKind[2]);
+    values.Add("BOM items", Count(board.Root().m_Bom.m_arrBomItem));
+    values.Add("BOM designators", counts.designators);
+    values.Add("BOM designators fitted", counts.fitted);
+    values.Add("dictionary entries", Count(content.DictionaryStandard->EntryArray));
+    values.Add("colours", Count(content.m_DictionaryColor->Entry));
 }
 
 }  // namespace
 
-Listing InfoListing(Board & board)
+Listing InfoListing(Board & board, const Lengths & lengths)
 {
     const Counts counts = CountAll(board);
     const CIPC2581_Ecad_CadData_Stackup & stackup = board.CadData().m_Stackup;
     Listing listing;
-    ListBoard(board, listing.AddRecord("board"));
-    ListProfile(board.Step(), listing.AddRecord("profile"));
+    ListBoard(board, listing.AddValues("board"));
+    ListProfile(board.Step(), lengths, listing.AddValues("profile"));
     ListLayers(board, listing.AddTable("layers", {"layer", "function", "side", "polarity"}));
-    ListThickness(stackup, listing.AddRecord("thickness"));
-    ListStackup(stackup, listing.AddTable("stackup", {"layer", "group", "material", "thickness"}));
+    ListThickness(stackup, lengths, listing.AddValues("thickness"));
+    ListStackup(stackup, lengths,
+                listing.AddTable("stackup", {"layer", "group", "material", lengths.Named("thickness")}));
     Table & specs = listing.AddTable("specs", {"spec", "property", "value"});
     for (const SpecProperty & own : SpecProperties(board)) {
         specs.Add({own.spec, own.property, own.value});
     }
-    ListCounts(board, counts, listing.AddRecord("counts"));
+    ListCounts(board, counts, listing.AddValues("counts"));
     counts.shapes.Print(listing.AddTable("shapes", {"shape", "features", "silk screens", "outlines", "dictionary"}));
     return listing;
 }

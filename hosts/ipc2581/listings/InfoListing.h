@@ -1,13 +1,13 @@
 #ifndef IPC2581_HOSTS_IPC2581_LISTINGS_INFOLISTING_H
 #define IPC2581_HOSTS_IPC2581_LISTINGS_INFOLISTING_H
 
-#include "hosts/ipc2581/board/Board.h"
+#include "hosts/ipc2581/board/Lengths.h"
 #include "hosts/ipc2581/table/Table.h"
 
 namespace ipc2581::host {
 
 // What is in a board: its names and measures, its layers, and how many there are of everything.
-Listing InfoListing(Board & board);
+Listing InfoListing(Board & board, const Lengths & lengths);
 
 }  // namespace ipc2581::host
 

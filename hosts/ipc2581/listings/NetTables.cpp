@@ -6,7 +6,6 @@
 #include <unordered_map>
 #include <vector>
 
-#include "hosts/ipc2581/board/Board.h"
 #include "hosts/ipc2581/listings/NaturalOrder.h"
 #include "hosts/ipc2581/listings/ReportedFacts.h"
 #include "hosts/ipc2581/text/Text.h"
@@ -30,7 +29,7 @@ std::vector<const Net *> Nets(const CExPtrArray<Net *, Net *> & array, bool isSo
 
 Table NetTable(Board & board, bool isSorted)
 {
-    Table table({"net", "count", "pins", "class"});
+    Table table("nets", {"net", "count", "pins", "class"});
     const auto & array = board.Step().LogicalNetArray;
     std::unordered_map<const CIPC2581_Ecad_CadData_Step_LogicalNet *, std::string> classes;
     for (const auto & [place, netClass] : ClassesOfNets(board)) {
@@ -50,17 +49,20 @@ Table NetTable(Board & board, bool isSorted)
     return table;
 }
 
-Table NetPointTable(Board & board, bool isSorted)
+Table NetPointTable(Board & board, const Lengths & lengths, bool isSorted)
 {
-    Table table({"net", "x", "y", "layer", "exposure", "node", "via", "primitive"});
-    for (const auto * const net : Nets(board.Step().PhyNetGroup.PhyNetArray, isSorted)) {
-        for (const auto * const point : Each(net->PhyNetPointArray)) {
-            table.Add({Shown(net->Name), point->Location.X, point->Location.Y, Shown(point->LayerRef),
-                       Shown(point->Exposure), Shown(point->NetNode), point->Via != 0,
-                       Shown(point->StandardPrimitiveRefId)});
-        }
-    }
-    return table;
+    const auto nets = Nets(board.Step().PhyNetGroup.PhyNetArray, isSorted);
+    return {"points",
+            {"net", lengths.Named("x"), lengths.Named("y"), "layer", "exposure", "node", "via", "primitive", "test"},
+            [nets, &lengths](const RowSink & sink) {
+                for (const auto * const net : nets) {
+                    for (const auto * const point : Each(net->PhyNetPointArray)) {
+                        sink({Shown(net->Name), lengths.Of(point->Location.X), lengths.Of(point->Location.Y),
+                              Shown(point->LayerRef), Shown(point->Exposure), Shown(point->NetNode), point->Via != 0,
+                              Shown(point->StandardPrimitiveRefId), point->Test != 0});
+                    }
+                }
+            }};
 }
 
 }  // namespace ipc2581::host

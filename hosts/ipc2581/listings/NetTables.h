@@ -1,7 +1,7 @@
 #ifndef IPC2581_HOSTS_IPC2581_LISTINGS_NETTABLES_H
 #define IPC2581_HOSTS_IPC2581_LISTINGS_NETTABLES_H
 
-#include "hosts/ipc2581/board/Board.h"
+#include "hosts/ipc2581/board/Lengths.h"
 #include "hosts/ipc2581/table/Table.h"
 
 namespace ipc2581::host {
@@ -11,7 +11,7 @@ namespace ipc2581::host {
 Table NetTable(Board & board, bool isSorted);
 
 // The same for the physical nets, one row per point on the board.
-Table NetPointTable(Board & board, bool isSorted);
+Table NetPointTable(Board & board, const Lengths & lengths, bool isSorted);
 
 }  // namespace ipc2581::host
 

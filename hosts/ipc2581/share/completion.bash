@@ -43,7 +43,7 @@ _ipc2581()
     # The place of the word among the arguments of the command that are not options.
     for ((i = 1; i < COMP_CWORD; ++i)); do
         case ${COMP_WORDS[i]} in
-            -f | --format | -o | --output | --step)
+            -f | --format | -o | --output | --step | --units)
                 [[ ${COMP_WORDS[i + 1]} == "=" ]] && ((++i))
                 ((++i))
                 ;;
@@ -75,6 +75,10 @@ _ipc2581()
             _ipc2581_words "$word" "table csv json"
             return
             ;;
+        --units)
+            _ipc2581_words "$word" "mm inch mil um"
+            return
+            ;;
         -o | --output)
             if [[ $command == svg ]]; then
                 compopt -o filenames 2>/dev/null
@@ -90,9 +94,10 @@ _ipc2581()
         local listing="-f --format -o --output" options="-h --help"
         [[ $command != check ]] && options+=" --exact --step"
         case $command in
-            info | diff) options+=" $listing" ;;
-            bom | components) options+=" $listing --sort" ;;
-            nets) options+=" $listing --physical --sort" ;;
+            info | diff) options+=" $listing --units" ;;
+            bom) options+=" $listing --sort" ;;
+            components) options+=" $listing --units --sort" ;;
+            nets) options+=" $listing --units --physical --sort" ;;
             svg) options+=" -o --output" ;;
             check) options+=" $listing --all" ;;
         esac

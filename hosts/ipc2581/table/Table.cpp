@@ -1,271 +1,360 @@
 #include "hosts/ipc2581/table/Table.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
-#include <cmath>
-#include <iterator>
-#include <string_view>
-
-#include <nlohmann/json.hpp>
 
 #include "hosts/ipc2581/text/Text.h"
 
 namespace ipc2581::host {
 namespace {
 
-using Json = nlohmann::ordered_json;
+// Text on its way to a stream that would take a call for each of its pieces.
+class Pieces {
+public:
+    explicit Pieces(std::ostream & out) : m_out(out) {}
+    Pieces(const Pieces &) = delete;
+    Pieces & operator=(const Pieces &) = delete;
 
-template <typename... Tests>
-struct Overloaded : Tests... {
-    using Tests::operator()...;
+    std::string & Text() { return m_text; }
+    // To be called now and then.
+    void Pass()
+    {
+        constexpr std::size_t enough = 65536;
+        if (m_text.size() >= enough) {
+            Finish();
+        }
+    }
+    void Finish()
+    {
+        m_out << m_text;
+        m_text.clear();
+    }
+
+private:
+    std::ostream & m_out;
+    std::string m_text;
 };
-// Deduced by the language itself, which clang 14 does not know yet.
-template <typename... Tests>
-Overloaded(Tests...) -> Overloaded<Tests...>;
 
-std::string Fixed(double number)
+std::string TitleOf(const Column & column)
 {
-    // Room for the longest double.
-    std::array<char, 400> text;
-    const char * const end =
-        std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed, 6).ptr;
-    std::string_view digits(text.data(), static_cast<std::size_t>(end - text.data()));
-    if (digits.find('.') != std::string_view::npos) {
-        digits = digits.substr(0, digits.find_last_not_of('0') + 1);
-        digits = digits.substr(0, digits.find_last_not_of('.') + 1);
-    }
-    return std::string(digits == "-0" ? "0" : digits);
+    return column.unit.empty() ? column.title : column.title + " (" + column.unit + ")";
 }
 
-std::string Joined(const std::vector<std::string> & texts)
-{
-    std::string joined;
-    for (const std::string & text : texts) {
-        joined.append(joined.empty() ? "" : " ").append(text);
-    }
-    return joined;
-}
-
-std::string Joined(const std::vector<std::size_t> & numbers)
-{
-    std::string joined;
-    for (const std::size_t number : numbers) {
-        joined.append(joined.empty() ? "" : " ").append(std::to_string(number));
-    }
-    return joined;
-}
-
-std::string Quoted(const std::string & text)
+void AppendCsv(std::string & csv, std::string_view text)
 {
     if (text.find_first_of(",\"\r\n") == std::string::npos && !text.starts_with(' ') && !text.ends_with(' ')) {
-        return text;
+        csv.append(text);
+        return;
     }
-    std::string quoted = "\"";
+    csv.append("\"");
     for (const char ch : text) {
-        quoted.append(ch == '"' ? 2 : 1, ch);
+        csv.append(ch == '"' ? 2 : 1, ch);
     }
-    return quoted + "\"";
+    csv.append("\"");
 }
 
-void PrintCsvRow(std::ostream & out, const std::vector<std::string> & texts)
+void AppendCsvRow(std::string & csv, const std::vector<std::string> & texts)
 {
     const char * separator = "";
     for (const std::string & text : texts) {
-        out << separator << Quoted(text);
+        csv.append(separator);
+        AppendCsv(csv, text);
         separator = ",";
     }
-    out << "\n";
+    csv.append("\n");
 }
 
-// Counts characters, not bytes.
-std::size_t Width(std::string_view text)
+// How wide a column is, and whether it is one of numbers, which stand right.
+struct Shape {
+    std::size_t width = 0;
+    bool hasNumbers = false;
+    bool hasTexts = false;
+
+    void Add(const Cell & cell, const std::string & text)
+    {
+        width = std::max(width, Width(text));
+        hasNumbers = hasNumbers || cell.IsNumber();
+        hasTexts = hasTexts || (!cell.IsNumber() && !text.empty());
+    }
+    [[nodiscard]] bool IsRight() const { return hasNumbers && !hasTexts; }
+};
+
+void SetAligned(std::string & text, const Cell & cell)
 {
-    return static_cast<std::size_t>(
-        std::count_if(text.begin(), text.end(), [](unsigned char ch) { return (ch & 0xc0U) != 0x80U; }));
+    text.clear();
+    cell.AppendAligned(text);
+    text = OneLine(std::move(text));
 }
 
-// A column of numbers stands right.
-bool IsNumeric(const Table & table, std::size_t column)
+// One line, cell by cell.
+class AlignedLine {
+public:
+    AlignedLine(std::string & text, std::string_view indent) : m_text(text) { m_text.append(indent); }
+
+    void Add(std::string_view cell, const Shape & shape)
+    {
+        m_text.append(m_isFirst ? "" : "  ");
+        m_isFirst = false;
+        const std::size_t padding = shape.width - Width(cell);
+        m_text.append(shape.IsRight() ? padding : 0, ' ').append(cell).append(shape.IsRight() ? 0 : padding, ' ');
+    }
+    void End()
+    {
+        m_text.erase(m_text.find_last_not_of(' ') + 1);
+        m_text.append("\n");
+    }
+
+private:
+    std::string & m_text;
+    bool m_isFirst = true;
+};
+
+void PrintAlignedRows(std::ostream & out, const Table & table, std::string_view indent)
 {
-    bool isNumeric = false;
-    for (const std::vector<Cell> & row : table.Rows()) {
-        if (!row[column].IsNumber() && !row[column].Text().empty()) {
-            return false;
+    std::vector<Shape> shapes;
+    for (const Column & column : table.Columns()) {
+        shapes.push_back({.width = Width(TitleOf(column))});
+    }
+    std::string text;
+    table.ForEachRow([&](const Row & row) {
+        for (std::size_t i = 0; i < row.size(); ++i) {
+            SetAligned(text, row[i]);
+            shapes[i].Add(row[i], text);
         }
-        isNumeric = isNumeric || row[column].IsNumber();
+    });
+    Pieces pieces(out);
+    AlignedLine head(pieces.Text(), indent);
+    for (std::size_t i = 0; i < shapes.size(); ++i) {
+        head.Add(TitleOf(table.Columns()[i]), shapes[i]);
     }
-    return isNumeric;
+    head.End();
+    table.ForEachRow([&](const Row & row) {
+        AlignedLine line(pieces.Text(), indent);
+        for (std::size_t i = 0; i < row.size(); ++i) {
+            SetAligned(text, row[i]);
+            line.Add(text, shapes[i]);
+        }
+        line.End();
+        pieces.Pass();
+    });
+    pieces.Finish();
 }
 
-void PrintAlignedRows(std::ostream & out, const Table & table, bool hasHeading, std::string_view indent)
+void PrintAlignedValues(std::ostream & out, const Values & values, std::string_view indent)
 {
-    std::vector<std::vector<std::string>> rows;
-    if (hasHeading) {
-        rows.push_back(table.Columns());
+    Shape names;
+    Shape shape;
+    std::string text;
+    for (const auto & [name, value] : values.All()) {
+        names.width = std::max(names.width, value.IsNothing() ? 0 : Width(TitleOf(name)));
+        SetAligned(text, value);
+        shape.Add(value, text);
     }
-    for (const std::vector<Cell> & row : table.Rows()) {
-        std::vector<std::string> & texts = rows.emplace_back();
-        for (const Cell & cell : row) {
-            texts.push_back(OneLine(cell.AlignedText()));
+    Pieces pieces(out);
+    for (const auto & [name, value] : values.All()) {
+        if (value.IsNothing()) {
+            continue;
         }
+        SetAligned(text, value);
+        AlignedLine line(pieces.Text(), indent);
+        line.Add(TitleOf(name), names);
+        line.Add(text, shape);
+        line.End();
     }
-    const std::size_t columns = table.Columns().size();
-    std::vector<std::size_t> widths(columns);
-    std::vector<bool> isRight(columns);
-    for (std::size_t i = 0; i < columns; ++i) {
-        isRight[i] = IsNumeric(table, i);
-        for (const std::vector<std::string> & row : rows) {
-            widths[i] = std::max(widths[i], Width(row[i]));
-        }
-    }
-    for (const std::vector<std::string> & row : rows) {
-        std::string line(indent);
-        for (std::size_t i = 0; i < columns; ++i) {
-            const std::string padding(widths[i] - Width(row[i]), ' ');
-            line.append(i == 0 ? "" : "  ");
-            line.append(isRight[i] ? padding + row[i] : row[i] + padding);
-        }
-        line.erase(line.find_last_not_of(' ') + 1);
-        out << line << "\n";
-    }
+    pieces.Finish();
 }
 
-std::string Dump(const Json & json)
+void PrintCsvRows(std::ostream & out, const Table & table, const Source & source, const Source * other)
 {
-    // Boards hold bytes in any encoding.
-    return json.dump(-1, ' ', false, Json::error_handler_t::replace);
+    const bool hasUnits = table.HasUnitsInCsv();
+    std::vector<std::string> titles;
+    for (const Column & column : table.Columns()) {
+        titles.push_back(column.title);
+    }
+    std::string units = source.units;
+    if (other != nullptr && other->units != units) {
+        units.append(units.empty() ? "" : " ").append(other->units);
+    }
+    if (hasUnits) {
+        titles.emplace_back("units");
+    }
+    Pieces pieces(out);
+    AppendCsvRow(pieces.Text(), titles);
+    std::string text;
+    table.ForEachRow([&](const Row & row) {
+        for (std::size_t i = 0; i < row.size(); ++i) {
+            pieces.Text().append(i == 0 ? "" : ",");
+            text.clear();
+            row[i].AppendText(text);
+            AppendCsv(pieces.Text(), text);
+        }
+        pieces.Text().append(hasUnits ? "," + units : "").append("\n");
+        pieces.Pass();
+    });
+    pieces.Finish();
 }
 
-Json RowObject(const Table & table, const std::vector<Cell> & row)
+void AppendJsonKey(std::string & json, std::string_view key)
 {
-    Json object = Json::object();
-    for (std::size_t i = 0; i < row.size(); ++i) {
-        object[table.Columns()[i]] = row[i].Json();
-    }
-    return object;
+    AppendJsonText(json, key);
+    json.append(": ");
 }
 
 void PrintJsonRows(std::ostream & out, const Table & table, std::string_view indent)
 {
-    out << "[";
+    std::vector<std::string> keys;
+    for (const Column & column : table.Columns()) {
+        std::string & key = keys.emplace_back(keys.empty() ? "{" : ",");
+        AppendJsonText(key, column.key);
+        key.append(":");
+    }
+    Pieces pieces(out);
+    pieces.Text().append("[");
     const char * separator = "\n";
-    for (const std::vector<Cell> & row : table.Rows()) {
-        out << separator << indent << "  " << Dump(RowObject(table, row));
+    table.ForEachRow([&](const Row & row) {
+        std::string & json = pieces.Text();
+        json.append(separator).append(indent).append("  ");
+        for (std::size_t i = 0; i < row.size(); ++i) {
+            json.append(keys[i]);
+            row[i].AppendJson(json);
+        }
+        json.append("}");
         separator = ",\n";
-    }
-    if (!table.Rows().empty()) {
-        out << "\n" << indent;
-    }
-    out << "]";
+        pieces.Pass();
+    });
+    const bool isEmpty = *separator == '\n';
+    pieces.Text().append(isEmpty ? "" : "\n").append(isEmpty ? "" : indent).append("]");
+    pieces.Finish();
 }
 
-void PrintJsonRecord(std::ostream & out, const Table & table, std::string_view indent)
+void PrintJsonValues(std::ostream & out, const Values & values, std::string_view indent)
 {
-    out << "{";
+    std::string json = "{";
     const char * separator = "\n";
-    for (const std::vector<Cell> & row : table.Rows()) {
-        out << separator << indent << "  " << Dump(row[0].Text()) << ": " << Dump(row[1].Json());
+    for (const auto & [name, value] : values.All()) {
+        json.append(separator).append(indent).append("  ");
+        AppendJsonKey(json, name.key);
+        value.AppendJson(json);
         separator = ",\n";
     }
-    if (!table.Rows().empty()) {
-        out << "\n" << indent;
+    json.append("\n").append(indent).append("}");
+    out << json;
+}
+
+// The members that stand for a source, without braces round them.
+std::string SourceMembers(const Source & source, const std::string & indent)
+{
+    std::string json = indent;
+    AppendJsonKey(json, "file");
+    AppendJsonText(json, source.file);
+    json.append(",\n").append(indent);
+    AppendJsonKey(json, "step");
+    Cell(source.step).AppendJson(json);
+    json.append(",\n").append(indent);
+    AppendJsonKey(json, "units");
+    Cell(source.units).AppendJson(json);
+    json.append(",\n").append(indent);
+    AppendJsonKey(json, "warnings");
+    json.append("[");
+    const char * separator = "\n";
+    for (const Warning & warning : source.warnings) {
+        json.append(separator).append(indent).append("  {\"kind\":");
+        AppendJsonText(json, warning.kind);
+        json.append(",\"line\":");
+        (warning.line == 0 ? Cell() : Cell(warning.line)).AppendJson(json);
+        json.append(",\"text\":");
+        AppendJsonText(json, warning.text);
+        json.append("}");
+        separator = ",\n";
     }
-    out << "}";
+    return json.append(source.warnings.empty() ? "]" : "\n" + indent + "]");
+}
+
+void PrintJsonHead(std::ostream & out, const Source & source, const Source * other)
+{
+    out << "{\n" << SourceMembers(source, "  ");
+    if (other != nullptr) {
+        out << ",\n  \"other\": {\n" << SourceMembers(*other, "    ") << "\n  }";
+    }
+}
+
+bool HasLengthColumn(const std::vector<Column> & columns)
+{
+    return std::any_of(columns.begin(), columns.end(), [](const Column & column) { return column.isLength; });
 }
 
 }  // namespace
 
-// The sums and differences of what a file tells in six decimals have no more of them either.
-Cell::Cell(double number)
-    : m_value(std::isfinite(number) && std::abs(number) < 1e9 ? std::round(number * 1e6) / 1e6 : number)
+std::string KeyOf(std::string_view title)
 {
-}
-
-std::string Cell::Text() const
-{
-    return std::visit(Overloaded{[](std::monostate) { return std::string(); },
-                                 [](const std::string & text) { return text; },
-                                 [](std::int64_t number) { return std::to_string(number); },
-                                 [](double number) { return Fixed(number); },
-                                 [](bool flag) { return std::string(flag ? "yes" : "no"); },
-                                 [](const std::vector<std::string> & texts) { return Joined(texts); },
-                                 [](const FirstNumbers & first) { return Joined(first.numbers); }},
-                      m_value);
-}
-
-std::string Cell::AlignedText() const
-{
-    const auto * const first = std::get_if<FirstNumbers>(&m_value);
-    if (first == nullptr || first->numbers.size() >= first->count) {
-        return Text();
+    std::string key;
+    for (const char ch : LowerCase(std::string(title))) {
+        const bool isKept = (ch >= 'a' && ch <= 'z') || (ch >= '0' && ch <= '9');
+        if (isKept) {
+            key.append(1, ch);
+        }
+        else if (ch != '\'' && !key.empty() && key.back() != '_') {
+            key.append(1, '_');
+        }
     }
-    return Text() + " and " + std::to_string(first->count - first->numbers.size()) + " more";
+    return key;
 }
 
-nlohmann::ordered_json Cell::Json() const
+bool Table::HasUnitsInCsv() const
 {
-    return std::visit(Overloaded{[](std::monostate) { return nlohmann::ordered_json(); },
-                                 [](const FirstNumbers & first) { return nlohmann::ordered_json(first.numbers); },
-                                 [](const auto & value) { return nlohmann::ordered_json(value); }},
-                      m_value);
+    return m_hasUnitsInCsv && HasLengthColumn(m_columns);
 }
 
-bool Cell::IsNumber() const
+void Table::ForEachRow(const RowSink & sink) const
 {
-    return std::holds_alternative<std::int64_t>(m_value) || std::holds_alternative<double>(m_value);
+    for (const Row & row : m_rows) {
+        sink(row);
+    }
+    if (m_make) {
+        m_make(sink);
+    }
 }
 
-void Table::Add(std::vector<Cell> row)
-{
-    m_rows.push_back(std::move(row));
-}
-
-void Table::Print(std::ostream & out, Format format) const
+void Table::Print(std::ostream & out, Format format, const Source & source, const Source * other) const
 {
     switch (format) {
     case Format::Table:
-        PrintAlignedRows(out, *this, true, "");
+        PrintAlignedRows(out, *this, "");
         break;
     case Format::Csv:
-        PrintCsvRow(out, m_columns);
-        for (const std::vector<Cell> & row : m_rows) {
-            std::vector<std::string> texts;
-            std::transform(row.begin(), row.end(), std::back_inserter(texts),
-                           [](const Cell & cell) { return cell.Text(); });
-            PrintCsvRow(out, texts);
-        }
+        PrintCsvRows(out, *this, source, other);
         break;
     case Format::Json:
-        PrintJsonRows(out, *this, "");
-        out << "\n";
+        PrintJsonHead(out, source, other);
+        out << ",\n  \"" << m_key << "\": ";
+        PrintJsonRows(out, *this, "  ");
+        out << "\n}\n";
         break;
     }
 }
 
-Table & Listing::AddTable(std::string title, std::vector<std::string> columns)
+Table & Listing::AddTable(const std::string & title, std::vector<Column> columns)
 {
-    m_sections.push_back(std::make_unique<Section>(Section{std::move(title), Table(std::move(columns)), false}));
-    return m_sections.back()->table;
+    m_sections.push_back(std::make_unique<Section>(Section{title, Table(KeyOf(title), std::move(columns)), {}}));
+    return *m_sections.back()->table;
 }
 
-Table & Listing::AddRecord(std::string title)
+Values & Listing::AddValues(const std::string & title)
 {
-    m_sections.push_back(std::make_unique<Section>(Section{std::move(title), Table({"name", "value"}), true}));
-    return m_sections.back()->table;
+    m_sections.push_back(std::make_unique<Section>(Section{title, std::nullopt, {}}));
+    return m_sections.back()->values;
 }
 
-void Listing::Print(std::ostream & out, Format format) const
+void Listing::Print(std::ostream & out, Format format, const Source & source) const
 {
     switch (format) {
     case Format::Table:
         PrintAligned(out);
         break;
     case Format::Csv:
-        PrintCsv(out);
+        PrintCsv(out, source);
         break;
     case Format::Json:
-        PrintJson(out);
+        PrintJson(out, source);
         break;
     }
 }
@@ -275,36 +364,65 @@ void Listing::PrintAligned(std::ostream & out) const
     const char * gap = "";
     for (const std::unique_ptr<Section> & section : m_sections) {
         out << gap << section->title << "\n";
-        PrintAlignedRows(out, section->table, !section->isRecord, "  ");
+        if (section->table.has_value()) {
+            PrintAlignedRows(out, *section->table, "  ");
+        }
+        else {
+            PrintAlignedValues(out, section->values, "  ");
+        }
         gap = "\n";
     }
 }
 
-void Listing::PrintCsv(std::ostream & out) const
+bool Listing::HasLengths() const
 {
-    PrintCsvRow(out, {"section", "item", "property", "value"});
-    for (const std::unique_ptr<Section> & section : m_sections) {
-        for (const std::vector<Cell> & row : section->table.Rows()) {
-            for (std::size_t i = 1; i < row.size(); ++i) {
-                PrintCsvRow(out, {section->title, row[0].Text(), section->table.Columns()[i], row[i].Text()});
-            }
-        }
-    }
+    return std::any_of(m_sections.begin(), m_sections.end(), [](const std::unique_ptr<Section> & section) {
+        const auto & values = section->values.All();
+        return (section->table.has_value() && HasLengthColumn(section->table->Columns())) ||
+               std::any_of(values.begin(), values.end(), [](const auto & value) { return value.first.isLength; });
+    });
 }
 
-void Listing::PrintJson(std::ostream & out) const
+void Listing::PrintCsv(std::ostream & out, const Source & source) const
 {
-    out << "{";
-    const char * separator = "\n";
+    const bool hasUnits = HasLengths();
+    std::string csv;
+    const auto add = [&](std::vector<std::string> texts, const std::string & units) {
+        if (hasUnits) {
+            texts.push_back(units);
+        }
+        AppendCsvRow(csv, texts);
+    };
+    add({"section", "item", "property", "value"}, "units");
     for (const std::unique_ptr<Section> & section : m_sections) {
-        out << separator << "  " << Dump(section->title) << ": ";
-        if (section->isRecord) {
-            PrintJsonRecord(out, section->table, "  ");
+        for (const auto & [name, value] : section->values.All()) {
+            add({section->title, name.title, "value", value.Text()}, name.isLength ? source.units : "");
+        }
+        if (!section->table.has_value()) {
+            continue;
+        }
+        const std::vector<Column> & columns = section->table->Columns();
+        section->table->ForEachRow([&](const Row & row) {
+            for (std::size_t i = 1; i < row.size(); ++i) {
+                add({section->title, row[0].Text(), columns[i].title, row[i].Text()},
+                    columns[i].isLength ? source.units : "");
+            }
+        });
+    }
+    out << csv;
+}
+
+void Listing::PrintJson(std::ostream & out, const Source & source) const
+{
+    PrintJsonHead(out, source, nullptr);
+    for (const std::unique_ptr<Section> & section : m_sections) {
+        out << ",\n  \"" << KeyOf(section->title) << "\": ";
+        if (section->table.has_value()) {
+            PrintJsonRows(out, *section->table, "  ");
         }
         else {
-            PrintJsonRows(out, section->table, "  ");
+            PrintJsonValues(out, section->values, "  ");
         }
-        separator = ",\n";
     }
     out << "\n}\n";
 }

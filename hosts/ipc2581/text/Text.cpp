@@ -12,6 +12,12 @@ std::string OneLine(std::string text)
     return text;
 }
 
+std::size_t Width(std::string_view text)
+{
+    return static_cast<std::size_t>(
+        std::count_if(text.begin(), text.end(), [](unsigned char ch) { return (ch & 0xc0U) != 0x80U; }));
+}
+
 std::string LowerCase(std::string text)
 {
     for (char & ch : text) {

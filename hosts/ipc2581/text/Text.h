@@ -1,6 +1,7 @@
 #ifndef IPC2581_HOSTS_IPC2581_TEXT_TEXT_H
 #define IPC2581_HOSTS_IPC2581_TEXT_TEXT_H
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -8,6 +9,9 @@ namespace ipc2581::host {
 
 // The text as one line that can be seen: names in a board and names of files may hold line feeds and the like.
 std::string OneLine(std::string text);
+
+// How many columns of a terminal the text takes: that many characters, not bytes.
+std::size_t Width(std::string_view text);
 
 // With the letters of ASCII in lower case, whatever the locale.
 std::string LowerCase(std::string text);

@@ -7,7 +7,8 @@
 namespace ipc2581::tests {
 namespace {
 
-constexpr const char * Heading = "designator,package,part,layer,side,mount,x,y,rotation,mirror\n";
+constexpr const char * Heading =
+    "designator,package,part,layer,side,mount,x,y,rotation,mirror,height,standoff,fitted,value,units\n";
 
 // A small board with a layer TOP and these lines in its step.
 std::string BoardWithStep(const std::string & stepLines)
@@ -43,10 +44,46 @@ TEST(ComponentsCommand, SortsByDesignator)
     const std::string turn = "<Xform rotation=\"90\" mirror=\"TRUE\"/>";
     const std::string board =
         folder.Save("b.cvg", BoardWithStep(Component("R10", "TOP", turn) + Component("R9", "TOP", turn)));
-    const std::string nine = "R9,,,TOP,TOP,OTHER,1,-2.5,90,yes\n";
-    const std::string ten = "R10,,,TOP,TOP,OTHER,1,-2.5,90,yes\n";
+    const std::string nine = "R9,,,TOP,TOP,OTHER,1,-2.5,90,yes,0,,,,\n";
+    const std::string ten = "R10,,,TOP,TOP,OTHER,1,-2.5,90,yes,0,,,,\n";
     EXPECT_EQ(Csv(board), (Result{0, Heading + ten + nine, ""}));
     EXPECT_EQ(RunProgram({"components", board, "--sort", "--format", "csv"}), (Result{0, Heading + nine + ten, ""}));
+}
+
+TEST(ComponentsCommand, TellsFittingValueAndHeight)
+{
+    const TempFolder folder;
+    std::string text = BoardWithStep("<Package name=\"P\"></Package>\n"
+                                     "<Component refDes=\"R1\" packageRef=\"P\" layerRef=\"TOP\" height=\"1.25\" "
+                                     "standoff=\"0.1\">\n<Location x=\"1\" y=\"-2.5\"/>\n</Component>\n"
+                                     "<Component refDes=\"R2\" packageRef=\"P\" layerRef=\"TOP\"/>\n");
+    text.insert(text.find("<CadData"), "<CadHeader units=\"MILLIMETER\"/>\n");
+    text.insert(text.find("<Ecad"), "<Bom name=\"b\"><BomItem><RefDes name=\"R1\" populate=\"true\"/><RefDes "
+                                    "name=\"R2\" populate=\"false\"/><Characteristics><Textual "
+                                    "textualCharacteristicName=\"Value\" textualCharacteristicValue=\"47k\"/>"
+                                    "</Characteristics></BomItem></Bom>\n");
+    const std::string board = folder.Save("b.cvg", text);
+    EXPECT_EQ(Csv(board), (Result{0,
+                                  std::string(Heading) + "R1,P,,TOP,TOP,OTHER,1,-2.5,0,no,1.25,0.1,yes,47k,millimeter\n"
+                                                         "R2,P,,TOP,TOP,OTHER,0,0,0,no,0,,no,47k,millimeter\n",
+                                  ""}));
+    EXPECT_EQ(RunProgram({"components", board, "--units", "um"}).out,
+              "designator  package  part  layer  side  mount  x (um)  y (um)  rotation  mirror  height (um)  "
+              "standoff (um)  fitted  value\n"
+              "R1          P              TOP    TOP   OTHER    1000   -2500         0  no             1250  "
+              "          100  yes     47k\n"
+              "R2          P              TOP    TOP   OTHER       0       0         0  no                0  "
+              "               no      47k\n");
+}
+
+TEST(ComponentsCommand, RefusesToConvertWhatHasNoUnits)
+{
+    const TempFolder folder;
+    const std::string board = folder.Save("b.cvg", SmallBoard());
+    EXPECT_EQ(RunProgram({"components", board, "--units", "mm"}),
+              Failure(board + ": does not tell its units, so that lengths cannot be listed in mm"));
+    EXPECT_EQ(RunProgram({"components", board, "--units", "cm"}),
+              WrongUsage("--units: must be mm, inch, mil or um, not cm"));
 }
 
 TEST(ComponentsCommand, WarnsOfWordsThatAreReadOtherwise)
@@ -59,7 +96,8 @@ TEST(ComponentsCommand, WarnsOfWordsThatAreReadOtherwise)
                                Component("R2", "BOTTOM", "<Xform mirror=\"false\"/>")));
     EXPECT_EQ(
         ExactCsv(board),
-        (Result{0, std::string(Heading) + "R1,,,TOP,TOP,OTHER,1,-2.5,0,no\nR2,,,BOTTOM,,OTHER,1,-2.5,0,no\n",
+        (Result{0,
+                std::string(Heading) + "R1,,,TOP,TOP,OTHER,1,-2.5,0,no,0,,,,\nR2,,,BOTTOM,,OTHER,1,-2.5,0,no,0,,,,\n",
                 Warning(board, "1 component listed without a side (on a layer that was not read); 1 component listed "
                                "as not mirrored (mirror is not \"TRUE\" in upper case)")}));
 }
@@ -71,7 +109,7 @@ TEST(ComponentsCommand, WarnsOfWhatIsMissing)
     EXPECT_EQ(ExactCsv(empty), (Result{0, Heading, Warning(empty, "no components in the file")}));
     const std::string closed = folder.Save(
         "closed.cvg", BoardWithStep("<Component refDes=\"R1\" layerRef=\"TOP\"/>\n" + Component("R2", "TOP", "")));
-    EXPECT_EQ(ExactCsv(closed), (Result{0, std::string(Heading) + "R1,,,TOP,TOP,OTHER,1,-2.5,0,no\n",
+    EXPECT_EQ(ExactCsv(closed), (Result{0, std::string(Heading) + "R1,,,TOP,TOP,OTHER,1,-2.5,0,no,0,,,,\n",
                                         Warning(closed, "1 of 2 components missing")}));
 }
 
@@ -91,7 +129,7 @@ TEST(ComponentsCommand, ClosedComponentHoldsNoTransform)
         folder.Save("b.cvg", BoardWithStep("<Component refDes=\"R1\" layerRef=\"TOP\"/>\n</Component>\n"
                                            "<Package name=\"P\">\n<Pin number=\"1\">\n<Xform mirror=\"true\"/>\n"
                                            "</Pin>\n</Package>\n"));
-    EXPECT_EQ(ExactCsv(board), (Result{0, std::string(Heading) + "R1,,,TOP,TOP,OTHER,0,0,0,no\n", ""}));
+    EXPECT_EQ(ExactCsv(board), (Result{0, std::string(Heading) + "R1,,,TOP,TOP,OTHER,0,0,0,no,0,,,,\n", ""}));
 }
 
 TEST(ComponentsCommand, SaysWhatCannotBeRead)

@@ -7,7 +7,7 @@
 namespace ipc2581::tests {
 namespace {
 
-constexpr const char * PhysicalHeading = "net,x,y,layer,exposure,node,via,primitive\n";
+constexpr const char * PhysicalHeading = "net,x,y,layer,exposure,node,via,primitive,test,units\n";
 
 Result Csv(const std::string & board, const std::string & option)
 {
@@ -38,6 +38,29 @@ TEST(NetsCommand, ListsThePointsOfTheExampleBoard)
 {
     const Result nets = RunProgram({"nets", "--physical", ExampleBoard()});
     EXPECT_EQ(nets, (Result{0, Golden("nets-physical.txt", nets.out), ""}));
+}
+
+TEST(NetsCommand, ConvertsPoints)
+{
+    const Result nets = OfExampleBoard("nets", {"--physical", "--units", "um", "--format", "csv"});
+    EXPECT_NE(nets.out.find("\nGND,17300,16905,TOP,EXPOSED,END,no,SOIC_1.6X0.6_PIN1,no,micron\n"), std::string::npos)
+        << nets.out;
+}
+
+TEST(NetsCommand, JsonTellsOfItsWarnings)
+{
+    const TempFolder folder;
+    const std::string board = folder.Save("b.cvg", SmallBoard("<LogicalNet name=\"N\">\n"
+                                                              "<PinRef componentRef=\"U1\" pin=\"1\"/>\n"
+                                                              "</LogicalNet>\n"));
+    const std::string imported = RunProgram({"nets", board, "--format", "json"}).out;
+    EXPECT_NE(imported.find("\"warnings\": [\n    {\"kind\":\"dangling_reference\",\"line\":10,"), std::string::npos)
+        << imported;
+    const std::string exact = RunProgram({"nets", board, "--format", "json", "--exact"}).out;
+    EXPECT_NE(exact.find("\"warnings\": [\n    {\"kind\":\"not_read\",\"line\":null,\"text\":\"1 of 1 pins of nets "
+                         "missing\"}\n  ],"),
+              std::string::npos)
+        << exact;
 }
 
 TEST(NetsCommand, SortsNetsAndPins)
@@ -96,7 +119,7 @@ TEST(NetsCommand, WarnsOfPointsThatAreReadOtherwise)
     EXPECT_EQ(
         ExactCsv(board, "--physical"),
         (Result{
-            0, std::string(PhysicalHeading) + "N,1,2,TOP,EXPOSED,END,no,\nN,1,2,TOP,EXPOSED,END,yes,\n",
+            0, std::string(PhysicalHeading) + "N,1,2,TOP,EXPOSED,END,no,,no,\nN,1,2,TOP,EXPOSED,END,yes,,no,\n",
             Warning(board,
                     "1 of 3 points of nets missing; 1 point listed as no via (via is not \"TRUE\" in upper case)")}));
 }

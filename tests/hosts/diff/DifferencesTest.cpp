@@ -16,7 +16,7 @@ std::string Compared(const std::vector<Record> & before, const std::vector<Recor
     host::Differences differences;
     differences.Compare("thing", before, after);
     std::ostringstream text;
-    differences.Rows().Print(text, host::Format::Csv);
+    differences.Rows().Print(text, host::Format::Csv, {.file = "b"});
     const std::string heading = "kind,name,change,property,before,after\n";
     EXPECT_TRUE(text.str().starts_with(heading));
     return text.str().substr(heading.size());

@@ -11,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include "hosts/ipc2581/board/Lengths.h"
 #include "tests/hosts/Program.h"
 
 namespace ipc2581::tests {
@@ -246,6 +247,7 @@ TEST(Docs, ManPageTellsEachCommandAndOption)
     EXPECT_EQ(OptionsIn(ManSection("DESCRIPTION")), Options());
     const Texts listingOptions = OptionsIn(ManSection("OUTPUT"));
     EXPECT_EQ(listingOptions, (Texts{"-f", "--format", "-o", "--output"}));
+    EXPECT_EQ(OptionsIn(ManSection("UNITS")), Texts{"--units"});
     for (const std::string & command : Commands()) {
         Texts told = OptionsIn(ManSection(command));
         // Help is told once for all, and what a synopsis names of the listing options too.
@@ -286,6 +288,18 @@ TEST(Docs, CompletionKnowsTheFormats)
     EXPECT_EQ(Completed({"bom", "board.cvg", "-f", "j"}), Texts{"json"});
     EXPECT_EQ(Completed({"bom", "--format", "="}), formats);
     EXPECT_EQ(Completed({"bom", "--format", "=", "c"}), Texts{"csv"});
+}
+
+TEST(Docs, CompletionKnowsTheUnits)
+{
+    const std::vector<std::string> names = host::Lengths::Units();
+    const Texts units(names.begin(), names.end());
+    EXPECT_EQ(Completed({"components", "--units", ""}), units);
+    EXPECT_EQ(Completed({"nets", "--units", "=", "mi"}), Texts{"mil"});
+    std::string told = ManSection("UNITS");
+    for (const std::string & unit : units) {
+        EXPECT_NE(told.find(unit), std::string::npos) << unit;
+    }
 }
 
 TEST(Docs, CompletionOffersBoardsByTheirEndings)

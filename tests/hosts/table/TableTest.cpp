@@ -12,17 +12,20 @@ using namespace ipc2581::host;
 namespace ipc2581::tests {
 namespace {
 
+// What stands above a listing in JSON.
+constexpr const char * Head = "{\n  \"file\": \"b\",\n  \"step\": null,\n  \"units\": null,\n  \"warnings\": []";
+
 template <typename Printable>
 std::string Printed(const Printable & printable, Format format)
 {
     std::ostringstream out;
-    printable.Print(out, format);
+    printable.Print(out, format, {.file = "b"});
     return out.str();
 }
 
 Table Parts()
 {
-    Table table({"name", "x", "fitted", "nets"});
+    Table table("parts", {"name", "x", "fitted", "nets"});
     table.Add({"R1", 1.5, true, std::vector<std::string>{"A", "B"}});
     table.Add({"C100", -10, false, std::vector<std::string>{}});
     table.Add({"D1", Cell(), true, std::vector<std::string>{"C"}});
@@ -44,35 +47,38 @@ TEST(Table, GivesCsv)
 
 TEST(Table, GivesJsonWithItsTypes)
 {
-    EXPECT_EQ(Printed(Parts(), Format::Json), "[\n"
-                                              "  {\"name\":\"R1\",\"x\":1.5,\"fitted\":true,\"nets\":[\"A\",\"B\"]},\n"
-                                              "  {\"name\":\"C100\",\"x\":-10,\"fitted\":false,\"nets\":[]},\n"
-                                              "  {\"name\":\"D1\",\"x\":null,\"fitted\":true,\"nets\":[\"C\"]}\n"
-                                              "]\n");
+    EXPECT_EQ(Printed(Parts(), Format::Json),
+              std::string(Head) + ",\n  \"parts\": [\n"
+                                  "    {\"name\":\"R1\",\"x\":1.5,\"fitted\":true,\"nets\":[\"A\",\"B\"]},\n"
+                                  "    {\"name\":\"C100\",\"x\":-10,\"fitted\":false,\"nets\":[]},\n"
+                                  "    {\"name\":\"D1\",\"x\":null,\"fitted\":true,\"nets\":[\"C\"]}\n"
+                                  "  ]\n}\n");
 }
 
 TEST(Table, TellsHowManyNumbersAreLeftOutOnlyToReaders)
 {
-    Table table({"lines"});
+    Table table("places", {"lines"});
     table.Add({FirstNumbers{{3, 7}, 9}});
     table.Add({FirstNumbers{{4}, 1}});
     table.Add({FirstNumbers{}});
     EXPECT_EQ(Printed(table, Format::Table), "lines\n3 7 and 7 more\n4\n\n");
     EXPECT_EQ(Printed(table, Format::Csv), "lines\n3 7\n4\n\n");
-    EXPECT_EQ(Printed(table, Format::Json), "[\n  {\"lines\":[3,7]},\n  {\"lines\":[4]},\n  {\"lines\":[]}\n]\n");
+    EXPECT_EQ(Printed(table, Format::Json), std::string(Head) +
+                                                ",\n  \"places\": [\n    {\"lines\":[3,7]},\n    {\"lines\":[4]},\n    "
+                                                "{\"lines\":[]}\n  ]\n}\n");
 }
 
 TEST(Table, WithoutRowsIsItsHeading)
 {
-    const Table table({"a", "b"});
+    const Table table("none", {"a", "b"});
     EXPECT_EQ(Printed(table, Format::Table), "a  b\n");
     EXPECT_EQ(Printed(table, Format::Csv), "a,b\n");
-    EXPECT_EQ(Printed(table, Format::Json), "[]\n");
+    EXPECT_EQ(Printed(table, Format::Json), std::string(Head) + ",\n  \"none\": []\n}\n");
 }
 
 TEST(Table, QuotesCsvWhereItMust)
 {
-    Table table({"text"});
+    Table table("texts", {"text"});
     for (const char * const text : {"a,b", "say \"x\"", "two\nlines", " blank", "plain"}) {
         table.Add({text});
     }
@@ -81,7 +87,7 @@ TEST(Table, QuotesCsvWhereItMust)
 
 TEST(Table, CountsCharactersAndShowsNoControls)
 {
-    Table table({"text", "next"});
+    Table table("texts", {"text", "next"});
     table.Add({"\xc2\xb5"
                "F",
                "a"});
@@ -92,9 +98,10 @@ TEST(Table, CountsCharactersAndShowsNoControls)
 
 TEST(Table, GivesJsonOfAnyBytes)
 {
-    Table table({"t"});
+    Table table("texts", {"t"});
     table.Add({"\xff\"\n"});
-    EXPECT_EQ(Printed(table, Format::Json), "[\n  {\"t\":\"\xef\xbf\xbd\\\"\\n\"}\n]\n");
+    EXPECT_EQ(Printed(table, Format::Json),
+              std::string(Head) + ",\n  \"texts\": [\n    {\"t\":\"\xef\xbf\xbd\\\"\\n\"}\n  ]\n}\n");
 }
 
 TEST(Table, NumbersHaveSixDecimalsAtMost)
@@ -110,9 +117,10 @@ TEST(Table, NumbersHaveSixDecimalsAtMost)
 Listing BoardListing()
 {
     Listing listing;
-    Table & record = listing.AddRecord("board");
-    record.Add({"name", "b"});
-    record.Add({"layers", 2});
+    Values & board = listing.AddValues("board");
+    board.Add("name", "b");
+    board.Add("maker", "");
+    board.Add("layers", 2);
     listing.AddTable("layers", {"layer", "side"}).Add({"TOP", "TOP"});
     listing.AddTable("none", {"layer"});
     return listing;
@@ -129,17 +137,143 @@ TEST(Listing, AsCsvIsOneTableOfValues)
 {
     EXPECT_EQ(Printed(BoardListing(), Format::Csv), "section,item,property,value\n"
                                                     "board,name,value,b\n"
+                                                    "board,maker,value,\n"
                                                     "board,layers,value,2\n"
                                                     "layers,TOP,side,TOP\n");
 }
 
 TEST(Listing, AsJsonIsOneObject)
 {
-    EXPECT_EQ(Printed(BoardListing(), Format::Json), "{\n"
-                                                     "  \"board\": {\n    \"name\": \"b\",\n    \"layers\": 2\n  },\n"
-                                                     "  \"layers\": [\n    {\"layer\":\"TOP\",\"side\":\"TOP\"}\n  ],\n"
-                                                     "  \"none\": []\n"
-                                                     "}\n");
+    EXPECT_EQ(Printed(BoardListing(), Format::Json),
+              std::string(Head) + ",\n  \"board\": {\n    \"name\": \"b\",\n    \"maker\": null,\n    \"layers\": "
+                                  "2\n  },\n"
+                                  "  \"layers\": [\n    {\"layer\":\"TOP\",\"side\":\"TOP\"}\n  ],\n"
+                                  "  \"none\": []\n"
+                                  "}\n");
+}
+
+TEST(Listing, TellsTheUnitsOfItsLengths)
+{
+    Column width("width");
+    width.isLength = true;
+    width.unit = "mm";
+    Listing listing;
+    Values & board = listing.AddValues("board");
+    board.Add(width, 2.5);
+    board.Add("layers", 2);
+    listing.AddTable("holes", {"name", width}).Add({"H", 1.5});
+    EXPECT_EQ(Printed(listing, Format::Table), "board\n  width (mm)  2.5\n  layers        2\n\n"
+                                               "holes\n  name  width (mm)\n  H            1.5\n");
+    std::ostringstream csv;
+    listing.Print(csv, Format::Csv, {.file = "b", .units = "millimeter"});
+    EXPECT_EQ(csv.str(), "section,item,property,value,units\nboard,width,value,2.5,millimeter\nboard,layers,value,2,\n"
+                         "holes,H,width,1.5,millimeter\n");
+}
+
+Column Lengths()
+{
+    Column x("x");
+    x.isLength = true;
+    x.unit = "inch";
+    return x;
+}
+
+TEST(Table, TellsTheUnitsOfItsLengths)
+{
+    Table table("points", {"net", Lengths()});
+    table.Add({"A", 0.5});
+    const Source source{.file = "b", .step = "s", .units = "inch"};
+    const auto printed = [&](Format format, const Source * other) {
+        std::ostringstream out;
+        table.Print(out, format, source, other);
+        return out.str();
+    };
+    EXPECT_EQ(printed(Format::Table, nullptr), "net  x (inch)\nA         0.5\n");
+    EXPECT_EQ(printed(Format::Csv, nullptr), "net,x,units\nA,0.5,inch\n");
+    const Source other{.file = "c", .units = "mil"};
+    EXPECT_EQ(printed(Format::Csv, &source), "net,x,units\nA,0.5,inch\n");
+    EXPECT_EQ(printed(Format::Csv, &other), "net,x,units\nA,0.5,inch mil\n");
+    table.LeaveUnitsOutOfCsv();
+    EXPECT_EQ(printed(Format::Csv, nullptr), "net,x\nA,0.5\n");
+    EXPECT_EQ(printed(Format::Json, &other),
+              "{\n  \"file\": \"b\",\n  \"step\": \"s\",\n  \"units\": \"inch\",\n  \"warnings\": [],\n"
+              "  \"other\": {\n    \"file\": \"c\",\n    \"step\": null,\n    \"units\": \"mil\",\n    "
+              "\"warnings\": []\n  },\n"
+              "  \"points\": [\n    {\"net\":\"A\",\"x\":0.5}\n  ]\n}\n");
+}
+
+TEST(Table, TellsItsWarningsInJson)
+{
+    std::ostringstream out;
+    Table("none", {"a"})
+        .Print(out, Format::Json, {.file = "b", .warnings = {{"merged", 7, "two"}, {"not_read", 0, "\"x\""}}});
+    EXPECT_NE(out.str().find("  \"warnings\": [\n    {\"kind\":\"merged\",\"line\":7,\"text\":\"two\"},\n"
+                             "    {\"kind\":\"not_read\",\"line\":null,\"text\":\"\\\"x\\\"\"}\n  ],\n"),
+              std::string::npos)
+        << out.str();
+}
+
+TEST(Table, MakesItsRowsAnewForEachWriting)
+{
+    int count = 0;
+    const Table table("numbers", {"number"}, [&](const RowSink & sink) {
+        ++count;
+        sink({1});
+        sink({100});
+    });
+    EXPECT_EQ(Printed(table, Format::Table), "number\n     1\n   100\n");
+    EXPECT_EQ(count, 2);
+    EXPECT_EQ(Printed(table, Format::Csv), "number\n1\n100\n");
+    EXPECT_EQ(count, 3);
+}
+
+TEST(Table, WritesLongOnesWhole)
+{
+    const Table table("numbers", {"number"}, [](const RowSink & sink) {
+        for (int i = 0; i < 100000; ++i) {
+            sink({i});
+        }
+    });
+    std::string expected = "number\n";
+    for (int i = 0; i < 100000; ++i) {
+        expected.append(std::to_string(i)).append("\n");
+    }
+    EXPECT_EQ(Printed(table, Format::Csv), expected);
+}
+
+TEST(Table, KeysAreMadeOfTitles)
+{
+    EXPECT_EQ(KeyOf("x"), "x");
+    EXPECT_EQ(KeyOf("part number"), "part_number");
+    EXPECT_EQ(KeyOf("makers' parts"), "makers_parts");
+    EXPECT_EQ(KeyOf("well-formed XML"), "well_formed_xml");
+    EXPECT_EQ(KeyOf("BOM  items 2"), "bom_items_2");
+}
+
+TEST(Cell, NumbersAreTakenFromTextsAsTheyStand)
+{
+    const auto json = [](const std::string & text) {
+        std::string written;
+        CountOf(text).AppendJson(written);
+        return CountOf(text).Text() + " " + written;
+    };
+    EXPECT_EQ(json("4"), "4 4");
+    EXPECT_EQ(json("04"), "04 4");
+    EXPECT_EQ(json("4.0"), "4.0 4");
+    EXPECT_EQ(json("2.5"), "2.5 2.5");
+    EXPECT_EQ(json("four"), "four null");
+    EXPECT_EQ(json(""), " null");
+    EXPECT_TRUE(CountOf("4").IsNumber());
+    EXPECT_FALSE(CountOf("04").IsNumber());
+}
+
+TEST(Cell, WhatIsNoNumberIsNoneInJson)
+{
+    std::string written;
+    Cell(std::numeric_limits<double>::infinity()).AppendJson(written);
+    Cell(std::string()).AppendJson(written);
+    Cell(0.25).AppendJson(written);
+    EXPECT_EQ(written, "nullnull0.25");
 }
 
 }  // namespace

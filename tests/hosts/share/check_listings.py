@@ -1,0 +1,104 @@
+#!/usr/bin/env python3
+"""Validates what each command writes in JSON for each board of a folder: check_listings.py PROGRAM SCHEMA FOLDER
+
+Boards are .cvg and .xml files, as they are or packed with zstd.
+"""
+
+import copy
+import json
+import subprocess
+import sys
+from pathlib import Path
+
+try:
+    import jsonschema
+except ImportError:
+    jsonschema = None
+
+COMMANDS = [
+    ["info"], ["info", "--units", "mil"], ["bom"], ["bom", "--sort"], ["components"],
+    ["components", "--sort", "--units", "mm"], ["nets"], ["nets", "--physical"],
+    ["nets", "--physical", "--units", "inch"], ["check"],
+]
+# Longer lists are validated by one row of each kind.
+FEW = 1000
+# The status of a test that is skipped.
+SKIPPED = 77
+ENDINGS = (".cvg", ".xml", ".cvg.zst", ".xml.zst")
+
+
+def kind_of(value):
+    if isinstance(value, dict):
+        return tuple((key, kind_of(inner)) for key, inner in value.items())
+    return (type(value).__name__, tuple({kind_of(inner) for inner in value}) if isinstance(value, list) else None)
+
+
+def thinned(listing):
+    """With each list of rows that is too long to be validated whole cut down to the rows that differ in their types."""
+    thin = dict(listing)
+    for key, value in listing.items():
+        if isinstance(value, list) and len(value) > FEW:
+            thin[key] = list({kind_of(row): row for row in value}.values())
+    return thin
+
+
+def objects_in(value):
+    """All objects of a listing, but only the first of the rows of a list."""
+    if isinstance(value, dict):
+        yield value
+        for inner in list(value.values()):
+            yield from objects_in(inner)
+    elif isinstance(value, list) and value:
+        yield from objects_in(value[0])
+
+
+def unknown_keys_that_pass(validator, listing):
+    """How many objects of the listing may have one more key without anybody noticing."""
+    count = 0
+    for place in range(len(list(objects_in(listing)))):
+        changed = copy.deepcopy(listing)
+        list(objects_in(changed))[place]["one_more"] = 1
+        count += validator.is_valid(changed)
+    return count
+
+
+def findings_of(validator, program, arguments, is_first_board):
+    run = subprocess.run([program, *arguments, "--format", "json"], capture_output=True, check=False)
+    if run.returncode not in ((0, 1) if arguments[0] == "diff" else (0,)):
+        # What the board does not tell nobody can convert.
+        if b"does not tell its units" in run.stderr and "--units" in arguments:
+            return []
+        return [f"status {run.returncode}: {run.stderr.decode()}"]
+    listing = thinned(json.loads(run.stdout))
+    error = jsonschema.exceptions.best_match(validator.iter_errors(listing))
+    findings = [] if error is None else [f"{list(error.absolute_path)}: {error.message}"]
+    if not findings and is_first_board and unknown_keys_that_pass(validator, listing) != 0:
+        findings.append("the schema lets keys pass that it does not know")
+    return findings
+
+
+def main():
+    program, schema, folder = sys.argv[1:]
+    if jsonschema is None:
+        print("jsonschema is not there (Debian package python3-jsonschema)")
+        return SKIPPED
+    if not Path(folder).is_dir():
+        print(f"{folder} is not there, so its boards are skipped")
+        return SKIPPED
+    schema = json.loads(Path(schema).read_text(encoding="utf-8"))
+    jsonschema.Draft202012Validator.check_schema(schema)
+    validator = jsonschema.Draft202012Validator(schema)
+    boards = sorted(path for path in Path(folder).iterdir() if path.name.endswith(ENDINGS))
+    failures = 0
+    for board in boards:
+        others = [["diff", str(board), str(boards[0])], ["diff", str(board), str(board)]]
+        for arguments in [[*command, str(board)] for command in COMMANDS] + others:
+            for finding in findings_of(validator, program, arguments, board == boards[0]):
+                print(f"ipc2581 {' '.join(arguments)}: {finding}")
+                failures += 1
+    print(f"{len(boards)} boards, {failures} findings")
+    return 1 if failures or not boards else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
