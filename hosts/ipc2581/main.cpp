@@ -25,6 +25,13 @@ void AddCommands(CLI::App & program)
     AddBomCommand(program);
     AddComponentsCommand(program);
     AddNetsCommand(program);
+    AddLayersCommand(program);
+    AddStackupCommand(program);
+    AddPackagesCommand(program);
+    AddPinsCommand(program);
+    AddPadsCommand(program);
+    AddHolesCommand(program);
+    AddTracksCommand(program);
     AddSvgCommand(program);
     AddCheckCommand(program);
     AddConvertCommand(program);

@@ -42,26 +42,34 @@ std::map<Key, const Record *> Index(const std::vector<Record> & records)
 
 }  // namespace
 
+Record::Property & Record::Append(const char * name, std::vector<std::string> values)
+{
+    Property & property = m_properties.emplace_back();
+    property.name = name;
+    property.values = std::move(values);
+    return property;
+}
+
 void Record::Add(const char * property, const Cell & value)
 {
-    m_properties.push_back({property, false, false, {value.Text()}, value});
+    Append(property, {value.Text()}).shown = value;
 }
 
 void Record::AddHidden(const char * property, std::string value)
 {
-    m_properties.push_back({property, true, false, {std::move(value)}});
+    Append(property, {std::move(value)}).isHidden = true;
 }
 
 void Record::AddMembers(const char * property, std::vector<std::string> members)
 {
     std::sort(members.begin(), members.end());
-    m_properties.push_back({property, false, true, std::move(members)});
+    Append(property, std::move(members)).isList = true;
 }
 
 void Record::AddHiddenMembers(const char * property, std::vector<std::string> members)
 {
-    std::sort(members.begin(), members.end());
-    m_properties.push_back({property, true, true, std::move(members)});
+    AddMembers(property, std::move(members));
+    m_properties.back().isHidden = true;
 }
 
 void Differences::Compare(const char * kind, const std::vector<Record> & before, const std::vector<Record> & after)

@@ -28,12 +28,14 @@ private:
     friend class Differences;
 
     struct Property {
-        const char * name;
-        bool isHidden;
-        bool isList;
+        const char * name = "";
+        bool isHidden = false;
+        bool isList = false;
         std::vector<std::string> values;  // one, or the members in order
         Cell shown = {};                  // of one
     };
+
+    Property & Append(const char * name, std::vector<std::string> values);
 
     std::string m_name;
     std::vector<Property> m_properties;

@@ -55,11 +55,13 @@ Table NetPointTable(Board & board, const Lengths & lengths, bool isSorted)
     return {"points",
             {"net", lengths.Named("x"), lengths.Named("y"), "layer", "exposure", "node", "via", "primitive", "test"},
             [nets, &lengths](const RowSink & sink) {
+                Row row;
                 for (const auto * const net : nets) {
                     for (const auto * const point : Each(net->PhyNetPointArray)) {
-                        sink({Shown(net->Name), lengths.Of(point->Location.X), lengths.Of(point->Location.Y),
-                              Shown(point->LayerRef), Shown(point->Exposure), Shown(point->NetNode), point->Via != 0,
-                              Shown(point->StandardPrimitiveRefId), point->Test != 0});
+                        Fill(row, Shown(net->Name), lengths.Of(point->Location.X), lengths.Of(point->Location.Y),
+                             Shown(point->LayerRef), Shown(point->Exposure), Shown(point->NetNode), point->Via != 0,
+                             Shown(point->StandardPrimitiveRefId), point->Test != 0);
+                        sink(row);
                     }
                 }
             }};

@@ -62,6 +62,15 @@ std::map<std::size_t, std::string> ClassesOfNets(const Board & board)
     return classes;
 }
 
+std::map<std::size_t, PackageFacts> FactsOfPackages(const Board & board)
+{
+    std::map<std::size_t, PackageFacts> facts;
+    for (const LostFact & fact : FactsAt(board, "Ecad/CadData/Step/Package")) {
+        facts.emplace(fact.owner, PackageFacts{std::string(fact.Value("height")), std::string(fact.Value("pinOne"))});
+    }
+    return facts;
+}
+
 std::vector<SpecProperty> SpecProperties(const Board & board)
 {
     constexpr std::string_view top = "Ecad/CadHeader/Spec";

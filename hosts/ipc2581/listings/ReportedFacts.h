@@ -21,6 +21,13 @@ std::map<std::string, std::vector<std::string>> MakersParts(const Board & board)
 // The class of each logical net, by the place of the net: "POWER".
 std::map<std::size_t, std::string> ClassesOfNets(const Board & board);
 
+struct PackageFacts {
+    std::string height;
+    std::string pinOne;  // the number of the pin that counts as the first
+};
+// By the place of the package.
+std::map<std::size_t, PackageFacts> FactsOfPackages(const Board & board);
+
 struct SpecProperty {
     std::string spec;
     std::string property;

@@ -27,7 +27,7 @@ _ipc2581_words()
 
 _ipc2581()
 {
-    local commands="info bom components nets svg check convert report diff"
+    local commands="info bom components nets layers stackup packages pins pads holes tracks svg check convert report diff"
     local boards=(.cvg .xml .gz .zst .xz .bz2 .zip .7z .tar)
     local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]}
     local command="" i place=0
@@ -96,6 +96,9 @@ _ipc2581()
         case $command in
             info | diff) options+=" $listing --units" ;;
             bom) options+=" $listing --sort" ;;
+            layers) options+=" $listing" ;;
+            stackup) options+=" $listing --units" ;;
+            packages | pins | pads | holes | tracks) options+=" $listing --units --sort" ;;
             components) options+=" $listing --units --sort" ;;
             nets) options+=" $listing --units --physical --sort" ;;
             svg) options+=" -o --output" ;;

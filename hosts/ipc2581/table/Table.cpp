@@ -69,20 +69,25 @@ struct Shape {
     bool hasNumbers = false;
     bool hasTexts = false;
 
-    void Add(const Cell & cell, const std::string & text)
+    void Add(const Cell & cell, std::size_t widthOfCell)
     {
-        width = std::max(width, Width(text));
+        width = std::max(width, widthOfCell);
         hasNumbers = hasNumbers || cell.IsNumber();
-        hasTexts = hasTexts || (!cell.IsNumber() && !text.empty());
+        hasTexts = hasTexts || (!cell.IsNumber() && widthOfCell != 0);
     }
     [[nodiscard]] bool IsRight() const { return hasNumbers && !hasTexts; }
 };
 
-void SetAligned(std::string & text, const Cell & cell)
+// Gives the width of the text.
+std::size_t SetAligned(std::string & text, const Cell & cell)
 {
     text.clear();
     cell.AppendAligned(text);
+    if (std::all_of(text.begin(), text.end(), [](char ch) { return ch >= ' ' && ch < 0x7f; })) {
+        return text.size();
+    }
     text = OneLine(std::move(text));
+    return Width(text);
 }
 
 // One line, cell by cell.
@@ -90,11 +95,11 @@ class AlignedLine {
 public:
     AlignedLine(std::string & text, std::string_view indent) : m_text(text) { m_text.append(indent); }
 
-    void Add(std::string_view cell, const Shape & shape)
+    void Add(std::string_view cell, std::size_t width, const Shape & shape)
     {
         m_text.append(m_isFirst ? "" : "  ");
         m_isFirst = false;
-        const std::size_t padding = shape.width - Width(cell);
+        const std::size_t padding = shape.width - width;
         m_text.append(shape.IsRight() ? padding : 0, ' ').append(cell).append(shape.IsRight() ? 0 : padding, ' ');
     }
     void End()
@@ -117,21 +122,21 @@ void PrintAlignedRows(std::ostream & out, const Table & table, std::string_view 
     std::string text;
     table.ForEachRow([&](const Row & row) {
         for (std::size_t i = 0; i < row.size(); ++i) {
-            SetAligned(text, row[i]);
-            shapes[i].Add(row[i], text);
+            shapes[i].Add(row[i], SetAligned(text, row[i]));
         }
     });
     Pieces pieces(out);
     AlignedLine head(pieces.Text(), indent);
     for (std::size_t i = 0; i < shapes.size(); ++i) {
-        head.Add(TitleOf(table.Columns()[i]), shapes[i]);
+        const std::string title = TitleOf(table.Columns()[i]);
+        head.Add(title, Width(title), shapes[i]);
     }
     head.End();
     table.ForEachRow([&](const Row & row) {
         AlignedLine line(pieces.Text(), indent);
         for (std::size_t i = 0; i < row.size(); ++i) {
-            SetAligned(text, row[i]);
-            line.Add(text, shapes[i]);
+            const std::size_t width = SetAligned(text, row[i]);
+            line.Add(text, width, shapes[i]);
         }
         line.End();
         pieces.Pass();
@@ -146,18 +151,18 @@ void PrintAlignedValues(std::ostream & out, const Values & values, std::string_v
     std::string text;
     for (const auto & [name, value] : values.All()) {
         names.width = std::max(names.width, value.IsNothing() ? 0 : Width(TitleOf(name)));
-        SetAligned(text, value);
-        shape.Add(value, text);
+        shape.Add(value, SetAligned(text, value));
     }
     Pieces pieces(out);
     for (const auto & [name, value] : values.All()) {
         if (value.IsNothing()) {
             continue;
         }
-        SetAligned(text, value);
+        const std::string title = TitleOf(name);
+        const std::size_t width = SetAligned(text, value);
         AlignedLine line(pieces.Text(), indent);
-        line.Add(TitleOf(name), names);
-        line.Add(text, shape);
+        line.Add(title, Width(title), names);
+        line.Add(text, width, shape);
         line.End();
     }
     pieces.Finish();

@@ -50,6 +50,15 @@ struct Source {
 };
 
 using Row = std::vector<Cell>;
+// Puts these values in place of what the row holds, without a copy of them.
+template <typename... Cells>
+void Fill(Row & row, Cells &&... cells)
+{
+    row.clear();
+    row.reserve(sizeof...(cells));
+    (row.emplace_back(std::forward<Cells>(cells)), ...);
+}
+
 using RowSink = std::function<void(const Row & row)>;
 
 // Rows under named columns, written in one of three formats: columns aligned with a heading, CSV with a heading, or a

@@ -28,6 +28,9 @@ std::string LowerCase(std::string text)
 
 std::string Shown(std::string_view text)
 {
+    if (text.find('&') == std::string_view::npos) {
+        return std::string(text);
+    }
     struct Entity {
         std::string_view name;
         char character;

@@ -17,8 +17,8 @@ TEST(Usage, HelpListsEachCommandWithAnExample)
 {
     const Result help = RunProgram({"--help"});
     EXPECT_EQ(help, (Result{0, Golden("help.txt", help.out), ""}));
-    for (const std::string command :
-         {"info", "bom", "components", "nets", "svg", "check", "convert", "report", "diff"}) {
+    for (const std::string command : {"info", "bom", "components", "nets", "layers", "stackup", "packages", "pins",
+                                      "pads", "holes", "tracks", "svg", "check", "convert", "report", "diff"}) {
         EXPECT_NE(help.out.find("\n  ipc2581 " + command + " "), std::string::npos) << command;
         const Result own = RunProgram({command, "--help"});
         EXPECT_NE(own.out.find("Example: ipc2581 " + command + " "), std::string::npos) << own;

@@ -18,7 +18,8 @@ except ImportError:
 COMMANDS = [
     ["info"], ["info", "--units", "mil"], ["bom"], ["bom", "--sort"], ["components"],
     ["components", "--sort", "--units", "mm"], ["nets"], ["nets", "--physical"],
-    ["nets", "--physical", "--units", "inch"], ["check"],
+    ["nets", "--physical", "--units", "inch"], ["layers"], ["stackup"], ["packages"], ["pins", "--sort"], ["pads"],
+    ["holes", "--sort"], ["tracks"], ["tracks", "--units", "um"], ["check"],
 ]
 # Longer lists are validated by one row of each kind.
 FEW = 1000
