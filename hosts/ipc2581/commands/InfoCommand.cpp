@@ -12,13 +12,14 @@ struct Options {
     Reading reading;
     ListingOptions listing;
     std::string unit;
+    bool isAll = false;
 };
 
 void Info(const Options & options)
 {
     Board board = OpenBoard(options.board, options.reading);
     const Lengths lengths(board, options.unit);
-    Print(InfoListing(board, lengths), options.listing, {options.board}, SourceOf(board, lengths, ""));
+    Print(InfoListing(board, lengths, options.isAll), options.listing, {options.board}, SourceOf(board, lengths, ""));
     WarnOfImport(board);
 }
 
@@ -27,11 +28,13 @@ void Info(const Options & options)
 void AddInfoCommand(CLI::App & program)
 {
     const auto options = std::make_shared<Options>();
-    CLI::App & command = AddCommand(program, "info", "Show what a board contains", "ipc2581 info board.cvg");
+    CLI::App & command =
+        AddCommand(program, "info", "Show size, layers, parts, nets and holes of a board", "ipc2581 info board.cvg");
     AddBoard(command, options->board);
     AddReading(command, options->reading);
     AddListingOptions(command, options->listing);
     AddUnits(command, options->unit);
+    command.add_flag("--all", options->isAll, "Show names, layers, materials and counts of everything too");
     command.callback([options] { Info(*options); });
 }
 

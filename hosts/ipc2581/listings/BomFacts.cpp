@@ -20,10 +20,13 @@ BomFacts::BomFacts(Board & board)
     }
 }
 
-Cell BomFacts::IsFitted(const std::string & designator) const
+std::optional<bool> BomFacts::IsFitted(const std::string & designator) const
 {
     const auto found = m_facts.find(designator);
-    return found == m_facts.end() ? Cell() : Cell(found->second.isFitted);
+    if (found == m_facts.end()) {
+        return std::nullopt;
+    }
+    return found->second.isFitted;
 }
 
 std::string BomFacts::Value(const std::string & designator) const

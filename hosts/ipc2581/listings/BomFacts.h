@@ -1,11 +1,11 @@
 #ifndef IPC2581_HOSTS_IPC2581_LISTINGS_BOMFACTS_H
 #define IPC2581_HOSTS_IPC2581_LISTINGS_BOMFACTS_H
 
+#include <optional>
 #include <string>
 #include <unordered_map>
 
 #include "hosts/ipc2581/board/Board.h"
-#include "hosts/ipc2581/table/Cell.h"
 
 namespace ipc2581::host {
 
@@ -15,7 +15,7 @@ public:
     explicit BomFacts(Board & board);
 
     // Whether it is fitted; nothing for a designator that is in no item.
-    [[nodiscard]] Cell IsFitted(const std::string & designator) const;
+    [[nodiscard]] std::optional<bool> IsFitted(const std::string & designator) const;
     // The value of its item: "100nF".
     [[nodiscard]] std::string Value(const std::string & designator) const;
 

@@ -1,11 +1,12 @@
 #include "hosts/ipc2581/listings/ComponentTable.h"
 
 #include <algorithm>
-#include <string_view>
-#include <unordered_map>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "hosts/ipc2581/listings/BomFacts.h"
+#include "hosts/ipc2581/listings/LayerTables.h"
 #include "hosts/ipc2581/listings/NaturalOrder.h"
 #include "hosts/ipc2581/text/Text.h"
 
@@ -23,10 +24,7 @@ bool ByDesignator(const Component * left, const Component * right)
 
 Table ComponentTable(Board & board, const Lengths & lengths, bool isSorted)
 {
-    std::unordered_map<std::string, std::string> sides;
-    for (const CIPC2581_Ecad_CadData_Layer * const layer : Each(board.CadData().m_arrLayer)) {
-        sides.emplace(Shown(layer->name), Shown(layer->side));
-    }
+    const auto sides = SidesOfLayers(board);
     const auto all = Each(board.Step().ComponentArray);
     std::vector<const Component *> components(all.begin(), all.end());
     if (isSorted) {
@@ -39,11 +37,12 @@ Table ComponentTable(Board & board, const Lengths & lengths, bool isSorted)
     for (const Component * const component : components) {
         const auto side = sides.find(Shown(component->LayerRef));
         const std::string designator = Shown(component->RefDes);
+        const std::optional<bool> isFitted = facts.IsFitted(designator);
         table.Add({designator, Shown(component->PackageRef), Shown(component->Part), Shown(component->LayerRef),
                    side == sides.end() ? "" : side->second, Shown(component->MountType),
                    lengths.Of(component->Location.X), lengths.Of(component->Location.Y), component->Xform->Rotation,
                    component->Xform->Mirror != 0, lengths.Of(component->Height), lengths.Of(component->Standoff),
-                   facts.IsFitted(designator), facts.Value(designator)});
+                   isFitted.has_value() ? Cell(*isFitted) : Cell(), facts.Value(designator)});
     }
     return table;
 }

@@ -1,13 +1,23 @@
 #include "hosts/ipc2581/listings/InfoListing.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <map>
+#include <optional>
+#include <set>
+#include <string>
 #include <string_view>
+#include <unordered_map>
+#include <utility>
 #include <vector>
 
+#include "hosts/ipc2581/board/Copper.h"
 #include "hosts/ipc2581/board/ShapeElements.h"
 #include "hosts/ipc2581/geometry/Extents.h"
+#include "hosts/ipc2581/listings/BoardFeatures.h"
+#include "hosts/ipc2581/listings/BomFacts.h"
+#include "hosts/ipc2581/listings/LayerTables.h"
 #include "hosts/ipc2581/listings/ReportedFacts.h"
 #include "hosts/ipc2581/text/Text.h"
 
@@ -154,14 +164,165 @@ std::vector<std::string> Named(const CStringArray & list)
     return names;
 }
 
-void ListBoard(Board & board, Values & values)
+Extents ExtentsOf(const CIPC2581_Ecad_CadData_Step & step)
+{
+    Extents extents;
+    extents.AddContour(*step.Profile.Polygon->PolyBegin, *step.Profile.Polygon->PolyStepArray);
+    return extents;
+}
+
+// That of the only group where the stackup itself does not tell.
+Cell ThicknessOf(const CIPC2581_Ecad_CadData_Stackup & stackup, const Lengths & lengths)
+{
+    const auto groups = Each(stackup.StackupGroupArray);
+    if (stackup.overallThickness.IsEmpty() && groups.size() == 1 && groups.front()->thickness > 0.0) {
+        return lengths.Of(groups.front()->thickness);
+    }
+    return lengths.Of(stackup.overallThickness);
+}
+
+std::size_t CountCopperLayers(const CIPC2581_Ecad_CadData & cadData)
+{
+    const auto layers = Each(cadData.m_arrLayer);
+    return static_cast<std::size_t>(
+        std::count_if(layers.begin(), layers.end(),
+                      [](const CIPC2581_Ecad_CadData_Layer * layer) { return IsCopper(layer->layerFunction); }));
+}
+
+struct PinCounts {
+    std::size_t all = 0;  // of all components
+    std::size_t onNets = 0;
+};
+
+PinCounts CountPins(CIPC2581_Ecad_CadData_Step & step)
+{
+    std::unordered_map<std::string_view, std::size_t> pinsOfPackages;
+    for (const CIPC2581_Ecad_CadData_Step_Package * const package : Each(step.PackageArray)) {
+        // A pin may have several places.
+        std::set<std::string_view> numbers;
+        for (const CIPC2581_Ecad_CadData_Step_Package_Pin * const pin : Each(package->PinArray)) {
+            numbers.insert(pin->number);
+        }
+        pinsOfPackages.emplace(package->name, numbers.size());
+    }
+    PinCounts pins;
+    for (const CIPC2581_Ecad_CadData_Step_Component * const component : Each(step.ComponentArray)) {
+        const auto found = pinsOfPackages.find(component->PackageRef);
+        pins.all += found == pinsOfPackages.end() ? 0 : found->second;
+    }
+    for (const CIPC2581_Ecad_CadData_Step_LogicalNet * const net : Each(step.LogicalNetArray)) {
+        pins.onNets += Count(net->LogicalNetPinArray);
+    }
+    return pins;
+}
+
+// The smaller of two measures, of which one that is not above 0 says nothing.
+double Smaller(double left, double right)
+{
+    return right > 0.0 && (left <= 0.0 || right < left) ? right : left;
+}
+
+Cell SmallestHole(Board & board, const Lengths & lengths)
+{
+    double smallest = 0.0;
+    for (const HolePlace & place : HolesOf(board)) {
+        smallest = Smaller(smallest, NumberOf(Str(place.hole->Diameter)).value_or(0.0));
+    }
+    return smallest > 0.0 ? Cell(lengths.Of(smallest)) : Cell();
+}
+
+Cell SmallestTrack(Board & board, const Lengths & lengths)
+{
+    double smallest = 0.0;
+    for (const Track & track : TracksOf(board)) {
+        smallest = Smaller(smallest, track.line->LineWidth);
+    }
+    return smallest > 0.0 ? Cell(lengths.Of(smallest)) : Cell();
+}
+
+// What people ask first of a board.
+void ListBoard(Board & board, const Lengths & lengths, Values & values)
+{
+    const Extents extents = ExtentsOf(board.Step());
+    const auto ofExtents = [&](double length) { return extents.IsEmpty() ? Cell() : Cell(lengths.Of(length)); };
+    const PinCounts pins = CountPins(board.Step());
+    values.Add("name", Shown(board.Root().m_Ecad.name));
+    values.Add("step", Shown(board.Step().Name));
+    values.Add("units", Shown(board.Root().m_Ecad.m_CadHeader.units));
+    values.Add(lengths.Named("width"), ofExtents(extents.MaxX() - extents.MinX()));
+    values.Add(lengths.Named("height"), ofExtents(extents.MaxY() - extents.MinY()));
+    values.Add(lengths.Named("thickness"), ThicknessOf(board.CadData().m_Stackup, lengths));
+    values.Add("copper layers", CountCopperLayers(board.CadData()));
+    values.Add("components", Count(board.Step().ComponentArray));
+    values.Add("pins", pins.all);
+    values.Add("nets", Count(board.Step().LogicalNetArray));
+    values.Add("pins on nets", pins.onNets);
+    values.Add("holes", HolesOf(board).size());
+    values.Add(lengths.Named("smallest hole"), SmallestHole(board, lengths));
+    values.Add(lengths.Named("smallest track"), SmallestTrack(board, lengths));
+}
+
+// Components by the side on which they stand.
+void ListParts(Board & board, Table & table)
+{
+    struct Parts {
+        std::size_t all = 0;
+        std::size_t fitted = 0;
+        std::size_t notFitted = 0;
+    };
+    const BomFacts facts(board);
+    const auto sides = SidesOfLayers(board);
+    std::map<std::string, Parts> partsOfSides;
+    for (const CIPC2581_Ecad_CadData_Step_Component * const component : Each(board.Step().ComponentArray)) {
+        const auto side = sides.find(Shown(component->LayerRef));
+        Parts & parts = partsOfSides[side == sides.end() ? "" : side->second];
+        const std::optional<bool> isFitted = facts.IsFitted(Shown(component->RefDes));
+        ++parts.all;
+        parts.fitted += isFitted == true ? 1U : 0U;
+        parts.notFitted += isFitted == false ? 1U : 0U;
+    }
+    const auto add = [&](const std::string & side) {
+        const auto found = partsOfSides.find(side);
+        if (found != partsOfSides.end()) {
+            const Parts & parts = found->second;
+            table.Add({side, parts.all, parts.fitted, parts.notFitted, parts.all - parts.fitted - parts.notFitted});
+            partsOfSides.erase(found);
+        }
+    };
+    add("TOP");
+    add("BOTTOM");
+    while (!partsOfSides.empty()) {
+        add(std::string(partsOfSides.begin()->first));
+    }
+}
+
+void ListHoles(Board & board, const Lengths & lengths, Table & table)
+{
+    struct Holes {
+        std::size_t all = 0;
+        std::map<std::string, std::size_t> platings;
+    };
+    // By what a listing shows of a diameter, since 0.4 and 0.40 are one; in the order of size.
+    std::map<std::pair<double, std::string>, Holes> holes;
+    for (const HolePlace & place : HolesOf(board)) {
+        const Cell diameter = lengths.Of(place.hole->Diameter);
+        Holes & own = holes[{NumberOf(Str(place.hole->Diameter)).value_or(0.0), diameter.Text()}];
+        ++own.all;
+        ++own.platings[Shown(place.hole->PlatingStatus)];
+    }
+    for (auto & [diameter, own] : holes) {
+        const std::size_t plated = own.platings["PLATED"];
+        const std::size_t vias = own.platings["VIA"];
+        const std::size_t nonPlated = own.platings["NONPLATED"];
+        table.Add({CountOf(diameter.second), own.all, plated, vias, nonPlated, own.all - plated - vias - nonPlated});
+    }
+}
+
+void ListDocument(Board & board, Values & values)
 {
     const CIPC2581_Parser & root = board.Root();
     const CIPC2581_Content & content = root.m_Content;
     const CIPC2581_HistoryRecord & history = root.m_HistoryRecord;
-    values.Add("name", Shown(root.m_Ecad.name));
-    values.Add("step", Shown(board.Step().Name));
-    values.Add("units", Shown(root.m_Ecad.m_CadHeader.units));
     values.Add("dictionary units", Shown(content.DictionaryStandard->Unit));
     values.Add("function mode", Shown(content.FunctionMode));
     values.Add("function level", Shown(content.FunctionModeLevel));
@@ -180,8 +341,7 @@ void ListBoard(Board & board, Values & values)
 
 void ListProfile(const CIPC2581_Ecad_CadData_Step & step, const Lengths & lengths, Values & values)
 {
-    Extents extents;
-    extents.AddContour(*step.Profile.Polygon->PolyBegin, *step.Profile.Polygon->PolyStepArray);
+    const Extents extents = ExtentsOf(step);
     const auto add = [&](const char * name, double length) {
         values.Add(lengths.Named(name), extents.IsEmpty() ? Cell() : Cell(lengths.Of(length)));
     };
@@ -253,14 +413,11 @@ void ListCounts(Board & board, const Counts & counts, Values & values)
     values.Add("colours", Count(content.m_DictionaryColor->Entry));
 }
 
-}  // namespace
-
-Listing InfoListing(Board & board, const Lengths & lengths)
+void ListAll(Board & board, const Lengths & lengths, Listing & listing)
 {
     const Counts counts = CountAll(board);
     const CIPC2581_Ecad_CadData_Stackup & stackup = board.CadData().m_Stackup;
-    Listing listing;
-    ListBoard(board, listing.AddValues("board"));
+    ListDocument(board, listing.AddValues("document"));
     ListProfile(board.Step(), lengths, listing.AddValues("profile"));
     ListLayers(board, listing.AddTable("layers", {"layer", "function", "side", "polarity"}));
     ListThickness(stackup, lengths, listing.AddValues("thickness"));
@@ -272,6 +429,20 @@ Listing InfoListing(Board & board, const Lengths & lengths)
     }
     ListCounts(board, counts, listing.AddValues("counts"));
     counts.shapes.Print(listing.AddTable("shapes", {"shape", "features", "silk screens", "outlines", "dictionary"}));
+}
+
+}  // namespace
+
+Listing InfoListing(Board & board, const Lengths & lengths, bool isAll)
+{
+    Listing listing;
+    ListBoard(board, lengths, listing.AddValues("board"));
+    ListParts(board, listing.AddTable("parts", {"side", "components", "fitted", "not fitted", "not in the BOM"}));
+    ListHoles(board, lengths,
+              listing.AddTable("holes", {lengths.Named("diameter"), "holes", "plated", "via", "nonplated", "other"}));
+    if (isAll) {
+        ListAll(board, lengths, listing);
+    }
     return listing;
 }
 

@@ -6,8 +6,8 @@
 
 namespace ipc2581::host {
 
-// What is in a board: its names and measures, its layers, and how many there are of everything.
-Listing InfoListing(Board & board, const Lengths & lengths);
+// What is in a board: what people ask first, and for all of it names, layers, and how many there are of everything.
+Listing InfoListing(Board & board, const Lengths & lengths, bool isAll);
 
 }  // namespace ipc2581::host
 

@@ -9,6 +9,15 @@
 
 namespace ipc2581::host {
 
+std::unordered_map<std::string, std::string> SidesOfLayers(Board & board)
+{
+    std::unordered_map<std::string, std::string> sides;
+    for (const CIPC2581_Ecad_CadData_Layer * const layer : Each(board.CadData().m_arrLayer)) {
+        sides.emplace(Shown(layer->name), Shown(layer->side));
+    }
+    return sides;
+}
+
 Table LayerTable(Board & board)
 {
     std::unordered_map<std::string, std::size_t> sets;

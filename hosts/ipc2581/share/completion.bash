@@ -94,7 +94,8 @@ _ipc2581()
         local listing="-f --format -o --output" options="-h --help"
         [[ $command != check ]] && options+=" --exact --step"
         case $command in
-            info | diff) options+=" $listing --units" ;;
+            info) options+=" $listing --units --all" ;;
+            diff) options+=" $listing --units" ;;
             bom) options+=" $listing --sort" ;;
             layers) options+=" $listing" ;;
             stackup) options+=" $listing --units" ;;

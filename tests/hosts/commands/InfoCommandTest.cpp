@@ -10,12 +10,13 @@ namespace {
 TEST(Info, TellsOfTheExampleBoardInEachFormat)
 {
     ExpectGoldenListings("info");
+    ExpectGoldenListings("info", {"--all"}, "info-all");
 }
 
 TEST(Info, TellsOfABoardWithNothingInIt)
 {
     const TempFolder folder;
-    const Result info = RunProgram({"info", folder.Save("small.cvg", SmallBoard())});
+    const Result info = RunProgram({"info", "--all", folder.Save("small.cvg", SmallBoard())});
     EXPECT_EQ(info, (Result{0, Golden("info-small.txt", info.out), ""}));
 }
 
@@ -30,7 +31,7 @@ TEST(Info, ExtentsHoldTheArcsOfTheProfile)
                                                                   "<PolyStepSegment x=\"10\" y=\"0\"/>\n"
                                                                   "</Polygon>\n"
                                                                   "</Profile>\n"));
-    EXPECT_NE(RunProgram({"info", board})
+    EXPECT_NE(RunProgram({"info", "--all", board})
                   .out.find("\nprofile\n"
                             "  left     -10\n"
                             "  bottom     0\n"
@@ -39,6 +40,88 @@ TEST(Info, ExtentsHoldTheArcsOfTheProfile)
                             "  width     20\n"
                             "  height    10\n"
                             "  cutouts    0\n"),
+              std::string::npos);
+}
+
+// A board of three layers of copper and one of silk.
+std::string BoardWithStep(const std::string & stepLines, const std::string & stackup = "")
+{
+    std::string board = SmallBoard(stepLines);
+    board.insert(board.find("<CadData"), "<CadHeader units=\"MILLIMETER\"/>\n");
+    return board.insert(board.find("<Step"), "<Layer name=\"TOP\" layerFunction=\"CONDUCTOR\" side=\"TOP\"/>\n"
+                                             "<Layer name=\"GND\" layerFunction=\"PLANE\" side=\"INTERNAL\"/>\n"
+                                             "<Layer name=\"BOT\" layerFunction=\"SIGNAL\" side=\"BOTTOM\"/>\n"
+                                             "<Layer name=\"SILK\" layerFunction=\"SILKSCREEN\" side=\"TOP\"/>\n" +
+                                                 stackup);
+}
+
+// The lines of the sections of a board, without blanks in a row.
+std::string Sections(const std::string & board, const std::string & bom = "")
+{
+    const TempFolder folder;
+    std::string text = board;
+    text.insert(text.find("<Ecad"), bom);
+    std::string lines;
+    for (const char ch : RunProgram({"info", folder.Save("b.xml", text)}).out) {
+        if (ch != ' ' || (!lines.empty() && lines.back() != ' ' && lines.back() != '\n')) {
+            lines.append(1, ch);
+        }
+    }
+    return lines;
+}
+
+TEST(Info, CountsPartsBySideAndFitting)
+{
+    const std::string pin = "<Location x=\"0\" y=\"0\"/><StandardPrimitiveRef id=\"C\"/>";
+    const std::string board =
+        BoardWithStep("<Package name=\"P\"><Pin number=\"1\">" + pin + pin + "</Pin><Pin number=\"2\">" + pin +
+                      "</Pin></Package>\n"
+                      "<Component refDes=\"R1\" packageRef=\"P\" layerRef=\"BOT\"/>\n"
+                      "<Component refDes=\"R2\" packageRef=\"P\" layerRef=\"TOP\"/>\n"
+                      "<Component refDes=\"R3\" packageRef=\"P\" layerRef=\"TOP\"/>\n"
+                      "<Component refDes=\"R4\" packageRef=\"P\" layerRef=\"TOP\"/>\n"
+                      "<LogicalNet name=\"N\"><PinRef componentRef=\"R1\" pin=\"1\"/></LogicalNet>\n");
+    const std::string sections =
+        Sections(board, "<Bom name=\"b\"><BomItem><RefDes name=\"R1\" populate=\"true\"/><RefDes name=\"R2\" "
+                        "populate=\"false\"/><RefDes name=\"R3\" populate=\"true\"/></BomItem></Bom>\n");
+    EXPECT_NE(sections.find("\ncopper layers 3\ncomponents 4\npins 8\nnets 1\npins on nets 1\n"), std::string::npos)
+        << sections;
+    EXPECT_NE(sections.find("\nside components fitted not fitted not in the BOM\nTOP 3 1 1 1\nBOTTOM 1 1 0 0\n"),
+              std::string::npos)
+        << sections;
+}
+
+TEST(Info, CountsHolesByDiameterAndPlatingAndFindsTheSmallest)
+{
+    const auto hole = [](const std::string & diameter, const std::string & plating, const std::string & x) {
+        return "<Set><Hole name=\"H\" diameter=\"" + diameter + "\" platingStatus=\"" + plating + "\" x=\"" + x +
+               "\" y=\"0\"/></Set>\n";
+    };
+    const auto line = [](const std::string & width) {
+        return "<Set><Features><Line startX=\"0\" startY=\"0\" endX=\"1\" endY=\"0\"><LineDesc lineEnd=\"ROUND\" "
+               "lineWidth=\"" +
+               width + "\"/></Line></Features></Set>\n";
+    };
+    const std::string sections = Sections(
+        BoardWithStep("<LayerFeature layerRef=\"TOP\">\n" + hole("10", "PLATED", "1") + hole("0.40", "VIA", "2") +
+                      hole("0.4", "NONPLATED", "3") + hole("0.4", "ODD", "4") + line("0.3") + line("0.15") + line("0") +
+                      "</LayerFeature>\n<LayerFeature layerRef=\"SILK\">\n" + line("0.1") + "</LayerFeature>\n"));
+    EXPECT_NE(sections.find("\nholes 4\nsmallest hole (mm) 0.4\nsmallest track (mm) 0.15\n"), std::string::npos)
+        << sections;
+    EXPECT_NE(sections.find("\ndiameter (mm) holes plated via nonplated other\n0.4 3 0 1 1 1\n10 1 1 0 0 0\n"),
+              std::string::npos)
+        << sections;
+}
+
+TEST(Info, ThicknessIsThatOfTheStackupOrOfItsOnlyGroup)
+{
+    const std::string group = "<StackupGroup name=\"G\" thickness=\"1.2\"></StackupGroup>";
+    EXPECT_NE(Sections(BoardWithStep("", "<Stackup overallThickness=\"1.60\">" + group + "</Stackup>\n"))
+                  .find("\nthickness (mm) 1.6\n"),
+              std::string::npos);
+    EXPECT_NE(Sections(BoardWithStep("", "<Stackup>" + group + "</Stackup>\n")).find("\nthickness (mm) 1.2\n"),
+              std::string::npos);
+    EXPECT_EQ(Sections(BoardWithStep("", "<Stackup>" + group + group + "</Stackup>\n")).find("thickness"),
               std::string::npos);
 }
 

@@ -16,10 +16,13 @@ except ImportError:
     jsonschema = None
 
 COMMANDS = [
-    ["info"], ["info", "--units", "mil"], ["bom"], ["bom", "--sort"], ["components"],
-    ["components", "--sort", "--units", "mm"], ["nets"], ["nets", "--physical"],
-    ["nets", "--physical", "--units", "inch"], ["layers"], ["stackup"], ["packages"], ["pins", "--sort"], ["pads"],
-    ["holes", "--sort"], ["tracks"], ["tracks", "--units", "um"], ["check"],
+    ["info", "--all"], ["bom"], ["components"], ["nets"], ["nets", "--physical"], ["layers"], ["stackup"],
+    ["packages"], ["pins"], ["pads"], ["holes"], ["tracks"], ["check"],
+]
+# For the first board alone.
+VARIANTS = [
+    ["info"], ["info", "--units", "mil"], ["bom", "--sort"], ["components", "--sort", "--units", "mm"],
+    ["nets", "--physical", "--units", "inch"], ["pins", "--sort"], ["holes", "--sort"], ["tracks", "--units", "um"],
 ]
 # Longer lists are validated by one row of each kind.
 FEW = 1000
@@ -92,8 +95,8 @@ def main():
     boards = sorted(path for path in Path(folder).iterdir() if path.name.endswith(ENDINGS))
     failures = 0
     for board in boards:
-        others = [["diff", str(board), str(boards[0])], ["diff", str(board), str(board)]]
-        for arguments in [[*command, str(board)] for command in COMMANDS] + others:
+        commands = COMMANDS + (VARIANTS if board == boards[0] else [])
+        for arguments in [[*command, str(board)] for command in commands] + [["diff", str(board), str(boards[0])]]:
             for finding in findings_of(validator, program, arguments, board == boards[0]):
                 print(f"ipc2581 {' '.join(arguments)}: {finding}")
                 failures += 1
