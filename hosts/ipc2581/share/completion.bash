@@ -43,7 +43,7 @@ _ipc2581()
     # The place of the word among the arguments of the command that are not options.
     for ((i = 1; i < COMP_CWORD; ++i)); do
         case ${COMP_WORDS[i]} in
-            -f | --format | -o | --output | --step | --units)
+            -f | --format | -o | --output | --step | --units | --group | --columns | --bottom-rotation)
                 [[ ${COMP_WORDS[i + 1]} == "=" ]] && ((++i))
                 ((++i))
                 ;;
@@ -75,6 +75,18 @@ _ipc2581()
             _ipc2581_words "$word" "table csv json"
             return
             ;;
+        --group)
+            _ipc2581_words "$word" "value part package"
+            return
+            ;;
+        --columns)
+            _ipc2581_words "$word" "placement position"
+            return
+            ;;
+        --bottom-rotation)
+            _ipc2581_words "$word" "below above"
+            return
+            ;;
         --units)
             _ipc2581_words "$word" "mm inch mil um"
             return
@@ -96,11 +108,11 @@ _ipc2581()
         case $command in
             info) options+=" $listing --units --all" ;;
             diff) options+=" $listing --units" ;;
-            bom) options+=" $listing --sort" ;;
+            bom) options+=" $listing --sort --group" ;;
             layers) options+=" $listing" ;;
             stackup) options+=" $listing --units" ;;
             packages | pins | pads | holes | tracks) options+=" $listing --units --sort" ;;
-            components) options+=" $listing --units --sort" ;;
+            components) options+=" $listing --units --sort --fitted --columns --bottom-rotation" ;;
             nets) options+=" $listing --units --physical --sort" ;;
             svg) options+=" -o --output" ;;
             check) options+=" $listing --all" ;;

@@ -1,4 +1,5 @@
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -72,6 +73,42 @@ TEST(BomCommand, TakesPartAndPackageFromTheComponents)
                                             component));
     EXPECT_EQ(Csv(board),
               (Result{0, std::string(Heading) + "4,,A,,,,P1 P2,R1 R2 R3 R4,,,\n04,,A,,,,P,R1 R2 R3 R4,,,\n", ""}));
+}
+
+TEST(BomCommand, GroupsItems)
+{
+    const auto item = [](const std::string & number, const std::string & quantity, const std::string & designators,
+                         const std::string & value) {
+        return "<BomItem internalPartNumber=\"" + number + "\" quantity=\"" + quantity + "\">" + designators +
+               (value.empty() ? ""
+                              : "<Characteristics><Textual textualCharacteristicName=\"Value\" "
+                                "textualCharacteristicValue=\"" +
+                                    value + "\"/></Characteristics>") +
+               "</BomItem>\n";
+    };
+    const TempFolder folder;
+    const std::string board = folder.Save(
+        "b.xml", BoardWithItems(item("A", "2", "<RefDes name=\"R10\"/><RefDes name=\"R2\" populate=\"false\"/>", "1k") +
+                                    item("B", "1.5", "<RefDes name=\"R1\"/>", "") +
+                                    item("C", "many", "<RefDes name=\"R3\"/><RefDes name=\"R4\"/>", "1k"),
+                                "<Package name=\"P\"/><Package name=\"Q\"/>\n"
+                                "<Component refDes=\"R10\" packageRef=\"P\" part=\"X\"/>\n"
+                                "<Component refDes=\"R1\" packageRef=\"P\" part=\"X\"/>\n"
+                                "<Component refDes=\"R3\" packageRef=\"Q\"/>\n"));
+    const auto grouped = [&](const std::string & group, const std::string & option) {
+        std::vector<std::string> arguments = {"bom", board, "--format", "csv", "--group", group};
+        if (!option.empty()) {
+            arguments.push_back(option);
+        }
+        return RunProgram(arguments).out;
+    };
+    const std::string heading = ",quantity,items,part numbers,fitted,not fitted\n";
+    EXPECT_EQ(grouped("value", ""), "value" + heading + "1k,4,2,A C,R10 R3 R4,R2\nX,1.5,1,B,R1,\n");
+    EXPECT_EQ(grouped("value", "--sort"), "value" + heading + "X,1.5,1,B,R1,\n1k,4,2,A C,R3 R4 R10,R2\n");
+    EXPECT_EQ(grouped("part", ""), "part" + heading + "X,3.5,2,A B,R10 R1,R2\nC,2,1,C,R3 R4,\n");
+    EXPECT_EQ(grouped("package", ""), "package" + heading + "P,3.5,2,A B,R10 R1,R2\nQ,2,1,C,R3 R4,\n");
+    EXPECT_EQ(RunProgram({"bom", board, "--group", "size"}),
+              WrongUsage("--group: must be value, part or package, not size"));
 }
 
 TEST(BomCommand, WarnsOfWordsThatAreReadOtherwise)

@@ -1,4 +1,5 @@
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -74,6 +75,70 @@ TEST(ComponentsCommand, TellsFittingValueAndHeight)
               "          100  yes     47k\n"
               "R2          P              TOP    TOP   OTHER       0       0         0  no                0  "
               "               no      47k\n");
+}
+
+// A part on each side, and one that the bill of materials does not know. R2 is not fitted.
+std::string BoardWithThreeParts()
+{
+    std::string text = BoardWithStep("<Package name=\"P\"></Package>\n"
+                                     "<Component refDes=\"R1\" packageRef=\"P\" part=\"A\" layerRef=\"TOP\"><Xform "
+                                     "rotation=\"90\"/><Location x=\"1\" y=\"2\"/></Component>\n"
+                                     "<Component refDes=\"R2\" packageRef=\"P\" part=\"A\" layerRef=\"BOT\"><Xform "
+                                     "rotation=\"90\" mirror=\"true\"/><Location x=\"3\" y=\"4\"/></Component>\n"
+                                     "<Component refDes=\"R3\" packageRef=\"P\" part=\"C\" layerRef=\"BOT\"><Xform "
+                                     "rotation=\"-30\"/><Location x=\"5\" y=\"6\"/></Component>\n");
+    text.insert(text.find("<Step"), "<Layer name=\"BOT\" layerFunction=\"SIGNAL\" side=\"BOTTOM\"/>\n");
+    text.insert(text.find("<CadData"), "<CadHeader units=\"MILLIMETER\"/>\n");
+    return text.insert(text.find("<Ecad"),
+                       "<Bom name=\"b\"><BomItem><RefDes name=\"R1\" populate=\"true\"/><RefDes name=\"R2\" "
+                       "populate=\"false\"/><Characteristics><Textual textualCharacteristicName=\"Value\" "
+                       "textualCharacteristicValue=\"47k\"/></Characteristics></BomItem></Bom>\n");
+}
+
+// What is listed of it as CSV.
+std::string Chosen(std::vector<std::string> options)
+{
+    const TempFolder folder;
+    options.insert(options.begin(), {"components", folder.Save("b.xml", BoardWithThreeParts()), "--format", "csv"});
+    const Result result = RunProgram(options);
+    EXPECT_EQ(result.status, 0) << result;
+    return result.out;
+}
+
+TEST(ComponentsCommand, ListsUnderTheHeadsOfOtherPrograms)
+{
+    EXPECT_EQ(Chosen({"--columns", "placement"}), "Designator,Mid X,Mid Y,Layer,Rotation\n"
+                                                  "R1,1,2,Top,90\nR2,3,4,Bottom,90\nR3,5,6,Bottom,-30\n");
+    EXPECT_EQ(Chosen({"--columns", "position", "--units", "um"}),
+              "Ref,Val,Package,PosX,PosY,Rot,Side\n"
+              "R1,47k,P,1000,2000,90,top\nR2,47k,P,3000,4000,90,bottom\nR3,C,P,5000,6000,-30,bottom\n");
+}
+
+TEST(ComponentsCommand, ListsTheColumnsThatAreAskedFor)
+{
+    EXPECT_EQ(Chosen({"--columns", "x,designator"}),
+              "x,designator,units\n1,R1,millimeter\n3,R2,millimeter\n5,R3,millimeter\n");
+    EXPECT_EQ(Chosen({"--columns", "side"}), "side\nTOP\nBOTTOM\nBOTTOM\n");
+    for (const std::string columns : {"x,", "Mid X", "placement,x", ""}) {
+        EXPECT_EQ(
+            RunProgram({"components", ExampleBoard(), "--columns", columns}),
+            WrongUsage("--columns: must be placement, position, or some of designator, package, part, layer, side, "
+                       "mount, x, y, rotation, mirror, height, standoff, fitted, value, not " +
+                       columns));
+    }
+}
+
+TEST(ComponentsCommand, LeavesOutWhatIsNotFitted)
+{
+    EXPECT_EQ(Chosen({"--columns", "designator", "--fitted"}), "designator\nR1\nR3\n");
+}
+
+TEST(ComponentsCommand, TurnsPartsAtTheBottomAsSeenFromBelowOrAbove)
+{
+    EXPECT_EQ(Chosen({"--columns", "rotation", "--bottom-rotation", "below"}), "rotation\n90\n90\n-30\n");
+    EXPECT_EQ(Chosen({"--columns", "rotation", "--bottom-rotation", "above"}), "rotation\n90\n270\n30\n");
+    EXPECT_EQ(RunProgram({"components", ExampleBoard(), "--bottom-rotation", "left"}),
+              WrongUsage("--bottom-rotation: must be below or above, not left"));
 }
 
 TEST(ComponentsCommand, RefusesToConvertWhatHasNoUnits)

@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include "hosts/ipc2581/board/Lengths.h"
+#include "hosts/ipc2581/listings/ComponentTable.h"
 #include "tests/hosts/Program.h"
 
 namespace ipc2581::tests {
@@ -300,6 +301,14 @@ TEST(Docs, CompletionKnowsTheUnits)
     for (const std::string & unit : units) {
         EXPECT_NE(told.find(unit), std::string::npos) << unit;
     }
+}
+
+TEST(Docs, CompletionKnowsWhatCanBeChosen)
+{
+    const std::vector<std::string> heads = host::ComponentHeads();
+    EXPECT_EQ(Completed({"components", "--columns", ""}), Texts(heads.begin(), heads.end()));
+    EXPECT_EQ(Completed({"components", "--bottom-rotation", ""}), (Texts{"above", "below"}));
+    EXPECT_EQ(Completed({"bom", "--group", "pa"}), (Texts{"package", "part"}));
 }
 
 TEST(Docs, CompletionOffersBoardsByTheirEndings)

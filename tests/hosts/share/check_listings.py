@@ -22,6 +22,9 @@ COMMANDS = [
 # For the first board alone.
 VARIANTS = [
     ["info"], ["info", "--units", "mil"], ["bom", "--sort"], ["components", "--sort", "--units", "mm"],
+    ["components", "--columns", "placement"], ["components", "--columns", "position", "--fitted"],
+    ["components", "--columns", "designator,value"], ["bom", "--group", "value"], ["bom", "--group", "part"],
+    ["bom", "--group", "package", "--sort"],
     ["nets", "--physical", "--units", "inch"], ["pins", "--sort"], ["holes", "--sort"], ["tracks", "--units", "um"],
 ]
 # Longer lists are validated by one row of each kind.
