@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include <utf8proc.h>
+
 namespace ipc2581::host {
 
 std::string OneLine(std::string text)
@@ -14,8 +16,15 @@ std::string OneLine(std::string text)
 
 std::size_t Width(std::string_view text)
 {
-    return static_cast<std::size_t>(
-        std::count_if(text.begin(), text.end(), [](unsigned char ch) { return (ch & 0xc0U) != 0x80U; }));
+    std::size_t width = 0;
+    while (!text.empty()) {
+        utf8proc_int32_t character = 0;
+        const utf8proc_ssize_t size = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t *>(text.data()),
+                                                       static_cast<utf8proc_ssize_t>(text.size()), &character);
+        width += size < 1 ? 1 : static_cast<std::size_t>(utf8proc_charwidth(character));
+        text.remove_prefix(size < 1 ? 1 : static_cast<std::size_t>(size));
+    }
+    return width;
 }
 
 std::string LowerCase(std::string text)

@@ -96,6 +96,14 @@ TEST(Table, CountsCharactersAndShowsNoControls)
                                              "F    a\na?b?  b\n");
 }
 
+TEST(Table, AlignsWideCharactersAndAccents)
+{
+    Table table("texts", {"text", "next"});
+    table.Add({"\xe9\x9b\xbb\xe9\x98\xbb", "a"});
+    table.Add({"e\xcc\x81", "b"});
+    EXPECT_EQ(Printed(table, Format::Table), "text  next\n\xe9\x9b\xbb\xe9\x98\xbb  a\ne\xcc\x81     b\n");
+}
+
 TEST(Table, GivesJsonOfAnyBytes)
 {
     Table table("texts", {"t"});
