@@ -92,6 +92,31 @@ TEST(TakeInteger, ReadsWholeNumbers)
     EXPECT_FALSE(TakeInteger("twelve", number));
     EXPECT_FALSE(TakeInteger("12th", number));
     EXPECT_EQ(number, 12);
+    EXPECT_TRUE(TakeInteger("4.0", number));
+    EXPECT_EQ(number, 4);
+    EXPECT_TRUE(TakeInteger("1e3", number));
+    EXPECT_EQ(number, 1000);
+    EXPECT_TRUE(TakeInteger("-2147483648", number));
+    EXPECT_EQ(number, -2147483647 - 1);
+}
+
+TEST(TakeInteger, LeavesNumbersThatAnIntegerCannotHold)
+{
+    int number = 99;
+    EXPECT_FALSE(TakeInteger("3.7", number));
+    EXPECT_EQ(number, 3);
+    EXPECT_FALSE(TakeInteger("99999999999", number));
+    EXPECT_FALSE(TakeInteger("2147483648", number));
+    EXPECT_FALSE(TakeInteger("1e999", number));
+}
+
+TEST(TakeNumber, LeavesNumbersThatAreTooLarge)
+{
+    double number = 99;
+    EXPECT_FALSE(TakeNumber("1e999", number));
+    EXPECT_FALSE(TakeNumber("-1e999", number));
+    EXPECT_TRUE(TakeNumber("1e308", number));
+    EXPECT_EQ(number, 1e308);
 }
 
 TEST(TakeTruth, ReadsTheTruthValuesOfXml)

@@ -28,6 +28,7 @@ public:
         m_left.remove_prefix(count);
         return count;
     }
+    void Rewind() override {}
     [[nodiscard]] std::size_t Size() const override { return 0; }
 
 private:
@@ -48,11 +49,7 @@ public:
         }
         events.push_back(text);
     }
-    void Text(std::string_view text) override
-    {
-        const bool goesOn = !events.empty() && events.back().starts_with("'");
-        goesOn ? events.back().append(text) : events.emplace_back("'").append(text);
-    }
+    void Text(std::string_view text) override { events.emplace_back("'").append(text); }
     void Close() override { events.emplace_back(">"); }
 
     Texts events;
@@ -243,9 +240,11 @@ public:
             throw std::system_error(EIO, std::generic_category());
         }
         constexpr std::string_view text = "<a b='1'>";
-        std::memcpy(room.data(), text.data(), text.size());
-        return text.size();
+        const std::size_t count = std::min(room.size(), text.size());
+        std::memcpy(room.data(), text.data(), count);
+        return count;
     }
+    void Rewind() override {}
     [[nodiscard]] std::size_t Size() const override { return 0; }
 
 private:
@@ -322,6 +321,26 @@ TEST(ByteSource, ReadsBytesInMemory)
     EXPECT_EQ(source.Read(room), 0U);
     MemorySource empty({});
     EXPECT_EQ(empty.Read(room), 0U);
+}
+
+TEST(XmlParser, TellsTheTextBetweenTwoTagsInOnePiece)
+{
+    EXPECT_EQ(EventsOf("<a>a&amp;b<!-- c -->d<?pi?>&#32;e<![CDATA[<f>]]></a>"), (Texts{"1 <a", "'a&bd e<f>", ">"}));
+    EXPECT_EQ(EventsOf("<a> &#32;b <c/> d\n</a>"), (Texts{"1 <a", "'  b ", "1 <c", ">", "' d\n", ">"}));
+    const std::string longText(1'000'000, 'x');
+    EXPECT_EQ(EventsOf("<a>" + longText + "</a>"), (Texts{"1 <a", "'" + longText, ">"}));
+}
+
+TEST(XmlParser, TellsNoBlanksHoweverManyThereAre)
+{
+    EXPECT_EQ(EventsOf("<a> <b/>\n\t<!-- c -->\r\n&#32;</a>"), (Texts{"1 <a", "1 <b", ">", ">"}));
+    EXPECT_EQ(EventsOf("<a>" + std::string(1'000'000, ' ') + "</a>"), (Texts{"1 <a", ">"}));
+}
+
+TEST(XmlParser, NamesAttributesOfOtherNamespacesWithTheirPrefix)
+{
+    EXPECT_EQ(EventsOf("<p:a xmlns:p='u' xmlns:v='w' v:name='1' name='2' p:side='3' xml:lang='en'/>"),
+              (Texts{"1 <a v:name=1 name=2 side=3 xml:lang=en", ">"}));
 }
 
 }  // namespace
