@@ -5,6 +5,7 @@
 #include <optional>
 #include <stdexcept>
 #include <system_error>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -19,6 +20,7 @@
 #include "import/sections/ShapeReader.h"
 #include "import/sections/StepSection.h"
 #include "import/xml/ByteSource.h"
+#include "import/xml/WatchedParse.h"
 #include "import/xml/Words.h"
 #include "import/xml/XmlParser.h"
 
@@ -491,51 +493,53 @@ ImportReport BoardListener::TakeReport(const WordTable & words)
     return m_context.losses.Take(words);
 }
 
-// Tells a host how far the source is behind, and lets it stop.
-class WatchedSource final : public ByteSource {
+// Tells a host how much of the source is behind, which never becomes less, and lets it stop.
+class Progress {
 public:
-    WatchedSource(ByteSource & source, const ImportOptions & options) : m_source(source), m_options(options) {}
-
-    std::size_t Read(std::span<char> room) override
-    {
-        const std::size_t count = m_source.Read(room);
-        m_read += count;
-        constexpr std::size_t bytesBetween = 1 << 20;
-        if (m_options.progress && (m_read >= m_next || count == 0)) {
-            m_next = m_read + bytesBetween;
-            const auto size = static_cast<double>(m_source.Size());
-            const double part = size == 0.0 ? 0.0 : std::min(1.0, static_cast<double>(m_read) / size);
-            m_told = std::max(m_told, part);
-            if (!m_options.progress(m_told)) {
-                throw Stopped();
-            }
-        }
-        return count;
-    }
-    void Rewind() override
-    {
-        m_source.Rewind();
-        m_read = m_next = 0;
-    }
-    [[nodiscard]] std::size_t Size() const override { return m_source.Size(); }
+    Progress(std::size_t size, const ImportOptions & options) : m_size(size), m_options(options) {}
 
     struct Stopped {};
 
+    void Begin() { m_next = 0; }
+    void Tell(std::size_t read)
+    {
+        constexpr std::size_t bytesBetween = 1 << 20;
+        if (!m_options.progress || (read < m_next && read != m_size)) {
+            return;
+        }
+        m_next = read + bytesBetween;
+        const double part = m_size == 0 ? 0.0 : static_cast<double>(read) / static_cast<double>(m_size);
+        m_told = std::max(m_told, std::min(1.0, part));
+        if (!m_options.progress(m_told)) {
+            throw Stopped();
+        }
+    }
+
 private:
-    ByteSource & m_source;
+    std::size_t m_size;
     const ImportOptions & m_options;
-    std::size_t m_read = 0;
     std::size_t m_next = 0;
     double m_told = 0.0;
 };
 
-Imported ImportOnce(ByteSource & source, const ImportOptions & options, std::optional<std::size_t> stepIndex)
+// A thread is worth it for a file that is not small, or of which it is not known.
+Threads ThreadsFor(const ByteSource & source, const ImportOptions & options)
+{
+    constexpr std::size_t small = std::size_t(1) << 20;
+    const bool isSmall = source.Size() != 0 && source.Size() < small;
+    return options.inOneThread || isSmall || std::thread::hardware_concurrency() < 2 ? Threads::One : Threads::Two;
+}
+
+Imported ImportOnce(ByteSource & source, const ImportOptions & options, Progress & progress,
+                    std::optional<std::size_t> stepIndex)
 {
     WordTable words;
     Imported imported;
     imported.board = std::make_unique<CIPC2581_Parser>();
     BoardListener listener(*imported.board, options, stepIndex);
-    ParseXml(source, words, listener);
+    progress.Begin();
+    ParseWatched(
+        source, words, listener, [&](std::size_t read) { progress.Tell(read); }, ThreadsFor(source, options));
     imported.report = listener.TakeReport(words);
     return imported;
 }
@@ -543,13 +547,13 @@ Imported ImportOnce(ByteSource & source, const ImportOptions & options, std::opt
 // Reads a file again where only what stands behind its first step has shown that another one is meant.
 Imported ImportFrom(ByteSource & source, const ImportOptions & options)
 {
-    WatchedSource watched(source, options);
+    Progress progress(source.Size(), options);
     try {
-        return ImportOnce(watched, options, std::nullopt);
+        return ImportOnce(source, options, progress, std::nullopt);
     }
     catch (const OtherStep & other) {
-        watched.Rewind();
-        return ImportOnce(watched, options, other.index);
+        source.Rewind();
+        return ImportOnce(source, options, progress, other.index);
     }
 }
 
@@ -572,7 +576,7 @@ Imported Named(const std::string & file, Run run)
     catch (const std::length_error & error) {
         throw ImportError(file, 0, 0, error.what());
     }
-    catch (const WatchedSource::Stopped &) {
+    catch (const Progress::Stopped &) {
         throw ImportStopped(file);
     }
 }
