@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -21,34 +22,46 @@ public:
     void AddText(std::string_view text);
     void AddClose();
     // So much that it is worth to be handed on.
-    [[nodiscard]] bool IsFull() const { return m_bytes.size() >= FullBytes || m_events.size() >= FullEvents; }
+    [[nodiscard]] bool IsFull() const { return m_size >= FullSize; }
 
     void TellAgain(XmlListener & listener);
     // Forgets all, and keeps the room but for what a very long value took.
     void Clear();
 
 private:
-    static constexpr std::size_t FullBytes = std::size_t(64) * 1024;
-    static constexpr std::size_t FullEvents = 2048;
+    static constexpr std::size_t FullSize = std::size_t(256) * 1024;
 
     enum class Kind : std::uint8_t { Open, Text, Close };
-    // The values of an event stand behind those of the events in front of it.
-    struct Event {
+    // Stands in front of each event. Behind that of an opening tag stand its attributes, each with a head of its own,
+    // behind that of a text its bytes.
+    struct EventHead {
+        std::size_t lineOrLength;
+        std::uint32_t attributes;
+        Word name;
         Kind kind;
-        Word name;
-        std::uint32_t values;
-        std::size_t line;
     };
-    struct Value {
+    struct AttributeHead {
+        std::uint32_t length;
         Word name;
-        std::size_t length;
     };
 
-    void AddValue(Word name, std::string_view value);
+    const char * TellOpen(const EventHead & event, const char * from, XmlListener & listener);
 
-    std::vector<Event> m_events;
-    std::vector<Value> m_values;
-    std::vector<char> m_bytes;
+    // Room for so many bytes more, at the end of what there is.
+    char * Extend(std::size_t size)
+    {
+        if (m_size + size > m_capacity) {
+            Grow(m_size + size);
+        }
+        char * const room = m_bytes.get() + m_size;
+        m_size += size;
+        return room;
+    }
+    void Grow(std::size_t least);
+
+    std::unique_ptr<char[]> m_bytes;
+    std::size_t m_size = 0;
+    std::size_t m_capacity = 0;
     std::vector<XmlAttribute> m_told;
 };
 

@@ -1,6 +1,7 @@
 #include "import/xml/XmlParser.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <exception>
 #include <memory>
@@ -95,6 +96,8 @@ private:
     Word NameOf(xmlParserCtxt * context, const xmlChar ** attribute);
     void AddText(std::string_view text);
     void EndText();
+    [[nodiscard]] std::size_t LineOfOpening(const xmlParserInput & input) const;
+    void MarkPlace(const xmlParserInput & input);
     void CountMade(xmlParserCtxt * context, std::size_t bytes);
     void CheckEnd(xmlParserCtxt * context);
 
@@ -107,12 +110,16 @@ private:
     const xmlChar * m_space = nullptr;
     bool m_hasRoot = false;
     std::vector<XmlAttribute> m_attributes;
+    // Where the parser stood when it last told of something.
+    const xmlParserInput * m_input = nullptr;
+    int m_line = 0;
     // What has been read, and what the parser has made of it.
     std::size_t m_read = 0;
     std::size_t m_made = 0;
-    // The text since the last tag.
+    // The text since the last tag, and the blanks in front of it, of which more than these are none of it.
     std::string m_text;
-    bool m_isBlank = true;
+    std::array<char, 4096> m_blanks = {};
+    std::size_t m_blankCount = 0;
 };
 
 xmlSAXHandler Parse::Handler()
@@ -207,7 +214,21 @@ void Parse::Open(xmlParserCtxt * context, const xmlChar * name, const xmlChar * 
     }
     CountMade(context, made);
     const Word word = m_words.Of(reinterpret_cast<const char *>(name), space != m_space);
-    m_listener.Open(word, LineOfTag(*context->input), m_attributes);
+    m_listener.Open(word, LineOfOpening(*context->input), m_attributes);
+    MarkPlace(*context->input);
+}
+
+// A tag behind which the parser stands on the line on which it last told of something is on that line.
+std::size_t Parse::LineOfOpening(const xmlParserInput & input) const
+{
+    const bool isOnLine = &input == m_input && input.line == m_line;
+    return isOnLine ? static_cast<std::size_t>(input.line) : LineOfTag(input);
+}
+
+void Parse::MarkPlace(const xmlParserInput & input)
+{
+    m_input = &input;
+    m_line = input.line;
 }
 
 // An attribute of another namespace goes by its whole name, which is none that the import knows.
@@ -230,6 +251,7 @@ void Parse::EndElement(void * context, const xmlChar * /*name*/, const xmlChar *
         self.EndText();
         self.m_listener.Close();
     });
+    self.MarkPlace(*static_cast<xmlParserCtxt *>(context)->input);
 }
 
 void Parse::Characters(void * context, const xmlChar * text, int length)
@@ -239,25 +261,31 @@ void Parse::Characters(void * context, const xmlChar * text, int length)
         self.CountMade(static_cast<xmlParserCtxt *>(context), static_cast<std::size_t>(length));
         self.AddText(Chars(text, text + length));
     });
+    self.MarkPlace(*static_cast<xmlParserCtxt *>(context)->input);
 }
 
+// Blanks are kept apart until something else comes, since mostly nothing does.
 void Parse::AddText(std::string_view text)
 {
-    // In front of a text, more blanks than these are none of it.
-    constexpr std::size_t mostBlanks = 4096;
-    m_isBlank = m_isBlank && IsBlank(text);
-    if (!m_isBlank || m_text.size() + text.size() <= mostBlanks) {
-        m_text.append(text);
+    if (m_text.empty() && IsBlank(text)) {
+        const std::size_t count = std::min(text.size(), m_blanks.size() - m_blankCount);
+        std::copy_n(text.data(), count, m_blanks.data() + m_blankCount);
+        m_blankCount += count;
+        return;
     }
+    if (m_text.empty()) {
+        m_text.assign(m_blanks.data(), m_blankCount);
+    }
+    m_text.append(text);
 }
 
 void Parse::EndText()
 {
-    if (!m_isBlank) {
+    m_blankCount = 0;
+    if (!m_text.empty()) {
         m_listener.Text(m_text);
-        m_isBlank = true;
+        m_text.clear();
     }
-    m_text.clear();
 }
 
 // Entities and defaults may make much of a short document. A document without them makes at most twice as much as was

@@ -52,7 +52,7 @@ TEST(EventBatch, ForgetsAllWhenItIsCleared)
     EXPECT_EQ(EventsOf(batch), Filled);
 }
 
-TEST(EventBatch, IsFullByBytesAndByEvents)
+TEST(EventBatch, IsFullByWhatItTakes)
 {
     EventBatch batch;
     Fill(batch);
@@ -67,7 +67,7 @@ TEST(EventBatch, IsFullByBytesAndByEvents)
     for (; !batch.IsFull() && events < 1'000'000; ++events) {
         batch.AddClose();
     }
-    EXPECT_LT(events, 10'000);
+    EXPECT_LT(events, 100'000);
     EXPECT_GT(events, 100);
 }
 
