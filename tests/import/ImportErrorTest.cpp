@@ -397,7 +397,7 @@ TEST(ImportError, OfFiguresThatMultiplyInBoundedTimeAndMemory)
 }
 
 // A contour of that many points as a figure, or as an entry of the standard dictionary.
-std::string LongContour(int points)
+std::string LongContour(std::size_t points)
 {
     return "<Contour><Polygon><PolyBegin x='0' y='0'/>" + Repeated("<PolyStepSegment x='1' y='1'/>", points) +
            "</Polygon></Contour>";
