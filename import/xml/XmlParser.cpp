@@ -314,7 +314,7 @@ void Parse::DeclareEntity(void * context, const xmlChar * name, int type, const 
 xmlEntityPtr Parse::GetEntity(void * context, const xmlChar * name)
 {
     Parse & self = Of(context);
-    const xmlEntityPtr entity = xmlSAX2GetEntity(context, name);
+    xmlEntity * const entity = xmlSAX2GetEntity(context, name);
     if (entity == nullptr || self.IsOver()) {
         return entity;
     }
