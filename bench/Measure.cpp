@@ -1,5 +1,6 @@
 #include "bench/Measure.h"
 
+#include <chrono>
 #include <fstream>
 #include <string>
 
@@ -19,6 +20,12 @@ double CpuMilliseconds()
         return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_usec) / 1e3;
     };
     return milliseconds(usage.ru_utime) + milliseconds(usage.ru_stime);
+}
+
+double ElapsedMilliseconds()
+{
+    const std::chrono::duration<double, std::milli> elapsed = std::chrono::steady_clock::now().time_since_epoch();
+    return elapsed.count();
 }
 
 double PeakMegabytes()

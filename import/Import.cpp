@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <stdexcept>
 #include <system_error>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -18,9 +20,9 @@
 #include "import/sections/ShapeReader.h"
 #include "import/sections/StepSection.h"
 #include "import/xml/ByteSource.h"
+#include "import/xml/WatchedParse.h"
 #include "import/xml/Words.h"
 #include "import/xml/XmlParser.h"
-#include "ipc2581/each.h"
 
 namespace ipc2581 {
 namespace detail {
@@ -135,40 +137,24 @@ consteval PlaceTable MakePlaceTable()
 }
 constexpr PlaceTable PlaceOfWord = MakePlaceTable();
 
-// Moves all elements of a list of the model, as they are, to the end of another one.
-template <typename List>
-void MoveElements(List & from, List & to)
+// Ends a read in which the first step has no components and this one has: it is to be read instead.
+struct OtherStep {
+    std::size_t index;
+};
+
+std::string_view NameIn(std::span<const XmlAttribute> attributes)
 {
-    for (auto * const element : Each(from)) {
-        to.Add(element);
-    }
-    from.RemoveAll();
+    const auto own = std::find_if(attributes.begin(), attributes.end(),
+                                  [](const XmlAttribute & attribute) { return attribute.name == W("name"); });
+    return own == attributes.end() ? std::string_view() : own->value;
 }
 
-// Moves all that a step holds into another one that is empty.
-void MoveStep(CIPC2581_Ecad_CadData_Step & from, CIPC2581_Ecad_CadData_Step & to)
-{
-    to.Name = from.Name;
-    to.Datum = from.Datum;
-    std::swap(from.Profile.Polygon, to.Profile.Polygon);
-    std::swap(from.Profile.Cutouts, to.Profile.Cutouts);
-    to.PhyNetGroup.Name = from.PhyNetGroup.Name;
-    MoveElements(from.PhyNetGroup.PhyNetArray, to.PhyNetGroup.PhyNetArray);
-    MoveElements(from.PadStackArray, to.PadStackArray);
-    MoveElements(from.PackageArray, to.PackageArray);
-    MoveElements(from.ComponentArray, to.ComponentArray);
-    MoveElements(from.LogicalNetArray, to.LogicalNetArray);
-    MoveElements(from.LayerFeatureArray, to.LayerFeatureArray);
-    from.Name = "";
-    from.PhyNetGroup.Name = "";
-    from.Datum = CPointD();
-}
-
-// Reads a document into a board, element by element.
+// Reads a document into a board, element by element. Of several steps it reads the one that the host asks for, or the
+// one at a place, or the first.
 class BoardListener final : public XmlListener {
 public:
-    BoardListener(CIPC2581_Parser & board, const ImportOptions & options)
-        : m_context{board, options, {}, {}},
+    BoardListener(CIPC2581_Parser & board, const ImportOptions & options, std::optional<std::size_t> stepIndex)
+        : m_context{board, options, {}, {}, {}},
           m_figures(m_context),
           m_shapes(m_context, m_figures),
           m_pads(m_context, m_figures, m_shapes),
@@ -176,7 +162,8 @@ public:
           m_logistics(m_context),
           m_cad(m_context, m_shapes),
           m_step(m_context, m_cad, m_shapes, m_pads),
-          m_features(m_context, m_cad, m_step, m_shapes, m_pads)
+          m_features(m_context, m_cad, m_step, m_shapes, m_pads),
+          m_stepIndex(stepIndex)
     {
         if (options.memoryLimit != 0) {
             m_context.blocks.SetBudget(options.memoryLimit);
@@ -195,7 +182,7 @@ private:
         Place place;
         LossRecorder::Path path;
         std::size_t line;
-        // Of what is unknown: how deep it stands in it, and whose it is.
+        // Of what is unknown or in a step that is not read: how deep it stands in it, and whose it is.
         int depth = 0;
         std::size_t owner = 0;
     };
@@ -204,16 +191,14 @@ private:
     void BeginPlace(Place place, const XmlElement & element);
     void EndPlace(const Level & level);
     void ReadPiece();
-    void ReadInContent(Place outer, const XmlElement & element, LossRecorder::Path path);
-    void BeginStep(const XmlElement & step);
-    void EndStep();
-    void ForgetOwnersOfStep();
+    void ReadInContent(Place outer, const XmlElement & element, std::size_t owner);
     [[nodiscard]] bool IsStepWanted(std::span<const XmlAttribute> attributes) const;
-    void LeaveOut(std::string_view name, std::size_t line);
+    void LeaveOutStep(std::size_t line, std::span<const XmlAttribute> attributes);
+    void LookAtLeftOut(Word name, std::span<const XmlAttribute> attributes);
     void SkipElement(Word name, std::size_t line, std::span<const XmlAttribute> attributes);
     void LoseElement(Word name, std::size_t line, std::span<const XmlAttribute> attributes);
-    std::size_t OwnerOf(Word name);
-    [[nodiscard]] CIPC2581_Ecad_CadData_Step & Step() const { return m_context.board.m_Ecad.m_CadData.m_Step; }
+    static std::size_t CountIn(std::vector<std::size_t> & counts, Word name);
+    std::size_t OwnerOf(Word name) { return CountIn(m_owners, name); }
 
     Context m_context;
     Figures m_figures;
@@ -226,18 +211,13 @@ private:
     FeatureSection m_features;
     std::vector<Level> m_open;
     Tree m_piece;
+    // How many elements of each name there have been where they belong, and elsewhere.
     std::vector<std::size_t> m_owners;
+    std::vector<std::size_t> m_strangers;
 
-    // The step that is read, and one without components that was read before it.
-    struct StepRead {
-        LossRecorder::Mark begin;
-        LossRecorder::Mark end;
-        std::size_t line = 0;
-    };
+    std::optional<std::size_t> m_stepIndex;
+    std::size_t m_steps = 0;
     bool m_hasStep = false;
-    StepRead m_read;
-    std::unique_ptr<CIPC2581_Ecad_CadData_Step> m_aside;
-    StepRead m_readAside;
 };
 
 void BoardListener::Open(Word name, std::size_t line, std::span<const XmlAttribute> attributes)
@@ -310,31 +290,52 @@ Place BoardListener::PlaceOf(Word name, std::size_t line, std::span<const XmlAtt
     return place == Place::Set && IsNegative(attributes) ? Place::Unknown : place;
 }
 
-// A step is read if it is asked for by its name, or else until one with components was there.
 bool BoardListener::IsStepWanted(std::span<const XmlAttribute> attributes) const
 {
-    const std::string & wanted = m_context.options.step;
-    if (wanted.empty()) {
-        return !m_hasStep || Step().ComponentArray.IsEmpty();
+    if (m_hasStep) {
+        return false;
     }
-    return !m_hasStep && std::any_of(attributes.begin(), attributes.end(), [&](const XmlAttribute & attribute) {
-        return attribute.name == W("name") && attribute.value == wanted;
-    });
+    if (!m_context.options.step.empty()) {
+        return NameIn(attributes) == m_context.options.step;
+    }
+    return !m_stepIndex.has_value() || m_steps == *m_stepIndex;
 }
 
 // A remark of a set, or something of a step that is not read.
 void BoardListener::SkipElement(Word name, std::size_t line, std::span<const XmlAttribute> attributes)
 {
     const Level & outer = m_open.back();
+    const int depth = outer.place == Place::CadData ? 0 : outer.depth + 1;
     if (outer.place == Place::Set) {
         m_context.losses.AddRemark();
     }
-    if (name == W("Step") && outer.place == Place::CadData) {
-        const auto own = std::find_if(attributes.begin(), attributes.end(),
-                                      [](const XmlAttribute & attribute) { return attribute.name == W("name"); });
-        LeaveOut(own == attributes.end() ? std::string_view() : own->value, line);
+    else if (outer.place == Place::CadData) {
+        LeaveOutStep(line, attributes);
     }
-    m_open.push_back({Place::Skipped, outer.path, line});
+    else if (depth == 1) {
+        LookAtLeftOut(name, attributes);
+    }
+    m_open.push_back({Place::Skipped, outer.path, line, depth});
+}
+
+void BoardListener::LeaveOutStep(std::size_t line, std::span<const XmlAttribute> attributes)
+{
+    const std::string name(NameIn(attributes));
+    m_context.references.Declare(NameKind::Step, name);
+    m_context.Note(NoteKind::StepLeftOut, line, "the step \"" + name + "\"");
+    ++m_steps;
+}
+
+// What stands right in a step that is not read, if nothing tells more of which one is meant.
+void BoardListener::LookAtLeftOut(Word name, std::span<const XmlAttribute> attributes)
+{
+    if (name == W("Package")) {
+        m_context.references.Declare(NameKind::Package, NameIn(attributes));
+    }
+    const bool isChosen = m_stepIndex.has_value() || !m_context.options.step.empty();
+    if (name == W("Component") && !isChosen && m_context.board.m_Ecad.m_CadData.m_Step.ComponentArray.IsEmpty()) {
+        throw OtherStep{m_steps - 1};
+    }
 }
 
 void BoardListener::LoseElement(Word name, std::size_t line, std::span<const XmlAttribute> attributes)
@@ -342,7 +343,8 @@ void BoardListener::LoseElement(Word name, std::size_t line, std::span<const Xml
     // An unknown list belongs to nobody, so each of its elements is an owner, and what stands in that is its.
     const Level outer = m_open.back();
     const int depth = outer.place == Place::Unknown ? outer.depth + 1 : 0;
-    const std::size_t owner = depth < 2 ? OwnerOf(name) : outer.owner;
+    const bool isStranger = outer.place == Place::Unknown || name != W("Set");
+    const std::size_t owner = depth < 2 ? CountIn(isStranger ? m_strangers : m_owners, name) : outer.owner;
     const LossRecorder::Path path = m_context.losses.PathOf(outer.path, name);
     m_context.losses.BeginFact(path, line, owner);
     for (const XmlAttribute & attribute : attributes) {
@@ -352,12 +354,12 @@ void BoardListener::LoseElement(Word name, std::size_t line, std::span<const Xml
 }
 
 // How many elements of the name there were before this one.
-std::size_t BoardListener::OwnerOf(Word name)
+std::size_t BoardListener::CountIn(std::vector<std::size_t> & counts, Word name)
 {
-    if (name >= m_owners.size()) {
-        m_owners.resize(std::size_t(name) + 1, 0);
+    if (name >= counts.size()) {
+        counts.resize(std::size_t(name) + 1, 0);
     }
-    return m_owners[name]++;
+    return counts[name]++;
 }
 
 void BoardListener::BeginPlace(Place place, const XmlElement & element)
@@ -382,7 +384,10 @@ void BoardListener::BeginPlace(Place place, const XmlElement & element)
         m_cad.BeginCadHeader(element);
         break;
     case Place::Step:
-        BeginStep(element);
+        m_hasStep = true;
+        ++m_steps;
+        m_context.references.Declare(NameKind::Step, element.Value(W("name")));
+        m_step.Begin(element);
         break;
     case Place::PhyNetGroup:
         m_step.BeginPhyNetGroup(element);
@@ -406,7 +411,7 @@ void BoardListener::EndPlace(const Level & level)
         m_content.End();
         break;
     case Place::Step:
-        EndStep();
+        m_features.EndStep(level.line);
         break;
     case Place::Set:
         m_features.EndSet();
@@ -432,17 +437,16 @@ void BoardListener::ReadPiece()
     case Place::LineDescs:
     case Place::FillDescs:
     case Place::Colors:
-        ReadInContent(outer.place, element, m_context.losses.PathOf(outer.path, element.Name()));
+        ReadInContent(outer.place, element, owner);
         break;
     case Place::Bom:
         m_logistics.ReadInBom(element);
         break;
     case Place::CadHeader:
-        m_cad.ReadSpec(element, m_context.losses.PathOf(outer.path, element.Name()));
+        m_cad.ReadSpec(element);
         break;
     case Place::CadData:
-        element.Name() == W("Layer") ? m_cad.ReadLayer(element, m_context.losses.PathOf(outer.path, element.Name()))
-                                     : m_cad.ReadStackup(element);
+        element.Name() == W("Layer") ? m_cad.ReadLayer(element) : m_cad.ReadStackup(element);
         break;
     case Place::Step:
         m_step.Read(m_piece, element);
@@ -456,26 +460,23 @@ void BoardListener::ReadPiece()
     }
     m_piece.ReportLost(m_context.losses, outer.path, owner);
     m_piece.Clear();
-    if (m_context.blocks.IsSpent()) {
-        throw ImportFault(0, "its model takes more than the " + std::to_string(m_context.options.memoryLimit) +
-                                 " bytes that it may");
-    }
+    m_context.CheckMemory();
 }
 
-void BoardListener::ReadInContent(Place outer, const XmlElement & element, LossRecorder::Path path)
+void BoardListener::ReadInContent(Place outer, const XmlElement & element, std::size_t owner)
 {
     switch (outer) {
     case Place::Standards:
-        m_content.ReadStandard(m_piece, m_open.back().path);
+        m_content.ReadStandard(m_piece, m_open.back().path, owner);
         break;
     case Place::Users:
-        m_content.KeepUser(m_piece, m_open.back().path);
+        m_content.KeepUser(m_piece, m_open.back().path, owner);
         break;
     case Place::LineDescs:
-        m_figures.AddLineDesc(element, path);
+        m_figures.AddLineDesc(element);
         break;
     case Place::FillDescs:
-        m_figures.AddFillDesc(element, path);
+        m_figures.AddFillDesc(element);
         break;
     case Place::Colors:
         m_content.ReadColor(element);
@@ -486,110 +487,74 @@ void BoardListener::ReadInContent(Place outer, const XmlElement & element, LossR
     }
 }
 
-void BoardListener::BeginStep(const XmlElement & step)
-{
-    if (m_hasStep) {
-        m_aside = std::make_unique<CIPC2581_Ecad_CadData_Step>();
-        MoveStep(Step(), *m_aside);
-        m_readAside = m_read;
-    }
-    m_hasStep = true;
-    m_read = {m_context.losses.MarkHere(), {}, step.Line()};
-    ForgetOwnersOfStep();
-    m_features.BeginStep();
-    m_step.Begin(step);
-}
-
-// What stands in a step is counted in each of them anew, as the lists of the model are filled anew.
-void BoardListener::ForgetOwnersOfStep()
-{
-    for (const PlaceRow & row : PlaceRows) {
-        const bool isInStep = row.outer == Place::Step || row.outer == Place::PhyNetGroup ||
-                              row.outer == Place::LayerFeature || row.outer == Place::Set;
-        if (isInStep && row.name < m_owners.size()) {
-            m_owners[row.name] = 0;
-        }
-    }
-}
-
-// Of two steps that were read, the one with components stays, or else the first.
-void BoardListener::EndStep()
-{
-    m_features.EndStep(m_read.line);
-    m_read.end = m_context.losses.MarkHere();
-    if (m_aside == nullptr) {
-        return;
-    }
-    if (Step().ComponentArray.IsEmpty()) {
-        CIPC2581_Ecad_CadData_Step second;
-        MoveStep(Step(), second);
-        MoveStep(*m_aside, Step());
-        m_context.losses.Forget(m_read.begin, m_read.end);
-        LeaveOut(second.Name, m_read.line);
-        m_read = m_readAside;
-    }
-    else {
-        m_context.losses.Forget(m_readAside.begin, m_readAside.end);
-        LeaveOut(m_aside->Name, m_readAside.line);
-        m_read.begin = m_readAside.begin;
-        m_read.end = m_context.losses.MarkHere();
-    }
-    m_aside.reset();
-}
-
-void BoardListener::LeaveOut(std::string_view name, std::size_t line)
-{
-    m_context.Note(NoteKind::StepLeftOut, line, "the step \"" + std::string(name) + "\"");
-}
-
 ImportReport BoardListener::TakeReport(const WordTable & words)
 {
-    m_figures.ReportUnreferenced();
-    m_cad.ReportUnreferenced();
+    m_context.references.TellDangling(m_cad.HasEcad(), m_context.losses);
     return m_context.losses.Take(words);
 }
 
-// Tells a host how far the source is behind, and lets it stop.
-class WatchedSource final : public ByteSource {
+// Tells a host how much of the source is behind, which never becomes less, and lets it stop.
+class Progress {
 public:
-    WatchedSource(ByteSource & source, const ImportOptions & options) : m_source(source), m_options(options) {}
-
-    std::size_t Read(std::span<char> room) override
-    {
-        const std::size_t count = m_source.Read(room);
-        m_read += count;
-        constexpr std::size_t bytesBetween = 1 << 20;
-        if (m_options.progress && (m_read >= m_next || count == 0)) {
-            m_next = m_read + bytesBetween;
-            const auto size = static_cast<double>(m_source.Size());
-            const double part = size == 0.0 ? 0.0 : std::min(1.0, static_cast<double>(m_read) / size);
-            if (!m_options.progress(part)) {
-                throw Stopped();
-            }
-        }
-        return count;
-    }
-    [[nodiscard]] std::size_t Size() const override { return m_source.Size(); }
+    Progress(std::size_t size, const ImportOptions & options) : m_size(size), m_options(options) {}
 
     struct Stopped {};
 
+    void Begin() { m_next = 0; }
+    void Tell(std::size_t read)
+    {
+        constexpr std::size_t bytesBetween = 1 << 20;
+        if (!m_options.progress || (read < m_next && read != m_size)) {
+            return;
+        }
+        m_next = read + bytesBetween;
+        const double part = m_size == 0 ? 0.0 : static_cast<double>(read) / static_cast<double>(m_size);
+        m_told = std::max(m_told, std::min(1.0, part));
+        if (!m_options.progress(m_told)) {
+            throw Stopped();
+        }
+    }
+
 private:
-    ByteSource & m_source;
+    std::size_t m_size;
     const ImportOptions & m_options;
-    std::size_t m_read = 0;
     std::size_t m_next = 0;
+    double m_told = 0.0;
 };
 
-Imported ImportFrom(ByteSource & source, const ImportOptions & options)
+// A thread is worth it for a file that is not small, or of which it is not known.
+Threads ThreadsFor(const ByteSource & source, const ImportOptions & options)
 {
-    WatchedSource watched(source, options);
+    constexpr std::size_t small = std::size_t(1) << 20;
+    const bool isSmall = source.Size() != 0 && source.Size() < small;
+    return options.inOneThread || isSmall || std::thread::hardware_concurrency() < 2 ? Threads::One : Threads::Two;
+}
+
+Imported ImportOnce(ByteSource & source, const ImportOptions & options, Progress & progress,
+                    std::optional<std::size_t> stepIndex)
+{
     WordTable words;
     Imported imported;
     imported.board = std::make_unique<CIPC2581_Parser>();
-    BoardListener listener(*imported.board, options);
-    ParseXml(watched, words, listener);
+    BoardListener listener(*imported.board, options, stepIndex);
+    progress.Begin();
+    ParseWatched(
+        source, words, listener, [&](std::size_t read) { progress.Tell(read); }, ThreadsFor(source, options));
     imported.report = listener.TakeReport(words);
     return imported;
+}
+
+// Reads a file again where only what stands behind its first step has shown that another one is meant.
+Imported ImportFrom(ByteSource & source, const ImportOptions & options)
+{
+    Progress progress(source.Size(), options);
+    try {
+        return ImportOnce(source, options, progress, std::nullopt);
+    }
+    catch (const OtherStep & other) {
+        source.Rewind();
+        return ImportOnce(source, options, progress, other.index);
+    }
 }
 
 // Does the import, and names the file in what goes wrong.
@@ -611,7 +576,7 @@ Imported Named(const std::string & file, Run run)
     catch (const std::length_error & error) {
         throw ImportError(file, 0, 0, error.what());
     }
-    catch (const WatchedSource::Stopped &) {
+    catch (const Progress::Stopped &) {
         throw ImportStopped(file);
     }
 }

@@ -1013,11 +1013,13 @@ int main(int count, char ** arguments)
         return 2;
     }
     const double start = CpuMilliseconds();
+    const double begin = ElapsedMilliseconds();
     Buffer buffer = ReadFile(arguments[1]);
     pugi::xml_document document;
     const pugi::xml_parse_result result = document.load_buffer_inplace(buffer.bytes.get(), buffer.size);
     Board board;
     ReadBoard(document.child("IPC-2581"), board);
+    const double elapsed = ElapsedMilliseconds() - begin;
     const double end = CpuMilliseconds();
     if (!result) {
         std::fprintf(stderr, "%s: %s\n", arguments[1], result.description());
@@ -1025,6 +1027,7 @@ int main(int count, char ** arguments)
     }
     std::printf("read %.3f ms %.3f MB\n", end - start, PeakMegabytes());
     std::printf("process %.3f ms\n", end);
+    std::printf("elapsed %.3f ms\n", elapsed);
     PrintCounts(board);
     return 0;
 }

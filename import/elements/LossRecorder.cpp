@@ -15,6 +15,15 @@ std::uint32_t Narrow(std::size_t count)
     return static_cast<std::uint32_t>(std::min<std::size_t>(count, std::numeric_limits<std::uint32_t>::max()));
 }
 
+// Marks the name of an attribute that is held; no name has so large a number.
+constexpr std::uint32_t HeldName = 0x80000000;
+
+// An attribute of a fact: its name, the length of its value, and the value.
+struct ValueHead {
+    std::uint32_t name;
+    std::uint32_t length;
+};
+
 }  // namespace
 
 LossRecorder::LossRecorder()
@@ -39,26 +48,52 @@ LossRecorder::Path LossRecorder::PathOf(Path parent, Word element)
 
 void LossRecorder::BeginFact(Path path, std::size_t line, std::size_t owner)
 {
-    m_report.m_facts.push_back({m_report.m_values.size(), Narrow(line), Narrow(owner), path, 0});
+    const ImportReport::Fact fact = {m_report.m_values.size(), Narrow(line), Narrow(owner), path, 0};
+    if (m_latePlace.has_value()) {
+        m_late.push_back({*m_latePlace, fact});
+    }
+    else {
+        m_report.m_facts.push_back(fact);
+    }
 }
 
-void LossRecorder::AddAttribute(Word name, std::string_view value)
+ImportReport::Fact & LossRecorder::LastFact()
 {
-    const auto appendNumber = [&](std::uint32_t number) {
-        std::array<char, sizeof(number)> bytes;
-        std::memcpy(bytes.data(), &number, sizeof(number));
-        m_report.m_values.append(bytes.data(), bytes.size());
-    };
-    appendNumber(name);
-    appendNumber(Narrow(value.size()));
+    return m_latePlace.has_value() ? m_late.back().fact : m_report.m_facts.back();
+}
+
+void LossRecorder::AddAttribute(Word name, std::string_view value, bool isHeld)
+{
+    const ValueHead head = {name | (isHeld ? HeldName : 0), Narrow(value.size())};
+    std::array<char, sizeof(head)> bytes;
+    std::memcpy(bytes.data(), &head, sizeof(head));
+    m_report.m_values.append(bytes.data(), bytes.size());
     m_report.m_values.append(value);
-    ImportReport::Fact & fact = m_report.m_facts.back();
+    ImportReport::Fact & fact = LastFact();
     fact.length = Narrow(m_report.m_values.size() - fact.begin);
+}
+
+LossRecorder::Hold LossRecorder::NewHold()
+{
+    m_isReferred.push_back(false);
+    return static_cast<Hold>(m_isReferred.size() - 1);
+}
+
+void LossRecorder::HoldFact(Hold hold, bool isElementHeld)
+{
+    m_held.push_back({m_report.m_facts.size() - 1, hold, isElementHeld});
 }
 
 void LossRecorder::AddNote(NoteKind kind, std::size_t line, std::string text)
 {
     m_report.m_notes.push_back({kind, line, std::move(text)});
+}
+
+void LossRecorder::AddDangling(std::size_t line, std::string_view what, std::string_view name)
+{
+    std::string text(what);
+    text.append(" \"").append(name).append("\" is not in the file");
+    AddNote(NoteKind::DanglingReference, line, std::move(text));
 }
 
 void LossRecorder::CountStated(Word element)
@@ -69,20 +104,79 @@ void LossRecorder::CountStated(Word element)
     ++m_stated[element];
 }
 
-LossRecorder::Mark LossRecorder::MarkHere() const
+bool LossRecorder::Settle(const HeldFact & held)
 {
-    return {m_report.m_facts.size(), m_report.m_remarks, m_report.m_notes.size()};
+    const bool hasArrived = m_isReferred[held.hold];
+    ImportReport::Fact & fact = m_report.m_facts[held.fact];
+    char * const begin = m_report.m_values.data() + fact.begin;
+    const char * const end = begin + fact.length;
+    char * to = begin;
+    for (const char * from = begin; from != end;) {
+        ValueHead head;
+        std::memcpy(&head, from, sizeof(head));
+        const std::size_t size = sizeof(head) + head.length;
+        const bool isHeld = (head.name & HeldName) != 0;
+        if (!isHeld || !hasArrived) {
+            head.name &= ~HeldName;
+            std::memmove(to, from, size);
+            std::memcpy(to, &head, sizeof(head));
+            to += size;
+        }
+        from += size;
+    }
+    fact.length = static_cast<std::uint32_t>(to - begin);
+    return hasArrived && held.isElementHeld && fact.length == 0;
 }
 
-// The values stay in the report, where no fact has them any more.
-void LossRecorder::Forget(const Mark & from, const Mark & to)
+void LossRecorder::DropArrived()
 {
-    const auto erase = [](auto & list, std::size_t first, std::size_t end) {
-        list.erase(list.begin() + static_cast<std::ptrdiff_t>(first), list.begin() + static_cast<std::ptrdiff_t>(end));
+    std::vector<bool> isGone(m_report.m_facts.size(), false);
+    for (const HeldFact & held : m_held) {
+        isGone[held.fact] = Settle(held);
+    }
+    std::size_t left = 0;
+    auto late = m_late.begin();
+    const auto placeLate = [&](std::size_t end) {
+        for (; late != m_late.end() && late->place <= end; ++late) {
+            late->place = left;
+        }
     };
-    erase(m_report.m_facts, from.facts, to.facts);
-    erase(m_report.m_notes, from.notes, to.notes);
-    m_report.m_remarks -= to.remarks - from.remarks;
+    for (std::size_t i = 0; i < isGone.size(); ++i) {
+        placeLate(i);
+        if (!isGone[i]) {
+            m_report.m_facts[left++] = m_report.m_facts[i];
+        }
+    }
+    placeLate(isGone.size());
+    m_report.m_facts.resize(left);
+}
+
+void LossRecorder::InsertLate()
+{
+    std::vector<ImportReport::Fact> all;
+    all.reserve(m_report.m_facts.size() + m_late.size());
+    auto next = m_report.m_facts.begin();
+    for (const LateFact & late : m_late) {
+        const auto place = m_report.m_facts.begin() + static_cast<std::ptrdiff_t>(late.place);
+        all.insert(all.end(), next, place);
+        all.push_back(late.fact);
+        next = place;
+    }
+    all.insert(all.end(), next, m_report.m_facts.end());
+    m_report.m_facts = std::move(all);
+}
+
+void LossRecorder::CountLost()
+{
+    std::vector<std::size_t> lost(m_report.m_paths.size(), 0);
+    for (const ImportReport::Fact & fact : m_report.m_facts) {
+        ++lost[fact.path];
+    }
+    for (std::size_t path = 0; path < lost.size(); ++path) {
+        if (lost[path] != 0) {
+            m_report.m_elements[m_report.m_names[m_report.m_paths[path].name]].lost += lost[path];
+        }
+    }
 }
 
 ImportReport LossRecorder::Take(const WordTable & words)
@@ -93,15 +187,14 @@ ImportReport LossRecorder::Take(const WordTable & words)
             m_report.m_elements[m_report.m_names[word]].stated += m_stated[word];
         }
     }
-    std::vector<std::size_t> lost(m_report.m_paths.size(), 0);
-    for (const ImportReport::Fact & fact : m_report.m_facts) {
-        ++lost[fact.path];
+    // In the order of their places, in which they were asked for, but for several that were asked for at once.
+    std::stable_sort(m_late.begin(), m_late.end(),
+                     [](const LateFact & one, const LateFact & other) { return one.place < other.place; });
+    DropArrived();
+    if (!m_late.empty()) {
+        InsertLate();
     }
-    for (std::size_t path = 0; path < lost.size(); ++path) {
-        if (lost[path] != 0) {
-            m_report.m_elements[m_report.m_names[m_report.m_paths[path].name]].lost += lost[path];
-        }
-    }
+    CountLost();
     return std::move(m_report);
 }
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <limits>
 #include <string>
 
 #include "ipc2581/base/Codes.h"
@@ -115,13 +117,19 @@ void TakeText(std::string_view value, CString & text, ObjectBlocks & blocks)
 bool TakeNumber(std::string_view value, double & number)
 {
     number = ParseDoubleAhead(value);
-    return IsNumber(value) || IsNumber(WithoutBlanks(value));
+    return (IsNumber(value) || IsNumber(WithoutBlanks(value))) && std::isfinite(number);
 }
 
 bool TakeInteger(std::string_view value, int & number)
 {
-    number = ParseInteger(value);
-    return IsNumber(WithoutBlanks(value));
+    double whole = 0.0;
+    const bool isWhole = TakeNumber(value, whole) && whole == std::trunc(whole);
+    if (!isWhole || whole < std::numeric_limits<int>::min() || whole > std::numeric_limits<int>::max()) {
+        number = ParseInteger(value);
+        return false;
+    }
+    number = static_cast<int>(whole);
+    return true;
 }
 
 bool TakeTruth(std::string_view value, bool & isTrue)

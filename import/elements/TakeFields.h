@@ -17,7 +17,8 @@ namespace ipc2581::detail {
 
 // Into a text of the model, which has &, <, > and " as entities and all else as it is.
 void TakeText(std::string_view value, CString & text, ObjectBlocks & blocks);
-// False if the value is no number; what can be read of it is stored all the same.
+// The eight bytes in front of a value may be read with it.
+// False if the value is no number, or none that the member can hold; what can be read of it is stored all the same.
 bool TakeNumber(std::string_view value, double & number);
 bool TakeInteger(std::string_view value, int & number);
 // The truth values of XML, in any case. False if the value is none of them.

@@ -25,12 +25,12 @@ void Tree::Open(Word name, std::size_t line, std::span<const XmlAttribute> attri
     }
     const auto first = static_cast<std::uint32_t>(m_attributes.size());
     for (const XmlAttribute & attribute : attributes) {
-        m_attributes.push_back(
-            {attribute.name, false, static_cast<std::uint32_t>(attribute.value.size()), Keep(attribute.value)});
+        m_attributes.push_back({attribute.name, State::Untaken, static_cast<std::uint32_t>(attribute.value.size()),
+                                Keep(attribute.value)});
     }
     m_open.push_back(static_cast<std::uint32_t>(m_nodes.size()));
-    m_nodes.push_back(
-        {name, false, static_cast<std::uint32_t>(line), 0, first, static_cast<std::uint32_t>(m_attributes.size())});
+    m_nodes.push_back({name, State::Untaken, static_cast<std::uint32_t>(line), 0, first,
+                       static_cast<std::uint32_t>(m_attributes.size())});
     m_untaken += 1 + attributes.size();
 }
 
@@ -57,52 +57,73 @@ void Tree::ReportLost(LossRecorder & losses, LossRecorder::Path parent, std::siz
 {
     // The nodes that the one in hand stands in, the outermost first.
     std::vector<std::uint32_t> levels;
+    const std::vector<TextPiece> pieces = m_untaken == 0 ? std::vector<TextPiece>() : UntakenPieces();
+    std::span<const TextPiece> piecesLeft = pieces;
     std::size_t left = m_untaken;
     for (std::uint32_t i = 0; left != 0; ++i) {
         while (!levels.empty() && m_nodes[levels.back()].end <= i) {
             levels.pop_back();
         }
         levels.push_back(i);
-        const std::size_t lost = CountLost(i);
-        if (lost == 0) {
+        const Left own = LeftOf(i, piecesLeft);
+        piecesLeft = piecesLeft.subspan(own.pieces.size());
+        if (own.count == 0) {
             continue;
         }
         LossRecorder::Path path = parent;
         for (const std::uint32_t level : levels) {
             path = losses.PathOf(path, m_nodes[level].name);
         }
-        ReportNode(i, losses, path, owner);
-        left -= lost;
+        losses.BeginFact(path, m_nodes[i].line, owner);
+        ReportNode(i, own, losses);
+        left -= own.count;
     }
 }
 
-// How many of the node itself, its attributes and its texts nobody has taken.
-std::size_t Tree::CountLost(std::uint32_t node) const
+std::vector<Tree::TextPiece> Tree::UntakenPieces() const
 {
-    const Node & own = m_nodes[node];
-    std::size_t lost = own.isTaken ? 0 : 1;
-    for (std::uint32_t i = own.firstAttribute; i < own.attributesEnd; ++i) {
-        lost += m_attributes[i].isTaken ? 0U : 1U;
-    }
-    return lost +
-           static_cast<std::size_t>(std::count_if(m_pieces.begin(), m_pieces.end(), [&](const TextPiece & piece) {
-               return piece.node == node && !piece.isTaken;
-           }));
+    std::vector<TextPiece> pieces;
+    std::copy_if(m_pieces.begin(), m_pieces.end(), std::back_inserter(pieces),
+                 [](const TextPiece & piece) { return !piece.isTaken; });
+    std::stable_sort(pieces.begin(), pieces.end(),
+                     [](const TextPiece & one, const TextPiece & other) { return one.node < other.node; });
+    return pieces;
 }
 
-void Tree::ReportNode(std::uint32_t node, LossRecorder & losses, LossRecorder::Path path, std::size_t owner) const
+Tree::Left Tree::LeftOf(std::uint32_t node, std::span<const TextPiece> pieces) const
 {
     const Node & own = m_nodes[node];
-    losses.BeginFact(path, own.line, owner);
+    Left left;
+    const auto add = [&](State state) {
+        left.count += state == State::Taken ? 0 : 1;
+        left.isHeld = left.isHeld || state == State::Held;
+    };
+    add(own.state);
     for (std::uint32_t i = own.firstAttribute; i < own.attributesEnd; ++i) {
-        if (!m_attributes[i].isTaken) {
-            losses.AddAttribute(m_attributes[i].name, ValueOf(m_attributes[i].value, m_attributes[i].length));
+        add(m_attributes[i].state);
+    }
+    const auto behind =
+        std::find_if(pieces.begin(), pieces.end(), [&](const TextPiece & piece) { return piece.node != node; });
+    left.pieces = {pieces.begin(), behind};
+    left.count += left.pieces.size();
+    return left;
+}
+
+void Tree::ReportNode(std::uint32_t node, const Left & left, LossRecorder & losses) const
+{
+    const Node & own = m_nodes[node];
+    if (left.isHeld) {
+        losses.HoldFact(m_hold, own.state == State::Held);
+    }
+    for (std::uint32_t i = own.firstAttribute; i < own.attributesEnd; ++i) {
+        const Attribute & attribute = m_attributes[i];
+        if (attribute.state != State::Taken) {
+            losses.AddAttribute(attribute.name, ValueOf(attribute.value, attribute.length),
+                                attribute.state == State::Held);
         }
     }
-    for (const TextPiece & piece : m_pieces) {
-        if (piece.node == node && !piece.isTaken) {
-            losses.AddText(ValueOf(piece.value, piece.length));
-        }
+    for (const TextPiece & piece : left.pieces) {
+        losses.AddText(ValueOf(piece.value, piece.length));
     }
 }
 
@@ -116,10 +137,28 @@ void Tree::Clear()
     m_untaken = 0;
 }
 
-void XmlElement::TakeWhole() const
+void XmlElement::Hold(LossRecorder::Hold hold, std::initializer_list<Word> names) const
 {
-    Take();
-    TakeAttributes([](Word /*name*/, std::string_view /*value*/) { return true; });
+    m_tree->m_hold = hold;
+    Own().state = Own().state == Tree::State::Untaken ? Tree::State::Held : Own().state;
+    for (std::uint32_t i = Own().firstAttribute; i < Own().attributesEnd; ++i) {
+        Tree::Attribute & attribute = m_tree->m_attributes[i];
+        const bool isNamed = std::find(names.begin(), names.end(), attribute.name) != names.end();
+        if (isNamed && attribute.state == Tree::State::Untaken) {
+            attribute.state = Tree::State::Held;
+        }
+    }
+}
+
+std::vector<Word> XmlElement::Untaken() const
+{
+    std::vector<Word> names;
+    for (std::uint32_t i = Own().firstAttribute; i < Own().attributesEnd; ++i) {
+        if (m_tree->m_attributes[i].state == Tree::State::Untaken) {
+            names.push_back(m_tree->m_attributes[i].name);
+        }
+    }
+    return names;
 }
 
 std::string_view XmlElement::TakeValue(Word name) const

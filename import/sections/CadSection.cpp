@@ -1,17 +1,26 @@
 #include "import/sections/CadSection.h"
 
+#include <utility>
+
 #include "import/shapes/Units.h"
 
 namespace ipc2581::detail {
 
 void CadSection::BeginEcad(const XmlElement & ecad)
 {
-    TakeFields<Fields<CIPC2581_Ecad>::Ecad>(ecad, m_context.board.m_Ecad, m_context.blocks);
+    ecad.Take();
+    if (!std::exchange(m_hasEcad, true)) {
+        TakeFields<Fields<CIPC2581_Ecad>::Ecad>(ecad, m_context.board.m_Ecad, m_context.blocks);
+    }
 }
 
 void CadSection::BeginCadHeader(const XmlElement & header)
 {
     CIPC2581_Ecad_CadHeader & own = m_context.board.m_Ecad.m_CadHeader;
+    header.Take();
+    if (std::exchange(m_hasHeader, true)) {
+        return;
+    }
     TakeFields<Fields<CIPC2581_Ecad_CadHeader>::CadHeader>(header, own, m_context.blocks);
     m_shapes.SetUnits(own.units);
     if (MillimetresOf(own.units) == 0.0) {
@@ -20,7 +29,7 @@ void CadSection::BeginCadHeader(const XmlElement & header)
     }
 }
 
-void CadSection::ReadSpec(const XmlElement & spec, LossRecorder::Path path)
+void CadSection::ReadSpec(const XmlElement & spec)
 {
     const std::string name(spec.Value(W("name")));
     m_specs.emplace(name);
@@ -29,39 +38,32 @@ void CadSection::ReadSpec(const XmlElement & spec, LossRecorder::Path path)
             continue;
         }
         for (const XmlElement property : general) {
-            if (property.Name() != W("Property") || property.Value(W("text")).empty() || m_materials.contains(name)) {
-                continue;
+            const std::string_view text = property.Value(W("text"));
+            if (property.Name() == W("Property") && !text.empty() && !m_materials.contains(name)) {
+                const LossRecorder::Hold hold = m_context.losses.NewHold();
+                property.Hold(hold, {W("text")});
+                m_materials.emplace(name, Material{std::string(text), hold});
             }
-            property.Take();
-            const std::string text(property.TakeValue(W("text")));
-            const LossRecorder::Path inner =
-                m_context.losses.PathOf(m_context.losses.PathOf(path, W("General")), W("Property"));
-            m_materials[name] = {text, {inner, property.Line(), {{W("text"), text}}, false}};
         }
     }
 }
 
-void CadSection::ReadLayer(const XmlElement & element, LossRecorder::Path path)
+void CadSection::ReadLayer(const XmlElement & element)
 {
     auto & layer = AddTo(m_context.board.m_Ecad.m_CadData.m_arrLayer, m_context.Make<CIPC2581_Ecad_CadData_Layer>());
     TakeFields<Fields<CIPC2581_Ecad_CadData_Layer>::Layer>(element, layer, m_context.blocks);
-    m_layers.emplace(element.Value(W("name")));
-    for (const XmlElement child : element) {
-        if (child.Name() != W("Span") || m_spans.contains(element.Value(W("name")))) {
-            continue;
-        }
-        child.Take();
-        Span & span = m_spans[std::string(element.Value(W("name")))];
-        span.facts = {m_context.losses.PathOf(path, W("Span")), child.Line(), {}, false};
-        child.TakeAttributes([&](Word name, std::string_view value) {
-            if (name != W("fromLayer") && name != W("toLayer")) {
-                return false;
-            }
-            TakeText(value, name == W("fromLayer") ? span.fromLayer : span.toLayer, m_context.blocks);
-            span.facts.attributes.emplace_back(name, value);
-            return true;
-        });
+    const std::string_view name = element.Value(W("name"));
+    m_context.references.Declare(NameKind::Layer, name);
+    const auto child = FirstOf(element, W("Span"));
+    if (!child.has_value() || m_spans.contains(name)) {
+        return;
     }
+    Span & span = m_spans[std::string(name)];
+    span.hold = m_context.losses.NewHold();
+    child->Hold(span.hold, {W("fromLayer"), W("toLayer")});
+    TakeText(child->Value(W("fromLayer")), span.fromLayer, m_context.blocks);
+    TakeText(child->Value(W("toLayer")), span.toLayer, m_context.blocks);
+    AwaitSpan(*child);
 }
 
 void CadSection::ReadStackup(const XmlElement & element)
@@ -84,6 +86,7 @@ void CadSection::ReadStackup(const XmlElement & element)
         }
         Group & group = AddTo(stackup.StackupGroupArray, m_context.Make<Group>());
         TakeFields<Fields<Group>::StackupGroup>(child, group, m_context.blocks);
+        m_context.references.Declare(NameKind::StackupGroup, child.Value(W("name")));
         for (const XmlElement inner : child) {
             if (inner.Name() == W("StackupLayer")) {
                 ReadStackupLayer(inner, group);
@@ -97,6 +100,7 @@ void CadSection::ReadStackupLayer(const XmlElement & element, CIPC2581_Ecad_CadD
     using Layer = CIPC2581_Ecad_CadData_Stackup_StackupGroup_StackupLayer;
     Layer & layer = AddTo(group.StackupLayerArray, m_context.Make<Layer>());
     TakeFields<Fields<Layer>::StackupLayer>(element, layer, m_context.blocks);
+    m_context.references.AwaitLayerOrGroup(element.Value(W("layerOrGroupRef")), element.Line());
     // What refers to a spec stays a fact without a member, since a spec says more than its material.
     for (const XmlElement child : element) {
         if (child.Name() != W("SpecRef")) {
@@ -110,9 +114,26 @@ void CadSection::ReadStackupLayer(const XmlElement & element, CIPC2581_Ecad_CadD
         }
         const auto found = m_materials.find(child.Value(W("id")));
         if (found != m_materials.end()) {
-            found->second.facts.isReferenced = true;
+            m_context.losses.Refer(found->second.hold);
             TakeText(found->second.text, layer.materialType, m_context.blocks);
         }
+    }
+}
+
+void CadSection::ReadSpan(const XmlElement & element, CIPC2581_Ecad_CadData_Step_Hole & hole)
+{
+    const auto child = FirstOf(element, W("Span"));
+    if (!child.has_value()) {
+        return;
+    }
+    TakeFields<Fields<CIPC2581_Ecad_CadData_Step_Hole>::Span>(*child, hole, m_context.blocks);
+    AwaitSpan(*child);
+}
+
+void CadSection::AwaitSpan(const XmlElement & span)
+{
+    for (const Word end : {W("fromLayer"), W("toLayer")}) {
+        m_context.references.Await(NameKind::Layer, span.Value(end), span.Line());
     }
 }
 
@@ -122,15 +143,9 @@ void CadSection::TakeSpan(std::string_view layer, CIPC2581_Ecad_CadData_Step_Hol
     if (found == m_spans.end()) {
         return;
     }
-    found->second.facts.isReferenced = true;
+    m_context.losses.Refer(found->second.hold);
     hole.FromLayer.Assign(found->second.fromLayer, &m_context.blocks);
     hole.ToLayer.Assign(found->second.toLayer, &m_context.blocks);
-}
-
-void CadSection::ReportUnreferenced()
-{
-    ReportUnreferencedOf(m_spans, m_context.losses);
-    ReportUnreferencedOf(m_materials, m_context.losses);
 }
 
 }  // namespace ipc2581::detail

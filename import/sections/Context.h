@@ -1,60 +1,22 @@
 #ifndef IPC2581_IMPORT_SECTIONS_CONTEXT_H
 #define IPC2581_IMPORT_SECTIONS_CONTEXT_H
 
-#include <algorithm>
 #include <memory>
 #include <stdexcept>
 #include <string>
 #include <string_view>
-#include <unordered_map>
-#include <unordered_set>
-#include <vector>
 
 #include "import/Import.h"
 #include "import/elements/LossRecorder.h"
 #include "import/elements/TakeFields.h"
 #include "import/elements/Tree.h"
+#include "import/sections/Names.h"
+#include "import/sections/References.h"
 #include "ipc2581/base/OwnedPart.h"
 #include "ipc2581/base/platform/ObjectBlocks.h"
 #include "ipc2581/ipc2581.h"
 
 namespace ipc2581::detail {
-
-// Names of a file, as keys that a piece of text finds.
-struct TextHash {
-    using is_transparent = void;
-    std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
-};
-template <typename Value>
-using ByName = std::unordered_map<std::string, Value, TextHash, std::equal_to<>>;
-using Names = std::unordered_set<std::string, TextHash, std::equal_to<>>;
-
-// Facts that have arrived only if somebody refers to them: told at the end if nobody has.
-struct Unreferenced {
-    LossRecorder::Path path = 0;
-    std::size_t line = 0;
-    std::vector<std::pair<Word, std::string>> attributes;
-    bool isReferenced = false;
-};
-
-// Tells of those of the entries that nobody has referred to, in the order of the file.
-template <typename Entries>
-void ReportUnreferencedOf(const Entries & entries, LossRecorder & losses)
-{
-    std::vector<const Unreferenced *> left;
-    for (const auto & [name, entry] : entries) {
-        if (!entry.facts.isReferenced) {
-            left.push_back(&entry.facts);
-        }
-    }
-    std::sort(left.begin(), left.end(), [](const auto * one, const auto * other) { return one->line < other->line; });
-    for (const Unreferenced * const facts : left) {
-        losses.BeginFact(facts->path, facts->line, 0);
-        for (const auto & [name, value] : facts->attributes) {
-            losses.AddAttribute(name, value);
-        }
-    }
-}
 
 // Why the import ends in the middle of a well-formed file.
 struct ImportFault : std::runtime_error {
@@ -63,6 +25,10 @@ struct ImportFault : std::runtime_error {
     std::size_t line;
 };
 
+// What a copied point takes: a step with its parts, each of them by itself.
+inline constexpr std::size_t BytesOfPoint = sizeof(CIPC2581_PolyStep) + 2 * sizeof(CIPC2581_Point) +
+                                            2 * sizeof(CPointD) + 5 * HeapOverhead + 2 * sizeof(void *);
+
 // What the sections of one import share.
 struct Context {
     CIPC2581_Parser & board;
@@ -70,8 +36,11 @@ struct Context {
     ObjectBlocks blocks;
     LossRecorder losses;
 
-    // Elements read so far; a bound for what a file may make by referring to it.
+    References references;
+
+    // Elements read so far, and points of shapes that were copied.
     std::size_t elements = 0;
+    std::size_t copies = 0;
 
     // Makes an object of the model beside those that are there.
     template <typename Object>
@@ -86,9 +55,29 @@ struct Context {
     // Tells of a reference that leads nowhere.
     void TellDangling(std::size_t line, std::string_view what, std::string_view name)
     {
-        std::string text(what);
-        text.append(" \"").append(name).append("\" is not in the file");
-        losses.AddNote(NoteKind::DanglingReference, line, std::move(text));
+        losses.AddDangling(line, what, name);
+    }
+
+    // Figures may refer to figures, each of them many times, and pads may scale a shape each in its own way. What comes
+    // of that is bounded by what the file has.
+    void CountCopies(std::size_t line, std::size_t points)
+    {
+        constexpr std::size_t freeCopies = 2'000'000;
+        constexpr std::size_t copiesPerElement = 128;
+        copies += points;
+        if (copies > freeCopies + copiesPerElement * elements) {
+            throw ImportFault(line, "its figures are drawn again too often");
+        }
+        blocks.Count(points * BytesOfPoint);
+        CheckMemory();
+    }
+
+    void CheckMemory() const
+    {
+        if (blocks.IsSpent()) {
+            throw ImportFault(0, "its model takes more than the " + std::to_string(options.memoryLimit) +
+                                     " bytes that it may");
+        }
     }
 };
 

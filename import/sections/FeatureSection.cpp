@@ -6,25 +6,13 @@
 
 namespace ipc2581::detail {
 
-void FeatureSection::BeginStep()
-{
-    m_layer = nullptr;
-    m_set = nullptr;
-    m_hasLayers = false;
-    m_makesNets = false;
-    m_nets.clear();
-    m_netPins.clear();
-}
-
 void FeatureSection::BeginLayer(const XmlElement & layerFeature)
 {
     using LayerFeature = CIPC2581_Ecad_CadData_Step_LayerFeature;
-    m_makesNets = m_hasLayers ? m_makesNets : !m_step.HasLogicalNets();
-    m_hasLayers = true;
-    m_layer = &AddTo(m_context.board.m_Ecad.m_CadData.m_Step.LayerFeatureArray, m_context.Make<LayerFeature>());
+    m_layer = &AddTo(Step().LayerFeatureArray, m_context.Make<LayerFeature>());
     TakeFields<Fields<LayerFeature>::LayerFeature>(layerFeature, *m_layer, m_context.blocks);
     m_layerName = layerFeature.Value(W("layerRef"));
-    if (!m_cad.HasLayer(m_layerName)) {
+    if (!m_context.references.Has(NameKind::Layer, m_layerName)) {
         m_context.TellDangling(layerFeature.Line(), "layer", m_layerName);
     }
 }
@@ -34,26 +22,24 @@ void FeatureSection::BeginSet(const XmlElement & element)
     m_set = &AddTo(m_layer->SetArray, m_context.Make<Set>());
     m_isUsed = false;
     TakeFields<Fields<Set>::Set>(element, *m_set, m_context.blocks);
-    if (!m_makesNets) {
-        m_step.CheckNet(element);
+    if (m_step.HasLogicalNets()) {
+        m_step.CheckNet(element.Value(W("net")), element.Line());
     }
     else if (!m_set->Net.IsEmpty()) {
-        MadeNet(m_set->Net);
+        StatedNetOf(m_set->Net, element.Value(W("net")), element.Line());
     }
 }
 
-// The net of the name where the file has no logical nets.
-CIPC2581_Ecad_CadData_Step_LogicalNet & FeatureSection::MadeNet(std::string_view name)
+FeatureSection::StatedNet & FeatureSection::StatedNetOf(std::string_view text, std::string_view name, std::size_t line)
 {
-    using Net = CIPC2581_Ecad_CadData_Step_LogicalNet;
-    const auto known = m_nets.find(name);
-    if (known != m_nets.end()) {
-        return *known->second;
+    const auto known = m_netPlaces.find(text);
+    if (known != m_netPlaces.end()) {
+        return m_nets[known->second];
     }
-    Net & net = AddTo(m_context.board.m_Ecad.m_CadData.m_Step.LogicalNetArray, m_context.Make<Net>());
-    net.Name.Assign(name, &m_context.blocks);
-    m_nets.emplace(name, &net);
-    return net;
+    m_netPlaces.emplace(text, m_nets.size());
+    m_nets.push_back({m_context.Make<CIPC2581_Ecad_CadData_Step_LogicalNet>(), std::string(name), line});
+    m_nets.back().net->Name.Assign(text, &m_context.blocks);
+    return m_nets.back();
 }
 
 FeatureSection::Set & FeatureSection::NextSet(int kind)
@@ -76,8 +62,11 @@ void FeatureSection::Read(const XmlElement & element)
 {
     switch (element.Name()) {
     case W("ColorRef"):
-        TakeFields<Fields<Set>::ColorRef>(element, *m_set, m_context.blocks);
-        m_layer->ColorRefId = m_set->ColorRef;
+        if (m_set->ColorRef.IsEmpty()) {
+            TakeFields<Fields<Set>::ColorRef>(element, *m_set, m_context.blocks);
+            m_context.references.Await(NameKind::Color, element.Value(W("id")), element.Line());
+            m_layer->ColorRefId = m_set->ColorRef;
+        }
         break;
     case W("Features"):
         ReadFeatures(element);
@@ -126,7 +115,7 @@ void FeatureSection::ReadPad(const XmlElement & element)
             continue;
         }
         m_step.CheckPin(child);
-        if (m_makesNets) {
+        if (!m_step.HasLogicalNets()) {
             AddNetPin(child, set);
         }
     }
@@ -139,11 +128,7 @@ void FeatureSection::ReadHole(const XmlElement & element)
     Hole & hole = NextSet(SetKinds::Hole).Hole;
     TakeFields<Fields<Hole>::Hole>(element, hole, m_context.blocks);
     TakeFields<Fields<Hole>::HolePlace>(element, hole, m_context.blocks);
-    for (const XmlElement child : element) {
-        if (child.Name() == W("Span")) {
-            TakeFields<Fields<Hole>::Span>(child, hole, m_context.blocks);
-        }
-    }
+    m_cad.ReadSpan(element, hole);
     if (hole.FromLayer.IsEmpty() && hole.ToLayer.IsEmpty()) {
         m_cad.TakeSpan(m_layerName, hole);
     }
@@ -161,7 +146,7 @@ void FeatureSection::AddNetPin(const XmlElement & pinRef, const Set & set)
     if (!m_netPins.emplace(std::move(key)).second) {
         return;
     }
-    Pin & pin = AddTo(MadeNet(name).LogicalNetPinArray, m_context.Make<Pin>());
+    Pin & pin = AddTo(m_nets[m_netPlaces.find(name)->second].net->LogicalNetPinArray, m_context.Make<Pin>());
     TakeText(pinRef.Value(W("componentRef")), pin.ComponentRef, m_context.blocks);
     TakeText(pinRef.Value(W("pin")), pin.Pin, m_context.blocks);
     TakeText(pinRef.Value(W("title")), pin.Title, m_context.blocks);
@@ -169,10 +154,21 @@ void FeatureSection::AddNetPin(const XmlElement & pinRef, const Set & set)
 
 void FeatureSection::EndStep(std::size_t line)
 {
-    if (!m_nets.empty()) {
-        m_context.Note(NoteKind::NetsFromSets, line,
-                       std::to_string(m_nets.size()) + " nets are made of the sets and pads of the layers, since the "
-                                                       "file has no logical nets");
+    if (m_nets.empty()) {
+        return;
+    }
+    if (m_step.HasLogicalNets()) {
+        for (const StatedNet & stated : m_nets) {
+            m_step.CheckNet(stated.name, stated.line);
+        }
+        m_nets.clear();
+        return;
+    }
+    m_context.Note(NoteKind::NetsFromSets, line,
+                   std::to_string(m_nets.size()) + " nets are made of the sets and pads of the layers, since the file "
+                                                   "has no logical nets");
+    for (StatedNet & stated : m_nets) {
+        AddTo(Step().LogicalNetArray, std::move(stated.net));
     }
 }
 

@@ -1,8 +1,11 @@
 #ifndef IPC2581_IMPORT_SECTIONS_FEATURESECTION_H
 #define IPC2581_IMPORT_SECTIONS_FEATURESECTION_H
 
+#include <cstddef>
+#include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "import/elements/Tree.h"
 #include "import/sections/CadSection.h"
@@ -22,16 +25,25 @@ public:
     {
     }
 
-    void BeginStep();
     void BeginLayer(const XmlElement & layerFeature);
     void BeginSet(const XmlElement & set);
     // What stands right in the set.
     void Read(const XmlElement & element);
     void EndSet() { m_set = nullptr; }
+    // Gives a step without logical nets those that its sets name.
     void EndStep(std::size_t line);
 
 private:
     using Set = CIPC2581_Ecad_CadData_Step_LayerFeature_Set;
+
+    // A net that a set names, and the line of the first that does.
+    struct StatedNet {
+        std::unique_ptr<CIPC2581_Ecad_CadData_Step_LogicalNet> net;
+        std::string name;
+        std::size_t line;
+    };
+
+    [[nodiscard]] CIPC2581_Ecad_CadData_Step & Step() const { return m_context.board.m_Ecad.m_CadData.m_Step; }
 
     // A set of the model for what comes now: the one of the file, or one more like it.
     Set & NextSet(int kind);
@@ -39,7 +51,8 @@ private:
     void ReadPad(const XmlElement & element);
     void ReadHole(const XmlElement & element);
     void ReadArea(const XmlElement & element);
-    CIPC2581_Ecad_CadData_Step_LogicalNet & MadeNet(std::string_view name);
+    // By the text that the model has for the name.
+    StatedNet & StatedNetOf(std::string_view text, std::string_view name, std::size_t line);
     void AddNetPin(const XmlElement & pinRef, const Set & set);
 
     Context & m_context;
@@ -51,10 +64,9 @@ private:
     std::string m_layerName;
     Set * m_set = nullptr;
     bool m_isUsed = false;
-    // The nets that come of sets, where the file has no logical nets before its first layer.
-    bool m_hasLayers = false;
-    bool m_makesNets = false;
-    ByName<CIPC2581_Ecad_CadData_Step_LogicalNet *> m_nets;
+    // The nets of the sets, as long as the step has had no logical ones.
+    std::vector<StatedNet> m_nets;
+    ByName<std::size_t> m_netPlaces;
     Names m_netPins;
 };
 

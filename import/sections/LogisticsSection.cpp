@@ -75,6 +75,7 @@ void LogisticsSection::ReadHistoryRecord(const XmlElement & record)
 void LogisticsSection::BeginBom(const XmlElement & bom)
 {
     bom.Take();
+    m_context.references.Declare(NameKind::Bom, bom.Value(W("name")));
     if (!m_hasBom) {
         TakeFields<Fields<CIPC2581_Bom>::Bom>(bom, m_context.board.m_Bom, m_context.blocks);
     }
@@ -86,7 +87,7 @@ void LogisticsSection::ReadInBom(const XmlElement & element)
     if (element.Name() == W("BomItem")) {
         ReadBomItem(element);
     }
-    else if (m_context.board.m_Bom.assembly.IsEmpty()) {
+    else if (!std::exchange(m_hasBomHeader, true)) {
         TakeFields<Fields<CIPC2581_Bom>::BomHeader>(element, m_context.board.m_Bom, m_context.blocks);
     }
 }
@@ -98,6 +99,7 @@ void LogisticsSection::ReadBomItem(const XmlElement & element)
     TakeFields<Fields<CIPC2581_Bom_BomItem>::BomItem>(element, item, m_context.blocks);
     TakeIfEmpty(element, W("OEMDesignNumberRef"), item.internalPartNumber, m_context.blocks);
     TakeIfEmpty(element, W("pinCount"), item.numberIO, m_context.blocks);
+    m_context.references.Await(NameKind::Package, element.Value(W("packageRef")), element.Line());
 
     const std::string_view package = PackageOfAll(element);
     const bool isPackageOfItem =
@@ -109,6 +111,10 @@ void LogisticsSection::ReadBomItem(const XmlElement & element)
         if (child.Name() == W("RefDes")) {
             TakeFields<Fields<RefDes>::RefDes>(child, AddTo(item.m_arrRefDes, m_context.Make<RefDes>()),
                                                m_context.blocks);
+            if (child.Value(W("packageRef")) != element.Value(W("packageRef"))) {
+                m_context.references.Await(NameKind::Package, child.Value(W("packageRef")), child.Line());
+            }
+            m_context.references.Await(NameKind::Layer, child.Value(W("layerRef")), child.Line());
             if (isPackageOfItem) {
                 static_cast<void>(child.TakeValue(W("packageRef")));
             }

@@ -26,6 +26,7 @@ private:
     bool m_hasHeader = false;
     bool m_hasHistory = false;
     bool m_hasBom = false;
+    bool m_hasBomHeader = false;
 };
 
 }  // namespace ipc2581::detail

@@ -91,13 +91,19 @@ void PadReader::Read(const XmlElement & element, std::string_view layer, CIPC258
 {
     Placement placement;
     std::optional<XmlElement> shape;
+    bool hasLocation = false;
+    bool hasPlacement = false;
     for (const XmlElement child : element) {
         switch (child.Name()) {
         case W("Location"):
-            TakeFields<Fields<CIPC2581_Ecad_CadData_Step_Pad>::Location>(child, pad, m_context.blocks);
+            if (!std::exchange(hasLocation, true)) {
+                TakeFields<Fields<CIPC2581_Ecad_CadData_Step_Pad>::Location>(child, pad, m_context.blocks);
+            }
             break;
         case W("Xform"):
-            placement = m_shapes.ReadXform(child);
+            if (!std::exchange(hasPlacement, true)) {
+                placement = m_shapes.ReadXform(child);
+            }
             break;
         case W("PinRef"):
             TakePin(child, pad);
@@ -152,7 +158,7 @@ void PadReader::TakePlacedShape(const XmlElement & element, const Placement & pl
         KeepReference(element, pad.StandardPrimitiveRefId);
         return;
     }
-    TakeEntry("PLACED", "", std::move(shapes), pad.StandardPrimitiveRefId);
+    TakeText(MakeEntry("PLACED", std::move(shapes)), pad.StandardPrimitiveRefId, m_context.blocks);
 }
 
 void PadReader::TakeStandardRef(const XmlElement & element, const Placement & placement,
@@ -174,15 +180,19 @@ void PadReader::TakeStandardRef(const XmlElement & element, const Placement & pl
     }
     const std::string base = std::string(id) + (left.isMirrored ? "-MIRRORED" : "-SCALED");
     const std::string key = base + " " + AllDigits(left.scale);
-    if (TakeMade(key, pad.StandardPrimitiveRefId)) {
+    if (const Made * const made = FindIn(m_made, key); made != nullptr) {
+        TakeText(made->name, pad.StandardPrimitiveRefId, m_context.blocks);
         return;
     }
     const double scale = UnitScale(m_context.board.m_Content.DictionaryStandard->Unit, m_shapes.Units());
     Shapes shapes;
     for (const CIPC2581_DrawObj * const shape : Each(entry->DrawArray)) {
+        m_context.CountCopies(element.Line(), PointsOf(*shape));
         AddPlaced(CopyOf(*shape), left.Of({.scale = scale}), shapes);
     }
-    TakeEntry(base, key, std::move(shapes), pad.StandardPrimitiveRefId);
+    const std::string name = MakeEntry(base, std::move(shapes));
+    m_made.emplace(key, Made{name, {}});
+    TakeText(name, pad.StandardPrimitiveRefId, m_context.blocks);
 }
 
 void PadReader::TakeShape(const XmlElement & element, CString & id)
@@ -197,8 +207,8 @@ void PadReader::TakeShape(const XmlElement & element, CString & id)
     }
     const bool isReference = element.Name() == W("UserPrimitiveRef");
     const std::string key = KeyOf(element);
-    if (TakeMade(key, id)) {
-        element.TakeWhole();
+    if (const Made * const made = key.empty() ? nullptr : FindIn(m_made, key); made != nullptr) {
+        TakeAsMade(element, *made, id);
         return;
     }
     const std::string base(isReference ? element.Value(W("id")) : "SHAPE");
@@ -208,7 +218,11 @@ void PadReader::TakeShape(const XmlElement & element, CString & id)
         KeepReference(element, id);
         return;
     }
-    TakeEntry(base, key, std::move(shapes), id);
+    const std::string name = MakeEntry(base, std::move(shapes));
+    if (!key.empty()) {
+        m_made.emplace(key, Made{name, element.Untaken()});
+    }
+    TakeText(name, id, m_context.blocks);
 }
 
 // A figure that is not there is kept by its name; a shape that takes away what others draw is none.
@@ -220,18 +234,17 @@ void PadReader::KeepReference(const XmlElement & element, CString & id)
     }
 }
 
-// The name of the entry that was made of the same before, if there is one.
-bool PadReader::TakeMade(const std::string & key, CString & id)
+// Takes of a shape what was taken of the equal one that the entry was made of.
+void PadReader::TakeAsMade(const XmlElement & element, const Made & made, CString & id)
 {
-    const auto made = m_made.find(key);
-    if (key.empty() || made == m_made.end()) {
-        return false;
-    }
-    TakeText(made->second, id, m_context.blocks);
-    return true;
+    element.Take();
+    element.TakeAttributes([&](Word name, std::string_view /*value*/) {
+        return std::find(made.lost.begin(), made.lost.end(), name) == made.lost.end();
+    });
+    TakeText(made.name, id, m_context.blocks);
 }
 
-void PadReader::TakeEntry(std::string_view base, const std::string & key, Shapes shapes, CString & id)
+std::string PadReader::MakeEntry(std::string_view base, Shapes shapes)
 {
     CIPC2581_Content_DictionaryStandard & dictionary = *m_context.board.m_Content.DictionaryStandard;
     if (dictionary.Unit.IsEmpty()) {
@@ -252,10 +265,7 @@ void PadReader::TakeEntry(std::string_view base, const std::string & key, Shapes
         AddTo(entry.DrawArray, std::move(shape));
     }
     m_figures.AddStandard(name, entry);
-    if (!key.empty()) {
-        m_made.emplace(key, name);
-    }
-    TakeText(name, id, m_context.blocks);
+    return name;
 }
 
 // A pad without a shape has that of its pad stack on its layer.

@@ -48,16 +48,22 @@ private:
                        CIPC2581_Ecad_CadData_Step_Pad & pad);
     void TakePin(const XmlElement & element, CIPC2581_Ecad_CadData_Step_Pad & pad);
     void KeepReference(const XmlElement & element, CString & id);
-    bool TakeMade(const std::string & key, CString & id);
-    // The name of an entry with these shapes, which are in the unit of the board.
-    void TakeEntry(std::string_view base, const std::string & key, Shapes shapes, CString & id);
+    // An entry that was made of a shape, and which attributes of that were lost.
+    struct Made {
+        std::string name;
+        std::vector<Word> lost;
+    };
+
+    void TakeAsMade(const XmlElement & element, const Made & made, CString & id);
+    // The name of a new entry with these shapes, which are in the unit of the board.
+    std::string MakeEntry(std::string_view base, Shapes shapes);
 
     Context & m_context;
     Figures & m_figures;
     ShapeReader & m_shapes;
     ByName<Stack> m_stacks;
-    // Names of the entries that were made, by what they were made of.
-    ByName<std::string> m_made;
+    // By what they were made of.
+    ByName<Made> m_made;
     std::size_t m_numbered = 0;
 };
 

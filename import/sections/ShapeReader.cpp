@@ -18,26 +18,6 @@ constexpr std::string_view HollowWord = "HOLLOW";
 constexpr std::string_view FilledWord = "FILL";
 constexpr std::string_view VoidWord = "VOID";
 
-// Keeps the attributes of the names, which are taken, for the case that nobody refers to them.
-void KeepFacts(const XmlElement & element, std::initializer_list<Word> names, Unreferenced & facts)
-{
-    element.Take();
-    element.TakeAttributes([&](Word name, std::string_view value) {
-        const bool isKept = std::find(names.begin(), names.end(), name) != names.end();
-        if (isKept) {
-            facts.attributes.emplace_back(name, value);
-        }
-        return isKept;
-    });
-}
-
-template <typename Value>
-Value * FindIn(ByName<Value> & values, std::string_view name)
-{
-    const auto found = values.find(name);
-    return found == values.end() ? nullptr : &found->second;
-}
-
 }  // namespace
 
 bool IsShapeName(Word name)
@@ -73,38 +53,48 @@ bool IsShapeName(Word name)
     }
 }
 
-void Figures::AddLineDesc(const XmlElement & entry, LossRecorder::Path path)
+void Figures::BeginLineDescs(std::string_view units)
 {
-    LineDescEntry added;
-    const std::string id(entry.Value(W("id")));
-    added.facts = {path, entry.Line(), {}, false};
-    KeepFacts(entry, {W("id")}, added.facts);
-    for (const XmlElement child : entry) {
-        if (child.Name() == W("LineDesc")) {
-            child.ForEachAttribute([&](Word name, std::string_view value) {
-                if (name == W("lineWidth") || name == W("lineEnd")) {
-                    added.facts.attributes.emplace_back(name, value);
-                }
-            });
-            TakeFields<Fields<CIPC2581_LineDesc>::LineDesc>(child, added.lineDesc, m_context.blocks);
-        }
-    }
-    m_lineDescs.try_emplace(id, std::move(added));
+    m_lineDescUnits = m_lineDescUnits.empty() ? std::string(units) : m_lineDescUnits;
+    m_lineDescScale = UnitScale(units, m_lineDescUnits);
 }
 
-void Figures::AddFillDesc(const XmlElement & entry, LossRecorder::Path path)
+// What nobody refers to is lost, and so is all of a second entry of the same name.
+void Figures::AddLineDesc(const XmlElement & entry)
 {
-    FillEntry added;
-    const std::string id(entry.Value(W("id")));
-    added.facts = {path, entry.Line(), {}, false};
-    KeepFacts(entry, {W("id")}, added.facts);
-    for (const XmlElement child : entry) {
-        if (child.Name() == W("FillDesc")) {
-            added.fill = child.Value(W("fillProperty"));
-            KeepFacts(child, {W("fillProperty")}, added.facts);
-        }
+    const auto [place, isNew] = m_lineDescs.try_emplace(std::string(entry.Value(W("id"))));
+    if (!isNew) {
+        return;
     }
-    m_fills.try_emplace(id, std::move(added));
+    LineDescEntry & added = place->second;
+    added.hold = m_context.losses.NewHold();
+    entry.Hold(added.hold, {W("id")});
+    const auto child = FirstOf(entry, W("LineDesc"));
+    if (!child.has_value()) {
+        return;
+    }
+    child->Hold(added.hold, {W("lineEnd")});
+    TakeText(child->Value(W("lineEnd")), added.lineDesc.LineEnd, m_context.blocks);
+    if (TakeNumber(child->Value(W("lineWidth")), added.lineDesc.LineWidth)) {
+        child->Hold(added.hold, {W("lineWidth")});
+    }
+    added.lineDesc.LineWidth *= m_lineDescScale;
+}
+
+void Figures::AddFillDesc(const XmlElement & entry)
+{
+    const auto [place, isNew] = m_fills.try_emplace(std::string(entry.Value(W("id"))));
+    if (!isNew) {
+        return;
+    }
+    FillEntry & added = place->second;
+    added.hold = m_context.losses.NewHold();
+    entry.Hold(added.hold, {W("id")});
+    const auto child = FirstOf(entry, W("FillDesc"));
+    if (child.has_value()) {
+        child->Hold(added.hold, {W("fillProperty")});
+        added.fill = child->Value(W("fillProperty"));
+    }
 }
 
 void Figures::AddUser(std::string_view id, CIPC2581_Content_DictionaryUser_EntryUser & entry)
@@ -123,7 +113,7 @@ const CIPC2581_LineDesc * Figures::LineDesc(std::string_view id)
     if (entry == nullptr) {
         return nullptr;
     }
-    entry->facts.isReferenced = true;
+    m_context.losses.Refer(entry->hold);
     return &entry->lineDesc;
 }
 
@@ -133,7 +123,7 @@ const std::string * Figures::Fill(std::string_view id)
     if (entry == nullptr) {
         return nullptr;
     }
-    entry->facts.isReferenced = true;
+    m_context.losses.Refer(entry->hold);
     return &entry->fill;
 }
 
@@ -189,12 +179,6 @@ const CIPC2581_LineDesc * Figures::Hollow(std::string_view id) const
     return found == m_hollows.end() ? nullptr : &found->second;
 }
 
-void Figures::ReportUnreferenced()
-{
-    ReportUnreferencedOf(m_lineDescs, m_context.losses);
-    ReportUnreferencedOf(m_fills, m_context.losses);
-}
-
 void ShapeReader::SetUnits(std::string_view units)
 {
     m_units = units;
@@ -228,7 +212,9 @@ void ShapeReader::AddStyle(const XmlElement & child, Style & style)
         style.fill = child;
         break;
     case W("Xform"):
-        style.placement = ReadXform(child);
+        if (!std::exchange(style.hasPlacement, true)) {
+            style.placement = ReadXform(child);
+        }
         break;
     default:
         break;
@@ -348,10 +334,13 @@ ShapeReader::Style ShapeReader::ReadSteps(const XmlElement & element, CIPC2581_P
                                           CIPC2581_PolyStepArray & steps)
 {
     Style style;
+    bool hasBegin = false;
     for (const XmlElement child : element) {
         switch (child.Name()) {
         case W("PolyBegin"):
-            TakeFields<Fields<CIPC2581_Point>::PolyBegin>(child, begin, m_context.blocks);
+            if (!std::exchange(hasBegin, true)) {
+                TakeFields<Fields<CIPC2581_Point>::PolyBegin>(child, begin, m_context.blocks);
+            }
             break;
         case W("PolyStepSegment"):
             TakeFields<Fields<CIPC2581_PolyStep>::PolyStepSegment>(
@@ -400,14 +389,20 @@ void ShapeReader::ReadCutout(const XmlElement & element, CIPC2581_Cutout & cutou
     TakeFill(style.fill, FilledWord);
 }
 
+// An outline is hollow; one that says that it is filled loses that.
 void ShapeReader::ReadOutline(const XmlElement & element, CIPC2581_Polygon & polygon, CIPC2581_LineDesc & lineDesc)
 {
     element.Take();
+    bool hasPolygon = false;
+    bool hasLineDesc = false;
     for (const XmlElement child : element) {
-        if (child.Name() == W("Polygon")) {
-            ReadPolygon(child, polygon);
+        const bool isLineDesc = child.Name() == W("LineDesc") || child.Name() == W("LineDescRef");
+        if (child.Name() == W("Polygon") && !std::exchange(hasPolygon, true)) {
+            Style style;
+            polygon = static_cast<CIPC2581_Polygon &>(*ReadContourShape<CIPC2581_Polygon>(child, style));
+            TakeFill(style.fill, HollowWord);
         }
-        else if (child.Name() == W("LineDesc") || child.Name() == W("LineDescRef")) {
+        else if (isLineDesc && !std::exchange(hasLineDesc, true)) {
             TakeLineDesc(child, lineDesc);
         }
     }
@@ -432,11 +427,13 @@ void ShapeReader::ReadPlaced(const XmlElement & element, Hollow hollow, Outlines
 {
     element.Take();
     Placement placement;
+    bool hasPlacement = false;
+    bool hasLocation = false;
     for (const XmlElement child : element) {
-        if (child.Name() == W("Xform")) {
+        if (child.Name() == W("Xform") && !std::exchange(hasPlacement, true)) {
             placement = ReadXform(child);
         }
-        else if (child.Name() == W("Location")) {
+        else if (child.Name() == W("Location") && !std::exchange(hasLocation, true)) {
             child.Take();
             TakeNumberOf(child, W("x"), location.X);
             TakeNumberOf(child, W("y"), location.Y);
@@ -481,11 +478,23 @@ std::unique_ptr<CIPC2581_DrawObj> ShapeReader::ReadCornered(const XmlElement & e
     return rect;
 }
 
+// A square one is measured by its side, a round one by its diameter; the other measure is lost.
+std::unique_ptr<CIPC2581_DrawObj> ShapeReader::ReadButterfly(const XmlElement & element)
+{
+    auto shape = m_context.Make<CIPC2581_DicDraw_Butterfly>();
+    element.Take();
+    element.TakeAttributes(
+        [&](Word name, std::string_view value) { return name == W("shape") && TakeForm(value, shape->Shape); });
+    const bool isBySide = element.Has(W("side")) && (shape->Shape == OuterForms::Square || !element.Has(W("diameter")));
+    TakeNumberOf(element, isBySide ? W("side") : W("diameter"), shape->Size);
+    return shape;
+}
+
 std::unique_ptr<CIPC2581_DrawObj> ShapeReader::MakePrimitive(const XmlElement & element)
 {
     switch (element.Name()) {
     case W("Butterfly"):
-        return ReadPrimitive<CIPC2581_DicDraw_Butterfly, Fields<CIPC2581_DicDraw_Butterfly>::Butterfly>(element);
+        return ReadButterfly(element);
     case W("Circle"):
         return ReadPrimitive<CIPC2581_DicDraw_Circle, Fields<CIPC2581_DicDraw_Circle>::Circle>(element);
     case W("Diamond"):
@@ -669,7 +678,7 @@ void ShapeReader::ReadText(const XmlElement & element, const Placement & placeme
     auto text = m_context.Make<CIPC2581_Text>();
     TakeTextOf(element, W("textString"), text->TextString, m_context.blocks);
     TakeNumberOf(element, W("fontSize"), text->FontSize);
-    for (const XmlElement child : element) {
+    ForFirsts(element, [&](const XmlElement & child) {
         switch (child.Name()) {
         case W("Xform"):
             TakeXform(child, *text->Xform);
@@ -688,11 +697,12 @@ void ShapeReader::ReadText(const XmlElement & element, const Placement & placeme
         case W("ColorRef"):
             child.Take();
             TakeTextOf(child, W("id"), text->ColorGroupID, m_context.blocks);
+            m_context.references.Await(NameKind::Color, child.Value(W("id")), child.Line());
             break;
         default:
             break;
         }
-    }
+    });
     AddPlaced(std::move(text), placement, shapes);
 }
 
@@ -706,14 +716,22 @@ void ShapeReader::ReadUserSpecial(const XmlElement & element, const Placement & 
     }
 }
 
-// Figures may refer to figures, each of them many times; what comes of that is bounded by what the file has.
-void ShapeReader::CountCopies(const XmlElement & element, std::size_t copies)
+void ShapeReader::AddCopies(const XmlElement & element, const CIPC2581_DrawObjArray & list, const Placement & placed,
+                            Shapes & shapes)
 {
-    constexpr std::size_t freeCopies = 1'000'000;
-    constexpr std::size_t copiesPerElement = 64;
-    m_copies += copies;
-    if (m_copies > freeCopies + copiesPerElement * m_context.elements) {
-        throw ImportFault(element.Line(), "the figures refer to each other too often");
+    for (const CIPC2581_DrawObj * const shape : Each(list)) {
+        m_context.CountCopies(element.Line(), PointsOf(*shape));
+        AddPlaced(CopyOf(*shape), placed, shapes);
+    }
+}
+
+void ShapeReader::TellNoFigure(std::size_t line, std::string_view id)
+{
+    if (m_context.references.Has(NameKind::Figure, id)) {
+        m_context.Note(NoteKind::DanglingReference, line, "figure \"" + std::string(id) + "\" refers to itself");
+    }
+    else {
+        m_context.TellDangling(line, "figure", id);
     }
 }
 
@@ -721,16 +739,13 @@ void ShapeReader::ReadUserRef(const XmlElement & element, const Placement & plac
 {
     const auto * const entry = m_figures.User(element.Value(W("id")));
     if (entry == nullptr) {
-        m_context.TellDangling(element.Line(), "figure", element.Value(W("id")));
+        TellNoFigure(element.Line(), element.Value(W("id")));
         return;
     }
     element.Take();
     static_cast<void>(element.TakeValue(W("id")));
     const double scale = UnitScale(m_context.board.m_Content.DictionaryUser->Unit, m_units);
-    CountCopies(element, Count(entry->DrawObjArray));
-    for (const CIPC2581_DrawObj * const shape : Each(entry->DrawObjArray)) {
-        AddPlaced(CopyOf(*shape), placement.Of({.scale = scale}), shapes);
-    }
+    AddCopies(element, *entry->DrawObjArray, placement.Of({.scale = scale}), shapes);
 }
 
 void ShapeReader::ReadStandardRef(const XmlElement & element, const Placement & placement, Shapes & shapes)
@@ -743,16 +758,16 @@ void ShapeReader::ReadStandardRef(const XmlElement & element, const Placement & 
     element.Take();
     static_cast<void>(element.TakeValue(W("id")));
     const double scale = UnitScale(m_context.board.m_Content.DictionaryStandard->Unit, m_units);
-    CountCopies(element, Count(entry->DrawArray));
     const CIPC2581_LineDesc * const hollow = m_figures.Hollow(element.Value(W("id")));
     const Placement placed = placement.Of({.scale = scale});
+    if (hollow == nullptr) {
+        AddCopies(element, *entry->DrawArray, placed, shapes);
+        return;
+    }
+    CIPC2581_LineDesc lineDesc = *hollow;
+    lineDesc.LineWidth *= placed.scale;
     for (const CIPC2581_DrawObj * const shape : Each(entry->DrawArray)) {
-        if (hollow == nullptr) {
-            AddPlaced(CopyOf(*shape), placed, shapes);
-            continue;
-        }
-        CIPC2581_LineDesc lineDesc = *hollow;
-        lineDesc.LineWidth *= placed.scale;
+        m_context.CountCopies(element.Line(), PointsOf(*shape));
         for (const Path & path : FilledPaths(*shape)) {
             AddStrokes(Placed(path, placed), lineDesc, shapes);
         }

@@ -22,10 +22,10 @@ class Figures {
 public:
     explicit Figures(Context & context) : m_context(context) {}
 
-    // Entries of DictionaryLineDesc and DictionaryFillDesc.
-    void AddLineDesc(const XmlElement & entry, LossRecorder::Path path);
-    void AddFillDesc(const XmlElement & entry, LossRecorder::Path path);
-    void SetLineDescUnits(std::string_view units) { m_lineDescUnits = units; }
+    // DictionaryLineDesc and its entries, those of DictionaryFillDesc.
+    void BeginLineDescs(std::string_view units);
+    void AddLineDesc(const XmlElement & entry);
+    void AddFillDesc(const XmlElement & entry);
     [[nodiscard]] const std::string & LineDescUnits() const { return m_lineDescUnits; }
 
     void AddUser(std::string_view id, CIPC2581_Content_DictionaryUser_EntryUser & entry);
@@ -46,21 +46,20 @@ public:
     void AddHollow(std::string_view id, const CIPC2581_LineDesc & lineDesc);
     [[nodiscard]] const CIPC2581_LineDesc * Hollow(std::string_view id) const;
 
-    // Tells of line descriptions and fills that nobody refers to.
-    void ReportUnreferenced();
-
 private:
     struct LineDescEntry {
         CIPC2581_LineDesc lineDesc;
-        Unreferenced facts;
+        LossRecorder::Hold hold = 0;
     };
     struct FillEntry {
         std::string fill;
-        Unreferenced facts;
+        LossRecorder::Hold hold = 0;
     };
 
     Context & m_context;
     std::string m_lineDescUnits;
+    // From the unit of the dictionary in hand to that of the first one.
+    double m_lineDescScale = 1.0;
     ByName<LineDescEntry> m_lineDescs;
     ByName<FillEntry> m_fills;
     ByName<CIPC2581_Content_DictionaryUser_EntryUser *> m_users;
@@ -118,6 +117,7 @@ private:
         std::optional<XmlElement> lineDesc;
         std::optional<XmlElement> fill;
         Placement placement;
+        bool hasPlacement = false;
     };
 
     void AddStyle(const XmlElement & child, Style & style);
@@ -135,6 +135,7 @@ private:
     std::unique_ptr<CIPC2581_DrawObj> ReadPrimitive(const XmlElement & element);
     template <typename Shape, const auto & table>
     std::unique_ptr<CIPC2581_DrawObj> ReadCornered(const XmlElement & element);
+    std::unique_ptr<CIPC2581_DrawObj> ReadButterfly(const XmlElement & element);
     std::unique_ptr<CIPC2581_DrawObj> MakePrimitive(const XmlElement & element);
 
     void Finish(std::unique_ptr<CIPC2581_DrawObj> shape, Style & style, const Placement & placement, Hollow hollow,
@@ -145,15 +146,17 @@ private:
     void ReadPolyline(const XmlElement & element, const Placement & placement, Shapes & shapes);
     void ReadText(const XmlElement & element, const Placement & placement, Shapes & shapes);
     void ReadUserSpecial(const XmlElement & element, const Placement & placement, Hollow hollow, Shapes & shapes);
+    void TellNoFigure(std::size_t line, std::string_view id);
     void ReadUserRef(const XmlElement & element, const Placement & placement, Shapes & shapes);
     void ReadStandardRef(const XmlElement & element, const Placement & placement, Shapes & shapes);
-    void CountCopies(const XmlElement & element, std::size_t copies);
+    // Copies of what a dictionary holds, to which the element refers.
+    void AddCopies(const XmlElement & element, const CIPC2581_DrawObjArray & list, const Placement & placed,
+                   Shapes & shapes);
 
     Context & m_context;
     Figures & m_figures;
     std::string m_units;
     double m_lineDescScale = 1.0;
-    std::size_t m_copies = 0;
     // Shapes on their way into a list; empty between two elements.
     Shapes m_placed;
 };

@@ -8,10 +8,6 @@ namespace ipc2581::detail {
 
 void StepSection::Begin(const XmlElement & step)
 {
-    m_packages.clear();
-    m_components.clear();
-    m_nets.clear();
-    m_hasDatum = false;
     TakeFields<Fields<CIPC2581_Ecad_CadData_Step>::Step>(step, Step(), m_context.blocks);
 }
 
@@ -86,11 +82,7 @@ void StepSection::ReadPadStack(const XmlElement & element)
             Hole & hole = PartOf(stack.LayerHole);
             TakeFields<Fields<Hole>::LayerHole>(child, hole, m_context.blocks);
             TakeFields<Fields<Hole>::LayerHolePlace>(child, hole, m_context.blocks);
-            for (const XmlElement inner : child) {
-                if (inner.Name() == W("Span")) {
-                    TakeFields<Fields<Hole>::Span>(inner, hole, m_context.blocks);
-                }
-            }
+            m_cad.ReadSpan(child, hole);
         }
     }
 }
@@ -101,6 +93,7 @@ void StepSection::ReadPackage(const XmlElement & element)
     Package & package = AddTo(Step().PackageArray, m_context.Make<Package>());
     TakeFields<Fields<Package>::Package>(element, package, m_context.blocks);
     Names & pins = m_packages[std::string(element.Value(W("name")))];
+    m_context.references.Declare(NameKind::Package, element.Value(W("name")));
     for (const XmlElement child : element) {
         switch (child.Name()) {
         case W("Outline"):
@@ -174,6 +167,7 @@ void StepSection::ReadPin(const XmlElement & element, CIPC2581_Ecad_CadData_Step
     TakeFields<Fields<Pin>::Pin>(element, *pin, m_context.blocks);
     bool hasPlace = false;
     bool hasShape = false;
+    bool hasXform = false;
     const auto beginNext = [&] {
         Pin & next = AddTo(package.PinArray, m_context.Make<Pin>());
         next.number.Assign(pin->number, &m_context.blocks);
@@ -181,8 +175,7 @@ void StepSection::ReadPin(const XmlElement & element, CIPC2581_Ecad_CadData_Step
         next.type.Assign(pin->type, &m_context.blocks);
         next.electricalType.Assign(pin->electricalType, &m_context.blocks);
         pin = &next;
-        hasPlace = false;
-        hasShape = false;
+        hasPlace = hasShape = hasXform = false;
     };
     for (const XmlElement child : element) {
         switch (child.Name()) {
@@ -190,7 +183,9 @@ void StepSection::ReadPin(const XmlElement & element, CIPC2581_Ecad_CadData_Step
             if (hasPlace && hasShape) {
                 beginNext();
             }
-            TakeXform(child, *pin->Xform);
+            if (!std::exchange(hasXform, true)) {
+                TakeXform(child, *pin->Xform);
+            }
             break;
         case W("Location"):
             if (hasPlace) {
@@ -217,7 +212,7 @@ void StepSection::ReadPin(const XmlElement & element, CIPC2581_Ecad_CadData_Step
 void StepSection::CheckLayer(const XmlElement & element)
 {
     const std::string_view layer = element.Value(W("layerRef"));
-    if (!layer.empty() && !m_cad.HasLayer(layer)) {
+    if (!layer.empty() && !m_context.references.Has(NameKind::Layer, layer)) {
         m_context.TellDangling(element.Line(), "layer", layer);
     }
 }
@@ -264,11 +259,10 @@ void StepSection::CheckPin(const XmlElement & pinRef)
     }
 }
 
-void StepSection::CheckNet(const XmlElement & set)
+void StepSection::CheckNet(std::string_view net, std::size_t line)
 {
-    const std::string_view net = set.Value(W("net"));
     if (!net.empty() && !m_nets.contains(net)) {
-        m_context.TellDangling(set.Line(), "net", net);
+        m_context.TellDangling(line, "net", net);
     }
 }
 

@@ -20,7 +20,6 @@ public:
     {
     }
 
-    // Forgets what it knows of another step.
     void Begin(const XmlElement & step);
     // What stands right in the step, with the tree that it is the root of.
     void Read(const Tree & tree, const XmlElement & element);
@@ -30,7 +29,7 @@ public:
     [[nodiscard]] bool HasLogicalNets() const { return !Step().LogicalNetArray.IsEmpty(); }
     // Tells of a pin that no component of the step has, and of a net that is not among the logical ones.
     void CheckPin(const XmlElement & pinRef);
-    void CheckNet(const XmlElement & set);
+    void CheckNet(std::string_view net, std::size_t line);
 
 private:
     [[nodiscard]] CIPC2581_Ecad_CadData_Step & Step() const { return m_context.board.m_Ecad.m_CadData.m_Step; }

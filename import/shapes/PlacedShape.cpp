@@ -500,6 +500,26 @@ std::unique_ptr<CIPC2581_DrawObj> CopyOf(const CIPC2581_DrawObj & shape)
     return copy;
 }
 
+std::size_t PointsOf(const CIPC2581_DrawObj & shape)
+{
+    std::size_t points = 1;
+    VisitShape(shape, [&](const auto & own) {
+        using Shape = std::remove_cvref_t<decltype(own)>;
+        if constexpr (std::is_same_v<Shape, CIPC2581_Outline>) {
+            points += Count(*own.Polygon->PolyStepArray);
+        }
+        else if constexpr (std::is_same_v<Shape, CIPC2581_DicDraw_Contour>) {
+            for (const CIPC2581_DrawObj * const part : Each(own.DicDrawObjArray)) {
+                points += PointsOf(*part);
+            }
+        }
+        else if constexpr (requires { own.PolyStepArray; }) {
+            points += Count(*own.PolyStepArray);
+        }
+    });
+    return points;
+}
+
 void AddPlaced(std::unique_ptr<CIPC2581_DrawObj> shape, const Placement & placement, Shapes & placed)
 {
     if (placement.IsNothing()) {

@@ -1,6 +1,7 @@
 #ifndef IPC2581_IMPORT_SHAPES_PLACEDSHAPE_H
 #define IPC2581_IMPORT_SHAPES_PLACEDSHAPE_H
 
+#include <cstddef>
 #include <memory>
 #include <vector>
 
@@ -15,6 +16,9 @@ using Shapes = std::vector<std::unique_ptr<CIPC2581_DrawObj>>;
 
 // A true copy of a shape that a list of shapes may hold, with parts of its own.
 IPC2581_API std::unique_ptr<CIPC2581_DrawObj> CopyOf(const CIPC2581_DrawObj & shape);
+
+// How many points there are in a shape; a primitive counts as one.
+IPC2581_API std::size_t PointsOf(const CIPC2581_DrawObj & shape);
 
 // Adds the shape as it is when placed: a line, a contour or a text with other points, a primitive as one of its class
 // where that has a form for it, or else as contours.

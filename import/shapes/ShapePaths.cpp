@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstddef>
 #include <numbers>
+#include <optional>
 
 namespace ipc2581 {
 namespace {
@@ -232,8 +233,11 @@ std::vector<Spoke> SpokesOf(const CIPC2581_DicDraw_Thermal & shape)
     for (int i = 0; i < count; ++i) {
         spokes.push_back({Radians(shape.SpokeStartAngle) + 2 * Pi * i / count, std::max(0.0, shape.Gap / 2)});
     }
-    if (count == 1) {
-        spokes.push_back({spokes.front().angle + Pi, 0.0});
+    // What one spoke leaves goes all round, so it is cut where there is no gap: a form with corners at each quarter,
+    // since the edge of a gap cuts it all the way across.
+    const int parts = count != 1 ? 0 : FormCorners(shape.Shape, 1).empty() ? 2 : 4;
+    for (int i = 1; i < parts; ++i) {
+        spokes.push_back({spokes.front().angle + 2 * Pi * i / parts, 0.0});
     }
     if (!spokes.empty()) {
         spokes.push_back({spokes.front().angle + 2 * Pi, spokes.front().halfGap});
@@ -290,10 +294,63 @@ Corners CutOff(const Corners & corners, double normalAngle, double distance)
     return kept;
 }
 
-void AddAngularSegment(const Spoke & first, const Spoke & second, const Corners & form, Path & path)
+// The part of a form between the gaps of two spokes: begins beside the first, against the clock.
+Corners WedgeOf(const Corners & form, const Spoke & first, const Spoke & second)
 {
     const Corners half = CutOff(form, first.angle + Pi / 2, first.halfGap);
-    AddCorners(CutOff(half, second.angle - Pi / 2, second.halfGap), path);
+    return CutOff(half, second.angle - Pi / 2, second.halfGap);
+}
+
+// The corner of a wedge that lies on the edge of a gap farthest out, by its place; none if the edge is not reached.
+std::optional<std::size_t> OuterCorner(const Corners & wedge, const Spoke & spoke, double side)
+{
+    const Vertex out = Polar(1, spoke.angle);
+    const Vertex normal = Polar(1, spoke.angle + side);
+    constexpr double rounding = 1e-6;
+    std::optional<std::size_t> found;
+    double farthest = 0;
+    for (std::size_t i = 0; i < wedge.size(); ++i) {
+        const double distance = wedge[i].X * normal.X + wedge[i].Y * normal.Y - spoke.halfGap;
+        const double along = wedge[i].X * out.X + wedge[i].Y * out.Y;
+        if (std::abs(distance) < rounding && (!found.has_value() || along > farthest)) {
+            found = i;
+            farthest = along;
+        }
+    }
+    return found;
+}
+
+// What of a wedge lies on the form, from the edge of one gap to that of the other; empty if it does not reach both.
+Corners ChainOf(const Corners & wedge, const Spoke & first, const Spoke & second)
+{
+    const std::optional<std::size_t> from = OuterCorner(wedge, first, Pi / 2);
+    const std::optional<std::size_t> to = OuterCorner(wedge, second, -Pi / 2);
+    Corners chain;
+    if (!from.has_value() || !to.has_value()) {
+        return chain;
+    }
+    for (std::size_t i = *from; i != *to; i = (i + 1) % wedge.size()) {
+        chain.push_back(wedge[i]);
+    }
+    chain.push_back(wedge[*to]);
+    return chain;
+}
+
+// One outline for what is left of the outer form, so that it keeps its shape wherever it is placed.
+void AddAngularSegment(const Spoke & first, const Spoke & second, const Corners & outer, const Corners & inner,
+                       Path & path)
+{
+    const Corners outerWedge = WedgeOf(outer, first, second);
+    const Corners innerWedge = WedgeOf(inner, first, second);
+    const Corners innerChain = ChainOf(innerWedge, first, second);
+    if (innerChain.empty()) {
+        AddCorners(outerWedge, path);
+        AddCorners(innerWedge, path);
+        return;
+    }
+    Corners ring = ChainOf(outerWedge, first, second);
+    ring.insert(ring.end(), innerChain.rbegin(), innerChain.rend());
+    AddCorners(ring, path);
 }
 
 void Fill(const CIPC2581_DicDraw_Thermal & shape, Path & path)
@@ -311,8 +368,7 @@ void Fill(const CIPC2581_DicDraw_Thermal & shape, Path & path)
             AddRoundSegment(spokes[i], spokes[i + 1], shape.OuterDiameter / 2, shape.InnerDiameter / 2, path);
         }
         else {
-            AddAngularSegment(spokes[i], spokes[i + 1], outer, path);
-            AddAngularSegment(spokes[i], spokes[i + 1], inner, path);
+            AddAngularSegment(spokes[i], spokes[i + 1], outer, inner, path);
         }
     }
 }

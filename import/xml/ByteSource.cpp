@@ -32,15 +32,34 @@ FileSource::FileSource(const std::filesystem::path & path)
     std::error_code error;
     const std::uintmax_t size = std::filesystem::file_size(path, error);
     m_size = error ? 0 : static_cast<std::size_t>(size);
+    m_isPipe = std::fseek(m_file.get(), 0, SEEK_SET) != 0;
 }
 
 std::size_t FileSource::Read(std::span<char> room)
 {
+    if (m_place < m_kept.size()) {
+        const std::size_t again = std::min(room.size(), m_kept.size() - m_place);
+        std::memcpy(room.data(), m_kept.data() + m_place, again);
+        m_place += again;
+        return again;
+    }
     const std::size_t count = std::fread(room.data(), 1, room.size(), m_file.get());
     if (count == 0 && std::ferror(m_file.get()) != 0) {
         ThrowErrno();
     }
+    if (m_isPipe) {
+        m_kept.insert(m_kept.end(), room.data(), room.data() + count);
+        m_place = m_kept.size();
+    }
     return count;
+}
+
+void FileSource::Rewind()
+{
+    m_place = 0;
+    if (!m_isPipe && std::fseek(m_file.get(), 0, SEEK_SET) != 0) {
+        ThrowErrno();
+    }
 }
 
 std::size_t MemorySource::Read(std::span<char> room)

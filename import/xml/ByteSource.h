@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <memory>
 #include <span>
+#include <vector>
 
 namespace ipc2581::detail {
 
@@ -19,6 +20,8 @@ public:
 
     // Gives at most as many bytes as there is room for, and 0 at the end. Throws std::system_error.
     virtual std::size_t Read(std::span<char> room) = 0;
+    // Begins anew. Throws std::system_error.
+    virtual void Rewind() = 0;
     // 0 if it is not known.
     [[nodiscard]] virtual std::size_t Size() const = 0;
 };
@@ -29,6 +32,7 @@ public:
     explicit FileSource(const std::filesystem::path & path);
 
     std::size_t Read(std::span<char> room) override;
+    void Rewind() override;
     [[nodiscard]] std::size_t Size() const override { return m_size; }
 
 private:
@@ -38,19 +42,24 @@ private:
 
     std::unique_ptr<std::FILE, Close> m_file;
     std::size_t m_size = 0;
+    // A pipe gives its bytes once, so what it has given is kept, and comes from here up to the place when read again.
+    bool m_isPipe = false;
+    std::vector<char> m_kept;
+    std::size_t m_place = 0;
 };
 
 // Bytes in memory, which stay the caller's.
 class MemorySource final : public ByteSource {
 public:
-    explicit MemorySource(std::span<const std::byte> bytes) : m_left(bytes), m_size(bytes.size()) {}
+    explicit MemorySource(std::span<const std::byte> bytes) : m_bytes(bytes), m_left(bytes) {}
 
     std::size_t Read(std::span<char> room) override;
-    [[nodiscard]] std::size_t Size() const override { return m_size; }
+    void Rewind() override { m_left = m_bytes; }
+    [[nodiscard]] std::size_t Size() const override { return m_bytes.size(); }
 
 private:
+    std::span<const std::byte> m_bytes;
     std::span<const std::byte> m_left;
-    std::size_t m_size;
 };
 
 }  // namespace ipc2581::detail

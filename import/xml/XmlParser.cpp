@@ -1,6 +1,7 @@
 #include "import/xml/XmlParser.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <exception>
 #include <memory>
@@ -71,6 +72,7 @@ private:
     static void Characters(void * context, const xmlChar * text, int length);
     static void DeclareEntity(void * context, const xmlChar * name, int type, const xmlChar * publicId,
                               const xmlChar * systemId, xmlChar * content);
+    static xmlEntityPtr GetEntity(void * context, const xmlChar * name);
     static void TakeError(void * context, xmlErrorPtr error);
 
     // Does what may throw, if nothing has been thrown yet. The parser ends when it next wants to read; told to stop, it
@@ -91,6 +93,13 @@ private:
     [[nodiscard]] bool IsOver() const { return m_thrown != nullptr || m_fault != nullptr; }
     void Open(xmlParserCtxt * context, const xmlChar * name, const xmlChar * space, int count,
               const xmlChar ** attributes);
+    Word NameOf(xmlParserCtxt * context, const xmlChar ** attribute);
+    void AddText(std::string_view text);
+    void EndText();
+    [[nodiscard]] std::size_t LineOfOpening(const xmlParserInput & input) const;
+    void MarkPlace(const xmlParserInput & input);
+    void CountMade(xmlParserCtxt * context, std::size_t bytes);
+    void CheckEnd(xmlParserCtxt * context);
 
     ByteSource & m_source;
     WordTable & m_words;
@@ -101,6 +110,16 @@ private:
     const xmlChar * m_space = nullptr;
     bool m_hasRoot = false;
     std::vector<XmlAttribute> m_attributes;
+    // Where the parser stood when it last told of something.
+    const xmlParserInput * m_input = nullptr;
+    int m_line = 0;
+    // What has been read, and what the parser has made of it.
+    std::size_t m_read = 0;
+    std::size_t m_made = 0;
+    // The text since the last tag, and the blanks in front of it, of which more than these are none of it.
+    std::string m_text;
+    std::array<char, 4096> m_blanks = {};
+    std::size_t m_blankCount = 0;
 };
 
 xmlSAXHandler Parse::Handler()
@@ -110,7 +129,7 @@ xmlSAXHandler Parse::Handler()
     handler.startDocument = xmlSAX2StartDocument;
     handler.internalSubset = xmlSAX2InternalSubset;
     handler.entityDecl = DeclareEntity;
-    handler.getEntity = xmlSAX2GetEntity;
+    handler.getEntity = GetEntity;
     handler.startElementNs = StartElement;
     handler.endElementNs = EndElement;
     handler.characters = Characters;
@@ -144,17 +163,25 @@ std::size_t LineOfTag(const xmlParserInput & input)
     return line;
 }
 
-bool IsBlank(const xmlChar * text, int length)
+bool IsBlank(std::string_view text)
 {
-    return std::all_of(text, text + length, [](xmlChar own) { return own <= ' '; });
+    return std::all_of(text.begin(), text.end(), [](char own) { return static_cast<unsigned char>(own) <= ' '; });
 }
 
+// Up to the end of the room, or of the source: the parser takes less for the end where it looks for the encoding.
 int Parse::Read(void * parse, char * buffer, int length)
 {
     auto & self = *static_cast<Parse *>(parse);
-    std::size_t count = 0;
-    self.Guard([&] { count = self.m_source.Read({buffer, static_cast<std::size_t>(length)}); });
-    return self.IsOver() ? 0 : static_cast<int>(count);
+    std::span<char> room(buffer, static_cast<std::size_t>(length));
+    self.Guard([&] {
+        for (std::size_t count = 1; count != 0 && !room.empty();) {
+            count = self.m_source.Read(room);
+            room = room.subspan(count);
+        }
+    });
+    const std::size_t read = static_cast<std::size_t>(length) - room.size();
+    self.m_read += read;
+    return self.IsOver() ? 0 : static_cast<int>(read);
 }
 
 void Parse::StartElement(void * context, const xmlChar * name, const xmlChar * /*prefix*/, const xmlChar * space,
@@ -173,32 +200,104 @@ void Parse::Open(xmlParserCtxt * context, const xmlChar * name, const xmlChar * 
         m_hasRoot = true;
         m_space = space;
     }
+    EndText();
     // The parser gives five pointers for each: name, prefix, namespace, and the value from its first to behind its
     // last byte.
     constexpr int pointers = 5;
+    std::size_t made = 0;
     m_attributes.clear();
     for (int i = 0; i < count; ++i) {
         const xmlChar ** const attribute = attributes + std::ptrdiff_t(pointers) * i;
-        if (attribute[1] == nullptr || attribute[2] == m_space) {
-            m_attributes.push_back(
-                {m_words.Of(reinterpret_cast<const char *>(attribute[0]), false), Chars(attribute[3], attribute[4])});
-        }
+        const std::string_view value = Chars(attribute[3], attribute[4]);
+        made += value.size();
+        m_attributes.push_back({NameOf(context, attribute), value});
     }
+    CountMade(context, made);
     const Word word = m_words.Of(reinterpret_cast<const char *>(name), space != m_space);
-    m_listener.Open(word, LineOfTag(*context->input), m_attributes);
+    m_listener.Open(word, LineOfOpening(*context->input), m_attributes);
+    MarkPlace(*context->input);
+}
+
+// A tag behind which the parser stands on the line on which it last told of something is on that line.
+std::size_t Parse::LineOfOpening(const xmlParserInput & input) const
+{
+    const bool isOnLine = &input == m_input && input.line == m_line;
+    return isOnLine ? static_cast<std::size_t>(input.line) : LineOfTag(input);
+}
+
+void Parse::MarkPlace(const xmlParserInput & input)
+{
+    m_input = &input;
+    m_line = input.line;
+}
+
+// An attribute of another namespace goes by its whole name, which is none that the import knows.
+Word Parse::NameOf(xmlParserCtxt * context, const xmlChar ** attribute)
+{
+    if (attribute[1] == nullptr || attribute[2] == m_space) {
+        return m_words.Of(reinterpret_cast<const char *>(attribute[0]), false);
+    }
+    const xmlChar * const name = xmlDictQLookup(context->dict, attribute[1], attribute[0]);
+    if (name == nullptr) {
+        throw std::bad_alloc();
+    }
+    return m_words.Of(reinterpret_cast<const char *>(name), true);
 }
 
 void Parse::EndElement(void * context, const xmlChar * /*name*/, const xmlChar * /*prefix*/, const xmlChar * /*space*/)
 {
     Parse & self = Of(context);
-    self.Guard([&] { self.m_listener.Close(); });
+    self.Guard([&] {
+        self.EndText();
+        self.m_listener.Close();
+    });
+    self.MarkPlace(*static_cast<xmlParserCtxt *>(context)->input);
 }
 
 void Parse::Characters(void * context, const xmlChar * text, int length)
 {
-    if (!IsBlank(text, length)) {
-        Parse & self = Of(context);
-        self.Guard([&] { self.m_listener.Text(Chars(text, text + length)); });
+    Parse & self = Of(context);
+    self.Guard([&] {
+        self.CountMade(static_cast<xmlParserCtxt *>(context), static_cast<std::size_t>(length));
+        self.AddText(Chars(text, text + length));
+    });
+    self.MarkPlace(*static_cast<xmlParserCtxt *>(context)->input);
+}
+
+// Blanks are kept apart until something else comes, since mostly nothing does.
+void Parse::AddText(std::string_view text)
+{
+    if (m_text.empty() && IsBlank(text)) {
+        const std::size_t count = std::min(text.size(), m_blanks.size() - m_blankCount);
+        std::copy_n(text.data(), count, m_blanks.data() + m_blankCount);
+        m_blankCount += count;
+        return;
+    }
+    if (m_text.empty()) {
+        m_text.assign(m_blanks.data(), m_blankCount);
+    }
+    m_text.append(text);
+}
+
+void Parse::EndText()
+{
+    m_blankCount = 0;
+    if (!m_text.empty()) {
+        m_listener.Text(m_text);
+        m_text.clear();
+    }
+}
+
+// Entities and defaults may make much of a short document. A document without them makes at most twice as much as was
+// read of it, by its encoding.
+void Parse::CountMade(xmlParserCtxt * context, std::size_t bytes)
+{
+    constexpr std::size_t free = 1'000'000;
+    constexpr std::size_t most = 5;
+    m_made += bytes;
+    if (m_made > free + most * m_read && m_fault == nullptr) {
+        m_fault = std::make_unique<XmlFault>("its entities and defaults make too much of it",
+                                             static_cast<std::size_t>(std::max(0, context->input->line)), 0);
     }
 }
 
@@ -211,6 +310,18 @@ void Parse::DeclareEntity(void * context, const xmlChar * name, int type, const 
     }
 }
 
+// Each reference counts with all that it stands for, whatever comes of it.
+xmlEntityPtr Parse::GetEntity(void * context, const xmlChar * name)
+{
+    Parse & self = Of(context);
+    xmlEntity * const entity = xmlSAX2GetEntity(context, name);
+    if (entity == nullptr || self.IsOver()) {
+        return entity;
+    }
+    self.CountMade(static_cast<xmlParserCtxt *>(context), static_cast<std::size_t>(std::max(0, entity->length)));
+    return self.IsOver() ? nullptr : entity;
+}
+
 void Parse::TakeError(void * context, xmlErrorPtr error)
 {
     Parse & self = Of(context);
@@ -221,6 +332,16 @@ void Parse::TakeError(void * context, xmlErrorPtr error)
     cause.erase(cause.find_last_not_of(" \n") + 1);
     self.m_fault = std::make_unique<XmlFault>(cause, static_cast<std::size_t>(std::max(0, error->line)),
                                               static_cast<std::size_t>(std::max(0, error->int2)));
+}
+
+// The parser takes a zero byte for the end of the document.
+void Parse::CheckEnd(xmlParserCtxt * context)
+{
+    char next = 0;
+    const xmlParserInput & input = *context->input;
+    if (input.cur < input.end || Read(this, &next, 1) != 0) {
+        throw XmlFault("there are bytes behind its end", static_cast<std::size_t>(std::max(0, input.line)), 0);
+    }
 }
 
 void Parse::Run()
@@ -247,6 +368,10 @@ void Parse::Run()
     if (result != 0 || context->wellFormed == 0) {
         throw XmlFault("not well-formed",
                        static_cast<std::size_t>(std::max(0, context->input == nullptr ? 0 : context->input->line)), 0);
+    }
+    CheckEnd(context.get());
+    if (m_thrown != nullptr) {
+        std::rethrow_exception(m_thrown);
     }
 }
 

@@ -28,9 +28,9 @@ public:
     XmlListener & operator=(const XmlListener &) = delete;
     virtual ~XmlListener() = default;
 
-    // An opening tag, with the line on which it begins. Attributes of foreign namespaces are left out.
+    // An opening tag, with the line on which it begins. Attributes of foreign namespaces go by prefix and name.
     virtual void Open(Word name, std::size_t line, std::span<const XmlAttribute> attributes) = 0;
-    // Text of the element that is open, which may come in pieces.
+    // What stands between two tags, if it is more than blanks.
     virtual void Text(std::string_view text) = 0;
     virtual void Close() = 0;
 };

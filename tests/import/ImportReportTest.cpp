@@ -170,5 +170,25 @@ TEST(ImportReport, TellsTheLinesOfNotes)
     EXPECT_EQ(report.Notes()[0].kind, NoteKind::DanglingReference);
 }
 
+TEST(ImportReport, CountsOwnersWhereTheyBelong)
+{
+    const Imported imported = ImportDocument({.step = R"(<Odd><Component/></Odd><Component refDes="U" odd="1"/>)"});
+    ASSERT_EQ(imported.report.LostCount(), 3U);
+    EXPECT_EQ(imported.report.Lost(2).owner, 0U);
+}
+
+TEST(ImportReport, TellsAttributesOfOtherNamespaces)
+{
+    const Imported imported = ImportText("<IPC-2581 xmlns:v='urn:v' v:stamp='1'/>");
+    EXPECT_EQ(Losses(imported.report), (Texts{"IPC-2581 v:stamp=1"}));
+}
+
+TEST(ImportReport, TellsATextAsOneValue)
+{
+    EXPECT_EQ(Losses(ImportDocument({.data = "<Layer name='A'>a&amp;b<!-- c -->d&#32;e</Layer>"}).report),
+              (Texts{"Ecad/CadData/Layer =a&bd e"}));
+    EXPECT_EQ(Losses(ImportText("<IPC-2581>a&amp;b</IPC-2581>").report), (Texts{"IPC-2581 =a&b"}));
+}
+
 }  // namespace
 }  // namespace ipc2581::tests

@@ -61,10 +61,11 @@ TEST(BomCommand, SortsByDesignators)
 TEST(BomCommand, TakesPartAndPackageFromTheComponents)
 {
     const TempFolder folder;
-    const std::string component = "<Package name=\"P1\">\n</Package>\n<Package name=\"P2\">\n</Package>\n"
-                                  "<Component refDes=\"R1\" packageRef=\"P1\" part=\"A\">\n</Component>\n"
-                                  "<Component refDes=\"R2\" packageRef=\"P2\" part=\"A\">\n</Component>\n"
-                                  "<Component refDes=\"R3\" packageRef=\"\" part=\"\">\n</Component>\n";
+    const std::string component =
+        "<Package name=\"P\">\n</Package>\n<Package name=\"P1\">\n</Package>\n<Package name=\"P2\">\n</Package>\n"
+        "<Component refDes=\"R1\" packageRef=\"P1\" part=\"A\">\n</Component>\n"
+        "<Component refDes=\"R2\" packageRef=\"P2\" part=\"A\">\n</Component>\n"
+        "<Component refDes=\"R3\" packageRef=\"\" part=\"\">\n</Component>\n";
     const std::string designators = "<RefDes name=\"R1\"/>\n<RefDes name=\"R2\"/>\n<RefDes name=\"R3\"/>\n"
                                     "<RefDes name=\"R4\"/>\n</BomItem>\n";
     const std::string board =

@@ -128,7 +128,10 @@ TEST(ShapePaths, ThermalIsARingWithGaps)
               Data{"M2 0A2 2 0 0 1-2 0H-1A1 1 0 0 0 1 0ZM-2 0A2 2 0 0 1 2 0H1A1 1 0 0 0-1 0Z"});
     EXPECT_EQ(Read<CIPC2581_DicDraw_Thermal>("<Thermal shape=\"SQUARE\" outerDiameter=\"4\" innerDiameter=\"2\" "
                                              "spokeCount=\"2\" gap=\"1\" spokeStartAngle=\"0\"/>"),
-              Data{"M2 .5V2H-2V.5ZM1 .5V1H-1V.5ZM-2-2H2V-.5H-2ZM-1-1H1V-.5H-1Z"});
+              Data{"M2 .5V2H-2V.5H-1V1H1V.5ZM-2-.5V-2H2V-.5H1V-1H-1V-.5Z"});
+    EXPECT_EQ(Read<CIPC2581_DicDraw_Thermal>("<Thermal shape=\"SQUARE\" outerDiameter=\"4\" innerDiameter=\"2\" "
+                                             "spokeCount=\"1\" gap=\"1\" spokeStartAngle=\"0\"/>"),
+              Data{"M2 .5V2H0V1H1V.5ZM0 2H-2V0H-1V1H0ZM-2 0V-2H0V-1H-1V0ZM0-2H2V-.5H1V-1H0Z"});
     EXPECT_EQ(Read<CIPC2581_DicDraw_Thermal>("<Thermal shape=\"SQUARE\" outerDiameter=\"4\" innerDiameter=\"2\"/>"),
               Data{"M-2-2H2V2H-2ZM-1-1H1V1H-1Z"});
 }

@@ -65,35 +65,76 @@ TEST(LossRecorder, CountsStatedAndLostElements)
     EXPECT_EQ(report.Elements().at("Pad").lost, 0U);
 }
 
-TEST(LossRecorder, ForgetsWhatLiesBetweenTwoMarks)
+// A fact of the root with an attribute for each name, of which the last is held.
+void AddHeldFact(LossRecorder & losses, LossRecorder::Hold hold, bool isElementHeld, const Texts & names)
+{
+    losses.BeginFact(losses.PathOf(0, W("IPC-2581")), 1, 0);
+    losses.HoldFact(hold, isElementHeld);
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        losses.AddAttribute(i == 0 ? W("name") : W("part"), names[i], i + 1 == names.size());
+    }
+}
+
+TEST(LossRecorder, LosesWhatIsHeldIfNobodyRefersToIt)
+{
+    LossRecorder losses;
+    const LossRecorder::Hold hold = losses.NewHold();
+    AddHeldFact(losses, hold, true, {"lost", "held"});
+    EXPECT_EQ(Losses(losses.Take(WordTable())), (Texts{"IPC-2581 name=lost part=held"}));
+}
+
+TEST(LossRecorder, LosesWhatIsNotHeldEvenIfSomebodyRefersToTheRest)
+{
+    LossRecorder losses;
+    const LossRecorder::Hold other = losses.NewHold();
+    const LossRecorder::Hold hold = losses.NewHold();
+    AddHeldFact(losses, hold, true, {"lost", "held"});
+    AddHeldFact(losses, other, true, {"kept", "too"});
+    losses.Refer(hold);
+    EXPECT_EQ(Losses(losses.Take(WordTable())), (Texts{"IPC-2581 name=lost", "IPC-2581 name=kept part=too"}));
+}
+
+TEST(LossRecorder, LosesNoFactOfWhichAllHasArrived)
+{
+    LossRecorder losses;
+    const LossRecorder::Hold hold = losses.NewHold();
+    AddHeldFact(losses, hold, true, {"held"});
+    AddHeldFact(losses, hold, false, {"held"});
+    AddHeldFact(losses, hold, true, {});
+    losses.Refer(hold);
+    const ImportReport report = losses.Take(WordTable());
+    EXPECT_EQ(Losses(report), (Texts{"IPC-2581"}));
+    EXPECT_EQ(report.Elements().at("IPC-2581").lost, 1U);
+}
+
+TEST(LossRecorder, PutsLateFactsWhereTheFileHasThem)
 {
     LossRecorder losses;
     const LossRecorder::Path root = losses.PathOf(0, W("IPC-2581"));
     const auto add = [&](std::string_view value) {
         losses.BeginFact(root, 1, 0);
         losses.AddAttribute(W("name"), value);
-        losses.AddNote(NoteKind::Merged, 1, std::string(value));
-        losses.AddRemark();
     };
-    add("first");
-    const LossRecorder::Mark begin = losses.MarkHere();
-    add("second");
-    add("third");
-    const LossRecorder::Mark end = losses.MarkHere();
-    add("fourth");
-    losses.Forget(begin, end);
-    const ImportReport report = losses.Take(WordTable());
-    EXPECT_EQ(Losses(report), (Texts{"IPC-2581 name=first", "IPC-2581 name=fourth"}));
-    EXPECT_EQ(tests::Notes(report), (Texts{"Merged: first", "Merged: fourth"}));
-    EXPECT_EQ(report.RemarkCount(), 2U);
-}
-
-TEST(LossRecorder, ForgetsNothingBetweenEqualMarks)
-{
-    LossRecorder losses;
-    losses.BeginFact(losses.PathOf(0, W("IPC-2581")), 1, 0);
-    losses.Forget(losses.MarkHere(), losses.MarkHere());
-    EXPECT_EQ(losses.Take(WordTable()).LostCount(), 1U);
+    const auto addLate = [&](std::size_t place, std::string_view value) {
+        losses.BeginLate(place);
+        add(value);
+        losses.EndLate();
+    };
+    const std::size_t front = losses.PlaceHere();
+    const LossRecorder::Hold hold = losses.NewHold();
+    AddHeldFact(losses, hold, true, {"gone"});
+    add("one");
+    const std::size_t middle = losses.PlaceHere();
+    add("two");
+    const std::size_t end = losses.PlaceHere();
+    addLate(end, "end");
+    addLate(middle, "middle");
+    addLate(front, "front");
+    addLate(middle, "behind it");
+    losses.Refer(hold);
+    EXPECT_EQ(Losses(losses.Take(WordTable())),
+              (Texts{"IPC-2581 name=front", "IPC-2581 name=one", "IPC-2581 name=middle", "IPC-2581 name=behind it",
+                     "IPC-2581 name=two", "IPC-2581 name=end"}));
 }
 
 TEST(LossRecorder, NamesTheWordsOfTheDocument)

@@ -67,7 +67,8 @@ INSTANTIATE_TEST_SUITE_P(
                     NumberCase{"x", 0, false}, NumberCase{"1x", 1, false}, NumberCase{"1,5", 1, false},
                     NumberCase{"1 2", 1, false}, NumberCase{"1.2.3", 1.2, false}, NumberCase{"--1", 0, false},
                     NumberCase{"1e", 1, false}, NumberCase{"e1", 0, false}, NumberCase{".", 0, false},
-                    NumberCase{"-", 0, false}));
+                    NumberCase{"-", 0, false}, NumberCase{"1e308", 1e308}, NumberCase{"1e999", HUGE_VAL, false},
+                    NumberCase{"-1e999", -HUGE_VAL, false}));
 
 TEST(TakeNumber, RefusesTheNamedNumbersOfXml)
 {
@@ -79,19 +80,42 @@ TEST(TakeNumber, RefusesTheNamedNumbersOfXml)
     }
 }
 
+// The value with bytes in front of it, which may be read.
+bool ReadsInteger(const std::string & value, int & number)
+{
+    const std::string text = "        " + value;
+    return TakeInteger(std::string_view(text).substr(8), number);
+}
+
 TEST(TakeInteger, ReadsWholeNumbers)
 {
     int number = 99;
-    EXPECT_TRUE(TakeInteger("12", number));
+    EXPECT_TRUE(ReadsInteger("12", number));
     EXPECT_EQ(number, 12);
-    EXPECT_TRUE(TakeInteger(" -3 ", number));
+    EXPECT_TRUE(ReadsInteger(" -3 ", number));
     EXPECT_EQ(number, -3);
-    EXPECT_TRUE(TakeInteger("+7", number));
+    EXPECT_TRUE(ReadsInteger("+7", number));
     EXPECT_EQ(number, 7);
-    EXPECT_FALSE(TakeInteger("", number));
-    EXPECT_FALSE(TakeInteger("twelve", number));
-    EXPECT_FALSE(TakeInteger("12th", number));
+    EXPECT_FALSE(ReadsInteger("", number));
+    EXPECT_FALSE(ReadsInteger("twelve", number));
+    EXPECT_FALSE(ReadsInteger("12th", number));
     EXPECT_EQ(number, 12);
+    EXPECT_TRUE(ReadsInteger("4.0", number));
+    EXPECT_EQ(number, 4);
+    EXPECT_TRUE(ReadsInteger("1e3", number));
+    EXPECT_EQ(number, 1000);
+    EXPECT_TRUE(ReadsInteger("-2147483648", number));
+    EXPECT_EQ(number, -2147483647 - 1);
+}
+
+TEST(TakeInteger, LeavesNumbersThatAnIntegerCannotHold)
+{
+    int number = 99;
+    EXPECT_FALSE(ReadsInteger("3.7", number));
+    EXPECT_EQ(number, 3);
+    EXPECT_FALSE(ReadsInteger("99999999999", number));
+    EXPECT_FALSE(ReadsInteger("2147483648", number));
+    EXPECT_FALSE(ReadsInteger("1e999", number));
 }
 
 TEST(TakeTruth, ReadsTheTruthValuesOfXml)

@@ -36,6 +36,12 @@ Texts LossesOf(const Tree & tree)
     return tests::Losses(losses.Take(WordTable()));
 }
 
+void TakeWhole(const XmlElement & element)
+{
+    element.Take();
+    element.TakeAttributes([](Word /*name*/, std::string_view /*value*/) { return true; });
+}
+
 const Texts AllLost = {"Package name=P type=CHIP", "Package/Pin number=1 =text", "Package/Pin/Location x=3 y=4",
                        "Package/Pin"};
 
@@ -97,14 +103,14 @@ TEST(Tree, ReportsNoFactOfAnElementThatIsTakenWithAllItHas)
     Tree tree;
     Fill(tree);
     const XmlElement package = tree.Root();
-    package.TakeWhole();
+    TakeWhole(package);
     EXPECT_EQ(LossesOf(tree), (Texts{"Package/Pin number=1 =text", "Package/Pin/Location x=3 y=4", "Package/Pin"}));
     for (const XmlElement pin : package) {
-        pin.TakeWhole();
+        TakeWhole(pin);
         EXPECT_EQ(pin.TakeContent(), pin.Line() == 11 ? "text" : "");
     }
     EXPECT_EQ(LossesOf(tree), (Texts{"Package/Pin/Location x=3 y=4"}));
-    (*(*package.begin()).begin()).TakeWhole();
+    TakeWhole(*(*package.begin()).begin());
     EXPECT_EQ(LossesOf(tree), Texts());
 }
 
@@ -137,7 +143,7 @@ TEST(Tree, CountsWhatIsTakenTwiceOnce)
     package.Take();
     EXPECT_EQ(package.TakeValue(W("type")), "CHIP");
     EXPECT_EQ(package.TakeValue(W("type")), "");
-    package.TakeWhole();
+    TakeWhole(package);
     EXPECT_EQ(LossesOf(tree), (Texts{"Package/Pin number=1 =text", "Package/Pin/Location x=3 y=4", "Package/Pin"}));
 }
 
@@ -188,8 +194,108 @@ TEST(Tree, FindsAnElementAgainInACopy)
     Tree copy = tree;
     tree.Clear();
     EXPECT_EQ(copy.ElementAt(place.Place()).Value(W("x")), "3");
-    copy.ElementAt(place.Place()).TakeWhole();
+    TakeWhole(copy.ElementAt(place.Place()));
     EXPECT_EQ(LossesOf(copy).size(), 3U);
+}
+
+TEST(Tree, TellsTextsOfAnElementBehindItsAttributesInTheirOrder)
+{
+    Tree tree;
+    tree.Open(W("Package"), 1, {});
+    tree.Text("one");
+    tree.Open(W("Pin"), 1, {});
+    tree.Text("inner");
+    tree.Close();
+    tree.Text("two");
+    tree.Close();
+    EXPECT_EQ(LossesOf(tree), (Texts{"Package =one =two", "Package/Pin =inner"}));
+    EXPECT_EQ(tree.Root().TakeContent(), "onetwo");
+    EXPECT_EQ(LossesOf(tree), (Texts{"Package", "Package/Pin =inner"}));
+}
+
+// Each text is looked at once, however many there are.
+TEST(Tree, TellsAnyNumberOfTexts)
+{
+    constexpr std::size_t count = 300'000;
+    Tree tree;
+    tree.Open(W("Package"), 1, {});
+    for (std::size_t i = 0; i < count; ++i) {
+        tree.Open(W("Pin"), 1, {});
+        tree.Text("text");
+        tree.Close();
+    }
+    tree.Close();
+    LossRecorder losses;
+    tree.ReportLost(losses, losses.PathOf(0, W("IPC-2581")), 0);
+    const ImportReport report = losses.Take(WordTable());
+    ASSERT_EQ(report.LostCount(), count + 1);
+    EXPECT_EQ(report.Lost(count).Value(""), "text");
+}
+
+// What is lost of the tree if somebody, or nobody, refers to what is held.
+Texts LossesHeld(const XmlElement & held, Tree & tree, bool isReferred)
+{
+    LossRecorder losses;
+    const LossRecorder::Hold hold = losses.NewHold();
+    held.Hold(hold, {W("x"), W("number")});
+    tree.ReportLost(losses, losses.PathOf(0, W("IPC-2581")), 5);
+    if (isReferred) {
+        losses.Refer(hold);
+    }
+    return tests::Losses(losses.Take(WordTable()));
+}
+
+TEST(Tree, LosesWhatIsHeldUntilSomebodyRefersToIt)
+{
+    for (const bool isReferred : {false, true}) {
+        Tree tree;
+        Fill(tree);
+        TakeWhole(tree.Root());
+        const XmlElement pin = *tree.Root().begin();
+        EXPECT_EQ(LossesHeld(pin, tree, isReferred)[0],
+                  isReferred ? "Package/Pin =text" : "Package/Pin number=1 =text");
+        EXPECT_EQ(LossesHeld(*pin.begin(), tree, isReferred)[1],
+                  isReferred ? "Package/Pin/Location y=4" : "Package/Pin/Location x=3 y=4");
+    }
+}
+
+TEST(Tree, LosesNothingOfAnElementThatIsHeldWholeAndReferredTo)
+{
+    Tree tree;
+    Fill(tree);
+    TakeWhole(tree.Root());
+    const XmlElement pin = *tree.Root().begin();
+    static_cast<void>(pin.TakeContent());
+    EXPECT_EQ(LossesHeld(pin, tree, true), (Texts{"Package/Pin/Location x=3 y=4", "Package/Pin"}));
+}
+
+TEST(Tree, HoldsNothingThatIsTaken)
+{
+    Tree tree;
+    Fill(tree);
+    TakeWhole(tree.Root());
+    const XmlElement pin = *tree.Root().begin();
+    TakeWhole(pin);
+    EXPECT_EQ(LossesHeld(pin, tree, false)[0], "Package/Pin =text");
+}
+
+TEST(Tree, NamesTheAttributesThatNobodyHasTaken)
+{
+    Tree tree;
+    Fill(tree);
+    EXPECT_EQ(tree.Root().TakeValue(W("name")), "P");
+    EXPECT_EQ(tree.Root().Untaken(), (std::vector<Word>{W("type")}));
+}
+
+TEST(Tree, FindsTheFirstOfAName)
+{
+    Tree tree;
+    Fill(tree);
+    EXPECT_EQ(FirstOf(tree.Root(), W("Pin"))->Line(), 11U);
+    EXPECT_FALSE(FirstOf(tree.Root(), W("Location")).has_value());
+    std::vector<std::size_t> lines;
+    ForFirsts(tree.Root(), [&](const XmlElement & child) { lines.push_back(child.Line()); });
+    EXPECT_EQ(lines, (std::vector<std::size_t>{11}));
 }
 
 }  // namespace

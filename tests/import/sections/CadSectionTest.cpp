@@ -186,5 +186,52 @@ TEST(CadSection, SaysWhichLayerALostFactBelongsTo)
     EXPECT_EQ(imported.report.Lost(0).owner, 1U);
 }
 
+TEST(CadSection, TellsLayersOfStackupsAndSpansThatAreNotThere)
+{
+    const Imported imported =
+        ImportDocument({.data = R"(<Layer name="TOP"/><Layer name="DRILL"><Span fromLayer="TOP" toLayer="NONE"/></Layer>
+        <Stackup><StackupGroup name="G"><StackupLayer layerOrGroupRef="GONE"/><StackupLayer layerOrGroupRef="TOP"/>
+        <StackupLayer layerOrGroupRef="G"/></StackupGroup></Stackup>)",
+                        .step = R"(<LayerFeature layerRef="DRILL"><Set><Hole name="H"/></Set></LayerFeature>)"});
+    EXPECT_EQ(Notes(imported.report), (Texts{"DanglingReference: layer \"NONE\" is not in the file",
+                                             "DanglingReference: layer \"GONE\" is not in the file"}));
+    EXPECT_EQ(imported.report.Notes()[0].line, imported.report.Notes()[1].line - 1);
+}
+
+TEST(CadSection, TellsWhatNobodyRefersToInTheOrderOfTheFileWithItsOwner)
+{
+    std::string layers;
+    Texts expected;
+    for (int i = 0; i < 20; ++i) {
+        const std::string number = std::to_string(i);
+        layers += "<Layer name='L" + number + "' odd='" + number + "'><Span fromLayer='L0'/></Layer>";
+        expected.push_back("Ecad/CadData/Layer odd=" + number);
+        expected.emplace_back("Ecad/CadData/Layer/Span fromLayer=L0");
+    }
+    expected.emplace_back("Ecad/CadData/Step/Component odd=1");
+    const Imported imported = ImportDocument({.data = layers, .step = R"(<Component refDes="U" odd="1"/>)"});
+    EXPECT_EQ(Losses(imported.report), expected);
+    EXPECT_EQ(imported.report.Lost(7).owner, 3U);
+}
+
+TEST(CadSection, TellsTheSpecOfAMaterialThatNobodyRefersTo)
+{
+    const Imported imported = ImportDocument({.header = R"(<CadHeader units="INCH"><Spec name="A"/><Spec name="B">
+        <General type="MATERIAL"><Property text="X"/></General></Spec></CadHeader>)"});
+    const auto lost = imported.report.LostAt("Ecad/CadHeader/Spec/General/Property");
+    ASSERT_EQ(lost.size(), 1U);
+    EXPECT_EQ(lost[0].owner, 1U);
+    EXPECT_EQ(lost[0].Value("text"), "X");
+}
+
+TEST(CadSection, TakesTheFirstEcadAndTheFirstHeader)
+{
+    const Imported imported = ImportText(R"(<IPC-2581><Ecad name="a"><CadHeader units="INCH"/></Ecad>
+        <Ecad name="b"><CadHeader units="MILLIMETER"/></Ecad></IPC-2581>)");
+    EXPECT_EQ(Str(imported.board->m_Ecad.name), "a");
+    EXPECT_EQ(Str(imported.board->m_Ecad.m_CadHeader.units), "INCH");
+    EXPECT_EQ(Losses(imported.report), (Texts{"Ecad name=b", "Ecad/CadHeader units=MILLIMETER"}));
+}
+
 }  // namespace
 }  // namespace ipc2581::tests

@@ -182,5 +182,161 @@ TEST(ContentSection, WritesTheIdsOfEntriesWithEntities)
     EXPECT_EQ(EntryIds(imported), (Texts{"a&quot;b&lt;&amp;"}));
 }
 
+TEST(ContentSection, LosesASecondLineDescriptionOfAName)
+{
+    const Imported imported = ImportDocument({.content = R"(<DictionaryLineDesc units="MILLIMETER">
+        <EntryLineDesc id="PEN"><LineDesc lineEnd="ROUND" lineWidth="0.2"/><LineDesc lineWidth="3"/></EntryLineDesc>
+        <EntryLineDesc id="PEN"><LineDesc lineEnd="ROUND" lineWidth="0.7"/></EntryLineDesc></DictionaryLineDesc>)",
+                                              .step = FeaturesOnTop(R"(<Line><LineDescRef id="PEN"/></Line>)")});
+    EXPECT_EQ(Losses(imported.report), (Texts{"Content/DictionaryLineDesc/EntryLineDesc/LineDesc lineWidth=3",
+                                              "Content/DictionaryLineDesc/EntryLineDesc id=PEN",
+                                              "Content/DictionaryLineDesc/EntryLineDesc/LineDesc lineEnd=ROUND "
+                                              "lineWidth=0.7"}));
+}
+
+TEST(ContentSection, LosesASecondFillOfAName)
+{
+    const Imported imported =
+        ImportDocument({.content = R"(<DictionaryFillDesc>
+        <EntryFillDesc id="F"><FillDesc fillProperty="FILL"/></EntryFillDesc>
+        <EntryFillDesc id="F"><FillDesc fillProperty="VOID"/></EntryFillDesc></DictionaryFillDesc>)",
+                        .step = FeaturesOnTop(R"(<Circle diameter="1"><FillDescRef id="F"/></Circle>)")});
+    EXPECT_EQ(Losses(imported.report), (Texts{"Content/DictionaryFillDesc/EntryFillDesc id=F",
+                                              "Content/DictionaryFillDesc/EntryFillDesc/FillDesc fillProperty=VOID"}));
+}
+
+TEST(ContentSection, LosesLineDescriptionsAndFillsThatNobodyRefersTo)
+{
+    const Imported imported =
+        ImportDocument({.content = R"(<DictionaryLineDesc units="MILLIMETER"><EntryLineDesc id="PEN" odd="1">
+        <LineDesc lineEnd="ROUND" lineWidth="0.2"/></EntryLineDesc></DictionaryLineDesc>
+        <DictionaryFillDesc><EntryFillDesc id="F"><FillDesc fillProperty="FILL"/></EntryFillDesc></DictionaryFillDesc>)"});
+    EXPECT_EQ(Losses(imported.report),
+              (Texts{"Content/DictionaryLineDesc/EntryLineDesc id=PEN odd=1",
+                     "Content/DictionaryLineDesc/EntryLineDesc/LineDesc lineEnd=ROUND lineWidth=0.2",
+                     "Content/DictionaryFillDesc/EntryFillDesc id=F",
+                     "Content/DictionaryFillDesc/EntryFillDesc/FillDesc fillProperty=FILL"}));
+}
+
+TEST(ContentSection, ConvertsOneMoreDictionaryToTheUnitOfTheFirst)
+{
+    const Imported imported = ImportDocument({.content = R"(
+        <DictionaryStandard units="MILLIMETER"><EntryStandard id="A"><Circle diameter="25.4"/></EntryStandard>
+        </DictionaryStandard>
+        <DictionaryStandard units="INCH"><EntryStandard id="B"><Circle diameter="1"/></EntryStandard>
+        <EntryStandard id="C"><Contour><Polygon><PolyBegin x="1" y="2"/><PolyStepSegment x="3" y="4"/>
+        <LineDescRef id="PEN"/></Polygon></Contour></EntryStandard></DictionaryStandard>
+        <DictionaryUser units="INCH"><EntryUser id="U"><UserSpecial><Circle diameter="1"/></UserSpecial></EntryUser>
+        </DictionaryUser>
+        <DictionaryUser units="MILLIMETER"><EntryUser id="V"><UserSpecial><Circle diameter="25.4"/>
+        <UserPrimitiveRef id="U"/></UserSpecial></EntryUser></DictionaryUser>
+        <DictionaryLineDesc units="INCH"><EntryLineDesc id="PEN"><LineDesc lineWidth="1"/></EntryLineDesc>
+        </DictionaryLineDesc>
+        <DictionaryLineDesc units="MILLIMETER"><EntryLineDesc id="PIN"><LineDesc lineWidth="25.4"/></EntryLineDesc>
+        </DictionaryLineDesc>)",
+                                              .step = FeaturesOnTop(R"(<UserPrimitiveRef id="V"/>
+        <Line><LineDescRef id="PEN"/></Line><Line><LineDescRef id="PIN"/></Line>)")});
+    EXPECT_EQ(EntryShapes(imported, "A"), (Texts{"Circle Diameter=25.4"}));
+    EXPECT_EQ(EntryShapes(imported, "B"), (Texts{"Circle Diameter=25.4"}));
+    EXPECT_EQ(EntryIds(imported), (Texts{"A", "B", "C"}));
+    const auto & figures = *imported.board->m_Content.DictionaryUser->EntryArray;
+    EXPECT_EQ(ShapeTexts(*figures.GetAt(1)->DrawObjArray), (Texts{"Circle Diameter=1", "Circle Diameter=1"}));
+    const Texts drawn = Drawn(imported);
+    ASSERT_EQ(drawn.size(), 4U);
+    EXPECT_EQ(drawn[0], "Circle Diameter=25.4");
+    EXPECT_EQ(drawn[1], "Circle Diameter=25.4");
+    EXPECT_NE(drawn[2].find("25.4"), std::string::npos) << drawn[2];
+    EXPECT_EQ(drawn[2], drawn[3]);
+}
+
+TEST(ContentSection, KeepsTheOrderOfTheStandardEntries)
+{
+    const Imported imported = ImportDocument({.content = R"(<DictionaryStandard units="MILLIMETER">
+        <EntryStandard id="A"><Circle diameter="1"><LineDescRef id="P"/></Circle></EntryStandard>
+        <EntryStandard id="B"><Circle diameter="1"/></EntryStandard></DictionaryStandard>
+        <DictionaryLineDesc units="MILLIMETER"><EntryLineDesc id="P"><LineDesc lineEnd="ROUND" lineWidth="1"/>
+        </EntryLineDesc></DictionaryLineDesc>)"});
+    EXPECT_EQ(EntryIds(imported), (Texts{"A", "B"}));
+}
+
+TEST(ContentSection, DrawsFiguresWithThoseBehindThem)
+{
+    const Imported imported = ImportDocument({.content = R"(<DictionaryUser units="MILLIMETER">
+        <EntryUser id="A"><UserSpecial><UserPrimitiveRef id="B"/></UserSpecial></EntryUser>
+        <EntryUser id="B"><UserSpecial><UserPrimitiveRef id="C"/><UserPrimitiveRef id="C"/></UserSpecial></EntryUser>
+        <EntryUser id="C"><UserSpecial><Circle diameter="1"/></UserSpecial></EntryUser></DictionaryUser>)",
+                                              .step = FeaturesOnTop(R"(<UserPrimitiveRef id="A"/>)")});
+    EXPECT_EQ(Drawn(imported), (Texts{"Circle Diameter=1", "Circle Diameter=1"}));
+    EXPECT_EQ(Notes(imported.report), Texts());
+    const auto & figures = *imported.board->m_Content.DictionaryUser->EntryArray;
+    ASSERT_EQ(Count(figures), 3U);
+    EXPECT_EQ(Str(figures.GetAt(0)->ID), "A");
+    EXPECT_EQ(Count(figures.GetAt(0)->DrawObjArray), 2U);
+    EXPECT_EQ(Str(figures.GetAt(2)->ID), "C");
+}
+
+// Each figure of a long chain draws the next one; none of them is on the stack of the program.
+TEST(ContentSection, DrawsALongChainOfFigures)
+{
+    std::string entries;
+    constexpr int count = 100'000;
+    for (int i = 0; i < count; ++i) {
+        entries += "<EntryUser id='f" + std::to_string(i) + "'><UserPrimitiveRef id='f" + std::to_string(i + 1) +
+                   "'/></EntryUser>";
+    }
+    entries += "<EntryUser id='f" + std::to_string(count) + "'><Circle diameter='1'/></EntryUser>";
+    const Imported imported =
+        ImportDocument({.content = "<DictionaryUser units='MILLIMETER'>" + entries + "</DictionaryUser>",
+                        .step = FeaturesOnTop("<UserPrimitiveRef id='f0'/>")});
+    EXPECT_EQ(Drawn(imported), (Texts{"Circle Diameter=1"}));
+}
+
+TEST(ContentSection, TellsFiguresThatDrawEachOther)
+{
+    const Imported imported = ImportDocument({.content = R"(<DictionaryUser units="MILLIMETER">
+        <EntryUser id="A"><UserSpecial><UserPrimitiveRef id="B"/></UserSpecial></EntryUser>
+        <EntryUser id="B"><UserSpecial><Circle diameter="1"/><UserPrimitiveRef id="A"/></UserSpecial></EntryUser>
+        </DictionaryUser>)",
+                                              .step = FeaturesOnTop(R"(<UserPrimitiveRef id="A"/>)")});
+    EXPECT_EQ(Drawn(imported), (Texts{"Circle Diameter=1"}));
+    EXPECT_EQ(Notes(imported.report), (Texts{"DanglingReference: figure \"A\" refers to itself"}));
+}
+
+TEST(ContentSection, TellsLossesOfFiguresWhereTheyStandAndWhoseTheyAre)
+{
+    const Imported imported = ImportDocument({.content = R"(<DictionaryUser units="MILLIMETER">
+        <EntryUser id="A"/><EntryUser id="B" odd="1"/></DictionaryUser><Strange/>)"});
+    EXPECT_EQ(Losses(imported.report), (Texts{"Content/DictionaryUser/EntryUser odd=1", "Content/Strange"}));
+    EXPECT_EQ(imported.report.Lost(0).owner, 1U);
+}
+
+TEST(ContentSection, TakesTheFirstColorOfAnEntry)
+{
+    const Imported imported = ImportDocument({.content = R"(<DictionaryColor><EntryColor id="A">
+        <Color r="1" g="2" b="3"/><Color r="4" g="5" b="6"/></EntryColor></DictionaryColor>)"});
+    EXPECT_EQ(Losses(imported.report), (Texts{"Content/DictionaryColor/EntryColor/Color r=4 g=5 b=6"}));
+}
+
+TEST(ContentSection, TellsReferencesThatLeadNowhere)
+{
+    const Imported imported =
+        ImportDocument({.content = R"(<StepRef name="GONE"/><LayerRef name="GONE"/><BomRef name="GONE"/>
+        <LayerRef name="TOP"/><BomRef name="B"/>
+        <DictionaryColor><EntryColor id="A"><ColorRef id="GONE"/></EntryColor></DictionaryColor>)",
+                        .logistics = R"(<Bom name="B"/>)"});
+    EXPECT_EQ(Notes(imported.report), (Texts{"DanglingReference: step \"GONE\" is not in the file",
+                                             "DanglingReference: layer \"GONE\" is not in the file",
+                                             "DanglingReference: bill of materials \"GONE\" is not in the file",
+                                             "DanglingReference: color \"GONE\" is not in the file"}));
+}
+
+TEST(ContentSection, TellsNoReferencesToASectionThatTheFileDoesNotHave)
+{
+    const Imported imported = ImportText(
+        R"(<IPC-2581><Content><StepRef name="S"/><LayerRef name="L"/><BomRef name="B"/></Content>
+        <Bom name="B"><BomItem packageRef="P"/></Bom></IPC-2581>)");
+    EXPECT_EQ(Notes(imported.report), Texts());
+}
+
 }  // namespace
 }  // namespace ipc2581::tests

@@ -128,8 +128,10 @@ TEST(FeatureSection, TakesHolesWithTheirOwnSpan)
     EXPECT_EQ(PointText(hole.Location), "1,2");
     EXPECT_EQ(Str(hole.FromLayer), "TOP");
     EXPECT_EQ(Str(hole.ToLayer), "IN1");
-    EXPECT_EQ(Losses(imported.report), (Texts{"Ecad/CadData/Step/LayerFeature/Set/Hole type=CIRCLE",
-                                              "Ecad/CadData/Layer/Span fromLayer=TOP toLayer=BOTTOM"}));
+    EXPECT_EQ(Losses(imported.report), (Texts{"Ecad/CadData/Layer/Span fromLayer=TOP toLayer=BOTTOM",
+                                              "Ecad/CadData/Step/LayerFeature/Set/Hole type=CIRCLE"}));
+    EXPECT_EQ(Notes(imported.report), (Texts{"DanglingReference: layer \"BOTTOM\" is not in the file",
+                                             "DanglingReference: layer \"IN1\" is not in the file"}));
 }
 
 TEST(FeatureSection, GivesBlindHolesTheSpanOfTheirLayer)
@@ -236,6 +238,36 @@ TEST(FeatureSection, WritesTheNamesOfNetsWithEntities)
     const Imported imported = ImportDocument({.step = OnTop(R"(<Set net="&lt;1&gt;&amp;&quot;"/>)")});
     EXPECT_EQ(NetTexts(imported), (Texts{"&lt;1&gt;&amp;&quot;:"}));
     EXPECT_EQ(Str(SetOf(imported, 0).Net), "&lt;1&gt;&amp;&quot;");
+}
+
+TEST(FeatureSection, TakesTheFirstSpanOfAHole)
+{
+    const Imported imported = ImportDocument(
+        {.step = OnTop(R"(<Set><Hole><Span fromLayer="TOP" toLayer="TOP"/><Span fromLayer="2"/></Hole></Set>)")});
+    EXPECT_EQ(Str(SetOf(imported, 0).Hole.FromLayer), "TOP");
+    EXPECT_EQ(Losses(imported.report), (Texts{"Ecad/CadData/Step/LayerFeature/Set/Hole/Span fromLayer=2"}));
+}
+
+TEST(FeatureSection, TakesTheFirstColorOfASet)
+{
+    const Imported imported = ImportDocument(
+        {.content = R"(<DictionaryColor><EntryColor id="A"/></DictionaryColor>)",
+         .step = OnTop(R"(<Set><ColorRef id="A"/><ColorRef id="B"/></Set><Set><ColorRef id="GONE"/></Set>)")});
+    EXPECT_EQ(Str(SetOf(imported, 0).ColorRef), "A");
+    EXPECT_EQ(Losses(imported.report), (Texts{"Ecad/CadData/Step/LayerFeature/Set/ColorRef id=B"}));
+    EXPECT_EQ(Notes(imported.report), (Texts{"DanglingReference: color \"GONE\" is not in the file"}));
+}
+
+TEST(FeatureSection, MakesNoNetsWhereLogicalOnesStandBehindTheLayers)
+{
+    const Imported imported =
+        ImportDocument({.step = OnTop(R"(<Set net="A"><Pad><PinRef componentRef="U" pin="1"/></Pad></Set>
+             <Set net="B"/><Set net="A"/><Set net="B"/>)") +
+                                R"(<LogicalNet name="A"><PinRef componentRef="V" pin="2"/></LogicalNet>)"});
+    EXPECT_EQ(NetTexts(imported), (Texts{"A: V.2"}));
+    EXPECT_EQ(Notes(imported.report), (Texts{"DanglingReference: component \"U\" is not in the file",
+                                             "DanglingReference: component \"V\" is not in the file",
+                                             "DanglingReference: net \"B\" is not in the file"}));
 }
 
 }  // namespace

@@ -219,5 +219,24 @@ TEST(PadReader, GivesPinsAndPointsOfNetsEntriesOfTheirOwn)
     EXPECT_EQ(Losses(imported.report), Texts());
 }
 
+TEST(PadReader, TellsTheStrangersOfEachShapeThatStandsInPlace)
+{
+    const Imported imported = ImportDocument({.step = OnTop(R"(<Set><Pad><Circle diameter="1" odd="x"/></Pad>
+        <Pad><Circle diameter="1" odd="x"/></Pad></Set>)")});
+    EXPECT_EQ(EntryIds(imported), (Texts{"SHAPE"}));
+    EXPECT_EQ(Losses(imported.report), (Texts{"Ecad/CadData/Step/LayerFeature/Set/Pad/Circle odd=x",
+                                              "Ecad/CadData/Step/LayerFeature/Set/Pad/Circle odd=x"}));
+}
+
+TEST(PadReader, TakesTheFirstPlaceAndTheFirstTransform)
+{
+    const Imported imported = ImportDocument({.step = OnTop(R"(<Set><Pad><Xform rotation="90"/><Xform rotation="45"/>
+        <Location x="1" y="2"/><Location x="3" y="4"/></Pad></Set>)")});
+    EXPECT_EQ(SetOf(imported, 0).Pad.Rotation, 90);
+    EXPECT_EQ(SetOf(imported, 0).Pad.Location.X, 1);
+    EXPECT_EQ(Losses(imported.report), (Texts{"Ecad/CadData/Step/LayerFeature/Set/Pad/Xform rotation=45",
+                                              "Ecad/CadData/Step/LayerFeature/Set/Pad/Location x=3 y=4"}));
+}
+
 }  // namespace
 }  // namespace ipc2581::tests

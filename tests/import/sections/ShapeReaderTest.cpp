@@ -308,5 +308,90 @@ TEST(ShapeReader, TellsNumbersThatAreNone)
     EXPECT_EQ(Drawn(imported)[1], "RectCenter Width=2 Height=1");
 }
 
+const std::string InFeatures = "Ecad/CadData/Step/LayerFeature/Set/Features/";
+
+TEST(ShapeReader, TakesTheFirstBeginOfAContour)
+{
+    const Imported imported =
+        Draw(R"(<Polyline><PolyBegin x="1" y="1"/><PolyBegin x="2" y="2"/><PolyStepSegment x="3" y="3"/></Polyline>)");
+    EXPECT_EQ(Losses(imported.report), (Texts{InFeatures + "Polyline/PolyBegin x=2 y=2"}));
+}
+
+TEST(ShapeReader, TakesTheFirstOfEachThatATextHas)
+{
+    const Imported imported = Draw(R"(<Text textString="t"><Xform rotation="1"/><Xform rotation="2"/><FontRef id="a"/>
+        <FontRef id="b"/><BoundingBox lowerLeftX="1"/><BoundingBox lowerLeftX="2"/><ColorRef id="c"/><ColorRef id="d"/>
+        </Text>)");
+    EXPECT_EQ(Losses(imported.report),
+              (Texts{InFeatures + "Text/Xform rotation=2", InFeatures + "Text/FontRef id=b",
+                     InFeatures + "Text/BoundingBox lowerLeftX=2", InFeatures + "Text/ColorRef id=d"}));
+    EXPECT_EQ(Notes(imported.report), (Texts{"DanglingReference: color \"c\" is not in the file"}));
+}
+
+TEST(ShapeReader, TakesTheFirstTransformOfAShapeAndOfFeatures)
+{
+    const Imported imported = Draw(R"(<Xform xOffset="1"/><Xform xOffset="2"/><Location x="3"/><Location x="4"/>
+        <Line startX="0" startY="0" endX="1" endY="0"><Xform xOffset="5"/><Xform xOffset="6"/></Line>)");
+    EXPECT_EQ(Losses(imported.report),
+              (Texts{"Ecad/CadData/Step/LayerFeature/Set/Features/Xform xOffset=2",
+                     "Ecad/CadData/Step/LayerFeature/Set/Features/Location x=4", InFeatures + "Line/Xform xOffset=6"}));
+}
+
+struct ButterflyCase {
+    const char * name;
+    const char * attributes;
+    const char * drawn;
+    Texts lost;
+};
+
+class Butterflies : public testing::TestWithParam<ButterflyCase> {};
+
+TEST_P(Butterflies, AreMeasuredByTheirShape)
+{
+    const Imported imported = Draw(std::string("<Butterfly ") + GetParam().attributes + "/>");
+    EXPECT_EQ(Drawn(imported), (Texts{GetParam().drawn}));
+    EXPECT_EQ(Losses(imported.report), GetParam().lost);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Measures, Butterflies,
+    testing::Values(ButterflyCase{"Round", R"(shape="ROUND" diameter="2")", "Butterfly Size=2", {}},
+                    ButterflyCase{"Square", R"(shape="SQUARE" side="3")", "Butterfly Shape=1 Size=3", {}},
+                    ButterflyCase{"RoundOfBoth",
+                                  R"(shape="ROUND" side="3" diameter="2")",
+                                  "Butterfly Size=2",
+                                  {InFeatures + "Butterfly side=3"}},
+                    ButterflyCase{"SquareOfBoth",
+                                  R"(diameter="2" side="3" shape="SQUARE")",
+                                  "Butterfly Shape=1 Size=3",
+                                  {InFeatures + "Butterfly diameter=2"}},
+                    ButterflyCase{"RoundBySide", R"(shape="ROUND" side="3")", "Butterfly Size=3", {}},
+                    ButterflyCase{
+                        "SquareByDiameter", R"(shape="SQUARE" diameter="2")", "Butterfly Shape=1 Size=2", {}}),
+    [](const auto & own) { return own.param.name; });
+
+TEST(ShapeReader, LosesTheFillOfAnOutline)
+{
+    const Imported imported = Draw(R"(<Outline><Polygon><PolyBegin x="0" y="0"/><PolyStepSegment x="1" y="1"/>
+        <FillDesc fillProperty="FILL"/></Polygon><LineDesc lineWidth="1"/><LineDesc lineWidth="2"/></Outline>
+        <Outline><Polygon><PolyBegin x="0" y="0"/><PolyStepSegment x="1" y="1"/><FillDesc fillProperty="HOLLOW"/>
+        </Polygon></Outline>)");
+    EXPECT_EQ(Losses(imported.report), (Texts{InFeatures + "Outline/Polygon/FillDesc fillProperty=FILL",
+                                              InFeatures + "Outline/LineDesc lineWidth=2"}));
+}
+
+// Each of the four parts of the ring is one contour, and none of them a hole in another one.
+TEST(ShapeReader, KeepsTheHoleOfASquareThermalThatIsMoved)
+{
+    const Imported imported =
+        Draw(R"(<Thermal shape="SQUARE" outerDiameter="6" innerDiameter="3" spokeCount="4" gap="1">
+        <Xform xOffset="10"/></Thermal>)");
+    const Texts drawn = Drawn(imported);
+    ASSERT_EQ(drawn.size(), 4U);
+    for (const std::string & contour : drawn) {
+        EXPECT_EQ(contour.find("Cutout"), std::string::npos) << contour;
+    }
+}
+
 }  // namespace
 }  // namespace ipc2581::tests

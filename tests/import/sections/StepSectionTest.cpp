@@ -1,4 +1,10 @@
+#include <algorithm>
+#include <fstream>
+#include <thread>
+
 #include <gtest/gtest.h>
+
+#include <sys/stat.h>
 
 #include "ipc2581/each.h"
 #include "tests/import/support/Documents.h"
@@ -287,7 +293,8 @@ TEST(StepSection, TakesPadStacksWithPadsHoleAndSpan)
     EXPECT_EQ(stack.LayerPadArray->GetAt(0)->Rotation, 90);
     EXPECT_EQ(Str(stack.LayerPadArray->GetAt(1)->LayerRef), "GONE");
     EXPECT_EQ(Losses(imported.report), Texts());
-    EXPECT_EQ(Notes(imported.report), (Texts{"DanglingReference: layer \"GONE\" is not in the file"}));
+    EXPECT_EQ(Notes(imported.report), (Texts{"DanglingReference: layer \"GONE\" is not in the file",
+                                             "DanglingReference: layer \"IN1\" is not in the file"}));
 }
 
 TEST(StepSection, TellsAPanelAndDoesNotMergeIt)
@@ -390,6 +397,81 @@ TEST(StepSection, MakesNetsOfSetsAlsoInTheSecondStep)
     const Imported imported =
         ImportSteps(StepNamed("panel", R"(<LogicalNet name="X"/>)") + StepNamed("board", WithComponent + set));
     EXPECT_EQ(NetTexts(imported), (Texts{"A: U1.1"}));
+}
+
+// A board whose first step has no components, so that the second one is imported.
+std::string TwoSteps(const std::string & first, const std::string & second)
+{
+    return R"(<IPC-2581><Content><DictionaryStandard units="INCH"><EntryStandard id="E"><Circle diameter="1"/>
+        </EntryStandard></DictionaryStandard><DictionaryLineDesc units="INCH"><EntryLineDesc id="PEN">
+        <LineDesc lineEnd="ROUND" lineWidth="3"/></EntryLineDesc></DictionaryLineDesc></Content><Ecad>
+        <CadHeader units="INCH"/><CadData><Layer name="TOP"><Span fromLayer="TOP" toLayer="TOP"/></Layer>
+        <Step name="a"><Package name="Q"/>)" +
+           first + R"(</Step><Step name="b"><Package name="P"/><Component refDes="U" packageRef="P" layerRef="TOP"/>)" +
+           second + "</Step></CadData></Ecad></IPC-2581>";
+}
+
+TEST(StepSection, LeavesNoTraceOfAStepThatIsLeftOut)
+{
+    const std::string shapes = FeaturesOnTop(R"(<Line><LineDescRef id="PEN"/></Line>)") +
+                               OnTop("<Set net='N'><Hole/></Set><Set><Pad><Circle diameter='3'/></Pad></Set>");
+    const Imported imported = ImportText(TwoSteps(shapes, "<Odd/>"));
+    EXPECT_EQ(Str(StepOf(imported).Name), "b");
+    EXPECT_EQ(EntryIds(imported), (Texts{"E"}));
+    EXPECT_EQ(Losses(imported.report),
+              (Texts{"Content/DictionaryLineDesc/EntryLineDesc id=PEN",
+                     "Content/DictionaryLineDesc/EntryLineDesc/LineDesc lineEnd=ROUND lineWidth=3",
+                     "Ecad/CadData/Layer/Span fromLayer=TOP toLayer=TOP", "Ecad/CadData/Step/Odd"}));
+    EXPECT_EQ(Notes(imported.report), (Texts{"StepLeftOut: the step \"a\""}));
+    EXPECT_EQ(Count(StepOf(imported).LogicalNetArray), 0U);
+    EXPECT_EQ(imported.report.Elements().at("Hole").stated, 1U);
+}
+
+TEST(StepSection, TakesTheSameFromTheStepAskedFor)
+{
+    const std::string text = TwoSteps("<Odd/>", FeaturesOnTop(R"(<Line><LineDescRef id="PEN"/></Line>)"));
+    ImportOptions options;
+    options.step = "b";
+    EXPECT_EQ(ReportText(ImportText(text).report), ReportText(ImportText(text, options).report));
+}
+
+TEST(StepSection, KnowsThePackagesOfStepsThatAreLeftOut)
+{
+    std::string text = TwoSteps("", "");
+    text.insert(text.find("<Ecad>"), R"(<Bom name="B"><BomItem packageRef="Q"><RefDes name="U" packageRef="P"/>
+        <RefDes name="V" packageRef="GONE" layerRef="NONE"/></BomItem></Bom>)");
+    EXPECT_EQ(Notes(ImportText(text).report),
+              (Texts{"StepLeftOut: the step \"a\"", "DanglingReference: package \"GONE\" is not in the file",
+                     "DanglingReference: layer \"NONE\" is not in the file"}));
+}
+
+TEST(StepSection, ReadsAFileAgainWithProgressThatNeverFallsBack)
+{
+    std::vector<double> parts;
+    ImportOptions options;
+    options.progress = [&](double part) {
+        parts.push_back(part);
+        return true;
+    };
+    const std::string many = "<!--" + std::string(5'000'000, 'x') + "-->";
+    EXPECT_EQ(Str(StepOf(ImportText(TwoSteps(many, many), options)).Name), "b");
+    EXPECT_GT(parts.size(), 10U);
+    EXPECT_TRUE(std::is_sorted(parts.begin(), parts.end()));
+    EXPECT_EQ(parts.back(), 1.0);
+}
+
+TEST(StepSection, ReadsAPipeAgain)
+{
+    const TempFolder folder;
+    const std::string path = folder.Path("pipe");
+    ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+    const std::string many = "<!--" + std::string(300'000, 'x') + "-->";
+    const std::string text = TwoSteps(many, many);
+    std::thread writer([&] { std::ofstream(path, std::ios::binary) << text; });
+    const Imported imported = Import(path);
+    writer.join();
+    EXPECT_EQ(Str(StepOf(imported).Name), "b");
+    EXPECT_EQ(ReportText(imported.report), ReportText(ImportText(text).report));
 }
 
 }  // namespace

@@ -8,65 +8,16 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/import/xml/XmlEvents.h"
 #include "tests/support/Files.h"
 #include "tests/support/Text.h"
 
 namespace ipc2581::detail {
 namespace {
 
+using tests::PiecesSource;
 using tests::Texts;
-
-// Gives the bytes in pieces of one size.
-class PiecesSource final : public ByteSource {
-public:
-    PiecesSource(std::string_view bytes, std::size_t size) : m_left(bytes), m_piece(size) {}
-
-    std::size_t Read(std::span<char> room) override
-    {
-        const std::size_t count = std::min({room.size(), m_left.size(), m_piece});
-        std::memcpy(room.data(), m_left.data(), count);
-        m_left.remove_prefix(count);
-        return count;
-    }
-    [[nodiscard]] std::size_t Size() const override { return 0; }
-
-private:
-    std::string_view m_left;
-    std::size_t m_piece;
-};
-
-// Writes down what it is told: "2 <Layer name=TOP", "text" and ">". A name of a foreign namespace has a "?".
-class Writer final : public XmlListener {
-public:
-    explicit Writer(const WordTable & words) : m_words(words) {}
-
-    void Open(Word name, std::size_t line, std::span<const XmlAttribute> attributes) override
-    {
-        std::string text = std::to_string(line) + " <" + NameOf(name);
-        for (const XmlAttribute & attribute : attributes) {
-            text.append(" ").append(NameOf(attribute.name)).append("=").append(attribute.value);
-        }
-        events.push_back(text);
-    }
-    void Text(std::string_view text) override
-    {
-        const bool goesOn = !events.empty() && events.back().starts_with("'");
-        goesOn ? events.back().append(text) : events.emplace_back("'").append(text);
-    }
-    void Close() override { events.emplace_back(">"); }
-
-    Texts events;
-
-private:
-    [[nodiscard]] std::string NameOf(Word name) const
-    {
-        const std::string & text = m_words.Names()[name];
-        const bool isKnown = std::find(KnownWords.begin(), KnownWords.end(), text) != KnownWords.end();
-        return text + (isKnown && name >= KnownWords.size() ? "?" : "");
-    }
-
-    const WordTable & m_words;
-};
+using tests::Writer;
 
 Texts EventsOf(ByteSource & source)
 {
@@ -243,9 +194,11 @@ public:
             throw std::system_error(EIO, std::generic_category());
         }
         constexpr std::string_view text = "<a b='1'>";
-        std::memcpy(room.data(), text.data(), text.size());
-        return text.size();
+        const std::size_t count = std::min(room.size(), text.size());
+        std::memcpy(room.data(), text.data(), count);
+        return count;
     }
+    void Rewind() override {}
     [[nodiscard]] std::size_t Size() const override { return 0; }
 
 private:
@@ -322,6 +275,26 @@ TEST(ByteSource, ReadsBytesInMemory)
     EXPECT_EQ(source.Read(room), 0U);
     MemorySource empty({});
     EXPECT_EQ(empty.Read(room), 0U);
+}
+
+TEST(XmlParser, TellsTheTextBetweenTwoTagsInOnePiece)
+{
+    EXPECT_EQ(EventsOf("<a>a&amp;b<!-- c -->d<?pi?>&#32;e<![CDATA[<f>]]></a>"), (Texts{"1 <a", "'a&bd e<f>", ">"}));
+    EXPECT_EQ(EventsOf("<a> &#32;b <c/> d\n</a>"), (Texts{"1 <a", "'  b ", "1 <c", ">", "' d\n", ">"}));
+    const std::string longText(1'000'000, 'x');
+    EXPECT_EQ(EventsOf("<a>" + longText + "</a>"), (Texts{"1 <a", "'" + longText, ">"}));
+}
+
+TEST(XmlParser, TellsNoBlanksHoweverManyThereAre)
+{
+    EXPECT_EQ(EventsOf("<a> <b/>\n\t<!-- c -->\r\n&#32;</a>"), (Texts{"1 <a", "1 <b", ">", ">"}));
+    EXPECT_EQ(EventsOf("<a>" + std::string(1'000'000, ' ') + "</a>"), (Texts{"1 <a", ">"}));
+}
+
+TEST(XmlParser, NamesAttributesOfOtherNamespacesWithTheirPrefix)
+{
+    EXPECT_EQ(EventsOf("<p:a xmlns:p='u' xmlns:v='w' v:name='1' name='2' p:side='3' xml:lang='en'/>"),
+              (Texts{"1 <a v:name=1 name=2 side=3 xml:lang=en", ">"}));
 }
 
 }  // namespace
