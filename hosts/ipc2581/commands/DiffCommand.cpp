@@ -20,6 +20,7 @@ struct Options {
     Reading reading;
     ListingOptions listing;
     std::string unit;
+    DiffOptions diff;
 };
 
 bool Diff(const Options & options)
@@ -28,7 +29,7 @@ bool Diff(const Options & options)
     Board after = OpenBoard(options.after, options.reading);
     const Lengths lengths(before, options.unit);
     const Lengths otherLengths(after, options.unit);
-    const Differences differences = DifferencesOf({before, lengths}, {after, otherLengths});
+    const Differences differences = DifferencesOf({before, lengths}, {after, otherLengths}, options.diff);
     const std::string losses = LossesOf(before, AllListed);
     const std::string otherLosses = LossesOf(after, AllListed);
     const bool isDifferent = !differences.Rows().Rows().empty();
@@ -76,6 +77,8 @@ void AddDiffCommand(CLI::App & program)
     AddReading(command, options->reading);
     AddListingOptions(command, options->listing);
     AddUnits(command, options->unit);
+    command.add_flag("--all", options->diff.isAll,
+                     "List all that lies on a layer of one of the boards alone, not only the first ten of each");
     command.callback([options] { DiffAndEnd(*options); });
 }
 

@@ -1,60 +1,30 @@
 #include "hosts/ipc2581/diff/BoardDifferences.h"
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
-#include <fstream>
 #include <functional>
+#include <iterator>
+#include <map>
+#include <set>
 #include <string>
 #include <string_view>
-#include <unordered_map>
+#include <utility>
 #include <vector>
 
-#include "hosts/ipc2581/board/LibraryMessages.h"
-#include "hosts/ipc2581/files/Error.h"
-#include "hosts/ipc2581/files/ScratchFile.h"
+#include "hosts/ipc2581/board/ReportedFacts.h"
+#include "hosts/ipc2581/diff/MemberText.h"
+#include "hosts/ipc2581/diff/NetRenames.h"
+#include "hosts/ipc2581/diff/SetText.h"
 #include "hosts/ipc2581/text/Text.h"
 
 namespace ipc2581::host {
 namespace {
 
-// What the library writes of each of several objects.
-class Writings {
-public:
-    Writings() { m_file.Open(m_scratch.Path().c_str(), CStdioFile::modeWrite | CStdioFile::modeCreate, nullptr); }
+using FeatureSet = CIPC2581_Ecad_CadData_Step_LayerFeature_Set;
 
-    template <typename Object>
-    void Add(Object & object)
-    {
-        object.Export(m_file, 0);
-        m_file.WriteString(Separator);
-    }
-
-    // In the order of the objects; called once, behind the last one.
-    std::vector<std::string> Texts()
-    {
-        m_file.Close();
-        std::vector<std::string> texts;
-        std::ifstream in(m_scratch.Path(), std::ios::binary);
-        std::string line;
-        std::string text;
-        while (std::getline(in, line)) {
-            if (line == "\f") {
-                texts.push_back(std::move(text));
-                text.clear();
-            }
-            else {
-                text.append(line).append("\n");
-            }
-        }
-        return texts;
-    }
-
-private:
-    // No name in a file is a line of its own.
-    static constexpr const char * Separator = "\n\f\n";
-
-    ScratchFile m_scratch;
-    CStdioFile m_file;
-};
+// Of each layer and each board, so that a layer that was moved as a whole fills no screen.
+constexpr std::size_t MostFeatures = 10;
 
 std::string Position(const CPointD & point, const Lengths & lengths)
 {
@@ -71,51 +41,105 @@ std::vector<Record> Boards(Board & board, const Lengths & lengths)
     record.Add("function mode", Shown(root.m_Content.FunctionMode));
     record.Add("step", Shown(board.Step().Name));
     record.Add("datum", Position(board.Step().Datum, lengths));
-    Writings profile;
-    profile.Add(board.Step().Profile);
-    record.AddHidden("profile", profile.Texts().front());
+    record.AddHidden("profile", MemberText(board.Step().Profile));
     return {record};
 }
 
-// What lies on each layer, whether it is a layer of the list or not. The sets of a big board would take as much room
-// again as its model, so of each stands its hash.
-std::unordered_map<std::string, std::vector<std::string>> SetsOfLayers(Board & board)
+// The sets of a layer, by their hashes, since what they hold would take as much room again as the model.
+using HashedSet = std::pair<std::size_t, const FeatureSet *>;
+
+// What lies on each layer, whether it is a layer of the list or not.
+std::map<std::string, std::vector<HashedSet>> SetsOfLayers(Board & board, const NetRenames & renames)
 {
-    std::unordered_map<std::string, std::vector<std::string>> setsOfLayers;
+    std::map<std::string, std::vector<HashedSet>> setsOfLayers;
     for (const auto * const feature : Each(board.Step().LayerFeatureArray)) {
-        Writings writings;
-        for (auto * const set : Each(feature->SetArray)) {
-            writings.Add(*set);
+        std::vector<HashedSet> & sets = setsOfLayers[Shown(feature->LayerRef)];
+        for (const FeatureSet * const set : Each(feature->SetArray)) {
+            sets.emplace_back(std::hash<std::string>()(MemberText(*set, renames)), set);
         }
-        std::vector<std::string> & sets = setsOfLayers[Shown(feature->LayerRef)];
-        for (const std::string & text : writings.Texts()) {
-            sets.push_back(std::to_string(std::hash<std::string>()(text)));
-        }
+    }
+    for (auto & [layer, sets] : setsOfLayers) {
+        std::stable_sort(sets.begin(), sets.end(),
+                         [](const HashedSet & one, const HashedSet & other) { return one.first < other.first; });
     }
     return setsOfLayers;
 }
 
+// The sets that the other ones lack, in the order of the model.
+std::vector<const FeatureSet *> Lacking(const std::vector<HashedSet> & sets, const std::vector<HashedSet> & others)
+{
+    std::vector<HashedSet> lacking;
+    std::set_difference(sets.begin(), sets.end(), others.begin(), others.end(), std::back_inserter(lacking),
+                        [](const HashedSet & one, const HashedSet & other) { return one.first < other.first; });
+    std::vector<const FeatureSet *> all;
+    for (const auto & [hash, set] : lacking) {
+        all.push_back(set);
+    }
+    return all;
+}
+
 std::vector<Record> Layers(Board & board)
 {
-    auto setsOfLayers = SetsOfLayers(board);
     std::vector<Record> records;
+    std::set<std::string> names;
     const auto add = [&](const std::string & name, const CIPC2581_Ecad_CadData_Layer & layer) {
+        names.insert(name);
         Record & record = records.emplace_back(name);
         record.Add("function", Shown(layer.layerFunction));
         record.Add("side", Shown(layer.side));
         record.Add("polarity", Shown(layer.polarity));
-        record.AddHiddenMembers("sets", std::move(setsOfLayers[name]));
-        setsOfLayers.erase(name);
     };
     for (const CIPC2581_Ecad_CadData_Layer * const layer : Each(board.CadData().m_arrLayer)) {
         add(Shown(layer->name), *layer);
     }
     for (const auto * const feature : Each(board.Step().LayerFeatureArray)) {
-        if (setsOfLayers.contains(Shown(feature->LayerRef))) {
+        if (!names.contains(Shown(feature->LayerRef))) {
             add(Shown(feature->LayerRef), CIPC2581_Ecad_CadData_Layer());
         }
     }
     return records;
+}
+
+// The first of what only one of the boards has on a layer, and how many there are besides.
+void AddFeatures(const std::string & layer, const std::vector<const FeatureSet *> & sets, const Lengths & lengths,
+                 Side side, const DiffOptions & options, Differences & differences)
+{
+    const std::size_t shown = options.isAll ? sets.size() : std::min(sets.size(), MostFeatures);
+    for (std::size_t i = 0; i < shown; ++i) {
+        const SetDescription description = DescribeSet(*sets[i], lengths);
+        differences.AddOf("feature", layer, side, description.kind, description.text);
+    }
+    if (shown < sets.size()) {
+        differences.AddOf("feature", layer, side, "more, see --all", sets.size() - shown);
+    }
+}
+
+void CompareFeatures(const Compared & before, const Compared & after, const NetRenames & renames,
+                     const DiffOptions & options, Differences & differences)
+{
+    const auto old = SetsOfLayers(before.board, renames);
+    const auto now = SetsOfLayers(after.board, {});
+    std::set<std::string> layers;
+    for (const auto * const side : {&old, &now}) {
+        for (const auto & [layer, sets] : *side) {
+            layers.insert(layer);
+        }
+    }
+    const std::vector<HashedSet> none;
+    const auto setsOf = [&](const auto & all, const std::string & layer) -> const std::vector<HashedSet> & {
+        const auto found = all.find(layer);
+        return found == all.end() ? none : found->second;
+    };
+    for (const std::string & layer : layers) {
+        const auto gone = Lacking(setsOf(old, layer), setsOf(now, layer));
+        const auto come = Lacking(setsOf(now, layer), setsOf(old, layer));
+        if (gone.empty() && come.empty()) {
+            continue;
+        }
+        differences.AddChanged("layer", layer, "sets", gone.size(), come.size());
+        AddFeatures(layer, gone, before.lengths, Side::Before, options, differences);
+        AddFeatures(layer, come, after.lengths, Side::After, options, differences);
+    }
 }
 
 std::vector<Record> StackupLayers(Board & board, const Lengths & lengths)
@@ -135,72 +159,79 @@ std::vector<Record> StackupLayers(Board & board, const Lengths & lengths)
 std::vector<Record> Shapes(Board & board)
 {
     std::vector<Record> records;
-    Writings writings;
-    const auto entries = Each(board.Content().DictionaryStandard->EntryArray);
-    for (auto * const entry : entries) {
-        writings.Add(*entry);
-    }
-    const std::vector<std::string> texts = writings.Texts();
-    for (std::size_t i = 0; i < entries.size(); ++i) {
-        records.emplace_back(Shown(entries[i]->EntryStandardId)).AddHidden("drawing", texts[i]);
+    for (const auto * const entry : Each(board.Content().DictionaryStandard->EntryArray)) {
+        records.emplace_back(Shown(entry->EntryStandardId)).AddHidden("drawing", MemberText(*entry));
     }
     return records;
 }
 
-std::string Joined(const std::vector<std::string> & words)
+std::vector<Record> Figures(Board & board)
 {
-    std::string joined = words.front();
-    for (std::size_t i = 1; i < words.size(); ++i) {
-        joined.append(1, ' ').append(words[i]);
+    std::vector<Record> records;
+    for (const auto * const entry : Each(board.Content().DictionaryUser->EntryArray)) {
+        records.emplace_back(Shown(entry->ID)).AddHidden("drawing", MemberText(*entry));
     }
-    return joined;
+    return records;
 }
 
-// Pad stacks have no name, and are never written by the library.
-std::vector<std::string> PadStacks(Board & board, const Lengths & lengths)
+std::vector<Record> Colors(Board & board)
+{
+    std::vector<Record> records;
+    for (const auto * const entry : Each(board.Content().m_DictionaryColor->Entry)) {
+        records.emplace_back(Shown(entry->EntryColorId)).AddHidden("color", MemberText(*entry));
+    }
+    return records;
+}
+
+std::vector<Record> Specs(Board & board)
+{
+    std::map<std::string, std::vector<std::string>> specs;
+    for (const SpecProperty & own : SpecProperties(board)) {
+        specs[own.spec].push_back(own.property + "=" + own.value);
+    }
+    std::vector<Record> records;
+    for (auto & [name, properties] : specs) {
+        records.emplace_back(name).AddMembers("properties", std::move(properties));
+    }
+    return records;
+}
+
+// Pad stacks have no name.
+std::vector<Record> PadStacks(Board & board, const NetRenames & renames)
 {
     std::vector<std::string> texts;
     for (const auto * const stack : Each(board.Step().PadStackArray)) {
-        const CIPC2581_Ecad_CadData_Step_Hole & hole = *stack->LayerHole;
-        std::string text =
-            Joined({Shown(stack->NetName), Shown(hole.Name), lengths.Of(hole.Diameter).Text(),
-                    Shown(hole.PlatingStatus), lengths.Of(hole.PlusTol).Text(), lengths.Of(hole.MinusTol).Text(),
-                    Position(hole.Location, lengths), Shown(hole.FromLayer), Shown(hole.ToLayer)});
-        for (const CIPC2581_Ecad_CadData_Step_Pad * const pad : Each(stack->LayerPadArray)) {
-            text.append(1, '\n').append(Joined({Shown(pad->LayerRef), Shown(pad->Pin), Cell(pad->Rotation).Text(),
-                                                Position(pad->Location, lengths), Shown(pad->StandardPrimitiveRefId)}));
-        }
-        texts.push_back(std::move(text));
+        texts.push_back(MemberText(*stack, renames));
     }
-    return texts;
+    Record record("");
+    record.AddHiddenMembers("pads and holes", std::move(texts));
+    return {record};
+}
+
+// A word behind others, where there is one.
+std::string Suffix(const CString & word)
+{
+    return word.IsEmpty() ? std::string() : "," + Shown(word);
 }
 
 std::vector<Record> Packages(Board & board, const Lengths & lengths)
 {
-    constexpr std::size_t drawings = 4;
-    Writings writings;
     const auto packages = Each(board.Step().PackageArray);
-    for (auto * const package : packages) {
-        writings.Add(*package->Outline);
-        writings.Add(package->SilkScreen);
-        writings.Add(package->AssemblyDrawing);
-        writings.Add(package->LandPattern);
-    }
-    const std::vector<std::string> texts = writings.Texts();
     std::vector<Record> records;
     for (std::size_t i = 0; i < packages.size(); ++i) {
         std::vector<std::string> pins;
         for (const CIPC2581_Ecad_CadData_Step_Package_Pin * const pin : Each(packages[i]->PinArray)) {
             pins.push_back(Shown(pin->number) + "(" + Position(pin->Location, lengths) + "," +
-                           Cell(pin->Xform->Rotation).Text() + "," + Shown(pin->StandardPrimitiveRef) + ")");
+                           Cell(pin->Xform->Rotation).Text() + "," + Shown(pin->StandardPrimitiveRef) +
+                           Suffix(pin->name) + Suffix(pin->type) + Suffix(pin->electricalType) + ")");
         }
         Record & record = records.emplace_back(Shown(packages[i]->name));
         record.Add("type", Shown(packages[i]->type));
         record.AddMembers("pins", std::move(pins));
-        record.AddHidden("outline", texts[i * drawings]);
-        record.AddHidden("silk screen", texts[i * drawings + 1]);
-        record.AddHidden("assembly drawing", texts[i * drawings + 2]);
-        record.AddHidden("land pattern", texts[i * drawings + 3]);
+        record.AddHidden("outline", MemberText(*packages[i]->Outline));
+        record.AddHidden("silk screen", MemberText(packages[i]->SilkScreen));
+        record.AddHidden("assembly drawing", MemberText(packages[i]->AssemblyDrawing));
+        record.AddHidden("land pattern", MemberText(packages[i]->LandPattern));
     }
     return records;
 }
@@ -224,20 +255,33 @@ std::vector<Record> Components(Board & board, const Lengths & lengths)
     return records;
 }
 
-std::vector<Record> Nets(Board & board)
+std::vector<NetPins> NetsOf(Board & board)
 {
-    std::vector<Record> records;
+    std::vector<NetPins> nets;
     for (const CIPC2581_Ecad_CadData_Step_LogicalNet * const net : Each(board.Step().LogicalNetArray)) {
-        std::vector<std::string> pins;
+        NetPins & own = nets.emplace_back();
+        own.name = Shown(net->Name);
         for (const CIPC2581_Ecad_CadData_Step_LogicalNet_LogicalNetPin * const pin : Each(net->LogicalNetPinArray)) {
-            pins.push_back(Shown(pin->ComponentRef) + "." + Shown(pin->Pin));
+            own.pins.push_back(Shown(pin->ComponentRef) + "." + Shown(pin->Pin));
         }
-        records.emplace_back(Shown(net->Name)).AddMembers("pins", std::move(pins));
+    }
+    return nets;
+}
+
+// The nets by the names that they have now.
+std::vector<Record> Nets(Board & board, std::vector<NetPins> nets, const NetRenames & renames)
+{
+    auto classes = ClassesOfNets(board);
+    std::vector<Record> records;
+    for (std::size_t i = 0; i < nets.size(); ++i) {
+        Record & record = records.emplace_back(std::string(renames.NewName(nets[i].name)));
+        record.AddMembers("pins", std::move(nets[i].pins));
+        record.Add("class", classes[i]);
     }
     return records;
 }
 
-std::vector<Record> PhysicalNets(Board & board, const Lengths & lengths)
+std::vector<Record> PhysicalNets(Board & board, const Lengths & lengths, const NetRenames & renames)
 {
     std::vector<Record> records;
     for (const CIPC2581_Ecad_CadData_Step_PhyNetGroup_PhyNet * const net : Each(board.Step().PhyNetGroup.PhyNetArray)) {
@@ -247,7 +291,7 @@ std::vector<Record> PhysicalNets(Board & board, const Lengths & lengths)
                              Shown(point->Exposure) + "," + Shown(point->NetNode) + (point->Via != 0 ? ",via," : ",") +
                              Shown(point->StandardPrimitiveRefId) + ")");
         }
-        records.emplace_back(Shown(net->Name)).AddMembers("points", std::move(points));
+        records.emplace_back(std::string(renames.NewName(Shown(net->Name)))).AddMembers("points", std::move(points));
     }
     return records;
 }
@@ -264,6 +308,8 @@ std::string ItemName(const CIPC2581_Bom_BomItem & item)
 
 std::vector<Record> Items(Board & board)
 {
+    auto values = ValuesOfItems(board);
+    auto makersParts = MakersParts(board);
     std::vector<Record> records;
     for (const CIPC2581_Bom_BomItem * const item : Each(board.Root().m_Bom.m_arrBomItem)) {
         std::vector<std::string> fitted;
@@ -271,54 +317,84 @@ std::vector<Record> Items(Board & board)
         for (const CIPC2581_Bom_BomItem_RefDes * const refDes : Each(item->m_arrRefDes)) {
             (refDes->populate ? fitted : notFitted).push_back(Shown(refDes->name));
         }
+        const std::size_t place = records.size();
         Record & record = records.emplace_back(ItemName(*item));
         record.Add("quantity", CountOf(Shown(item->quantity)));
         record.Add("pins", CountOf(Shown(item->numberIO)));
         record.Add("category", Shown(item->category));
         record.Add("description", Shown(item->description));
         record.Add("package", Shown(item->packageRef));
+        record.Add("value", values[place]);
+        record.AddMembers("makers' parts", makersParts[Shown(item->internalPartNumber)]);
         record.AddMembers("fitted", std::move(fitted));
         record.AddMembers("not fitted", std::move(notFitted));
     }
     return records;
 }
 
-std::vector<Record> AllPadStacks(Board & board, const Lengths & lengths)
+// What is compared with more of its meaning, or is of the file alone, such as when it was made.
+bool IsComparedElsewhere(std::string_view path)
 {
-    Record record("");
-    record.AddHiddenMembers("pads and holes", PadStacks(board, lengths));
-    return {record};
+    constexpr std::array<std::string_view, 6> elsewhere = {
+        "IPC-2581", "Avl", "LogisticHeader", "HistoryRecord", "Ecad/CadHeader/Spec", "Ecad/CadData/Step/LogicalNet"};
+    return std::any_of(elsewhere.begin(), elsewhere.end(), [&](std::string_view own) {
+        return path == own || (path.starts_with(own) && path.substr(own.size()).starts_with('/'));
+    });
 }
 
-Differences AllDifferences(const Compared & before, const Compared & after)
+// What the model has no place for, counted by the path of its element.
+std::vector<Record> Facts(Board & board)
 {
-    Differences differences(before.lengths.Named("before"), after.lengths.Named("after"));
-    differences.Compare("board", Boards(before.board, before.lengths), Boards(after.board, after.lengths));
-    differences.Compare("layer", Layers(before.board), Layers(after.board));
-    differences.Compare("stackup layer", StackupLayers(before.board, before.lengths),
-                        StackupLayers(after.board, after.lengths));
-    differences.Compare("shape", Shapes(before.board), Shapes(after.board));
-    differences.Compare("pad stacks", AllPadStacks(before.board, before.lengths),
-                        AllPadStacks(after.board, after.lengths));
-    differences.Compare("package", Packages(before.board, before.lengths), Packages(after.board, after.lengths));
-    differences.Compare("component", Components(before.board, before.lengths), Components(after.board, after.lengths));
-    differences.Compare("net", Nets(before.board), Nets(after.board));
-    differences.Compare("physical net", PhysicalNets(before.board, before.lengths),
-                        PhysicalNets(after.board, after.lengths));
-    differences.Compare("BOM item", Items(before.board), Items(after.board));
-    return differences;
+    std::map<std::string, std::vector<std::string>> facts;
+    const ImportReport * const report = board.Report();
+    for (std::size_t i = 0; report != nullptr && i < report->LostCount(); ++i) {
+        const LostFact fact = report->Lost(i);
+        if (IsComparedElsewhere(fact.path)) {
+            continue;
+        }
+        std::string text;
+        for (const auto & [name, value] : fact.attributes) {
+            text.append(name).append(1, '=').append(value).append(1, '\n');
+        }
+        facts[fact.path].push_back(std::to_string(std::hash<std::string>()(text)));
+    }
+    std::vector<Record> records;
+    for (auto & [path, texts] : facts) {
+        records.emplace_back(path).AddHiddenMembers("facts", std::move(texts));
+    }
+    return records;
 }
 
 }  // namespace
 
-Differences DifferencesOf(const Compared & before, const Compared & after)
+Differences DifferencesOf(const Compared & before, const Compared & after, const DiffOptions & options)
 {
-    try {
-        return AllDifferences(before, after);
+    const std::vector<NetPins> oldNets = NetsOf(before.board);
+    const std::vector<NetPins> newNets = NetsOf(after.board);
+    const NetRenames renames(oldNets, newNets);
+    const NetRenames none;
+    Differences differences(before.lengths.Named("before"), after.lengths.Named("after"));
+    differences.Compare("board", Boards(before.board, before.lengths), Boards(after.board, after.lengths));
+    differences.Compare("spec", Specs(before.board), Specs(after.board));
+    differences.Compare("layer", Layers(before.board), Layers(after.board));
+    CompareFeatures(before, after, renames, options, differences);
+    differences.Compare("stackup layer", StackupLayers(before.board, before.lengths),
+                        StackupLayers(after.board, after.lengths));
+    differences.Compare("shape", Shapes(before.board), Shapes(after.board));
+    differences.Compare("figure", Figures(before.board), Figures(after.board));
+    differences.Compare("color", Colors(before.board), Colors(after.board));
+    differences.Compare("pad stacks", PadStacks(before.board, renames), PadStacks(after.board, none));
+    differences.Compare("package", Packages(before.board, before.lengths), Packages(after.board, after.lengths));
+    differences.Compare("component", Components(before.board, before.lengths), Components(after.board, after.lengths));
+    for (const auto & [name, newName] : renames.All()) {
+        differences.AddRenamed("net", name, newName);
     }
-    catch (const CFileException & failure) {
-        throw Error("temporary file", "cannot be written: " + CauseOf(failure));
-    }
+    differences.Compare("net", Nets(before.board, oldNets, renames), Nets(after.board, newNets, none));
+    differences.Compare("physical net", PhysicalNets(before.board, before.lengths, renames),
+                        PhysicalNets(after.board, after.lengths, none));
+    differences.Compare("BOM item", Items(before.board), Items(after.board));
+    differences.Compare("without a place", Facts(before.board), Facts(after.board));
+    return differences;
 }
 
 }  // namespace ipc2581::host

@@ -12,8 +12,14 @@ struct Compared {
     const Lengths & lengths;
 };
 
-// All differences between the models of two boards. Throws Error if a temporary file cannot be written.
-Differences DifferencesOf(const Compared & before, const Compared & after);
+struct DiffOptions {
+    // All that lies on one of the boards alone, and not only the first of each layer.
+    bool isAll = false;
+};
+
+// All differences between two boards: between their models, and between what the import tells besides. When and by
+// whom a file was made is none.
+Differences DifferencesOf(const Compared & before, const Compared & after, const DiffOptions & options = {});
 
 }  // namespace ipc2581::host
 

@@ -92,6 +92,25 @@ void Differences::Compare(const char * kind, const std::vector<Record> & before,
     }
 }
 
+void Differences::AddOf(const char * kind, const std::string & name, Side side, const std::string & property,
+                        const Cell & value)
+{
+    const bool isBefore = side == Side::Before;
+    m_table.Add(
+        {kind, name, isBefore ? "removed" : "added", property, isBefore ? value : Cell(), isBefore ? Cell() : value});
+}
+
+void Differences::AddChanged(const char * kind, const std::string & name, const char * property, const Cell & before,
+                             const Cell & after)
+{
+    m_table.Add({kind, name, "changed", property, before, after});
+}
+
+void Differences::AddRenamed(const char * kind, const std::string & name, const std::string & newName)
+{
+    m_table.Add({kind, name, "renamed", "name", name, newName});
+}
+
 void Differences::CompareProperties(const char * kind, const Record & before, const Record & after)
 {
     for (std::size_t i = 0; i < before.m_properties.size(); ++i) {

@@ -41,6 +41,8 @@ private:
     std::vector<Property> m_properties;
 };
 
+enum class Side { Before, After };
+
 // What differs between two states of the same things, as rows of a table.
 class Differences {
 public:
@@ -53,6 +55,13 @@ public:
     // Records are the same by their name; of several with one name, the first goes with the first. All of a kind have
     // the same properties.
     void Compare(const char * kind, const std::vector<Record> & before, const std::vector<Record> & after);
+
+    // What only one of the states has.
+    void AddOf(const char * kind, const std::string & name, Side side, const std::string & property,
+               const Cell & value);
+    void AddChanged(const char * kind, const std::string & name, const char * property, const Cell & before,
+                    const Cell & after);
+    void AddRenamed(const char * kind, const std::string & name, const std::string & newName);
 
     [[nodiscard]] const Table & Rows() const { return m_table; }
 

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-#include "hosts/ipc2581/listings/ReportedFacts.h"
+#include "hosts/ipc2581/board/ReportedFacts.h"
 #include "hosts/ipc2581/text/Text.h"
 
 namespace ipc2581::host {

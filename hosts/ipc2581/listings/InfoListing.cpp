@@ -18,7 +18,7 @@
 #include "hosts/ipc2581/listings/BoardFeatures.h"
 #include "hosts/ipc2581/listings/BomFacts.h"
 #include "hosts/ipc2581/listings/LayerTables.h"
-#include "hosts/ipc2581/listings/ReportedFacts.h"
+#include "hosts/ipc2581/board/ReportedFacts.h"
 #include "hosts/ipc2581/text/Text.h"
 
 namespace ipc2581::host {

@@ -1,4 +1,4 @@
-#include "hosts/ipc2581/listings/ReportedFacts.h"
+#include "hosts/ipc2581/board/ReportedFacts.h"
 
 #include <string_view>
 
