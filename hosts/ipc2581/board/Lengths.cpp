@@ -30,6 +30,7 @@ std::string UnitsWord(const CString & units)
 std::vector<std::string> Lengths::Units()
 {
     std::vector<std::string> names;
+    names.reserve(Known.size());
     for (const Unit & unit : Known) {
         names.emplace_back(unit.name);
     }

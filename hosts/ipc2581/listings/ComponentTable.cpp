@@ -167,7 +167,7 @@ private:
     // Where the layer does not tell, the mirror does.
     [[nodiscard]] std::string PlacedSideOf(const Component & component) const
     {
-        const std::string side = SideOf(component);
+        std::string side = SideOf(component);
         if (side == "TOP" || side == "BOTTOM" || side == "INTERNAL") {
             return side;
         }
@@ -236,6 +236,7 @@ Table ComponentTable(Board & board, const Lengths & lengths, const ComponentChoi
             continue;
         }
         Row row;
+        row.reserve(chosen.size());
         for (const FactColumn & column : chosen) {
             row.push_back(facts.Of(*component, column.fact));
         }
@@ -260,6 +261,7 @@ std::vector<std::string> ComponentHeads()
 std::vector<std::string> ComponentKeys()
 {
     std::vector<std::string> keys;
+    keys.reserve(All.size());
     for (const FactColumn & column : All) {
         keys.emplace_back(column.title);
     }

@@ -1,13 +1,15 @@
 #!/usr/bin/env python3
 """Validates what each command writes in JSON for each board of a folder: check_listings.py PROGRAM SCHEMA FOLDER
 
-Boards are .cvg and .xml files, as they are or packed with zstd.
+Boards are .cvg and .xml files, as they are or packed with zstd. Rows are counted against what an XML parser finds.
 """
 
 import copy
+import io
 import json
 import subprocess
 import sys
+import xml.etree.ElementTree
 from pathlib import Path
 
 try:
@@ -27,6 +29,13 @@ VARIANTS = [
     ["bom", "--group", "package", "--sort"],
     ["nets", "--physical", "--units", "inch"], ["pins", "--sort"], ["holes", "--sort"], ["tracks", "--units", "um"],
 ]
+# The elements that a row stands for: the list, the element, and the one around it. Of a board with pad stacks, holes
+# may stand twice and pads in two places.
+ROWS = {
+    "components": ("Component", "Step"), "nets": ("LogicalNet", "Step"), "points": ("PhyNetPoint", "PhyNet"),
+    "layers": ("Layer", "CadData"), "stackup": ("StackupLayer", "StackupGroup"), "packages": ("Package", "Step"),
+    "pads": ("Pad", "Set"), "holes": ("Hole", "Set"), "items": ("BomItem", "Bom"),
+}
 # Longer lists are validated by one row of each kind.
 FEW = 1000
 # The status of a test that is skipped.
@@ -69,18 +78,47 @@ def unknown_keys_that_pass(validator, listing):
     return count
 
 
-def findings_of(validator, program, arguments, is_first_board):
+def elements_of(board):
+    """How often each element stands in each other one; None for a board of which only a part is read."""
+    packed = board.name.endswith(".zst")
+    content = subprocess.run(["zstd", "-dcq", board], capture_output=True, check=True).stdout if packed else None
+    counts, around = {}, []
+    for event, element in xml.etree.ElementTree.iterparse(io.BytesIO(content) if packed else board, ("start", "end")):
+        if event == "end":
+            around.pop()
+            element.clear()
+            continue
+        name = element.tag.rpartition("}")[2]
+        place = (name, around[-1] if around else "")
+        counts[place] = counts.get(place, 0) + 1
+        around.append(name)
+    is_whole = counts.get(("Step", "CadData"), 0) == 1 and counts.get(("Bom", "IPC-2581"), 0) <= 1
+    return counts if is_whole and ("PadStack", "Step") not in counts else None
+
+
+def miscounted(listing, elements):
+    for key, place in ROWS.items():
+        counted = elements.get(place, 0)
+        # The nets of a file without any are made of its sets.
+        if isinstance(listing.get(key), list) and len(listing[key]) != counted and (counted or key != "nets"):
+            yield f"{len(listing[key])} {key}, but {counted} times {place[0]} in the file"
+
+
+def findings_of(validator, program, arguments, is_first_board, elements):
     run = subprocess.run([program, *arguments, "--format", "json"], capture_output=True, check=False)
     if run.returncode not in ((0, 1) if arguments[0] == "diff" else (0,)):
         # What the board does not tell nobody can convert.
         if b"does not tell its units" in run.stderr and "--units" in arguments:
             return []
         return [f"status {run.returncode}: {run.stderr.decode()}"]
-    listing = thinned(json.loads(run.stdout))
+    whole = json.loads(run.stdout)
+    listing = thinned(whole)
     error = jsonschema.exceptions.best_match(validator.iter_errors(listing))
     findings = [] if error is None else [f"{list(error.absolute_path)}: {error.message}"]
     if not findings and is_first_board and unknown_keys_that_pass(validator, listing) != 0:
         findings.append("the schema lets keys pass that it does not know")
+    if elements is not None and arguments[0] not in ("info", "check", "diff") and "--fitted" not in arguments:
+        findings += miscounted(whole, elements)
     return findings
 
 
@@ -96,14 +134,16 @@ def main():
     jsonschema.Draft202012Validator.check_schema(schema)
     validator = jsonschema.Draft202012Validator(schema)
     boards = sorted(path for path in Path(folder).iterdir() if path.name.endswith(ENDINGS))
-    failures = 0
+    failures = counted = 0
     for board in boards:
+        elements = elements_of(board)
+        counted += elements is not None
         commands = COMMANDS + (VARIANTS if board == boards[0] else [])
         for arguments in [[*command, str(board)] for command in commands] + [["diff", str(board), str(boards[0])]]:
-            for finding in findings_of(validator, program, arguments, board == boards[0]):
+            for finding in findings_of(validator, program, arguments, board == boards[0], elements):
                 print(f"ipc2581 {' '.join(arguments)}: {finding}")
                 failures += 1
-    print(f"{len(boards)} boards, {failures} findings")
+    print(f"{len(boards)} boards, {counted} of them counted, {failures} findings")
     return 1 if failures or not boards else 0
 
 
