@@ -12,6 +12,7 @@
 #include "hosts/ipc2581/files/Error.h"
 #include "hosts/ipc2581/output/Output.h"
 #include "hosts/ipc2581/output/SignalRemoval.h"
+#include "hosts/ipc2581/output/StandardStreams.h"
 
 using namespace ipc2581::host;
 
@@ -77,6 +78,7 @@ int Run(int count, const char * const * arguments)
 
 int main(int count, char ** arguments)
 {
+    TakeClosedStandardStreams();
     RemoveListedOnSignals();
     try {
         return Run(count, arguments);

@@ -19,8 +19,8 @@ struct Options {
 Listing CheckWithProgress(const Options & options)
 {
     constexpr std::size_t few = 10;
-    const BoardFile file(options.board);
-    Progress progress("Reading " + options.board);
+    const BoardFile file = OpenBoardFile(options.board);
+    Progress progress("Reading " + file.Name());
     return CheckListing(file, options.isAll ? std::numeric_limits<std::size_t>::max() : few, &progress);
 }
 

@@ -1,15 +1,19 @@
 #include "hosts/ipc2581/commands/Command.h"
 
+#include <cstdio>
 #include <iostream>
 #include <map>
 #include <new>
 #include <utility>
 
+#include "hosts/ipc2581/files/Pack.h"
 #include "hosts/ipc2581/output/Progress.h"
 #include "hosts/ipc2581/text/Text.h"
 
 namespace ipc2581::host {
 namespace {
+
+constexpr const char * StandardInput = "standard input";
 
 const std::map<std::string, Format> Formats = {{"table", Format::Table}, {"csv", Format::Csv}, {"json", Format::Json}};
 
@@ -25,7 +29,9 @@ CLI::App & AddCommand(CLI::App & program, const std::string & name, const std::s
 
 void AddBoard(CLI::App & command, std::string & board, const std::string & name)
 {
-    command.add_option(name, board, "IPC-2581 file; may be packed as .gz, .zst, .xz, .bz2, .zip, .7z or .tar")
+    command
+        .add_option(name, board,
+                    "IPC-2581 file, or - for standard input; may be packed as .gz, .zst, .xz, .bz2, .zip, .7z or .tar")
         ->required()
         ->type_name("");
 }
@@ -39,10 +45,15 @@ void AddReading(CLI::App & command, Reading & reading)
         ->excludes(exact);
 }
 
+BoardFile OpenBoardFile(const std::string & board)
+{
+    return board == "-" ? BoardFile(StandardInput, stdin) : BoardFile(board);
+}
+
 Board OpenBoard(const std::string & path, const Reading & reading)
 {
-    BoardFile file(path);
-    Progress progress("Reading " + path);
+    BoardFile file = OpenBoardFile(path);
+    Progress progress("Reading " + file.Name());
     return Board(std::move(file), reading, &progress);
 }
 
@@ -56,7 +67,28 @@ void AddListingOptions(CLI::App & command, ListingOptions & options)
             return Formats.contains(name) ? "" : "must be table, csv or json, not " + name;
         })
         ->type_name("FORMAT");
-    command.add_option("-o,--output", options.output, "Write to FILE instead of standard output")->type_name("FILE");
+    command
+        .add_option("-o,--output", options.output,
+                    "Write to FILE instead of standard output; packed if it ends in .gz, .zst, .xz or .bz2")
+        ->type_name("FILE");
+}
+
+void AddForce(CLI::App & command, Existing & existing)
+{
+    command.add_flag_callback(
+        "--force", [&existing] { existing = Existing::Replace; }, "Replace what is there already");
+}
+
+void RefuseOutput(const std::string & output, std::initializer_list<std::string> inputs, Existing existing)
+{
+    if (IsStandardOutput(output)) {
+        return;
+    }
+    RefuseInput(output, inputs);
+    static_cast<void>(IsPackedName(output));
+    if (existing == Existing::Refuse) {
+        RefuseExisting(output);
+    }
 }
 
 void AddBoardListing(CLI::App & command, SortedListing & options)
@@ -98,7 +130,8 @@ void Warn(const Board & board, const std::string & losses)
 {
     if (!losses.empty()) {
         const std::string & name = board.File().Name();
-        std::cerr << "ipc2581: " << name << ": warning: " << losses << "; see ipc2581 check " << name << "\n";
+        const std::string asked = name == StandardInput ? "-" : name;
+        std::cerr << "ipc2581: " << name << ": warning: " << losses << "; see ipc2581 check " << asked << "\n";
     }
 }
 

@@ -25,6 +25,8 @@ void AddBoard(CLI::App & command, std::string & board, const std::string & name 
 // The options of how boards are read.
 void AddReading(CLI::App & command, Reading & reading);
 
+// The file of an argument BOARD, where "-" is the standard input. Throws Error.
+BoardFile OpenBoardFile(const std::string & board);
 // Reads a board, with a progress bar on a terminal. Throws Error.
 Board OpenBoard(const std::string & path, const Reading & reading);
 
@@ -34,6 +36,11 @@ struct ListingOptions {
     std::string output;  // empty is the standard output
 };
 void AddListingOptions(CLI::App & command, ListingOptions & options);
+
+// The option that lets a command replace what is there, which is refused without.
+void AddForce(CLI::App & command, Existing & existing);
+// Throws Error, before a board is read, for an output that would not be written behind it.
+void RefuseOutput(const std::string & output, std::initializer_list<std::string> inputs, Existing existing);
 
 // Says in one line on standard error what is known to be lacking, and points to the command that shows all of it.
 // Silent if nothing is.

@@ -5,6 +5,7 @@
 #include "hosts/ipc2581/commands/Commands.h"
 #include "hosts/ipc2581/commands/ExitStatus.h"
 #include "hosts/ipc2581/diff/BoardDifferences.h"
+#include "hosts/ipc2581/files/Error.h"
 
 namespace ipc2581::host {
 namespace {
@@ -20,6 +21,9 @@ struct Options {
 
 bool Diff(const Options & options)
 {
+    if (IsStandardInput(options.before) && IsStandardInput(options.after)) {
+        throw Error("standard input", "is there to be read once; give one of the boards as a file");
+    }
     Board before = OpenBoard(options.before, options.reading);
     Board after = OpenBoard(options.after, options.reading);
     const Differences differences = DifferencesOf(before, after);
@@ -61,7 +65,7 @@ void AddDiffCommand(CLI::App & program)
         AddCommand(program, "diff", "Show what differs between two boards. Exit status: 0 same, 1 different, 2 trouble",
                    "ipc2581 diff old.cvg new.cvg");
     AddBoard(command, options->before, "A");
-    command.add_option("B", options->after, "The board to compare it with, taken as the newer one")
+    command.add_option("B", options->after, "The board to compare it with, taken as the newer one; either may be -")
         ->required()
         ->type_name("");
     AddReading(command, options->reading);

@@ -94,6 +94,8 @@ _ipc2581()
             bom | components) options+=" $listing --sort" ;;
             nets) options+=" $listing --physical --sort" ;;
             svg) options+=" -o --output" ;;
+            convert) options+=" --force" ;;
+            report) options+=" --force -o --output" ;;
             check) options+=" $listing --all" ;;
         esac
         _ipc2581_words "$word" "$options"

@@ -273,12 +273,52 @@ TEST(Board, MayBeWriteProtected)
     EXPECT_EQ(RunProgram({"info", board}, unprivileged), Failure(board + ": Permission denied"));
 }
 
-TEST(Board, IsARegularFile)
+TEST(Board, MayComeThroughAPipe)
 {
     const TempFolder folder;
-    const std::string pipe = folder.Path("pipe");
-    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    EXPECT_EQ(RunProgram({"info", pipe}), Failure(pipe + ": is not a regular file"));
+    folder.Save("board.cvg", Bytes(ExampleBoard()));
+    folder.Save("board.zip", Zip({{"boards/board.cvg", Bytes(ExampleBoard())}}));
+    for (const auto & [ending, filter, name, badAt] : Compressions) {
+        folder.Save(std::string("board") + ending, Compressed(filter, Bytes(ExampleBoard())));
+    }
+    ASSERT_EQ(mkfifo(folder.Path("pipe.cvg").c_str(), 0600), 0);
+    for (const std::string command : {"info", "info --exact", "bom", "components", "nets", "check"}) {
+        const Result plain = RunShell("ipc2581 " + command + " board.cvg", folder.Path(""));
+        EXPECT_NE(plain.out, "");
+        for (const std::string file : {"board.cvg", "board.gz", "board.zst", "board.xz", "board.bz2", "board.zip"}) {
+            for (const std::string way :
+                 {"ipc2581 COMMAND - < ", "ipc2581 COMMAND /dev/stdin < ", "cat FILE | ipc2581 COMMAND - #",
+                  "cat FILE | ipc2581 COMMAND /dev/stdin #", "cat FILE > pipe.cvg & ipc2581 COMMAND pipe.cvg #"}) {
+                std::string run = way + file;
+                run.replace(run.find("COMMAND"), 7, command);
+                const std::size_t at = run.find("FILE");
+                if (at != std::string::npos) {
+                    run.replace(at, 4, file);
+                }
+                EXPECT_EQ(RunShell(run, folder.Path("")), plain) << run;
+            }
+        }
+        EXPECT_EQ(RunShell("ipc2581 " + command + " <(cat board.cvg)", folder.Path("")), plain) << command;
+    }
+}
+
+TEST(Board, OfTheStandardInputIsToldAsThat)
+{
+    const TempFolder folder;
+    const std::string board = folder.Save("board.cvg", SmallBoard("<Step><\n"));
+    EXPECT_EQ(RunProgram({"info", "-"}, {.input = board}), Failure("standard input:9: StartTag: invalid element name"));
+    const std::string dangling = folder.Save(
+        "b.cvg", SmallBoard("<LogicalNet name=\"N\"><PinRef componentRef=\"U1\" pin=\"1\"/></LogicalNet>\n"));
+    EXPECT_EQ(RunProgram({"info", "-"}, {.input = dangling}).err,
+              "ipc2581: standard input: warning: 1 reference leads nowhere; see ipc2581 check -\n");
+    EXPECT_EQ(RunProgram({"info", "-"}, {.input = folder.Path("")}),
+              Failure("standard input: cannot be read: Is a directory"));
+    EXPECT_EQ(RunShell("ipc2581 info - <&-"), Failure("standard input: cannot be read: Bad file descriptor"));
+}
+
+TEST(Board, IsAFile)
+{
+    const TempFolder folder;
     EXPECT_EQ(RunProgram({"info", folder.Path("none.cvg")}),
               Failure(folder.Path("none.cvg") + ": No such file or directory"));
     EXPECT_EQ(RunProgram({"info", folder.Path("")}), Failure(folder.Path("") + ": Is a directory"));

@@ -136,6 +136,18 @@ TEST(DiffCommand, TroubleIsTwo)
               (Result{2, "", "ipc2581: " + board + ": is the board itself, which is never overwritten\n"}));
 }
 
+TEST(DiffCommand, TakesOneBoardFromAPipe)
+{
+    EXPECT_EQ(RunProgram({"diff", "-", ExampleBoard()}, {.input = ExampleBoard()}), (Result{0, "", ""}));
+    EXPECT_EQ(RunProgram({"diff", ExampleBoard(), "/dev/stdin"}, {.input = ExampleBoard()}), (Result{0, "", ""}));
+    EXPECT_EQ(RunShell("diff() { ipc2581 diff <(cat $1) <(cat $1); }; diff " + ExampleBoard()), (Result{0, "", ""}));
+    for (const std::string other : {"-", "/dev/stdin"}) {
+        EXPECT_EQ(
+            RunProgram({"diff", "-", other}, {.input = ExampleBoard()}),
+            (Result{2, "", "ipc2581: standard input: is there to be read once; give one of the boards as a file\n"}));
+    }
+}
+
 TEST(DiffCommand, FullDiskIsTroubleToo)
 {
     EXPECT_EQ(RunProgram({"diff", ExampleBoard(), ExampleBoard()}, {.fileLimit = 100}),
