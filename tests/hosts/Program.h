@@ -49,6 +49,8 @@ struct Setting {
     rlim_t memoryLimit = RLIM_INFINITY;
     bool isUnprivileged = false;  // as a user to whom permissions apply
     bool isOnTerminal = false;    // the error stream is one
+    std::string terminalType = "xterm";
+    std::string noColor = {};
 };
 
 namespace detail {
@@ -58,6 +60,8 @@ inline void Become(const Setting & setting)
     if (!setting.temporaryFolder.empty()) {
         setenv("TMPDIR", setting.temporaryFolder.c_str(), 1);
     }
+    setenv("TERM", setting.terminalType.c_str(), 1);
+    setenv("NO_COLOR", setting.noColor.c_str(), 1);
     if (!setting.folder.empty() && chdir(setting.folder.c_str()) != 0) {
         _exit(126);
     }

@@ -7,6 +7,7 @@
 #include "hosts/ipc2581/check/ElementCounts.h"
 #include "hosts/ipc2581/check/ImportNotes.h"
 #include "hosts/ipc2581/check/LineCheck.h"
+#include "hosts/ipc2581/check/Losses.h"
 #include "hosts/ipc2581/files/Error.h"
 #include "hosts/ipc2581/files/ScratchFile.h"
 
@@ -67,8 +68,9 @@ void ListElements(const ElementCounts & file, const ElementCounts & taken, const
 }
 
 // What the import makes of the file: what it tells of it, or why it does not take it.
-void ListImported(const BoardFile & file, std::size_t limit, Listing & listing)
+void ListImported(const BoardFile & file, std::size_t limit, Checked & checked)
 {
+    Listing & listing = checked.listing;
     Table & sums = listing.AddRecord("import");
     try {
         const Imported imported = ImportModel(file, "", nullptr);
@@ -78,15 +80,18 @@ void ListImported(const BoardFile & file, std::size_t limit, Listing & listing)
         Table & notes = listing.AddTable("import notes", {"what is not as it stands", "count", "lines"});
         Table & facts = listing.AddTable("no place", {"element", "attributes", "count", "lines"});
         ListImport(imported.report, limit, notes, facts);
+        checked.changesAListing = ChangesAListing(imported.report, false);
+        checked.losses = LossesOf(imported.report, false);
     }
     catch (const Error & error) {
         sums.Add({"refused", std::string(error.what())});
+        checked.changesAListing = true;
     }
 }
 
 }  // namespace
 
-Listing CheckListing(const BoardFile & file, std::size_t limit, CProgressCtrl * progress)
+Checked CheckListing(const BoardFile & file, std::size_t limit, CProgressCtrl * progress)
 {
     auto root = std::make_unique<CIPC2581_Parser>();
     const LineFindings found = CheckLines(file, limit, *root, progress);
@@ -99,8 +104,9 @@ Listing CheckListing(const BoardFile & file, std::size_t limit, CProgressCtrl * 
     const XmlCounts inFile = CountXml(file.PlainPath());
     const XmlCounts written = CountWritten(*root);
 
-    Listing listing;
-    ListImported(file, limit, listing);
+    Checked checked;
+    ListImported(file, limit, checked);
+    Listing & listing = checked.listing;
     Table & sums = listing.AddRecord("check");
     sums.Add({"lines", found.lines});
     sums.Add({"well-formed XML", WellFormed(inFile)});
@@ -119,7 +125,7 @@ Listing CheckListing(const BoardFile & file, std::size_t limit, CProgressCtrl * 
     List(found.notWritten, listing.AddTable("not written", {"element", "attribute", "written", "count", "lines"}));
     ListElements(inFile.elements, found.taken, CountModel(*root), written.elements,
                  listing.AddTable("elements", {"element", "file", "taken", "model", "written"}));
-    return listing;
+    return checked;
 }
 
 }  // namespace ipc2581::host

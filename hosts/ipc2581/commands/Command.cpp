@@ -6,6 +6,8 @@
 #include <new>
 #include <utility>
 
+#include "hosts/ipc2581/check/Losses.h"
+#include "hosts/ipc2581/commands/ExitStatus.h"
 #include "hosts/ipc2581/files/Pack.h"
 #include "hosts/ipc2581/output/Progress.h"
 #include "hosts/ipc2581/text/Text.h"
@@ -16,6 +18,12 @@ namespace {
 constexpr const char * StandardInput = "standard input";
 
 const std::map<std::string, Format> Formats = {{"table", Format::Table}, {"csv", Format::Csv}, {"json", Format::Json}};
+
+// As an argument names it.
+std::string Asked(const std::string & name)
+{
+    return name == StandardInput ? "-" : name;
+}
 
 }  // namespace
 
@@ -43,6 +51,12 @@ void AddReading(CLI::App & command, Reading & reading)
     command.add_option("--step", reading.step, "The step to read, instead of the first one with components")
         ->type_name("NAME")
         ->excludes(exact);
+    AddStrict(command, reading.isStrict);
+}
+
+void AddStrict(CLI::App & command, bool & isStrict)
+{
+    command.add_flag("--strict", isStrict, "End with 3 where anything of a board was lost or read otherwise");
 }
 
 BoardFile OpenBoardFile(const std::string & board)
@@ -108,12 +122,13 @@ void PrintTable(const SortedListing & options, Table (*make)(Board & board, bool
     Board board = OpenBoard(options.board, options.reading);
     Print(make(board, options.isSorted), options.listing, {options.board});
     WarnOfLosses(board, {listed});
+    EndWhereLost({&board});
 }
 
 void WarnOfImport(const Board & board)
 {
     if (board.Report() != nullptr) {
-        Warn(board, OneLine(NotesOfImport(*board.Report())));
+        Warn(board, OneLine(NotesOfImport(*board.Report(), !board.HowRead().step.empty())));
     }
 }
 
@@ -126,12 +141,32 @@ void WarnOfLosses(Board & board, std::initializer_list<Listed> listed)
     Warn(board, ListingLosses(board, listed));
 }
 
+void TellLosses(const std::string & board, const std::string & losses)
+{
+    std::cerr << "ipc2581: " << OneLine(board) << ": lost or read otherwise: " << losses << "; see ipc2581 check "
+              << OneLine(Asked(board)) << "\n";
+}
+
+void EndWhereLost(std::initializer_list<const Board *> boards)
+{
+    bool isLost = false;
+    for (const Board * const board : boards) {
+        const std::string losses = board->HowRead().isStrict ? LossesOf(*board) : "";
+        if (!losses.empty()) {
+            TellLosses(board->File().Name(), losses);
+            isLost = true;
+        }
+    }
+    if (isLost) {
+        throw ExitStatus{LostStatus};
+    }
+}
+
 void Warn(const Board & board, const std::string & losses)
 {
     if (!losses.empty()) {
         const std::string & name = board.File().Name();
-        const std::string asked = name == StandardInput ? "-" : name;
-        std::cerr << "ipc2581: " << name << ": warning: " << losses << "; see ipc2581 check " << asked << "\n";
+        std::cerr << "ipc2581: " << name << ": warning: " << losses << "; see ipc2581 check " << Asked(name) << "\n";
     }
 }
 

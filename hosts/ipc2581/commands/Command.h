@@ -51,6 +51,13 @@ void WarnOfLosses(Board & board, std::initializer_list<Listed> listed);
 // Says in one line on standard error what of the file an import has not taken as it stands, if there is any.
 void WarnOfImport(const Board & board);
 
+// For a strict reading, says in one line on standard error what was lost, and ends the program with a status of its
+// own. Everything is written by then.
+void EndWhereLost(std::initializer_list<const Board *> boards);
+void TellLosses(const std::string & board, const std::string & losses);
+// The option for it.
+void AddStrict(CLI::App & command, bool & isStrict);
+
 // Says in one line on standard error why the program has failed.
 void TellFailure(const std::exception & failure);
 

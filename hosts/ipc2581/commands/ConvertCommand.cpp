@@ -9,6 +9,7 @@
 #include "hosts/ipc2581/board/ReadWrite.h"
 #include "hosts/ipc2581/commands/Command.h"
 #include "hosts/ipc2581/commands/Commands.h"
+#include "hosts/ipc2581/commands/ExitStatus.h"
 #include "hosts/ipc2581/files/OpenFile.h"
 #include "hosts/ipc2581/files/Pack.h"
 #include "hosts/ipc2581/files/ScratchFile.h"
@@ -36,8 +37,8 @@ void Add(std::string & list, std::size_t count, std::string_view one, std::strin
     }
 }
 
-// Says in one line what the written file does not have of the board.
-void TellUnwritten(const std::string & output, Board & board)
+// Says in one line what the written file does not have of the board, and gives whether there is anything.
+bool TellUnwritten(const std::string & output, Board & board)
 {
     std::string list;
     for (const Unwritten & own : UnwrittenOf(board.Root())) {
@@ -51,6 +52,7 @@ void TellUnwritten(const std::string & output, Board & board)
     if (!list.empty()) {
         std::cerr << "ipc2581: " << OneLine(output) << ": not written: " << list << "\n";
     }
+    return !list.empty();
 }
 
 // The writer of the library writes to a path.
@@ -90,7 +92,13 @@ void Convert(const Options & options)
     }
     const bool isStream = IsStandardOutput(options.output) || IsPackedName(options.output);
     isStream ? WriteStream(options, board.Root()) : WriteFile(options, board.Root());
-    TellUnwritten(IsStandardOutput(options.output) ? "standard output" : options.output, board);
+    const bool isUnwritten =
+        TellUnwritten(IsStandardOutput(options.output) ? "standard output" : options.output, board);
+    WarnOfImport(board);
+    EndWhereLost({&board});
+    if (isUnwritten && options.reading.isStrict) {
+        throw ExitStatus{LostStatus};
+    }
 }
 
 }  // namespace

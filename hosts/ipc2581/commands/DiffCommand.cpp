@@ -38,6 +38,7 @@ bool Diff(const Options & options)
     for (Board * const read : {&before, &after}) {
         WarnOfLosses(*read, {Listed::Items, Listed::Components, Listed::LogicalNets, Listed::PhysicalNets});
     }
+    EndWhereLost({&before, &after});
     return isDifferent;
 }
 

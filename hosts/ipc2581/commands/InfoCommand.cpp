@@ -18,6 +18,7 @@ void Info(const Options & options)
     Board board = OpenBoard(options.board, options.reading);
     Print(InfoListing(board), options.listing, {options.board});
     WarnOfImport(board);
+    EndWhereLost({&board});
 }
 
 }  // namespace

@@ -83,6 +83,8 @@ void Report(const Options & options)
     Output output(reportPath, {options.board}, options.existing);
     output.Stream() << ReportText(reportPath, board.Root());
     output.Finish();
+    WarnOfImport(board);
+    EndWhereLost({&board});
 }
 
 }  // namespace

@@ -75,6 +75,7 @@ void Svg(const Options & options)
         Warn(board, PictureLosses(board));
     }
     WarnOfImport(board);
+    EndWhereLost({&board});
 }
 
 }  // namespace

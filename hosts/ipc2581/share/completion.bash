@@ -88,6 +88,7 @@ _ipc2581()
 
     if [[ $word == -* ]]; then
         local listing="-f --format -o --output" options="-h --help"
+        options+=" --strict"
         [[ $command != check ]] && options+=" --exact --step"
         case $command in
             info | diff) options+=" $listing" ;;

@@ -256,7 +256,7 @@ TEST(Docs, ManPageTellsEachCommandAndOption)
 
 TEST(Docs, ManPageIsFormattedWithoutWarning)
 {
-    const Result result = RunProgram({"-c", "command -v groff || exit 99; groff -man -ww -z -Tutf8 \"$0\"", ManPage},
+    const Result result = RunProgram({"-c", "command -v groff || exit 99; groff -t -man -ww -z -Tutf8 \"$0\"", ManPage},
                                      {.program = "/bin/sh"});
     if (result.status == 99) {
         GTEST_SKIP() << "groff is not there";
