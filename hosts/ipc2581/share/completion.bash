@@ -43,7 +43,7 @@ _ipc2581()
     # The place of the word among the arguments of the command that are not options.
     for ((i = 1; i < COMP_CWORD; ++i)); do
         case ${COMP_WORDS[i]} in
-            -f | --format | -o | --output | --step)
+            -f | --format | -o | --output | --step | --layers | --width)
                 [[ ${COMP_WORDS[i + 1]} == "=" ]] && ((++i))
                 ((++i))
                 ;;
@@ -68,7 +68,7 @@ _ipc2581()
     fi
 
     case $before in
-        --step)
+        --step | --layers | --width)
             return
             ;;
         -f | --format)
@@ -94,7 +94,7 @@ _ipc2581()
             info | diff) options+=" $listing" ;;
             bom | components) options+=" $listing --sort" ;;
             nets) options+=" $listing --physical --sort" ;;
-            svg) options+=" -o --output" ;;
+            svg) options+=" -o --output --layers --whole --png --width --force" ;;
             convert) options+=" --force" ;;
             report) options+=" --force -o --output" ;;
             check) options+=" $listing --all" ;;
