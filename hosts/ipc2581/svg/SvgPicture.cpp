@@ -194,7 +194,7 @@ void WriteLabel(const Extents & box, std::string_view text, std::optional<double
     const double length = 0.66 * static_cast<double>(std::max<std::size_t>(text.size(), 1));
     const bool isUpright = height > 1.5 * width;
     const double fitting = std::min((isUpright ? height : width) / length, 0.8 * (isUpright ? width : height));
-    constexpr double smallest = 2.0;
+    constexpr double smallest = 4.0;
     constexpr double largest = 24.0;
     if (fitting < smallest) {
         return;

@@ -299,16 +299,16 @@ TEST(Svg, DesignatorsStandOnceAndFitTheirParts)
         EXPECT_EQ(RunProgram({"svg", board, "-o", folder.Path("out")}).status, 0);
         return Bytes(folder.Path("out/board-top.svg"));
     };
-    const std::string two = Component("R1", "10", "part=\"A\"") + Component("LONG_NAME_1", "20", "part=\"A\"");
+    const std::string two = Component("R1", "10", "part=\"A\"") + Component("LONG_1", "20", "part=\"A\"");
     const std::string plain = labels(two);
     // The part is two thousandths of a hundred high, and a text as high as four fifths of that.
     ExpectHolds(plain, "<text font-size=\"8\" dy=\".35em\" x=\"100\" y=\"0\">R1</text>\n");
-    ExpectHolds(plain, "<text font-size=\"2.8\" dy=\".35em\" x=\"200\" y=\"0\">LONG_NAME_1</text>\n");
+    ExpectHolds(plain, "<text font-size=\"5.1\" dy=\".35em\" x=\"200\" y=\"0\">LONG_1</text>\n");
     // The legend says it already.
     const std::string named =
         labels(two + OnLayer("SILK", CircleAt("10", "geometryUsage=\"TEXT\" componentRef=\"R1\"")));
     EXPECT_EQ(Count(named, ">R1</text>"), 0U);
-    EXPECT_EQ(Count(named, ">LONG_NAME_1</text>"), 1U);
+    EXPECT_EQ(Count(named, ">LONG_1</text>"), 1U);
     // Notes are not in this picture.
     EXPECT_EQ(Count(labels(two + OnLayer("NOTES", CircleAt("10", "geometryUsage=\"TEXT\" componentRef=\"R1\""))),
                     ">R1</text>"),
