@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <functional>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -183,11 +182,18 @@ Extents LabelBox(const Drawing & drawing, const PlacedPart & part)
                                       : Measured(drawing, [&](SvgWriter & writer) { DrawPart(drawing, part, writer); });
 }
 
+// Fonts of far less than a unit are drawn badly: the texts have a unit of their own, a thousandth of the board.
+double UnitOfTexts(const SvgFrame & frame)
+{
+    return frame.boardSize / 1000;
+}
+
 // Puts the text on the middle of its box, as large as the box allows; nothing where nobody could read it. The unit is
-// that of the texts. From below the board is turned round at the place of the mirror.
-void WriteLabel(const Extents & box, std::string_view text, std::optional<double> mirror, double unit,
+// that of the texts.
+void WriteLabel(const Extents & box, std::string_view text, const SvgFrame & frame, bool isFromBelow,
                 SvgWriter & writer)
 {
+    const double unit = UnitOfTexts(frame);
     const double width = (box.MaxX() - box.MinX()) / unit;
     const double height = (box.MaxY() - box.MinY()) / unit;
     // A character is about two thirds as wide as the font is high.
@@ -200,23 +206,20 @@ void WriteLabel(const Extents & box, std::string_view text, std::optional<double
         return;
     }
     const double middle = (box.MinX() + box.MaxX()) / 2;
-    const double x = (mirror ? *mirror - middle : middle) / unit;
+    const double x = (isFromBelow ? frame.box.MinX() + frame.box.MaxX() - middle : middle) / unit;
     const double y = -(box.MinY() + box.MaxY()) / 2 / unit;
     writer.Text({x, y}, std::min(fitting, largest), isUpright, text);
 }
 
-// Fonts of far less than a unit are drawn badly: the texts have a unit of their own, a thousandth of the board.
 void LabelParts(const Drawing & drawing, const SvgFrame & frame, Side side, SvgWriter & writer)
 {
-    const double unit = frame.boardSize / 1000;
-    const std::optional<double> mirror =
-        side == Side::Bottom ? std::optional(frame.box.MinX() + frame.box.MaxX()) : std::nullopt;
+    const double unit = UnitOfTexts(frame);
     writer.BeginGroup("#fff", " class=\"label\" font-family=\"sans-serif\" text-anchor=\"middle\" "
                               "transform=\"scale(" +
                                   SvgNumber(unit, 9) + ")\"");
     for (const PlacedPart & part : drawing.parts) {
         if (part.side == side && IsSeen(drawing, part) && part.isLabelled) {
-            WriteLabel(LabelBox(drawing, part), drawing.names[part.label.text], mirror, unit, writer);
+            WriteLabel(LabelBox(drawing, part), drawing.names[part.label.text], frame, side == Side::Bottom, writer);
         }
     }
     writer.EndGroup();

@@ -185,6 +185,8 @@ TEST(Convert, IsNeverWrittenOverTheBoard)
         EXPECT_EQ(RunProgram({"convert", board, out}),
                   Failure(out + ": is the board itself, which is never overwritten"));
     }
+    EXPECT_EQ(RunProgram({"convert", "-", board, "--force"}, {.input = board}),
+              Failure(board + ": is the board itself, which is never overwritten"));
     EXPECT_EQ(Bytes(board), SmallBoard());
 }
 
