@@ -109,7 +109,7 @@ void RefuseUnknownLayers(const Options & options, const std::string & board, con
     }
     for (const std::string & name : options.layers) {
         if (!names.contains(name)) {
-            throw Error(board, "has no layer \"" + name + "\"; it has " + list);
+            throw Error(board, std::string("has no layer \"").append(name).append("\"; it has ").append(list));
         }
     }
 }
