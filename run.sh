@@ -28,7 +28,7 @@ echo
 echo "\$ $program info $board"
 "$program" info "$board"
 echo
-echo "\$ $program convert $board $output"
-"$program" convert "$board" "$output"
+echo "\$ $program convert --force $board $output"
+"$program" convert --force "$board" "$output"
 echo
 echo "Read $board ($(wc -c <"$board") bytes) and wrote it again to $root/$output ($(wc -c <"$output") bytes)."

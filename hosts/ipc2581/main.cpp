@@ -9,9 +9,11 @@
 #include "hosts/ipc2581/commands/Command.h"
 #include "hosts/ipc2581/commands/Commands.h"
 #include "hosts/ipc2581/commands/ExitStatus.h"
+#include "hosts/ipc2581/commands/WrongUsage.h"
 #include "hosts/ipc2581/files/Error.h"
 #include "hosts/ipc2581/output/Output.h"
 #include "hosts/ipc2581/output/SignalRemoval.h"
+#include "hosts/ipc2581/output/StandardStreams.h"
 
 using namespace ipc2581::host;
 
@@ -72,9 +74,8 @@ int Run(int count, const char * const * arguments)
             PrintHelp(program, error);
             return Done;
         }
-        std::string what = error.what();
-        what = what.substr(0, what.find('\n'));
-        std::cerr << "ipc2581: " << what << " (see ipc2581 --help)\n";
+        std::cerr << "ipc2581: " << WrongUsageOf(program, error, {arguments + 1, arguments + count})
+                  << " (see ipc2581 --help)\n";
         return WrongUsage;
     }
     return Done;
@@ -84,6 +85,7 @@ int Run(int count, const char * const * arguments)
 
 int main(int count, char ** arguments)
 {
+    TakeClosedStandardStreams();
     RemoveListedOnSignals();
     try {
         return Run(count, arguments);

@@ -43,11 +43,14 @@ struct Setting {
     std::string program = IPC2581_HOST_PROGRAM;
     std::string folder = {};           // to run in; empty is that of the tests
     std::string temporaryFolder = {};  // empty is the system's
+    std::string input = {};            // opened as the standard input; empty is that of the tests
     std::string output = {};           // opened as the standard output; empty keeps what is written
     rlim_t fileLimit = RLIM_INFINITY;  // no file may grow beyond
     rlim_t memoryLimit = RLIM_INFINITY;
     bool isUnprivileged = false;  // as a user to whom permissions apply
     bool isOnTerminal = false;    // the error stream is one
+    std::string terminalType = "xterm";
+    std::string noColor = {};
 };
 
 namespace detail {
@@ -57,6 +60,8 @@ inline void Become(const Setting & setting)
     if (!setting.temporaryFolder.empty()) {
         setenv("TMPDIR", setting.temporaryFolder.c_str(), 1);
     }
+    setenv("TERM", setting.terminalType.c_str(), 1);
+    setenv("NO_COLOR", setting.noColor.c_str(), 1);
     if (!setting.folder.empty() && chdir(setting.folder.c_str()) != 0) {
         _exit(126);
     }
@@ -111,6 +116,9 @@ inline Result RunProgram(const std::vector<std::string> & arguments, const Setti
 
     const pid_t child = fork();
     if (child == 0) {
+        if (!setting.input.empty()) {
+            dup2(open(setting.input.c_str(), O_RDONLY), STDIN_FILENO);
+        }
         dup2(open(out.c_str(), O_WRONLY), STDOUT_FILENO);
         dup2(terminal == -1 ? open(err.c_str(), O_WRONLY) : ownEnd, STDERR_FILENO);
         detail::Become(setting);
@@ -132,6 +140,14 @@ inline Result RunProgram(const std::vector<std::string> & arguments, const Setti
         close(terminal);
     }
     return result;
+}
+
+// Runs commands of the shell that call the program by its name.
+inline Result RunShell(const std::string & commands, const std::string & folder = "")
+{
+    const std::string programs = std::filesystem::path(IPC2581_HOST_PROGRAM).parent_path().string();
+    return RunProgram({"-c", "export LC_ALL=C PATH=\"$1:$PATH\"\n" + commands, "bash", programs},
+                      {.program = "/bin/bash", .folder = folder});
 }
 
 // What a command gives that could not do its work: nothing but one line on the error stream.

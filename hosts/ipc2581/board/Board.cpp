@@ -1,6 +1,8 @@
 #include "hosts/ipc2581/board/Board.h"
 
 #include <cstddef>
+#include <fstream>
+#include <iterator>
 #include <string_view>
 #include <utility>
 
@@ -10,8 +12,6 @@
 
 namespace ipc2581::host {
 namespace {
-
-constexpr std::string_view NoSection = "contains no section of an IPC-2581 document";
 
 std::size_t CountLines(CStdioFile & file)
 {
@@ -49,21 +49,49 @@ Error StopError(const BoardFile & board, CStdioFile & stopped)
     return {board.Name(), number, StopCause(line)};
 }
 
-}  // namespace
-
-Board::Board(BoardFile file, const Reading & reading, CProgressCtrl * progress) : m_file(std::move(file))
+bool HasEndOfDocument(std::string_view text)
 {
-    reading.isExact ? ReadExactly(progress) : ReadByImport(reading.step, progress);
+    constexpr std::string_view end = "</IPC-2581";
+    const std::size_t at = text.rfind(end);
+    const std::size_t behind = at == std::string_view::npos ? at : text.find_first_not_of(' ', at + end.size());
+    return behind != std::string_view::npos && text[behind] == '>';
 }
 
-void Board::ReadByImport(const std::string & step, CProgressCtrl * progress)
+// The reader takes a file that ends early for a whole one.
+void RefuseCutFile(const BoardFile & board)
 {
+    std::ifstream file(board.PlainPath(), std::ios::binary);
+    constexpr std::streamoff usual = 100;
+    file.seekg(-usual, std::ios::end);
+    const std::string tail{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    if (HasEndOfDocument(tail)) {
+        return;
+    }
+    file.clear();
+    file.seekg(0);
+    std::size_t lines = 0;
+    for (std::string line; std::getline(file, line); ++lines) {
+        if (HasEndOfDocument(line)) {
+            return;
+        }
+    }
+    throw Error(board.Name(), lines, "the file ends without </IPC-2581>, so it is not whole");
+}
+
+}  // namespace
+
+Board::Board(BoardFile file, const Reading & reading, CProgressCtrl * progress)
+    : m_file(std::move(file)), m_reading(reading)
+{
+    reading.isExact ? ReadExactly(progress) : ReadByImport(progress);
+}
+
+void Board::ReadByImport(CProgressCtrl * progress)
+{
+    const std::string & step = m_reading.step;
     Imported imported = ImportModel(m_file, step, progress);
     m_root = std::move(imported.board);
     m_report = std::move(imported.report);
-    if (m_report->Elements().size() <= 1) {
-        throw Error(m_file.Name(), NoSection);
-    }
     if (!step.empty() && Shown(Step().Name) != step) {
         throw Error(m_file.Name(), "has no step \"" + step + "\"");
     }
@@ -79,6 +107,7 @@ void Board::ReadExactly(CProgressCtrl * progress)
     if (reader.m_arrSectionLog.IsEmpty()) {
         throw Error(m_file.Name(), NoSection);
     }
+    RefuseCutFile(m_file);
 }
 
 }  // namespace ipc2581::host

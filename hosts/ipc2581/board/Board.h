@@ -18,19 +18,22 @@ struct Reading {
     bool isExact = false;
     // The step to import; if it is empty, the import chooses.
     std::string step = {};
+    // Whether whoever reads it takes any loss for a failure. Reading does not depend on it.
+    bool isStrict = false;
 };
 
 // A board that was read. The file is never changed.
 class Board {
 public:
     // The progress may be null, and is not used after the call. Throws Error for a file that cannot be read, and for
-    // one that the reader does not take: the import a file that is not whole, the reader of the core one with a line
-    // that stops it, or without anything that it knows.
+    // one that the reader does not take: a file that is not whole, and by the reader of the core one with a line that
+    // stops it, or without anything that it knows.
     explicit Board(BoardFile file, const Reading & reading = {}, CProgressCtrl * progress = nullptr);
     Board(const Board &) = delete;
     Board & operator=(const Board &) = delete;
 
     [[nodiscard]] const BoardFile & File() const { return m_file; }
+    [[nodiscard]] const Reading & HowRead() const { return m_reading; }
     // What the import has found no member for; null for a board that the reader of the core has read.
     [[nodiscard]] const ImportReport * Report() const { return m_report.has_value() ? &*m_report : nullptr; }
     CIPC2581_Parser & Root() { return *m_root; }
@@ -40,9 +43,10 @@ public:
 
 private:
     void ReadExactly(CProgressCtrl * progress);
-    void ReadByImport(const std::string & step, CProgressCtrl * progress);
+    void ReadByImport(CProgressCtrl * progress);
 
     BoardFile m_file;
+    Reading m_reading;
     std::unique_ptr<CIPC2581_Parser> m_root;
     std::optional<ImportReport> m_report;
 };

@@ -19,7 +19,11 @@ Imported ImportModel(const BoardFile & file, const std::string & step, CProgress
         };
     }
     try {
-        return Import(file.PlainPath(), options);
+        Imported imported = Import(file.PlainPath(), options);
+        if (imported.report.Elements().size() <= 1) {
+            throw Error(file.Name(), NoSection);
+        }
+        return imported;
     }
     catch (const ImportError & error) {
         if (error.Line() == 0) {

@@ -58,21 +58,12 @@ struct Closer {
     }
 };
 
-void Copy(const std::string & path, ScratchFile & to)
-{
-    const OpenedFile file = OpenFile(path);
-    std::vector<char> block(BlockSize);
-    while (const std::size_t count = ReadBlock(path, file.get(), block)) {
-        to.Write(block.data(), count);
-    }
-}
-
 // The reader of archives knows this packing too, but never compares the sum of the unpacked bytes.
-void UnpackGzip(const std::string & path, ScratchFile & to)
+void UnpackGzip(const std::string & told, const std::string & path, ScratchFile & to)
 {
     const std::unique_ptr<gzFile_s, Closer<&gzclose_r>> file(gzopen(path.c_str(), "rbe"));
     if (file == nullptr) {
-        throw Error(path, SystemCause(errno));
+        throw Error(told, SystemCause(errno));
     }
     std::vector<char> block(BlockSize);
     int count = 0;
@@ -82,11 +73,11 @@ void UnpackGzip(const std::string & path, ScratchFile & to)
     int status = Z_OK;
     gzerror(file.get(), &status);
     if (status == Z_ERRNO) {
-        throw Error(path, "cannot be read: " + SystemCause(errno));
+        throw Error(told, "cannot be read: " + SystemCause(errno));
     }
     // A file that ends early is told as a buffer that is short.
     if (status != Z_OK) {
-        throw Error(path, status == Z_BUF_ERROR ? "the gzip data end early" : "the gzip data are damaged");
+        throw Error(told, status == Z_BUF_ERROR ? "the gzip data end early" : "the gzip data are damaged");
     }
 }
 
@@ -226,9 +217,9 @@ private:
     Archive m_archive;
 };
 
-void UnpackCompressed(const std::string & path, Packing packing, ScratchFile & to)
+void UnpackCompressed(const std::string & told, const std::string & path, Packing packing, ScratchFile & to)
 {
-    PackedFile file(path, path, packing);
+    PackedFile file(told, path, packing);
     if (file.Next() != nullptr) {
         file.WriteTo(to);
     }
@@ -291,58 +282,67 @@ bool HasMagic(std::string_view bytes, const PackingRow & row)
     return bytes.size() > row.magicAt && bytes.substr(row.magicAt).starts_with(row.magic);
 }
 
-std::string FirstBytes(const std::string & path)
+std::string FirstBytes(const std::string & told, const std::string & path)
 {
     std::vector<char> start(512);
     const OpenedFile file = OpenFile(path);
-    return {start.data(), ReadBlock(path, file.get(), start)};
+    return {start.data(), ReadBlock(told, file.get(), start)};
 }
 
 }  // namespace
 
-Packing FindPacking(const std::string & path)
+Packing FindPacking(const std::string & told, const std::string & path)
 {
-    const std::string bytes = FirstBytes(path);
+    const std::string bytes = FirstBytes(told, path);
     for (const PackingRow & row : Packings) {
         if (HasMagic(bytes, row)) {
             return row.packing;
         }
     }
     for (const PackingRow & row : Packings) {
-        if (path.ends_with(row.ending)) {
-            throw Error(path, "is not packed as its name says");
+        if (told.ends_with(row.ending)) {
+            throw Error(told, "is not packed as its name says");
         }
     }
     return Packing::None;
 }
 
-std::unique_ptr<ScratchFile> Unpack(const std::string & path, Packing packing)
+std::unique_ptr<ScratchFile> CopyOf(const std::string & told, std::FILE * file)
+{
+    auto copy = std::make_unique<ScratchFile>();
+    std::vector<char> block(BlockSize);
+    while (const std::size_t count = ReadBlock(told, file, block)) {
+        copy->Write(block.data(), count);
+    }
+    return copy;
+}
+
+std::unique_ptr<ScratchFile> Unpack(const std::string & told, const std::string & path, Packing packing)
 {
     auto unpacked = std::make_unique<ScratchFile>();
     switch (packing) {
     case Packing::None:
-        Copy(path, *unpacked);
-        return unpacked;
+        return CopyOf(told, OpenFile(path).get());
     case Packing::Zip:
     case Packing::SevenZip:
     case Packing::Tar:
-        UnpackArchive(path, path, packing, *unpacked);
+        UnpackArchive(told, path, packing, *unpacked);
         return unpacked;
     case Packing::Gzip:
-        UnpackGzip(path, *unpacked);
+        UnpackGzip(told, path, *unpacked);
         break;
     case Packing::Zstandard:
     case Packing::Xz:
     case Packing::Bzip2:
-        UnpackCompressed(path, packing, *unpacked);
+        UnpackCompressed(told, path, packing, *unpacked);
         break;
     }
-    if (!HasMagic(FirstBytes(unpacked->Path()), Packings.back())) {
+    if (!HasMagic(FirstBytes(told, unpacked->Path()), Packings.back())) {
         return unpacked;
     }
     // All of it is there by now, and so the sums at its end have been compared.
     auto board = std::make_unique<ScratchFile>();
-    UnpackArchive(path, unpacked->Path(), Packing::Tar, *board);
+    UnpackArchive(told, unpacked->Path(), Packing::Tar, *board);
     return board;
 }
 

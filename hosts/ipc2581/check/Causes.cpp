@@ -10,6 +10,7 @@ void Causes::Add(const std::string & cause)
 void Causes::AddMissing(const std::string & things, std::size_t inFile, std::size_t inModel)
 {
     if (inModel < inFile) {
+        m_isLacking = true;
         Add(std::to_string(inFile - inModel) + " of " + std::to_string(inFile) + " " + things + " missing");
     }
 }
@@ -26,6 +27,7 @@ void Causes::AddOtherwise(std::size_t count, const std::string & thing, const st
                           const std::string & cause)
 {
     if (count != 0) {
+        m_isLacking = true;
         Add(std::to_string(count) + " " + thing + (count == 1 ? "" : "s") + " " + how + " (" + cause + ")");
     }
 }

@@ -18,11 +18,14 @@ public:
 
     // With a separator between the causes; empty if there are none.
     [[nodiscard]] const std::string & Text() const { return m_text; }
+    // False if all there is to tell is what a file has none of.
+    [[nodiscard]] bool IsLacking() const { return m_isLacking; }
 
 private:
     void Add(const std::string & cause);
 
     std::string m_text;
+    bool m_isLacking = false;
 };
 
 }  // namespace ipc2581::host

@@ -9,6 +9,7 @@
 #include "hosts/ipc2581/check/ElementCounts.h"
 #include "hosts/ipc2581/check/ImportNotes.h"
 #include "hosts/ipc2581/check/LineCheck.h"
+#include "hosts/ipc2581/check/Losses.h"
 #include "hosts/ipc2581/files/Error.h"
 #include "hosts/ipc2581/files/ScratchFile.h"
 #include "hosts/ipc2581/text/Text.h"
@@ -82,6 +83,7 @@ void ListImported(const BoardFile & file, std::size_t limit, Checked & checked)
     }
     catch (const Error & error) {
         refused = std::string(error.what());
+        checked.changesAListing = true;
     }
     const auto count = [&](auto counted) { return imported.has_value() ? Cell(counted()) : Cell(); };
     sums.Add("facts without a place", count([&] { return imported->report.LostCount(); }));
@@ -92,7 +94,9 @@ void ListImported(const BoardFile & file, std::size_t limit, Checked & checked)
         ListImport(imported->report, limit, notes, facts);
         checked.source.step = Shown(imported->board->m_Ecad.m_CadData.m_Step.Name);
         checked.source.units = UnitsWord(imported->board->m_Ecad.m_CadHeader.units);
-        checked.source.warnings = WarningsOfImport(imported->report);
+        checked.source.warnings = WarningsOfImport(imported->report, false);
+        checked.changesAListing = ChangesAListing(imported->report, false);
+        checked.losses = LossesOf(imported->report, false);
     }
 }
 
@@ -111,7 +115,8 @@ Checked CheckListing(const BoardFile & file, std::size_t limit, CProgressCtrl * 
     const XmlCounts inFile = CountXml(file.PlainPath());
     const XmlCounts written = CountWritten(*root);
 
-    Checked checked{{}, {.file = file.Name()}};
+    Checked checked;
+    checked.source.file = file.Name();
     Listing & listing = checked.listing;
     ListImported(file, limit, checked);
     Values & sums = listing.AddValues("check");

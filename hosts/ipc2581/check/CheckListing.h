@@ -2,6 +2,7 @@
 #define IPC2581_HOSTS_IPC2581_CHECK_CHECKLISTING_H
 
 #include <cstddef>
+#include <string>
 
 #include <ipc2581/ipc2581.h>
 
@@ -10,9 +11,14 @@
 
 namespace ipc2581::host {
 
+// How a check ends.
 struct Checked {
     Listing listing;
     Source source;
+    // Whether the file is refused, or something in it is shown otherwise than it stands there.
+    bool changesAListing = false;
+    // As LossesOf tells them; empty for a file that is refused.
+    std::string losses;
 };
 
 // What the reader does not take from a file and what a written one lacks, line by line. Each finding tells the numbers

@@ -18,7 +18,7 @@ void AddCause(std::string & causes, const std::string & cause)
 // Those that a reader of one line wants one by one; references are many.
 bool IsOneByOne(NoteKind kind)
 {
-    return kind != NoteKind::DanglingReference && kind != NoteKind::NetsFromSets;
+    return kind != NoteKind::DanglingReference && kind != NoteKind::NetsFromSets && kind != NoteKind::StepLeftOut;
 }
 
 const char * NameOf(NoteKind kind)
@@ -45,6 +45,23 @@ std::string TextOf(const Note & note)
     return note.kind == NoteKind::StepLeftOut ? note.text + " is left out" : note.text;
 }
 
+// The steps that were not imported, and how to get them.
+std::string StepsLeftOut(const ImportReport & report)
+{
+    constexpr std::size_t mostNamed = 5;
+    std::string steps;
+    std::size_t count = 0;
+    for (const Note & note : report.Notes()) {
+        if (note.kind == NoteKind::StepLeftOut && ++count <= mostNamed) {
+            steps.append(count == 1 ? "" : ", ").append(note.text);
+        }
+    }
+    if (count > mostNamed) {
+        steps += " and " + std::to_string(count - mostNamed) + " more";
+    }
+    return steps.empty() ? "" : steps + (count == 1 ? " is" : " are") + " not imported (--step NAME reads another one)";
+}
+
 // What the facts of one path have in common.
 struct LostAtPath {
     std::set<std::string, std::less<>> attributes;
@@ -53,9 +70,9 @@ struct LostAtPath {
 
 }  // namespace
 
-std::string NotesOfImport(const ImportReport & report)
+std::string NotesOfImport(const ImportReport & report, bool isStepChosen)
 {
-    std::string causes;
+    std::string causes = isStepChosen ? "" : StepsLeftOut(report);
     std::size_t dangling = 0;
     for (const Note & note : report.Notes()) {
         dangling += note.kind == NoteKind::DanglingReference ? 1U : 0U;
@@ -70,11 +87,13 @@ std::string NotesOfImport(const ImportReport & report)
     return causes;
 }
 
-std::vector<Warning> WarningsOfImport(const ImportReport & report)
+std::vector<Warning> WarningsOfImport(const ImportReport & report, bool isStepChosen)
 {
     std::vector<Warning> warnings;
     for (const Note & note : report.Notes()) {
-        warnings.push_back({NameOf(note.kind), note.line, TextOf(note)});
+        if (note.kind != NoteKind::StepLeftOut || !isStepChosen) {
+            warnings.push_back({NameOf(note.kind), note.line, TextOf(note)});
+        }
     }
     return warnings;
 }

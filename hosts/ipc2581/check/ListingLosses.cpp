@@ -159,7 +159,7 @@ void AddPhysicalNets(Board & board, const Tally & tally, Causes & causes)
 
 }  // namespace
 
-std::string ListingLosses(Board & board, std::initializer_list<Listed> listed)
+Causes ListingLosses(Board & board, std::initializer_list<Listed> listed)
 {
     const Tally tally = TallyOf(board.File().PlainPath());
     Causes causes;
@@ -179,7 +179,7 @@ std::string ListingLosses(Board & board, std::initializer_list<Listed> listed)
             break;
         }
     }
-    return causes.Text();
+    return causes;
 }
 
 std::size_t CountWithoutSide(Board & board)

@@ -6,14 +6,15 @@
 #include <string>
 
 #include "hosts/ipc2581/board/Board.h"
+#include "hosts/ipc2581/check/Causes.h"
 
 namespace ipc2581::host {
 
 enum class Listed { Items, Components, LogicalNets, PhysicalNets };
 
 // What is known to be missing in a listing of these, or to stand in it otherwise than the writer of the file meant,
-// cause by cause; empty if nothing is.
-std::string ListingLosses(Board & board, std::initializer_list<Listed> listed);
+// cause by cause.
+Causes ListingLosses(Board & board, std::initializer_list<Listed> listed);
 
 // How many components stand on a layer that the reader has lost.
 std::size_t CountWithoutSide(Board & board);

@@ -1,19 +1,31 @@
 #include "hosts/ipc2581/commands/Command.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <iostream>
 #include <map>
 #include <new>
 #include <utility>
 #include <vector>
 
+#include "hosts/ipc2581/check/Losses.h"
+#include "hosts/ipc2581/commands/ExitStatus.h"
+#include "hosts/ipc2581/files/Pack.h"
 #include "hosts/ipc2581/output/Progress.h"
 #include "hosts/ipc2581/text/Text.h"
 
 namespace ipc2581::host {
 namespace {
 
+constexpr const char * StandardInput = "standard input";
+
 const std::map<std::string, Format> Formats = {{"table", Format::Table}, {"csv", Format::Csv}, {"json", Format::Json}};
+
+// As an argument names it.
+std::string Asked(const std::string & name)
+{
+    return name == StandardInput ? "-" : name;
+}
 
 }  // namespace
 
@@ -27,7 +39,9 @@ CLI::App & AddCommand(CLI::App & program, const std::string & name, const std::s
 
 void AddBoard(CLI::App & command, std::string & board, const std::string & name)
 {
-    command.add_option(name, board, "IPC-2581 file; may be packed as .gz, .zst, .xz, .bz2, .zip, .7z or .tar")
+    command
+        .add_option(name, board,
+                    "IPC-2581 file, or - for standard input; may be packed as .gz, .zst, .xz, .bz2, .zip, .7z or .tar")
         ->required()
         ->type_name("");
 }
@@ -39,12 +53,23 @@ void AddReading(CLI::App & command, Reading & reading)
     command.add_option("--step", reading.step, "The step to read, instead of the first one with components")
         ->type_name("NAME")
         ->excludes(exact);
+    AddStrict(command, reading.isStrict);
+}
+
+void AddStrict(CLI::App & command, bool & isStrict)
+{
+    command.add_flag("--strict", isStrict, "End with 3 where anything of a board was lost or read otherwise");
+}
+
+BoardFile OpenBoardFile(const std::string & board)
+{
+    return board == "-" ? BoardFile(StandardInput, stdin) : BoardFile(board);
 }
 
 Board OpenBoard(const std::string & path, const Reading & reading)
 {
-    BoardFile file(path);
-    Progress progress("Reading " + path);
+    BoardFile file = OpenBoardFile(path);
+    Progress progress("Reading " + file.Name());
     return Board(std::move(file), reading, &progress);
 }
 
@@ -58,7 +83,28 @@ void AddListingOptions(CLI::App & command, ListingOptions & options)
             return Formats.contains(name) ? "" : "must be table, csv or json, not " + name;
         })
         ->type_name("FORMAT");
-    command.add_option("-o,--output", options.output, "Write to FILE instead of standard output")->type_name("FILE");
+    command
+        .add_option("-o,--output", options.output,
+                    "Write to FILE instead of standard output; packed if it ends in .gz, .zst, .xz or .bz2")
+        ->type_name("FILE");
+}
+
+void AddForce(CLI::App & command, Existing & existing)
+{
+    command.add_flag_callback(
+        "--force", [&existing] { existing = Existing::Replace; }, "Replace what is there already");
+}
+
+void RefuseOutput(const std::string & output, std::initializer_list<std::string> inputs, Existing existing)
+{
+    if (IsStandardOutput(output)) {
+        return;
+    }
+    RefuseInput(output, inputs);
+    static_cast<void>(IsPackedName(output));
+    if (existing == Existing::Refuse) {
+        RefuseExisting(output);
+    }
 }
 
 void AddBoardListing(CLI::App & command, SortedListing & options)
@@ -89,31 +135,32 @@ void PrintTable(const SortedListing & options, const TableMaker & make, std::ini
 {
     Board board = OpenBoard(options.board, options.reading);
     const Lengths lengths(board, options.unit);
-    const std::string losses = LossesOf(board, listed);
+    const std::string losses = LacksOf(board, listed);
     Print(make(board, lengths), options.listing, {options.board}, SourceOf(board, lengths, losses));
     Warn(board, losses);
+    EndWhereLost({&board});
 }
 
 void WarnOfImport(const Board & board)
 {
     if (board.Report() != nullptr) {
-        Warn(board, OneLine(NotesOfImport(*board.Report())));
+        Warn(board, OneLine(NotesOfImport(*board.Report(), !board.HowRead().step.empty())));
     }
 }
 
-std::string LossesOf(Board & board, std::initializer_list<Listed> listed)
+std::string LacksOf(Board & board, std::initializer_list<Listed> listed)
 {
     if (board.Report() != nullptr) {
-        return OneLine(NotesOfImport(*board.Report()));
+        return OneLine(NotesOfImport(*board.Report(), !board.HowRead().step.empty()));
     }
-    return listed.size() == 0 ? "" : ListingLosses(board, listed);
+    return ListingLosses(board, listed).Text();
 }
 
 Source SourceOf(Board & board, const Lengths & lengths, const std::string & losses)
 {
     Source source{board.File().Name(), Shown(board.Step().Name), lengths.Word()};
     if (board.Report() != nullptr) {
-        source.warnings = WarningsOfImport(*board.Report());
+        source.warnings = WarningsOfImport(*board.Report(), !board.HowRead().step.empty());
     }
     else if (!losses.empty()) {
         source.warnings.push_back({"not_read", 0, losses});
@@ -121,11 +168,32 @@ Source SourceOf(Board & board, const Lengths & lengths, const std::string & loss
     return source;
 }
 
+void TellLosses(const std::string & board, const std::string & losses)
+{
+    std::cerr << "ipc2581: " << OneLine(board) << ": lost or read otherwise: " << losses << "; see ipc2581 check "
+              << OneLine(Asked(board)) << "\n";
+}
+
+void EndWhereLost(std::initializer_list<const Board *> boards)
+{
+    bool isLost = false;
+    for (const Board * const board : boards) {
+        const std::string losses = board->HowRead().isStrict ? LossesOf(*board) : "";
+        if (!losses.empty()) {
+            TellLosses(board->File().Name(), losses);
+            isLost = true;
+        }
+    }
+    if (isLost) {
+        throw ExitStatus{LostStatus};
+    }
+}
+
 void Warn(const Board & board, const std::string & losses)
 {
     if (!losses.empty()) {
         const std::string & name = board.File().Name();
-        std::cerr << "ipc2581: " << name << ": warning: " << losses << "; see ipc2581 check " << name << "\n";
+        std::cerr << "ipc2581: " << name << ": warning: " << losses << "; see ipc2581 check " << Asked(name) << "\n";
     }
 }
 

@@ -26,6 +26,8 @@ void AddBoard(CLI::App & command, std::string & board, const std::string & name 
 // The options of how boards are read.
 void AddReading(CLI::App & command, Reading & reading);
 
+// The file of an argument BOARD, where "-" is the standard input. Throws Error.
+BoardFile OpenBoardFile(const std::string & board);
 // Reads a board, with a progress bar on a terminal. Throws Error.
 Board OpenBoard(const std::string & path, const Reading & reading);
 
@@ -40,15 +42,27 @@ void AddListingOptions(CLI::App & command, ListingOptions & options);
 void AddUnits(CLI::App & command, std::string & unit);
 
 // What a listing of a board is known to lack, and what an import tells of the file as a whole.
-std::string LossesOf(Board & board, std::initializer_list<Listed> listed);
+std::string LacksOf(Board & board, std::initializer_list<Listed> listed);
 // What stands above a listing in JSON. The losses are told apart from what an import has noted one by one.
 Source SourceOf(Board & board, const Lengths & lengths, const std::string & losses);
+
+// The option that lets a command replace what is there, which is refused without.
+void AddForce(CLI::App & command, Existing & existing);
+// Throws Error, before a board is read, for an output that would not be written behind it.
+void RefuseOutput(const std::string & output, std::initializer_list<std::string> inputs, Existing existing);
 
 // Says in one line on standard error what is known to be lacking, and points to the command that shows all of it.
 // Silent if nothing is.
 void Warn(const Board & board, const std::string & losses);
 // Says in one line on standard error what of the file an import has not taken as it stands, if there is any.
 void WarnOfImport(const Board & board);
+
+// For a strict reading, says in one line on standard error what was lost, and ends the program with a status of its
+// own. Everything is written by then.
+void EndWhereLost(std::initializer_list<const Board *> boards);
+void TellLosses(const std::string & board, const std::string & losses);
+// The option for it.
+void AddStrict(CLI::App & command, bool & isStrict);
 
 // Says in one line on standard error why the program has failed.
 void TellFailure(const std::exception & failure);

@@ -5,6 +5,7 @@
 #include "hosts/ipc2581/commands/Commands.h"
 #include "hosts/ipc2581/commands/ExitStatus.h"
 #include "hosts/ipc2581/diff/BoardDifferences.h"
+#include "hosts/ipc2581/files/Error.h"
 
 namespace ipc2581::host {
 namespace {
@@ -23,15 +24,24 @@ struct Options {
     DiffOptions diff;
 };
 
+// True if something of the board is not in what was compared.
+bool IsLacking(Board & board)
+{
+    return board.Report() == nullptr && ListingLosses(board, AllListed).IsLacking();
+}
+
 bool Diff(const Options & options)
 {
+    if (IsStandardInput(options.before) && IsStandardInput(options.after)) {
+        throw Error("standard input", "is there to be read once; give one of the boards as a file");
+    }
     Board before = OpenBoard(options.before, options.reading);
     Board after = OpenBoard(options.after, options.reading);
     const Lengths lengths(before, options.unit);
     const Lengths otherLengths(after, options.unit);
     const Differences differences = DifferencesOf({before, lengths}, {after, otherLengths}, options.diff);
-    const std::string losses = LossesOf(before, AllListed);
-    const std::string otherLosses = LossesOf(after, AllListed);
+    const std::string losses = LacksOf(before, AllListed);
+    const std::string otherLosses = LacksOf(after, AllListed);
     const bool isDifferent = !differences.Rows().Rows().empty();
     if (!isDifferent && options.listing.format == Format::Table) {
         // Like diff, which has nothing to say of what is the same.
@@ -44,6 +54,10 @@ bool Diff(const Options & options)
     }
     Warn(before, losses);
     Warn(after, otherLosses);
+    EndWhereLost({&before, &after});
+    if (IsLacking(before) || IsLacking(after)) {
+        throw ExitStatus{Trouble};
+    }
     return isDifferent;
 }
 
@@ -71,7 +85,7 @@ void AddDiffCommand(CLI::App & program)
         AddCommand(program, "diff", "Show what differs between two boards. Exit status: 0 same, 1 different, 2 trouble",
                    "ipc2581 diff old.cvg new.cvg");
     AddBoard(command, options->before, "A");
-    command.add_option("B", options->after, "The board to compare it with, taken as the newer one")
+    command.add_option("B", options->after, "The board to compare it with, taken as the newer one; either may be -")
         ->required()
         ->type_name("");
     AddReading(command, options->reading);

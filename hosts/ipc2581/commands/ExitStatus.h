@@ -3,6 +3,9 @@
 
 namespace ipc2581::host {
 
+// With it a strict command tells of a loss.
+constexpr int LostStatus = 3;
+
 // Thrown to end the program with this status. Everything has been said already.
 struct ExitStatus {
     int number;

@@ -21,6 +21,7 @@ void Info(const Options & options)
     const Lengths lengths(board, options.unit);
     Print(InfoListing(board, lengths, options.isAll), options.listing, {options.board}, SourceOf(board, lengths, ""));
     WarnOfImport(board);
+    EndWhereLost({&board});
 }
 
 }  // namespace

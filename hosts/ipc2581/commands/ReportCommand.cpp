@@ -16,16 +16,32 @@ namespace fs = std::filesystem;
 
 constexpr const char * DesignEnding = ".cvg";
 
-// Beside the design file, with ".txt" for the first ".cvg" of the name and all behind it.
+// Of the name of a board.
+std::string WithoutEnding(const std::string & name)
+{
+    const std::size_t end = name.find(DesignEnding);
+    if (end != std::string::npos) {
+        return name.substr(0, end);
+    }
+    fs::path stem(name);
+    for (const std::string packed : {".gz", ".zst", ".xz", ".bz2"}) {
+        if (stem.extension() == packed) {
+            stem = stem.stem();
+        }
+    }
+    return stem.stem().string();
+}
+
+// Beside the board, with ".txt" for the first ".cvg" of the name and all behind it, or for another ending. That of a
+// board without a name of its own is the standard output.
 std::string ReportPath(const std::string & board)
 {
     const fs::path path(board);
-    const std::string name = path.filename().string();
-    const std::size_t end = name.find(DesignEnding);
-    if (end == std::string::npos) {
-        throw Error(board, "has no \".cvg\" in its name, which the report's name is made from");
+    std::error_code ignored;
+    if (IsStandardInput(board) || !fs::is_regular_file(path, ignored)) {
+        return "-";
     }
-    return (path.parent_path() / (name.substr(0, end) + ".txt")).string();
+    return (path.parent_path() / (WithoutEnding(path.filename().string()) + ".txt")).string();
 }
 
 // The library makes the report in one go under a name of its own choice: in a folder where nothing can suffer.
@@ -55,15 +71,20 @@ std::string ReportText(const std::string & told, CIPC2581_Parser & root)
 struct Options {
     std::string board;
     Reading reading;
+    std::string output;  // empty is one beside the board
+    Existing existing = Existing::Refuse;
 };
 
 void Report(const Options & options)
 {
-    const std::string reportPath = ReportPath(options.board);
+    const std::string reportPath = options.output.empty() ? ReportPath(options.board) : options.output;
+    RefuseOutput(reportPath, {options.board}, options.existing);
     Board board = OpenBoard(options.board, options.reading);
-    Output output(reportPath, {options.board});
+    Output output(reportPath, {options.board}, options.existing);
     output.Stream() << ReportText(reportPath, board.Root());
     output.Finish();
+    WarnOfImport(board);
+    EndWhereLost({&board});
 }
 
 }  // namespace
@@ -71,11 +92,13 @@ void Report(const Options & options)
 void AddReportCommand(CLI::App & program)
 {
     const auto options = std::make_shared<Options>();
-    CLI::App & command = AddCommand(
-        program, "report", "Write the library's report next to the board, with .txt instead of .cvg in its name",
-        "ipc2581 report board.cvg");
+    CLI::App & command = AddCommand(program, "report", "Write the library's report next to the board, as .txt",
+                                    "ipc2581 report board.cvg");
     AddBoard(command, options->board);
     AddReading(command, options->reading);
+    command.add_option("-o,--output", options->output, "Write to FILE, or to standard output for -, instead")
+        ->type_name("FILE");
+    AddForce(command, options->existing);
     command.callback([options] { Report(*options); });
 }
 

@@ -1,9 +1,16 @@
+#include <array>
 #include <filesystem>
+#include <fstream>
 #include <functional>
+#include <iostream>
 #include <memory>
 #include <set>
+#include <sstream>
+#include <stdexcept>
 #include <string>
 #include <system_error>
+#include <utility>
+#include <vector>
 
 #include "hosts/ipc2581/check/PictureLosses.h"
 #include "hosts/ipc2581/commands/Command.h"
@@ -12,27 +19,35 @@
 #include "hosts/ipc2581/files/Error.h"
 #include "hosts/ipc2581/output/Output.h"
 #include "hosts/ipc2581/svg/SvgPicture.h"
+#include "hosts/ipc2581/svg/SvgPng.h"
 #include "hosts/ipc2581/text/Text.h"
 
 namespace ipc2581::host {
 namespace {
 
+namespace fs = std::filesystem;
+
 struct Options {
     std::string board;
     Reading reading;
     std::string folder;
+    std::vector<std::string> layers;
+    bool hasWholeFrame = false;
+    bool isPng = false;
+    int width = 2000;
+    Existing existing = Existing::Refuse;
 };
 
 void MakeFolder(const std::string & folder)
 {
     std::error_code failure;
-    std::filesystem::create_directories(folder, failure);
+    fs::create_directories(folder, failure);
     if (failure) {
         throw Error(folder, "cannot be created: " + SystemCause(failure.value()));
     }
 }
 
-// Names of files, each of which no other one has on any file system.
+// Names of files without their ending, each of which no other one has on any file system.
 class FileNames {
 public:
     std::string NameOf(std::string_view layer)
@@ -48,33 +63,161 @@ public:
         for (int i = 2; !m_taken.insert(LowerCase(tried)).second; ++i) {
             tried = name + "-" + std::to_string(i);
         }
-        return tried + ".svg";
+        return tried;
     }
 
 private:
     std::set<std::string> m_taken;
 };
 
+struct Picture {
+    std::string path;
+    std::function<void(std::ostream &)> write;
+};
+
+std::vector<Picture> PicturesOf(const Options & options, const Drawing & drawing, const SvgFrame & frame)
+{
+    std::vector<Picture> pictures;
+    const auto add = [&](const std::string & name, std::function<void(std::ostream &)> write) {
+        const std::string file = name + (options.isPng ? ".png" : ".svg");
+        pictures.push_back({(fs::path(options.folder) / file).string(), std::move(write)});
+    };
+    if (options.layers.empty()) {
+        for (const Side side : {Side::Top, Side::Bottom}) {
+            add(side == Side::Top ? "board-top" : "board-bottom",
+                [&, side](std::ostream & out) { WriteSidePicture(out, drawing, frame, side); });
+        }
+    }
+    const std::set<std::string> chosen(options.layers.begin(), options.layers.end());
+    FileNames names;
+    for (std::size_t i = 0; i < drawing.layers.size(); ++i) {
+        const std::string name = names.NameOf(drawing.layers[i].name);
+        if (chosen.empty() || chosen.contains(drawing.layers[i].name)) {
+            add(name, [&, i](std::ostream & out) { WriteLayerPicture(out, drawing, frame, i); });
+        }
+    }
+    return pictures;
+}
+
+void RefuseUnknownLayers(const Options & options, const std::string & board, const Drawing & drawing)
+{
+    std::set<std::string> names;
+    std::string list;
+    for (const DrawnLayer & layer : drawing.layers) {
+        names.insert(layer.name);
+        list.append(list.empty() ? "" : ", ").append(layer.name);
+    }
+    for (const std::string & name : options.layers) {
+        if (!names.contains(name)) {
+            throw Error(board, std::string("has no layer \"").append(name).append("\"; it has ").append(list));
+        }
+    }
+}
+
+// By what stands in its first bytes, wherever it has come from.
+bool IsOwnPicture(const fs::path & path)
+{
+    std::ifstream file(path, std::ios::binary);
+    std::array<char, 100> start = {};
+    file.read(start.data(), start.size());
+    const std::string_view bytes(start.data(), static_cast<std::size_t>(file.gcount()));
+    return bytes.starts_with(SvgMark) ||
+           (bytes.starts_with("\x89PNG") && bytes.find(PngMark) != std::string_view::npos);
+}
+
+bool HasNameOfPicture(const std::string & name)
+{
+    const bool isPicture = name.ends_with(".svg") || name.ends_with(".png");
+    return isPicture &&
+           (name.starts_with("board-top.") || name.starts_with("board-bottom.") || name.starts_with("layer-"));
+}
+
+// Pictures of this program that this run has not written are of an earlier board.
+void RemoveStale(const std::string & folder, const std::vector<Picture> & pictures)
+{
+    std::set<std::string> written;
+    for (const Picture & picture : pictures) {
+        written.insert(fs::path(picture.path).filename().string());
+    }
+    std::vector<fs::path> stale;
+    for (const fs::directory_entry & entry : fs::directory_iterator(folder)) {
+        const std::string name = entry.path().filename().string();
+        if (HasNameOfPicture(name) && !written.contains(name) &&
+            entry.symlink_status().type() == fs::file_type::regular && IsOwnPicture(entry.path())) {
+            stale.push_back(entry.path());
+        }
+    }
+    for (const fs::path & path : stale) {
+        std::error_code ignored;
+        fs::remove(path, ignored);
+    }
+}
+
+std::string DrawnAsPng(const Picture & picture, int width)
+{
+    std::ostringstream svg;
+    picture.write(svg);
+    try {
+        return PngOf(svg.view(), width);
+    }
+    catch (const std::runtime_error & error) {
+        throw Error(picture.path, error.what());
+    }
+}
+
+void WritePicture(const Options & options, const Picture & picture)
+{
+    // What this program has drawn it may replace.
+    const Existing existing = IsOwnPicture(picture.path) ? Existing::Replace : options.existing;
+    Output output(picture.path, {options.board}, existing);
+    if (options.isPng) {
+        output.Stream() << DrawnAsPng(picture, options.width);
+    }
+    else {
+        picture.write(output.Stream());
+    }
+    output.Finish();
+}
+
+// Documents reach beyond the frame that suits the board.
+void TellCutLayers(const Options & options, const std::string & board, const Drawing & drawing, const SvgFrame & frame)
+{
+    const std::set<std::string> chosen(options.layers.begin(), options.layers.end());
+    std::string cut;
+    for (const std::size_t layer : LayersBeyond(drawing, frame)) {
+        const std::string & name = drawing.layers[layer].name;
+        if (chosen.empty() || chosen.contains(name)) {
+            cut.append(cut.empty() ? "" : ", ").append(name);
+        }
+    }
+    if (!cut.empty()) {
+        std::cerr << "ipc2581: " << OneLine(board)
+                  << ": warning: layers that reach beyond the pictures: " << OneLine(cut)
+                  << "; --whole shows all of them\n";
+    }
+}
+
 void Svg(const Options & options)
 {
     Board board = OpenBoard(options.board, options.reading);
     const Drawing drawing = DrawingOf(board);
+    RefuseUnknownLayers(options, board.File().Name(), drawing);
+    const SvgFrame frame = FrameOf(drawing, options.hasWholeFrame);
+    const std::vector<Picture> pictures = PicturesOf(options, drawing, frame);
     MakeFolder(options.folder);
-    const auto write = [&](const std::string & name, const std::function<void(std::ostream &)> & picture) {
-        Output output((std::filesystem::path(options.folder) / name).string(), {options.board});
-        picture(output.Stream());
-        output.Finish();
-    };
-    write("board-top.svg", [&](std::ostream & out) { WriteSidePicture(out, drawing, Side::Top); });
-    write("board-bottom.svg", [&](std::ostream & out) { WriteSidePicture(out, drawing, Side::Bottom); });
-    FileNames names;
-    for (std::size_t i = 0; i < drawing.layers.size(); ++i) {
-        write(names.NameOf(drawing.layers[i].name), [&](std::ostream & out) { WriteLayerPicture(out, drawing, i); });
+    for (const Picture & picture : pictures) {
+        RefuseOutput(picture.path, {options.board}, IsOwnPicture(picture.path) ? Existing::Replace : options.existing);
     }
+    for (const Picture & picture : pictures) {
+        WritePicture(options, picture);
+    }
+    RemoveStale(options.folder, pictures);
     if (board.Report() == nullptr) {
         Warn(board, PictureLosses(board));
     }
+    TellCutLayers(options, board.File().Name(), drawing, frame);
     WarnOfImport(board);
+    EndWhereLost({&board});
 }
 
 }  // namespace
@@ -89,6 +232,19 @@ void AddSvgCommand(CLI::App & program)
     command.add_option("-o,--output", options->folder, "Folder for the pictures; created if missing")
         ->required()
         ->type_name("DIR");
+    command.add_option("--layers", options->layers, "Draw these layers alone, with a comma between their names")
+        ->delimiter(',')
+        ->allow_extra_args(false)
+        ->type_name("NAMES");
+    command.add_flag("--whole", options->hasWholeFrame,
+                     "Make the pictures as large as the largest layer, instead of as large as the board");
+    CLI::Option * const png = command.add_flag("--png", options->isPng, "Write PNG files instead of SVG files");
+    constexpr int widest = 30000;
+    command.add_option("--width", options->width, "Width of a PNG file in pixels, 2000 if it is not given")
+        ->check(CLI::Range(1, widest))
+        ->needs(png)
+        ->type_name("PIXELS");
+    AddForce(command, options->existing);
     command.callback([options] { Svg(*options); });
 }
 

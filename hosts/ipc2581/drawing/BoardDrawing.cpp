@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <set>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
@@ -11,6 +12,7 @@
 #include <import/shapes/ShapePaths.h>
 
 #include "hosts/ipc2581/drawing/FormatWords.h"
+#include "hosts/ipc2581/drawing/TextsOfParts.h"
 #include "hosts/ipc2581/geometry/Extents.h"
 #include "hosts/ipc2581/text/Text.h"
 
@@ -75,6 +77,7 @@ public:
         AddHoles();
         AddNetsOfPins();
         AddParts();
+        ChooseLabels(board);
     }
 
     Drawing Take() { return std::move(m_drawing); }
@@ -378,6 +381,34 @@ private:
                 AddPadNets(part);
             }
             m_drawing.parts.push_back(std::move(part));
+        }
+    }
+
+    void ChooseLabels(const Board & board)
+    {
+        const auto components = Each(m_step.ComponentArray);
+        const bool areBought = std::any_of(components.begin(), components.end(),
+                                           [](const Component * one) { return !one->Part.IsEmpty(); });
+        const std::set<std::pair<std::string, std::string>> texts = TextsOfParts(board);
+        std::set<std::string> namedOnTop;
+        std::set<std::string> namedOnBottom;
+        for (const auto & [layer, refDes] : texts) {
+            const auto found = std::find_if(m_drawing.layers.begin(), m_drawing.layers.end(),
+                                            [&name = layer](const DrawnLayer & one) { return one.name == name; });
+            const bool isShown = found != m_drawing.layers.end() &&
+                                 (found->role == LayerRole::Legend || found->role == LayerRole::Document);
+            if (isShown && found->side == Side::Top) {
+                namedOnTop.insert(refDes);
+            }
+            if (isShown && found->side == Side::Bottom) {
+                namedOnBottom.insert(refDes);
+            }
+        }
+        for (std::size_t i = 0; i < m_drawing.parts.size(); ++i) {
+            PlacedPart & part = m_drawing.parts[i];
+            const std::set<std::string> & named = part.side == Side::Bottom ? namedOnBottom : namedOnTop;
+            const bool isBought = !areBought || !components[i]->Part.IsEmpty();
+            part.isLabelled = isBought && !named.contains(m_drawing.names[part.refDes]);
         }
     }
 

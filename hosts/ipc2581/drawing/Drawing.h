@@ -110,6 +110,9 @@ struct PlacedPart {
     Placement placement = {};
     std::vector<NameIndex> padNets = {};  // in the order of the pads of its footprint
     Item label = {};                      // its designator; the box is the outline of the part, or its place
+    // Whether a picture of its side wants its designator: not where a legend or document of that side has it already,
+    // and not of what is no part that anybody buys, such as a shield, unless the file tells no part of any component.
+    bool isLabelled = true;
 };
 
 struct Drawing {

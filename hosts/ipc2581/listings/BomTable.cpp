@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "hosts/ipc2581/board/Board.h"
-#include "hosts/ipc2581/listings/NaturalOrder.h"
 #include "hosts/ipc2581/board/ReportedFacts.h"
+#include "hosts/ipc2581/listings/NaturalOrder.h"
 #include "hosts/ipc2581/text/Text.h"
 
 namespace ipc2581::host {

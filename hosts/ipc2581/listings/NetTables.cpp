@@ -6,8 +6,8 @@
 #include <unordered_map>
 #include <vector>
 
-#include "hosts/ipc2581/listings/NaturalOrder.h"
 #include "hosts/ipc2581/board/ReportedFacts.h"
+#include "hosts/ipc2581/listings/NaturalOrder.h"
 #include "hosts/ipc2581/text/Text.h"
 
 namespace ipc2581::host {

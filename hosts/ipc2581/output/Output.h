@@ -11,15 +11,20 @@
 
 namespace ipc2581::host {
 
+// Whether the path is one of the standard input or output, such as "-".
+bool IsStandardInput(const std::string & path);
+bool IsStandardOutput(const std::string & path);
+
 // Throws Error if the output is one of the inputs, under whatever name.
 void RefuseInput(const std::string & output, std::initializer_list<std::string> inputs);
 
-// Where a command writes: the standard output, or a file that takes its place only once all of it is written. Every
-// failed write throws Error, also through the stream.
+// Where a command writes: the standard output, or a file that takes its place only once all of it is written. The
+// ending of its name says whether it is packed. Every failed write throws Error, also through the stream.
 class Output {
 public:
     // An empty path is the standard output.
-    explicit Output(const std::string & path = "", std::initializer_list<std::string> inputs = {});
+    explicit Output(const std::string & path = "", std::initializer_list<std::string> inputs = {},
+                    Existing existing = Existing::Replace);
     Output(const Output &) = delete;
     Output & operator=(const Output &) = delete;
     ~Output();

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
+#include <string_view>
 #include <utility>
 
 #include <unistd.h>
@@ -11,9 +13,18 @@ namespace {
 
 constexpr int BarLength = 25;
 
+// A bar needs escapes, which some terminals have not and some people do not want.
+bool TakesEscapes()
+{
+    const char * const terminal = std::getenv("TERM");
+    const char * const noColor = std::getenv("NO_COLOR");
+    const bool isDumb = terminal == nullptr || std::string_view(terminal) == "dumb";
+    return isatty(STDERR_FILENO) == 1 && !isDumb && (noColor == nullptr || *noColor == '\0');
+}
+
 }  // namespace
 
-Progress::Progress(std::string label) : m_label(std::move(label)), m_isShown(isatty(STDERR_FILENO) == 1)
+Progress::Progress(std::string label) : m_label(std::move(label)), m_isShown(TakesEscapes())
 {
     if (m_isShown) {
         Draw();

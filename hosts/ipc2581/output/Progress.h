@@ -7,7 +7,8 @@
 
 namespace ipc2581::host {
 
-// A bar on the standard error stream, if that is a terminal; otherwise nothing. It is erased at the end.
+// A bar on the standard error stream, if that is a terminal with escapes and nobody has said NO_COLOR; otherwise
+// nothing. It is erased at the end.
 class Progress : public CProgressCtrl {
 public:
     explicit Progress(std::string label);

@@ -43,7 +43,7 @@ _ipc2581()
     # The place of the word among the arguments of the command that are not options.
     for ((i = 1; i < COMP_CWORD; ++i)); do
         case ${COMP_WORDS[i]} in
-            -f | --format | -o | --output | --step | --units | --group | --columns | --bottom-rotation)
+            -f | --format | -o | --output | --step | --units | --group | --columns | --bottom-rotation | --layers | --width)
                 [[ ${COMP_WORDS[i + 1]} == "=" ]] && ((++i))
                 ((++i))
                 ;;
@@ -68,7 +68,7 @@ _ipc2581()
     fi
 
     case $before in
-        --step)
+        --step | --layers | --width)
             return
             ;;
         -f | --format)
@@ -104,17 +104,20 @@ _ipc2581()
 
     if [[ $word == -* ]]; then
         local listing="-f --format -o --output" options="-h --help"
+        options+=" --strict"
         [[ $command != check ]] && options+=" --exact --step"
         case $command in
             info) options+=" $listing --units --all" ;;
-            diff) options+=" $listing --units" ;;
+            diff) options+=" $listing --units --all" ;;
             bom) options+=" $listing --sort --group" ;;
             layers) options+=" $listing" ;;
             stackup) options+=" $listing --units" ;;
             packages | pins | pads | holes | tracks) options+=" $listing --units --sort" ;;
             components) options+=" $listing --units --sort --fitted --columns --bottom-rotation" ;;
             nets) options+=" $listing --units --physical --sort" ;;
-            svg) options+=" -o --output" ;;
+            svg) options+=" -o --output --layers --whole --png --width --force" ;;
+            convert) options+=" --force" ;;
+            report) options+=" --force -o --output" ;;
             check) options+=" $listing --all" ;;
         esac
         _ipc2581_words "$word" "$options"

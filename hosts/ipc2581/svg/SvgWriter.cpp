@@ -70,31 +70,40 @@ Extents Grown(const Extents & box, double margin)
     return grown;
 }
 
-void Draw(SvgWriter & writer, const SvgDrawing & drawing, const std::function<void()> & between)
+// Letters that a style sheet and a link take without escapes; unlike names may become alike.
+std::string IdOf(std::string_view kind, std::string_view name)
 {
-    drawing.draw(writer);
-    writer.Flush();
-    between();
-    drawing.label(writer);
+    std::string id(kind);
+    id += '-';
+    for (const char ch : name) {
+        const bool isPlain = (ch >= 'a' && ch <= 'z') || (ch >= 'A' && ch <= 'Z') || (ch >= '0' && ch <= '9');
+        id += isPlain || ch == '-' ? ch : '_';
+    }
+    return id;
 }
 
-void WriteHead(std::ostream & out, const SvgSheet & sheet, const Extents & page)
+void WriteHead(std::ostream & out, const SvgFrame & frame, const SvgSheet & sheet)
 {
-    const auto number = [&](double length) { return SvgNumber(length, sheet.decimals); };
+    const auto number = [&](double length) { return SvgNumber(length, frame.decimals); };
+    const Extents & page = frame.box;
     const double width = page.MaxX() - page.MinX();
     const double height = page.MaxY() - page.MinY();
-    const std::string left = number(sheet.isFromBelow ? -page.MaxX() : page.MinX());
+    const std::string left = number(page.MinX());
     const std::string top = number(-page.MaxY());
-    const SvgUnit unit = SvgUnitOf(sheet.unit);
-    const auto length = [&](double value) { return SvgNumber(value * unit.factor, sheet.decimals + 3) + unit.suffix; };
-    out << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" << length(width) << "\" height=\"" << length(height)
-        << "\" viewBox=\"" << left << " " << top << " " << number(width) << " " << number(height)
-        << "\" fill-rule=\"evenodd\">\n"
+    const SvgUnit unit = SvgUnitOf(frame.unit);
+    const auto length = [&](double value) { return SvgNumber(value * unit.factor, frame.decimals + 3) + unit.suffix; };
+    out << SvgMark << "\n<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" << length(width) << "\" height=\""
+        << length(height) << "\" viewBox=\"" << left << " " << top << " " << number(width) << " " << number(height)
+        << "\" fill-rule=\"evenodd\">\n<title>" << SvgText(sheet.title) << "</title>\n"
         << "<style>.t,.q,.n{fill:none;stroke:currentColor;stroke-linejoin:round}.t{stroke-linecap:round}"
         << ".q{stroke-linecap:square}</style>\n"
         << "<rect x=\"" << left << "\" y=\"" << top << "\" width=\"" << number(width) << "\" height=\""
-        << number(height) << "\" fill=\"" << sheet.background << "\"/>\n"
-        << "<g transform=\"scale(" << (sheet.isFromBelow ? "-1 -1" : "1 -1") << ")\">\n";
+        << number(height) << "\" fill=\"" << sheet.background << "\"/>\n<g transform=\"";
+    if (sheet.isFromBelow) {
+        // Turned round in the same frame.
+        out << "translate(" << number(page.MinX() + page.MaxX()) << " 0)";
+    }
+    out << "scale(" << (sheet.isFromBelow ? "-1 -1" : "1 -1") << ")\">\n";
 }
 
 }  // namespace
@@ -150,10 +159,26 @@ void SvgWriter::BeginGroup(std::string_view color, std::string_view attributes)
     m_out << "<g color=\"" << color << "\" fill=\"" << color << "\"" << attributes << ">\n";
 }
 
-void SvgWriter::EndGroup()
+void SvgWriter::BeginNamed(std::string_view kind, std::string_view name)
 {
     Flush();
-    m_out << "</g>\n";
+    const std::string wanted = IdOf(kind, name);
+    std::string id = wanted;
+    for (int i = 2; !m_ids.insert(id).second; ++i) {
+        id = wanted + "." + std::to_string(i);
+    }
+    m_out << "<g id=\"" << id << "\" class=\"" << kind << "\"><title>" << SvgText(name) << "</title>\n";
+}
+
+void SvgWriter::EndGroup()
+{
+    Raw("</g>\n");
+}
+
+void SvgWriter::Raw(std::string_view tags)
+{
+    Flush();
+    m_out << tags;
 }
 
 void SvgWriter::Fill(const Path & path)
@@ -181,7 +206,8 @@ void SvgWriter::Stroke(const Path & path, double width, StrokeEnds ends)
     if (path.IsEmpty()) {
         return;
     }
-    const double shown = width > 0 ? width : m_hairline;
+    const double hairline = m_thinnest > 0 ? std::min(m_thinnest, m_hairline) : m_hairline;
+    const double shown = width > 0 ? width : hairline;
     const char strokeClass = ClassOfEnds(ends);
     if (shown != m_strokeWidth || strokeClass != m_strokeClass || m_strokes.size() > StrokesAtOnce) {
         Flush();
@@ -247,20 +273,13 @@ void SvgWriter::Flush()
     }
 }
 
-void WriteSvg(std::ostream & out, const SvgSheet & sheet, const SvgDrawing & drawing)
+void WriteSvg(std::ostream & out, const SvgFrame & frame, const SvgSheet & sheet, const SvgDrawing & drawing)
 {
-    std::ostream nowhere(nullptr);
-    SvgWriter measure(nowhere, sheet.decimals, 0.0);
-    Draw(measure, drawing, [] {});
-    Extents box = measure.Box();
-    if (box.IsEmpty()) {
-        box.Add(Vertex(0, 0));
-        box.Add(Vertex(1, 1));
-    }
-    const double size = std::max(box.MaxX() - box.MinX(), box.MaxY() - box.MinY());
-    WriteHead(out, sheet, Grown(box, size / 50));
-    SvgWriter writer(out, sheet.decimals, size / 1000);
-    Draw(writer, drawing, [&out] { out << "</g>\n"; });
+    WriteHead(out, frame, sheet);
+    SvgWriter writer(out, frame.decimals, frame.boardSize / 1000);
+    drawing.draw(writer);
+    writer.EndGroup();
+    drawing.label(writer);
     out << "</svg>\n";
 }
 

@@ -273,12 +273,52 @@ TEST(Board, MayBeWriteProtected)
     EXPECT_EQ(RunProgram({"info", board}, unprivileged), Failure(board + ": Permission denied"));
 }
 
-TEST(Board, IsARegularFile)
+TEST(Board, MayComeThroughAPipe)
 {
     const TempFolder folder;
-    const std::string pipe = folder.Path("pipe");
-    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    EXPECT_EQ(RunProgram({"info", pipe}), Failure(pipe + ": is not a regular file"));
+    folder.Save("board.cvg", Bytes(ExampleBoard()));
+    folder.Save("board.zip", Zip({{"boards/board.cvg", Bytes(ExampleBoard())}}));
+    for (const auto & [ending, filter, name, badAt] : Compressions) {
+        folder.Save(std::string("board") + ending, Compressed(filter, Bytes(ExampleBoard())));
+    }
+    ASSERT_EQ(mkfifo(folder.Path("pipe.cvg").c_str(), 0600), 0);
+    for (const std::string command : {"info", "info --exact", "bom", "components", "nets", "check"}) {
+        const Result plain = RunShell("ipc2581 " + command + " board.cvg", folder.Path(""));
+        EXPECT_NE(plain.out, "");
+        for (const std::string file : {"board.cvg", "board.gz", "board.zst", "board.xz", "board.bz2", "board.zip"}) {
+            for (const std::string way :
+                 {"ipc2581 COMMAND - < ", "ipc2581 COMMAND /dev/stdin < ", "cat FILE | ipc2581 COMMAND - #",
+                  "cat FILE | ipc2581 COMMAND /dev/stdin #", "cat FILE > pipe.cvg & ipc2581 COMMAND pipe.cvg #"}) {
+                std::string run = way + file;
+                run.replace(run.find("COMMAND"), 7, command);
+                const std::size_t at = run.find("FILE");
+                if (at != std::string::npos) {
+                    run.replace(at, 4, file);
+                }
+                EXPECT_EQ(RunShell(run, folder.Path("")), plain) << run;
+            }
+        }
+        EXPECT_EQ(RunShell("ipc2581 " + command + " <(cat board.cvg)", folder.Path("")), plain) << command;
+    }
+}
+
+TEST(Board, OfTheStandardInputIsToldAsThat)
+{
+    const TempFolder folder;
+    const std::string board = folder.Save("board.cvg", SmallBoard("<Step><\n"));
+    EXPECT_EQ(RunProgram({"info", "-"}, {.input = board}), Failure("standard input:9: StartTag: invalid element name"));
+    const std::string dangling = folder.Save(
+        "b.cvg", SmallBoard("<LogicalNet name=\"N\"><PinRef componentRef=\"U1\" pin=\"1\"/></LogicalNet>\n"));
+    EXPECT_EQ(RunProgram({"info", "-"}, {.input = dangling}).err,
+              "ipc2581: standard input: warning: 1 reference leads nowhere; see ipc2581 check -\n");
+    EXPECT_EQ(RunProgram({"info", "-"}, {.input = folder.Path("")}),
+              Failure("standard input: cannot be read: Is a directory"));
+    EXPECT_EQ(RunShell("ipc2581 info - <&-"), Failure("standard input: cannot be read: Bad file descriptor"));
+}
+
+TEST(Board, IsAFile)
+{
+    const TempFolder folder;
     EXPECT_EQ(RunProgram({"info", folder.Path("none.cvg")}),
               Failure(folder.Path("none.cvg") + ": No such file or directory"));
     EXPECT_EQ(RunProgram({"info", folder.Path("")}), Failure(folder.Path("") + ": Is a directory"));
@@ -312,10 +352,33 @@ TEST(Board, ThatIsNotWholeIsToldByEveryCommand)
     const TempFolder folder;
     const std::string whole = SmallBoard();
     const std::string board = folder.Save("board.cvg", whole.substr(0, whole.find("</Step>")));
-    for (const std::string command : {"info", "bom", "components", "nets"}) {
-        EXPECT_EQ(RunProgram({command, board}), Failure(board + ":9: Premature end of data in tag Step line 8"))
-            << command;
+    const std::vector<std::vector<std::string>> commands = {{"info", board},
+                                                            {"bom", board},
+                                                            {"components", board},
+                                                            {"nets", board},
+                                                            {"report", board},
+                                                            {"convert", board, folder.Path("out.cvg")},
+                                                            {"svg", board, "-o", folder.Path("out")}};
+    for (std::vector<std::string> command : commands) {
+        EXPECT_EQ(RunProgram(command), Failure(board + ":9: Premature end of data in tag Step line 8"))
+            << command.front();
+        command.emplace_back("--exact");
+        EXPECT_EQ(RunProgram(command), Failure(board + ":8: the file ends without </IPC-2581>, so it is not whole"))
+            << command.front();
     }
+    const Result diff = RunProgram({"diff", "--exact", ExampleBoard(), board});
+    EXPECT_EQ(diff.status, 2);
+    EXPECT_NE(diff.err.find(":8: the file ends without"), std::string::npos) << diff;
+    EXPECT_EQ(Names(folder.Path("")), std::set<std::string>{"board.cvg"});
+}
+
+TEST(Board, MayHaveSomethingBehindItsEnd)
+{
+    const std::string board = SmallBoard();
+    EXPECT_EQ(Told("a.cvg", board + "<!-- " + std::string(5000, '-') + " -->\n", {"--exact"}).result.status, 0);
+    const std::string spaced = board.substr(0, board.size() - 2) + " >";
+    EXPECT_EQ(Told("b.cvg", spaced, {"--exact"}).result.status, 0);
+    EXPECT_EQ(Told("c.cvg", board.substr(0, board.size() - 2), {"--exact"}).result.status, 1);
 }
 
 TEST(Board, IsReadFromTheStepThatIsAskedFor)
@@ -334,8 +397,77 @@ TEST(Board, IsReadFromTheStepThatIsAskedFor)
     EXPECT_EQ(stepOf({}), 1);
     EXPECT_EQ(stepOf({"--step", "two"}), 2);
     EXPECT_EQ(stepOf({"--step", "panel"}), 0);
+    const std::string leftOut = "ipc2581: " + board +
+                                ": warning: the step \"panel\", the step \"two\" are not imported (--step NAME reads "
+                                "another one); see ipc2581 check " +
+                                board + "\n";
+    for (const std::string command : {"info", "bom", "components", "nets", "svg", "report", "convert", "diff"}) {
+        std::vector<std::string> arguments = {command, board};
+        if (command == "svg") {
+            arguments.insert(arguments.end(), {"-o", folder.Path("out")});
+        }
+        if (command == "convert" || command == "diff") {
+            arguments.push_back(command == "convert" ? "/dev/null" : ExampleBoard());
+        }
+        EXPECT_EQ(RunProgram(arguments).err, leftOut) << command;
+        arguments.insert(arguments.end(), {"--step", command == "diff" ? "blinker" : "one"});
+        if (command == "report") {
+            arguments.emplace_back("--force");
+        }
+        if (command != "diff") {
+            EXPECT_EQ(RunProgram(arguments).err, "") << command;
+        }
+    }
     EXPECT_EQ(RunProgram({"nets", board, "--step", "three"}), Failure(board + ": has no step \"three\""));
     EXPECT_EQ(RunProgram({"nets", board, "--step", "two", "--exact"}), WrongUsage("--exact excludes --step"));
+}
+
+TEST(Board, ManyStepsThatAreNotImportedAreToldInOneLine)
+{
+    std::string steps;
+    for (int i = 0; i < 9; ++i) {
+        steps += "</Step><Step name=\"" + std::to_string(i) + "\">";
+    }
+    const std::string err = Told("board.cvg", SmallBoard(steps)).result.err;
+    EXPECT_NE(err.find("the step \"0\", the step \"1\", the step \"2\", the step \"3\", the step \"4\" and 4 more are "
+                       "not imported (--step NAME reads another one); see"),
+              std::string::npos)
+        << err;
+}
+
+TEST(Board, ThatHasLostSomethingEndsAStrictCommandWithAStatusOfItsOwn)
+{
+    const TempFolder folder;
+    const std::string lossy =
+        folder.Save("lossy.cvg", SmallBoard("<Route/>\n<Component refDes=\"R1\" weight=\"2\"/>\n"));
+    const std::string whole = folder.Save("whole.cvg", SmallBoard());
+    const std::string lost = ": lost or read otherwise: 2 facts without a place in the model; see ipc2581 check ";
+    for (const std::string command : {"info", "bom", "components", "nets"}) {
+        const Result plain = RunProgram({command, lossy});
+        EXPECT_EQ(plain.status, 0);
+        EXPECT_EQ(RunProgram({command, lossy, "--strict"}),
+                  (Result{3, plain.out, plain.err + "ipc2581: " + lossy + lost + lossy + "\n"}));
+        EXPECT_EQ(RunProgram({command, whole, "--strict"}).status, 0) << command;
+    }
+    EXPECT_EQ(RunProgram({"diff", lossy, whole, "--strict"}).status, 3);
+    EXPECT_EQ(RunProgram({"diff", whole, whole, "--strict"}).status, 0);
+    EXPECT_EQ(RunProgram({"diff", lossy, "none", "--strict"}).status, 2);
+    EXPECT_EQ(RunProgram({"svg", lossy, "-o", folder.Path("out"), "--strict"}).status, 3);
+    EXPECT_EQ(RunProgram({"svg", whole, "-o", folder.Path("out2"), "--strict"}).status, 0);
+    EXPECT_EQ(RunProgram({"report", lossy, "--strict"}).status, 3);
+    EXPECT_EQ(RunProgram({"report", whole, "--strict"}).status, 0);
+    EXPECT_EQ(RunProgram({"convert", lossy, folder.Path("lossy.out"), "--strict"}).status, 3);
+    EXPECT_EQ(RunProgram({"convert", whole, folder.Path("whole.out"), "--strict"}).status, 0);
+    EXPECT_TRUE(Names(folder.Path("")).contains("lossy.out"));
+    EXPECT_TRUE(Names(folder.Path("")).contains("lossy.txt"));
+
+    const Result exact = RunProgram({"info", lossy, "--strict", "--exact"});
+    EXPECT_EQ(exact.status, 3);
+    EXPECT_EQ(exact.err, "ipc2581: " + lossy +
+                             ": lost or read otherwise: 1 line taken for another, 1 element passed over, 1 attribute "
+                             "passed over; see ipc2581 check " +
+                             lossy + "\n");
+    EXPECT_EQ(RunProgram({"info", whole, "--strict", "--exact"}), RunProgram({"info", whole, "--exact"}));
 }
 
 TEST(Board, ThatWasMadeToTakeAllMemoryIsTold)

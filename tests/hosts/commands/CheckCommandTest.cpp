@@ -39,7 +39,9 @@ protected:
         std::vector<std::string> arguments = {"check", m_folder.Save("board.cvg", board)};
         arguments.insert(arguments.end(), options.begin(), options.end());
         const Result result = RunProgram(arguments);
-        EXPECT_EQ(result.status, 0);
+        const bool isRefused = result.out.find("\n  refused  ") != std::string::npos;
+        const bool hasNotes = std::regex_search(result.out, std::regex("\n  notes +[1-9]"));
+        EXPECT_EQ(result.status, isRefused || hasNotes ? 1 : 0);
         EXPECT_EQ(result.err, "");
         return result.out;
     }
@@ -71,6 +73,30 @@ TEST_F(Check, TellsAllLinesIfAsked)
 {
     const Result check = RunProgram({"check", "--all", ExampleBoard()});
     EXPECT_EQ(check, (Result{0, Golden("check-all.txt", check.out), ""}));
+}
+
+TEST(CheckStatus, IsOneWhereAListingIsChanged)
+{
+    const TempFolder folder;
+    const auto status = [&](const std::string & board, const std::vector<std::string> & options = {}) {
+        std::vector<std::string> arguments = {"check", folder.Save("board.cvg", board)};
+        arguments.insert(arguments.end(), options.begin(), options.end());
+        return RunProgram(arguments).status;
+    };
+    const std::string whole = Bytes(ExampleBoard());
+    EXPECT_EQ(status(whole), 0);
+    EXPECT_EQ(status(SmallBoard("<Route/>")), 0);
+    EXPECT_EQ(status(""), 1);
+    EXPECT_EQ(status("\x01\xfe nothing that anybody knows"), 1);
+    EXPECT_EQ(status("<IPC-2581/>"), 1);
+    EXPECT_EQ(status(whole.substr(0, whole.find('\n', whole.size() / 2) + 1)), 1);
+    EXPECT_EQ(status(SmallBoard("<Component packageRef=\"none\"/>")), 1);
+    EXPECT_EQ(status(SmallBoard("</Step><Step name=\"two\">")), 1);
+
+    EXPECT_EQ(status(SmallBoard(), {"--strict"}), 0);
+    EXPECT_EQ(status(SmallBoard("<Route/>"), {"--strict"}), 3);
+    EXPECT_EQ(status(SmallBoard("</Step><Step name=\"two\">"), {"--strict"}), 3);
+    EXPECT_EQ(status("", {"--strict"}), 1);
 }
 
 TEST_F(Check, TellsOfASmallBoardInFull)

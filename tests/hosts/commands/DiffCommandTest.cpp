@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -102,8 +103,11 @@ TEST(DiffCommand, TellsOfWhatLiesOnALayer)
     const std::size_t value = board.find("lineWidth=\"", feature) + 11;
     const TempFolder folder;
     const std::string changed = folder.Save("b.cvg", board.replace(value, 1, "7"));
+    const std::string where = "\"from 6,16.27 to 27,17.95 and 4 more shapes net VCC\"";
     EXPECT_EQ(RunProgram({"diff", ExampleBoard(), changed, "--format", "csv"}),
-              Different("layer,TOP,changed,sets,1,1,millimeter\n"));
+              Different("layer,TOP,changed,sets,1,1,millimeter\n"
+                        "feature,TOP,removed,Polyline," +
+                        where + ",,millimeter\nfeature,TOP,added,Polyline,," + where + ",millimeter\n"));
 }
 
 TEST(DiffCommand, ComparesWhatTheImportMakesOfBoth)
@@ -175,10 +179,124 @@ TEST(DiffCommand, TroubleIsTwo)
               (Result{2, "", "ipc2581: " + board + ": is the board itself, which is never overwritten\n"}));
 }
 
+TEST(DiffCommand, TakesOneBoardFromAPipe)
+{
+    EXPECT_EQ(RunProgram({"diff", "-", ExampleBoard()}, {.input = ExampleBoard()}), (Result{0, "", ""}));
+    EXPECT_EQ(RunProgram({"diff", ExampleBoard(), "/dev/stdin"}, {.input = ExampleBoard()}), (Result{0, "", ""}));
+    EXPECT_EQ(RunShell("diff() { ipc2581 diff <(cat $1) <(cat $1); }; diff " + ExampleBoard()), (Result{0, "", ""}));
+    for (const std::string other : {"-", "/dev/stdin"}) {
+        EXPECT_EQ(
+            RunProgram({"diff", "-", other}, {.input = ExampleBoard()}),
+            (Result{2, "", "ipc2581: standard input: is there to be read once; give one of the boards as a file\n"}));
+    }
+}
+
 TEST(DiffCommand, FullDiskIsTroubleToo)
 {
-    EXPECT_EQ(RunProgram({"diff", ExampleBoard(), ExampleBoard()}, {.fileLimit = 100}),
-              (Result{2, "", "ipc2581: temporary file: cannot be written: File too large\n"}));
+    const TempFolder folder;
+    const std::string out = folder.Path("diff.json");
+    const Result result =
+        RunProgram({"diff", ExampleBoard(), ExampleBoard(), "--format", "json", "-o", out}, {.fileLimit = 100});
+    EXPECT_EQ(result, (Result{2, "", "ipc2581: " + out + ": cannot be written: File too large\n"}));
+}
+
+// Two boards in inch, each with these lines in its step, and in front of Ecad.
+Result Compared(const std::string & before, const std::string & after, const std::string & items = "",
+                const std::string & otherItems = "", std::vector<std::string> options = {})
+{
+    const TempFolder folder;
+    const auto board = [&](const std::string & name, const std::string & lines, const std::string & bom) {
+        std::string text = SmallBoard(lines);
+        text.insert(text.find("<CadData"), "<CadHeader units=\"INCH\"/><Layer name=\"TOP\"/>\n");
+        text.insert(text.find("<Ecad"), bom);
+        return folder.Save(name, text);
+    };
+    std::vector<std::string> arguments = {"diff", board("a.xml", before, items), board("b.xml", after, otherItems),
+                                          "--format", "csv"};
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    Result result = RunProgram(arguments);
+    EXPECT_TRUE(result.out.starts_with(Heading)) << result.out;
+    result.out.erase(0, std::string(Heading).size());
+    result.err.clear();
+    return result;
+}
+
+std::string NetOf(const std::string & name, const std::string & component)
+{
+    return "<LogicalNet name=\"" + name + "\"><PinRef componentRef=\"" + component +
+           "\" pin=\"1\"/></LogicalNet>\n<PhyNetGroup><PhyNet name=\"" + name + "\"/></PhyNetGroup>\n";
+}
+
+TEST(DiffCommand, TellsARenamedNetOnce)
+{
+    const std::string pad = "<LayerFeature layerRef=\"TOP\"><Set net=\"";
+    const std::string end = "\"><Pad/></Set></LayerFeature>\n";
+    EXPECT_EQ(Compared(NetOf("A", "U1") + pad + "A" + end, NetOf("B", "U1") + pad + "B" + end),
+              (Result{1, "net,A,renamed,name,A,B,inch\n", ""}));
+    EXPECT_EQ(Compared(NetOf("A", "U1") + NetOf("B", "U2") + pad + "A" + end,
+                       NetOf("A", "U2") + NetOf("B", "U1") + pad + "B" + end),
+              (Result{1, "net,A,renamed,name,A,B,inch\nnet,B,renamed,name,B,A,inch\n", ""}));
+}
+
+TEST(DiffCommand, TellsOfFlagsValuesAndMakersParts)
+{
+    const auto item = [](const std::string & populate, const std::string & value, const std::string & part) {
+        return "<Bom><BomItem OEMDesignNumberRef=\"N\"><RefDes name=\"R1\" populate=\"" + populate +
+               "\"/><Characteristics><Textual textualCharacteristicName=\"Value\" textualCharacteristicValue=\"" +
+               value +
+               "\"/></Characteristics></BomItem></Bom><Avl><AvlItem OEMDesignNumber=\"N\"><AvlVmpn><AvlMpn name=\"" +
+               part + "\"/></AvlVmpn></AvlItem></Avl>\n";
+    };
+    EXPECT_EQ(Compared("", "", item("true", "1k", "P"), item("false", "1k", "P")),
+              (Result{1, "BOM item,N,changed,fitted,R1,,inch\nBOM item,N,changed,not fitted,,R1,inch\n", ""}));
+    EXPECT_EQ(Compared("", "", item("true", "1k", "P"), item("true", "2k", "P")),
+              (Result{1,
+                      "BOM item,N,changed,value,1k,2k,inch\nwithout a place,Bom/BomItem/Characteristics/Textual,"
+                      "changed,facts,1,1,inch\n",
+                      ""}));
+    EXPECT_EQ(Compared("", "", item("true", "1k", "P"), item("true", "1k", "Q")),
+              (Result{1, "BOM item,N,changed,makers' parts,P,Q,inch\n", ""}));
+}
+
+TEST(DiffCommand, TellsWhatDiffersOnALayerAndWhere)
+{
+    const auto sets = [](int count, const std::string & more = "") {
+        std::string text = "<LayerFeature layerRef=\"TOP\">" + more;
+        for (int i = 0; i < count; ++i) {
+            text += "<Set><Pad><Location x=\"" + std::to_string(i) + "\" y=\"2\"/></Pad></Set>";
+        }
+        return text + "</LayerFeature>\n";
+    };
+    EXPECT_EQ(Compared(sets(1), sets(2)),
+              (Result{1, "layer,TOP,changed,sets,0,1,inch\nfeature,TOP,added,pad,,\"at 1,2\",inch\n", ""}));
+    EXPECT_EQ(Compared(sets(1, "<Set net=\"N\"><Hole diameter=\"0.1\" platingStatus=\"VIA\" x=\"5\" y=\"6\"/></Set>"),
+                       sets(1, "<Set net=\"N\"><Features><Line startX=\"1\" startY=\"2\" endX=\"3\" endY=\"4\"/>"
+                               "</Features></Set>"))
+                  .out.substr(0, 200),
+              "layer,TOP,changed,sets,1,1,inch\nfeature,TOP,removed,hole,\"0.1 VIA at 5,6 net N\",,inch\n"
+              "feature,TOP,added,Line,,\"from 1,2 to 3,4 net N\",inch\n");
+    const Result many = Compared(sets(0), sets(13));
+    EXPECT_EQ(std::count(many.out.begin(), many.out.end(), '\n'), 12);
+    EXPECT_TRUE(many.out.ends_with("feature,TOP,added,\"more, see --all\",,3,inch\n")) << many.out;
+    const Result all = Compared(sets(0), sets(13), "", "", {"--all"});
+    EXPECT_EQ(std::count(all.out.begin(), all.out.end(), '\n'), 14);
+}
+
+TEST(DiffCommand, TellsOfFactsWithoutAPlace)
+{
+    EXPECT_EQ(Compared("<Odd a=\"1\"/>\n", "<Odd a=\"2\"/><Odd a=\"3\"/>\n"),
+              (Result{1, "without a place,Ecad/CadData/Step/Odd,changed,facts,1,2,inch\n", ""}));
+    EXPECT_EQ(
+        Compared("", "", "<HistoryRecord number=\"1\" odd=\"1\"/>\n", "<HistoryRecord number=\"2\" odd=\"2\"/>\n"),
+        (Result{0, "", ""}));
+}
+
+TEST(DiffCommand, IsTroubledWhereNotAllCouldBeCompared)
+{
+    const TempFolder folder;
+    const std::string lower = folder.Save("b.cvg", Replaced("populate=\"TRUE\"", "populate=\"true\""));
+    EXPECT_EQ(RunProgram({"diff", "--exact", lower, lower}).status, 2);
+    EXPECT_EQ(RunProgram({"diff", lower, lower}).status, 0);
 }
 
 }  // namespace

@@ -50,14 +50,52 @@ TEST(Report, LiesBesideTheBoardInAFolderWithTheSameEnding)
     EXPECT_EQ(Names(folder.Path("")), std::set<std::string>{"all.cvg"});
 }
 
-TEST(Report, NeedsTheEndingInTheName)
+TEST(Report, IsNamedAfterABoardOfAnyName)
+{
+    for (const std::string name : {"board.xml", "board.CVG", "board", "board.cvg.gz"}) {
+        const TempFolder folder;
+        const std::string board = folder.Save(name, SmallBoard());
+        const bool isPacked = name.ends_with(".gz");
+        EXPECT_EQ(isPacked ? RunShell("mv board.cvg.gz b && gzip -c b > board.cvg.gz && rm b && ipc2581 report " + name,
+                                      folder.Path(""))
+                           : RunProgram({"report", board}),
+                  (Result{0, "", ""}));
+        EXPECT_EQ(Bytes(folder.Path("board.txt")), SmallReport);
+        EXPECT_EQ(Names(folder.Path("")), (std::set<std::string>{name, "board.txt"}));
+    }
+    const TempFolder folder;
+    folder.Save("a.b.xml", SmallBoard());
+    EXPECT_EQ(RunShell("gzip a.b.xml && ipc2581 report a.b.xml.gz", folder.Path("")), (Result{0, "", ""}));
+    EXPECT_EQ(Bytes(folder.Path("a.b.txt")), SmallReport);
+}
+
+TEST(Report, IsWrittenWhereTheOutputIsNamed)
 {
     const TempFolder folder;
-    for (const std::string name : {"board.xml", "board.CVG"}) {
-        const std::string board = folder.Save(name, SmallBoard());
-        EXPECT_EQ(RunProgram({"report", board}),
-                  Failure(board + ": has no \".cvg\" in its name, which the report's name is made from"));
-    }
+    const std::string board = folder.Save("board.cvg", SmallBoard());
+    const std::string out = folder.Path("other");
+    EXPECT_EQ(RunProgram({"report", board, "-o", out}), (Result{0, "", ""}));
+    EXPECT_EQ(Bytes(out), SmallReport);
+    EXPECT_EQ(RunProgram({"report", board, "-o", "-"}), (Result{0, SmallReport, ""}));
+    EXPECT_EQ(RunProgram({"report", "-"}, {.folder = folder.Path(""), .input = board}), (Result{0, SmallReport, ""}));
+    EXPECT_EQ(RunProgram({"report", "/dev/stdin"}, {.input = board}), (Result{0, SmallReport, ""}));
+    EXPECT_EQ(Names(folder.Path("")), (std::set<std::string>{"board.cvg", "other"}));
+}
+
+TEST(Report, ReplacesOnlyByForce)
+{
+    const TempFolder folder;
+    const std::string board = folder.Save("board.cvg", SmallBoard());
+    const std::string report = folder.Save("board.txt", "good");
+    const Result refused = Failure(report + ": is there already; --force replaces it");
+    EXPECT_EQ(RunProgram({"report", board}), refused);
+    EXPECT_EQ(RunProgram({"report", board, "-o", report}), refused);
+    EXPECT_EQ(Bytes(report), "good");
+    EXPECT_EQ(RunProgram({"report", board, "--force"}), (Result{0, "", ""}));
+    EXPECT_EQ(Bytes(report), SmallReport);
+    const std::string text = folder.Save("text.txt", SmallBoard());
+    EXPECT_EQ(RunProgram({"report", text, "--force"}),
+              Failure(text + ": is the board itself, which is never overwritten"));
 }
 
 TEST(Report, LeavesNothingInTheTemporaryFolder)
@@ -86,7 +124,7 @@ TEST(Report, LeavesAGoodOneWhereTheDiskIsFull)
     const TempFolder folder;
     const std::string board = folder.Save("board.cvg", Bytes(ExampleBoard()));
     const std::string report = folder.Save("board.txt", "good");
-    EXPECT_EQ(RunProgram({"report", board}, {.fileLimit = 150}),
+    EXPECT_EQ(RunProgram({"report", board, "--force"}, {.fileLimit = 150}),
               Failure(report + ": cannot be written: File too large"));
     EXPECT_EQ(Bytes(report), "good");
     EXPECT_EQ(Names(folder.Path("")), (std::set<std::string>{"board.cvg", "board.txt"}));

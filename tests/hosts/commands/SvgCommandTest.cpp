@@ -143,12 +143,268 @@ TEST(Svg, NamesOfFilesAreSafeAndDiffer)
                                                                 "layer-Top.svg", "layer-TOP-2.svg", "layer-___.svg"}));
 }
 
-TEST(Svg, DesignatorsAreEscaped)
+// A package of two by one.
+std::string Outlined()
+{
+    return "<Package name=\"P\">\n<Outline>\n<Polygon>\n<PolyBegin x=\"-1\" y=\"-0.5\"/>\n"
+           "<PolyStepSegment x=\"1\" y=\"-0.5\"/>\n<PolyStepSegment x=\"1\" y=\"0.5\"/>\n"
+           "<PolyStepSegment x=\"-1\" y=\"0.5\"/>\n</Polygon>\n<LineDesc lineEnd=\"ROUND\" lineWidth=\"0\"/>\n"
+           "</Outline>\n</Package>\n";
+}
+
+std::string Component(const std::string & refDes, const std::string & x, const std::string & attributes = "")
+{
+    return "<Component refDes=\"" + refDes + "\" packageRef=\"P\" layerRef=\"TOP\" " + attributes +
+           ">\n<Location x=\"" + x + "\" y=\"0\"/>\n</Component>\n";
+}
+
+// A board of a hundred by ten with layers of copper, mask, legend and notes.
+std::string BoardOfLayers(const std::string & stepLines)
+{
+    const auto layer = [](const std::string & name, const std::string & function, const std::string & side) {
+        return "<Layer name=\"" + name + "\" layerFunction=\"" + function + "\" side=\"" + side +
+               "\" polarity=\"POSITIVE\"/>\n";
+    };
+    return "<IPC-2581>\n<Ecad name=\"e\">\n<CadHeader units=\"MILLIMETER\">\n</CadHeader>\n<CadData>\n" +
+           layer("CU", "SIGNAL", "TOP") + layer("MASK", "SOLDERMASK", "TOP") + layer("SILK", "SILKSCREEN", "TOP") +
+           layer("NOTES", "DOCUMENT", "NONE") +
+           "<Step name=\"s\">\n<Profile>\n<Polygon>\n<PolyBegin x=\"0\" y=\"0\"/>\n"
+           "<PolyStepSegment x=\"100\" y=\"0\"/>\n<PolyStepSegment x=\"100\" y=\"10\"/>\n"
+           "<PolyStepSegment x=\"0\" y=\"10\"/>\n</Polygon>\n</Profile>\n" +
+           stepLines + "</Step>\n</CadData>\n</Ecad>\n</IPC-2581>\n";
+}
+
+std::string OnLayer(const std::string & name, const std::string & sets)
+{
+    return "<LayerFeature layerRef=\"" + name + "\">\n" + sets + "</LayerFeature>\n";
+}
+
+std::string CircleAt(const std::string & x, const std::string & setAttributes = "")
+{
+    return "<Set " + setAttributes + ">\n<Features>\n<Location x=\"" + x +
+           "\" y=\"5\"/>\n<Circle diameter=\"2\"/>\n</Features>\n</Set>\n";
+}
+
+std::size_t Count(const std::string & text, const std::string & part)
+{
+    std::size_t count = 0;
+    for (std::size_t at = 0; (at = text.find(part, at)) != std::string::npos; at += part.size()) {
+        ++count;
+    }
+    return count;
+}
+
+// All values of an attribute, in their order.
+std::vector<std::string> Values(const std::string & text, const std::string & attribute)
+{
+    std::vector<std::string> values;
+    const std::string begin = " " + attribute + "=\"";
+    for (std::size_t at = 0; (at = text.find(begin, at)) != std::string::npos;) {
+        at += begin.size();
+        values.push_back(text.substr(at, text.find('"', at) - at));
+    }
+    return values;
+}
+
+TEST(Svg, PicturesOfABoardHaveOneFrame)
 {
     const TempFolder folder;
     const std::string board =
-        folder.Save("board.xml", SmallBoard("<Component refDes=\"R&amp;1\" packageRef=\"P\" layerRef=\"TOP\">\n"
-                                            "<Location x=\"1\" y=\"2\"/>\n</Component>\n"));
+        folder.Save("board.xml", BoardOfLayers(OnLayer("CU", CircleAt("50")) + OnLayer("SILK", CircleAt("-20")) +
+                                               OnLayer("NOTES", CircleAt("500"))));
+    const auto frames = [&](const std::vector<std::string> & options) {
+        std::vector<std::string> arguments = {"svg", board, "-o", folder.Path("out")};
+        arguments.insert(arguments.end(), options.begin(), options.end());
+        const Result result = RunProgram(arguments);
+        EXPECT_EQ(result.status, 0);
+        std::set<std::string> boxes;
+        for (const std::string & name : Names(folder.Path("out"))) {
+            boxes.insert(Values(Bytes(folder.Path("out/" + name)), "viewBox").front());
+        }
+        return std::make_pair(boxes, result.err);
+    };
+    using Boxes = std::set<std::string>;
+    EXPECT_EQ(
+        frames({}),
+        std::make_pair(Boxes{"-23.42 -12.42 125.84 14.84"},
+                       "ipc2581: " + board +
+                           ": warning: layers that reach beyond the pictures: NOTES; --whole shows all of them\n"));
+    EXPECT_EQ(frames({"--layers", "CU"}), std::make_pair(Boxes{"-23.42 -12.42 125.84 14.84"}, std::string()));
+    EXPECT_EQ(frames({"--whole"}), std::make_pair(Boxes{"-31.44 -20.44 542.88 30.88"}, std::string()));
+}
+
+TEST(Svg, BottomIsTurnedRoundInItsFrame)
+{
+    const TempFolder folder;
+    const std::string board = folder.Save("board.xml", BoardOfLayers(OnLayer("SILK", CircleAt("-20"))));
+    EXPECT_EQ(RunProgram({"svg", board, "-o", folder.Path("out")}).status, 0);
+    // The frame is as wide to the left of 39.5 as it is to the right.
+    ExpectHolds(Bytes(folder.Path("out/board-bottom.svg")), "<g transform=\"translate(79 0)scale(-1 -1)\">");
+}
+
+TEST(Svg, LayersNetsAndPartsHaveTitlesAndIds)
+{
+    const TempFolder folder;
+    const std::string board = folder.Save(
+        "board.xml", BoardOfLayers(Outlined() + Component("R 1", "10") + Component("R_1", "20") +
+                                   OnLayer("CU", CircleAt("10", "net=\"+5V&lt;\"") + CircleAt("20", "net=\"GND\"") +
+                                                     CircleAt("30", "net=\"+5V&lt;\"") +
+                                                     CircleAt("40", "net=\"-5V_\"") + CircleAt("45"))));
+    EXPECT_EQ(RunProgram({"svg", board, "-o", folder.Path("out")}).status, 0);
+    for (const std::string & name : Names(folder.Path("out"))) {
+        const std::vector<std::string> ids = Values(Bytes(folder.Path("out/" + name)), "id");
+        EXPECT_EQ(std::set<std::string>(ids.begin(), ids.end()).size(), ids.size()) << name;
+        for (const std::string & id : ids) {
+            EXPECT_EQ(id.find_first_of(" <&+"), std::string::npos) << id;
+        }
+    }
+    const std::string copper = Bytes(folder.Path("out/layer-CU.svg"));
+    ExpectHolds(copper, "<title>CU (SIGNAL)</title>");
+    ExpectHolds(copper, "<g id=\"layer-CU\" class=\"layer\"><title>CU</title>\n"
+                        "<g id=\"net-_5V_\" class=\"net\"><title>+5V&lt;</title>\n"
+                        "<path d=\"M11 5A1 1 0 0 1 9 5A1 1 0 0 1 11 5Z\"/>\n"
+                        "<path d=\"M31 5A1 1 0 0 1 29 5A1 1 0 0 1 31 5Z\"/>\n</g>\n"
+                        "<g id=\"net-GND\" class=\"net\"><title>GND</title>\n");
+    ExpectHolds(copper, "<g id=\"net--5V_\" class=\"net\"><title>-5V_</title>");
+    const std::string top = Bytes(folder.Path("out/board-top.svg"));
+    ExpectHolds(top, "<title>Top</title>");
+    ExpectHolds(top, "<g id=\"part-R_1\" class=\"part\"><title>R 1</title>\n");
+    ExpectHolds(top, "<g id=\"part-R_1.2\" class=\"part\"><title>R_1</title>\n");
+}
+
+TEST(Svg, CopperHasItsFinishInTheOpeningsOfTheMask)
+{
+    const TempFolder folder;
+    const std::string board = folder.Save(
+        "board.xml", BoardOfLayers(OnLayer("CU", CircleAt("10", "net=\"A\"")) + OnLayer("MASK", CircleAt("10"))));
+    EXPECT_EQ(RunProgram({"svg", board, "-o", folder.Path("out")}).status, 0);
+    const std::string top = Bytes(folder.Path("out/board-top.svg"));
+    const std::string circle = "<path d=\"M11 5A1 1 0 0 1 9 5A1 1 0 0 1 11 5Z\"/>\n";
+    ExpectHolds(top, "<g id=\"copper\">\n<g id=\"layer-CU\" class=\"layer\"><title>CU</title>\n"
+                     "<g id=\"net-A\" class=\"net\"><title>A</title>\n" +
+                         circle);
+    ExpectHolds(top, "<mask id=\"openings\">\n<g color=\"#fff\" fill=\"#fff\">\n"
+                     "<g id=\"layer-MASK\" class=\"layer\"><title>MASK</title>\n" +
+                         circle);
+    ExpectHolds(top, "<g mask=\"url(#openings)\">");
+    ExpectHolds(top, "<g color=\"#c9a54a\" fill=\"#c9a54a\">\n<use href=\"#copper\"/>");
+    EXPECT_EQ(Bytes(folder.Path("out/board-bottom.svg")).find("mask"), std::string::npos);
+}
+
+TEST(Svg, DesignatorsStandOnceAndFitTheirParts)
+{
+    const TempFolder folder;
+    const auto labels = [&](const std::string & lines) {
+        const std::string board = folder.Save("board.xml", BoardOfLayers(Outlined() + lines));
+        EXPECT_EQ(RunProgram({"svg", board, "-o", folder.Path("out")}).status, 0);
+        return Bytes(folder.Path("out/board-top.svg"));
+    };
+    const std::string two = Component("R1", "10", "part=\"A\"") + Component("LONG_1", "20", "part=\"A\"");
+    const std::string plain = labels(two);
+    // The part is two thousandths of a hundred high, and a text as high as four fifths of that.
+    ExpectHolds(plain, "<text font-size=\"8\" dy=\".35em\" x=\"100\" y=\"0\">R1</text>\n");
+    ExpectHolds(plain, "<text font-size=\"5.1\" dy=\".35em\" x=\"200\" y=\"0\">LONG_1</text>\n");
+    // The legend says it already.
+    const std::string named =
+        labels(two + OnLayer("SILK", CircleAt("10", "geometryUsage=\"TEXT\" componentRef=\"R1\"")));
+    EXPECT_EQ(Count(named, ">R1</text>"), 0U);
+    EXPECT_EQ(Count(named, ">LONG_1</text>"), 1U);
+    // Notes are not in this picture.
+    EXPECT_EQ(Count(labels(two + OnLayer("NOTES", CircleAt("10", "geometryUsage=\"TEXT\" componentRef=\"R1\""))),
+                    ">R1</text>"),
+              1U);
+    // What nobody could read, what draws nothing, and what nobody buys has none.
+    const std::string hidden = labels(two + Component("NAME_THAT_IS_TOO_LONG_FOR_IT", "30", "part=\"A\"") +
+                                      Component("SHIELD", "40", "part=\"\"") +
+                                      "<Component refDes=\"X9\" packageRef=\"NONE\" layerRef=\"TOP\" part=\"A\"/>\n");
+    EXPECT_EQ(Count(hidden, "</text>"), 2U);
+    EXPECT_EQ(Count(labels(Component("R1", "10")), ">R1</text>"), 1U);
+}
+
+TEST(Svg, LayersAreChosenByName)
+{
+    const TempFolder folder;
+    const auto draw = [&](const std::vector<std::string> & options) {
+        std::vector<std::string> arguments = {"svg"};
+        arguments.insert(arguments.end(), options.begin(), options.end());
+        arguments.insert(arguments.end(), {ExampleBoard(), "-o", folder.Path("out")});
+        return RunProgram(arguments);
+    };
+    EXPECT_EQ(draw({"--layers", "TOP,DRILL"}), (Result{0, "", ""}));
+    EXPECT_EQ(Names(folder.Path("out")), (std::set<std::string>{"layer-TOP.svg", "layer-DRILL.svg"}));
+    EXPECT_EQ(draw({"--layers", "CORE", "--layers=TOP"}), (Result{0, "", ""}));
+    EXPECT_EQ(Names(folder.Path("out")), (std::set<std::string>{"layer-TOP.svg", "layer-CORE.svg"}));
+    EXPECT_EQ(draw({"--layers", "TOP,NONE"}),
+              Failure(ExampleBoard() + ": has no layer \"NONE\"; it has SILK_TOP, MASK_TOP, TOP, CORE, BOTTOM, "
+                                       "SILK_BOTTOM, DRILL"));
+}
+
+unsigned BigEndianAt(const std::string & bytes, std::size_t at)
+{
+    unsigned number = 0;
+    for (std::size_t i = at; i < at + 4; ++i) {
+        number = number << 8U | static_cast<unsigned char>(bytes[i]);
+    }
+    return number;
+}
+
+TEST(Svg, MayBePngOfAnyWidth)
+{
+    const TempFolder folder;
+    const std::string out = folder.Path("out");
+    EXPECT_EQ(RunProgram({"svg", ExampleBoard(), "-o", out, "--png", "--width", "420"}), (Result{0, "", ""}));
+    EXPECT_EQ(Names(out).size(), 9U);
+    for (const std::string & name : Names(out)) {
+        EXPECT_TRUE(name.ends_with(".png")) << name;
+        const std::string bytes = Bytes(folder.Path("out/" + name));
+        EXPECT_TRUE(bytes.starts_with("\x89PNG\r\n\x1a\n")) << name;
+        EXPECT_EQ(BigEndianAt(bytes, 16), 420U) << name;
+        EXPECT_NEAR(BigEndianAt(bytes, 20), 318, 3) << name;
+        EXPECT_GT(bytes.size(), 1000U) << name;
+    }
+    EXPECT_EQ(RunProgram({"svg", ExampleBoard(), "-o", out, "--png", "--layers", "TOP"}).status, 0);
+    EXPECT_EQ(BigEndianAt(Bytes(folder.Path("out/layer-TOP.png")), 16), 2000U);
+    EXPECT_EQ(RunProgram({"svg", ExampleBoard(), "-o", out, "--width", "420"}), WrongUsage("--width requires --png"));
+    EXPECT_EQ(RunProgram({"svg", ExampleBoard(), "-o", out, "--png", "--width", "0"}).status, 2);
+}
+
+TEST(Svg, StalePicturesOfThisProgramGo)
+{
+    const TempFolder folder;
+    const std::string out = folder.Path("out");
+    EXPECT_EQ(RunProgram({"svg", ExampleBoard(), "-o", out}).status, 0);
+    folder.Save("out/layer-MINE.svg", "<svg/>");
+    fs::copy_file(folder.Path("out/layer-CORE.svg"), folder.Path("out/kept.svg"));
+    EXPECT_EQ(RunProgram({"svg", ExampleBoard(), "-o", out, "--png", "--layers", "TOP"}).status, 0);
+    EXPECT_EQ(Names(out), (std::set<std::string>{"kept.svg", "layer-MINE.svg", "layer-TOP.png"}));
+    EXPECT_EQ(RunProgram({"svg", folder.Save("b.xml", BoardOfLayers("")), "-o", out}).status, 0);
+    EXPECT_EQ(Names(out),
+              (std::set<std::string>{"kept.svg", "layer-MINE.svg", "board-top.svg", "board-bottom.svg", "layer-CU.svg",
+                                     "layer-MASK.svg", "layer-NOTES.svg", "layer-SILK.svg"}));
+}
+
+TEST(Svg, ReplacesOnlyItsOwnPicturesWithoutForce)
+{
+    const TempFolder folder;
+    const std::string out = folder.Path("out");
+    EXPECT_EQ(RunProgram({"svg", ExampleBoard(), "-o", out}).status, 0);
+    EXPECT_EQ(RunProgram({"svg", ExampleBoard(), "-o", out}), (Result{0, "", ""}));
+    const std::string mine = folder.Save("out/layer-TOP.svg", "mine");
+    fs::remove(folder.Path("out/board-top.svg"));
+    EXPECT_EQ(RunProgram({"svg", ExampleBoard(), "-o", out}),
+              Failure(mine + ": is there already; --force replaces it"));
+    EXPECT_EQ(Bytes(mine), "mine");
+    EXPECT_FALSE(fs::exists(folder.Path("out/board-top.svg")));
+    EXPECT_EQ(RunProgram({"svg", ExampleBoard(), "-o", out, "--force"}), (Result{0, "", ""}));
+    EXPECT_NE(Bytes(mine), "mine");
+}
+
+TEST(Svg, DesignatorsAreEscaped)
+{
+    const TempFolder folder;
+    const std::string board = folder.Save(
+        "board.xml", SmallBoard(Outlined() + "<Component refDes=\"R&amp;1\" packageRef=\"P\" layerRef=\"TOP\">\n"
+                                             "<Location x=\"1\" y=\"2\"/>\n</Component>\n"));
     EXPECT_EQ(RunProgram({"svg", board, "-o", folder.Path("out")}).status, 0);
     ExpectHolds(Bytes(folder.Path("out/board-top.svg")), ">R&amp;1</text>\n");
     EXPECT_EQ(Bytes(folder.Path("out/board-bottom.svg")).find("<text"), std::string::npos);
@@ -250,7 +506,7 @@ TEST(Svg, LeavesAGoodPictureWhereTheDiskIsFull)
     const TempFolder folder;
     fs::create_directory(folder.Path("out"));
     const std::string good = folder.Save("out/board-top.svg", "good");
-    EXPECT_EQ(RunProgram({"svg", ExampleBoard(), "-o", folder.Path("out")}, {.fileLimit = 5000}),
+    EXPECT_EQ(RunProgram({"svg", ExampleBoard(), "-o", folder.Path("out"), "--force"}, {.fileLimit = 5000}),
               Failure(good + ": cannot be written: File too large"));
     EXPECT_EQ(Bytes(good), "good");
     EXPECT_EQ(Names(folder.Path("out")), std::set<std::string>{"board-top.svg"});

@@ -1,3 +1,4 @@
+#include <map>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -35,7 +36,11 @@ TEST(Usage, HelpOnAFullDiskFails)
 
 TEST(Usage, WrongOneIsToldInOneLine)
 {
-    EXPECT_EQ(RunProgram({}), WrongUsage("A subcommand is required"));
+    EXPECT_EQ(
+        RunProgram({}),
+        WrongUsage(
+            "a command is missing: one of info, bom, components, nets, layers, stackup, packages, pins, pads, holes, "
+            "tracks, svg, check, convert, report, diff"));
     EXPECT_EQ(RunProgram({"info"}), WrongUsage("BOARD is required"));
     EXPECT_EQ(RunProgram({"convert", "board.cvg"}), WrongUsage("OUT is required"));
     EXPECT_EQ(RunProgram({"report"}), WrongUsage("BOARD is required"));
@@ -43,7 +48,40 @@ TEST(Usage, WrongOneIsToldInOneLine)
               WrongUsage("--format: must be table, csv or json, not xml"));
     EXPECT_EQ(RunProgram({"info", "board.cvg", "--colour"}),
               WrongUsage("The following argument was not expected: --colour"));
-    EXPECT_EQ(RunProgram({"frobnicate"}).status, 2);
+    EXPECT_EQ(RunProgram({"frobnicate"}), WrongUsage("frobnicate is no command"));
+}
+
+TEST(Usage, WhatMayHaveBeenMeantIsTold)
+{
+    const std::map<std::string, std::string> meant = {
+        {"inof", "info"}, {"bmo", "bom"},      {"component", "components"},
+        {"NETS", "nets"}, {"conv", "convert"}, {"chekc", "check"}};
+    for (const auto & [misspelt, command] : meant) {
+        EXPECT_EQ(RunProgram({misspelt, "board.cvg"}),
+                  WrongUsage(misspelt + " is no command; did you mean " + command + "?"));
+    }
+    EXPECT_EQ(RunProgram({"board.cvg"}), WrongUsage("board.cvg is no command"));
+    EXPECT_EQ(RunProgram({"info", "board.cvg", "--fromat", "csv"}),
+              WrongUsage("The following arguments were not expected: --fromat csv; did you mean --format?"));
+}
+
+TEST(Usage, ArgumentsThatAreTooManyAreToldInTheOrderGiven)
+{
+    EXPECT_EQ(RunProgram({"info", "one", "two", "three", "--four"}),
+              WrongUsage("The following arguments were not expected: two three --four"));
+    EXPECT_EQ(RunProgram({"diff", "a", "b", "c\nd"}), WrongUsage("The following argument was not expected: c?d"));
+}
+
+TEST(Usage, TerminalWithoutEscapesGetsNone)
+{
+    const auto shown = [](const std::string & type, const std::string & noColor) {
+        return RunProgram({"bom", ExampleBoard(), "-o", "/dev/null"},
+                          {.isOnTerminal = true, .terminalType = type, .noColor = noColor})
+            .err;
+    };
+    EXPECT_NE(shown("xterm", "").find("\x1b["), std::string::npos);
+    EXPECT_EQ(shown("dumb", ""), "");
+    EXPECT_EQ(shown("xterm", "1"), "");
 }
 
 }  // namespace

@@ -30,12 +30,33 @@ TEST(SignalRemovalDeathTest, NothingIsLeftBehindASignal)
             scratch.Write("half", 4);
             ScratchFolder scratchFolder;
             std::ofstream(scratchFolder.File("half.txt")) << "half";
-            FileReplacement replacement(path);
+            FileReplacement replacement(path, Existing::Replace, Keeping::HiddenName);
             std::ofstream(replacement.WritePath()) << "half";
             static_cast<void>(raise(signal));
         };
         EXPECT_EXIT(end(), testing::KilledBySignal(signal), "");
     }
+    EXPECT_EQ(Bytes(path), "good");
+    EXPECT_EQ(Names(folder.Path("")), std::set<std::string>{"out.txt"});
+    EXPECT_TRUE(Names(temporary.Path("")).empty());
+}
+
+TEST(SignalRemovalDeathTest, NothingIsLeftBehindTheSignalThatNobodyCanTake)
+{
+    const TempFolder folder;
+    const TempFolder temporary;
+    const std::string path = folder.Save("out.txt", "good");
+    const auto end = [&] {
+        setenv("TMPDIR", temporary.Path("").c_str(), 1);
+        ScratchFile scratch;
+        scratch.Write("half", 4);
+        FileReplacement replacement(path);
+        std::ofstream(replacement.WritePath()) << "half";
+        FileReplacement other(folder.Path("new.txt"));
+        std::ofstream(other.WritePath()) << "half";
+        static_cast<void>(raise(SIGKILL));
+    };
+    EXPECT_EXIT(end(), testing::KilledBySignal(SIGKILL), "");
     EXPECT_EQ(Bytes(path), "good");
     EXPECT_EQ(Names(folder.Path("")), std::set<std::string>{"out.txt"});
     EXPECT_TRUE(Names(temporary.Path("")).empty());

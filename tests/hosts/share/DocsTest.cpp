@@ -86,10 +86,7 @@ bool IsShown(std::span<const std::string> shown, std::span<const std::string> pr
 // What a terminal in the folder shows.
 std::string Printed(const std::string & command, const std::string & folder)
 {
-    const std::string programs = std::filesystem::path(IPC2581_HOST_PROGRAM).parent_path().string();
-    return RunProgram({"-c", "export LC_ALL=C PATH=\"$1:$PATH\"\n{ " + command + "\n} 2>&1", "sh", programs},
-                      {.program = "/bin/sh", .folder = folder})
-        .out;
+    return RunShell("{ " + command + "\n} 2>&1", folder).out;
 }
 
 std::string Help(const std::string & command = "")
@@ -130,7 +127,7 @@ Texts Options(const std::string & command = "")
     return WordsUnder("Options:", Help(command));
 }
 
-// All words of a text that begin with a hyphen.
+// All words of a text that begin with a hyphen, but for the lone one that is a standard stream.
 Texts OptionsIn(std::string_view text)
 {
     const auto isPart = [](char ch) { return ch == '-' || std::isalnum(static_cast<unsigned char>(ch)) != 0; };
@@ -141,7 +138,7 @@ Texts OptionsIn(std::string_view text)
             word += ch;
             continue;
         }
-        if (word.starts_with('-')) {
+        if (word.starts_with('-') && word.size() > 1) {
             options.insert(word);
         }
         word.clear();
@@ -262,7 +259,7 @@ TEST(Docs, ManPageTellsEachCommandAndOption)
 
 TEST(Docs, ManPageIsFormattedWithoutWarning)
 {
-    const Result result = RunProgram({"-c", "command -v groff || exit 99; groff -man -ww -z -Tutf8 \"$0\"", ManPage},
+    const Result result = RunProgram({"-c", "command -v groff || exit 99; groff -t -man -ww -z -Tutf8 \"$0\"", ManPage},
                                      {.program = "/bin/sh"});
     if (result.status == 99) {
         GTEST_SKIP() << "groff is not there";
