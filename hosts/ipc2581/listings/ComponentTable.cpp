@@ -223,6 +223,7 @@ Table ComponentTable(Board & board, const Lengths & lengths, const ComponentChoi
 {
     const std::vector<FactColumn> chosen = ChosenColumns(choice.columns);
     std::vector<Column> columns;
+    columns.reserve(chosen.size());
     for (const FactColumn & column : chosen) {
         columns.push_back(IsLength(column.fact) ? lengths.Named(column.title) : Column(column.title));
     }

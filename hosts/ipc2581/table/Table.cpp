@@ -78,16 +78,28 @@ struct Shape {
     [[nodiscard]] bool IsRight() const { return hasNumbers && !hasTexts; }
 };
 
-// Gives the width of the text.
-std::size_t SetAligned(std::string & text, const Cell & cell)
+bool IsPlain(std::string_view text)
 {
-    text.clear();
+    return std::all_of(text.begin(), text.end(), [](char ch) { return ch >= ' ' && ch < 0x7f; });
+}
+
+std::size_t WidthOf(std::string_view text)
+{
+    return IsPlain(text) ? text.size() : Width(text);
+}
+
+// Gives the width of what is appended.
+std::size_t AppendAligned(std::string & text, const Cell & cell)
+{
+    const std::size_t begin = text.size();
     cell.AppendAligned(text);
-    if (std::all_of(text.begin(), text.end(), [](char ch) { return ch >= ' ' && ch < 0x7f; })) {
-        return text.size();
+    const std::string_view added = std::string_view(text).substr(begin);
+    if (IsPlain(added)) {
+        return added.size();
     }
-    text = OneLine(std::move(text));
-    return Width(text);
+    const std::string shown = OneLine(std::string(added));
+    text.replace(begin, std::string::npos, shown);
+    return Width(shown);
 }
 
 // One line, cell by cell.
@@ -119,10 +131,12 @@ void PrintAlignedRows(std::ostream & out, const Table & table, std::string_view 
     for (const Column & column : table.Columns()) {
         shapes.push_back({.width = Width(TitleOf(column))});
     }
-    std::string text;
+    // All cells, each with a line feed behind it, which none of them holds: making the rows twice would take longer.
+    std::string cells;
     table.ForEachRow([&](const Row & row) {
         for (std::size_t i = 0; i < row.size(); ++i) {
-            shapes[i].Add(row[i], SetAligned(text, row[i]));
+            shapes[i].Add(row[i], AppendAligned(cells, row[i]));
+            cells.append("\n");
         }
     });
     Pieces pieces(out);
@@ -132,15 +146,15 @@ void PrintAlignedRows(std::ostream & out, const Table & table, std::string_view 
         head.Add(title, Width(title), shapes[i]);
     }
     head.End();
-    table.ForEachRow([&](const Row & row) {
+    for (std::string_view rest = cells; !rest.empty(); pieces.Pass()) {
         AlignedLine line(pieces.Text(), indent);
-        for (std::size_t i = 0; i < row.size(); ++i) {
-            const std::size_t width = SetAligned(text, row[i]);
-            line.Add(text, width, shapes[i]);
+        for (const Shape & shape : shapes) {
+            const std::string_view cell = rest.substr(0, rest.find('\n'));
+            rest.remove_prefix(cell.size() + 1);
+            line.Add(cell, WidthOf(cell), shape);
         }
         line.End();
-        pieces.Pass();
-    });
+    }
     pieces.Finish();
 }
 
@@ -151,7 +165,7 @@ void PrintAlignedValues(std::ostream & out, const Values & values, std::string_v
     std::string text;
     for (const auto & [name, value] : values.All()) {
         names.width = std::max(names.width, value.IsNothing() ? 0 : Width(TitleOf(name)));
-        shape.Add(value, SetAligned(text, value));
+        shape.Add(value, AppendAligned(text, value));
     }
     Pieces pieces(out);
     for (const auto & [name, value] : values.All()) {
@@ -159,7 +173,8 @@ void PrintAlignedValues(std::ostream & out, const Values & values, std::string_v
             continue;
         }
         const std::string title = TitleOf(name);
-        const std::size_t width = SetAligned(text, value);
+        text.clear();
+        const std::size_t width = AppendAligned(text, value);
         AlignedLine line(pieces.Text(), indent);
         line.Add(title, Width(title), names);
         line.Add(text, width, shape);

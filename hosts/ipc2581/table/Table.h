@@ -67,7 +67,7 @@ using RowSink = std::function<void(const Row & row)>;
 class Table {
 public:
     Table(std::string key, std::vector<Column> columns) : m_key(std::move(key)), m_columns(std::move(columns)) {}
-    // Rows that are made anew each time when they are written, so that many of them take no room.
+    // Rows that are made while they are written, so that no cells of many of them are kept.
     Table(std::string key, std::vector<Column> columns, std::function<void(const RowSink & sink)> make)
         : m_key(std::move(key)), m_columns(std::move(columns)), m_make(std::move(make))
     {

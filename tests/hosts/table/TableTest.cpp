@@ -221,7 +221,7 @@ TEST(Table, TellsItsWarningsInJson)
         << out.str();
 }
 
-TEST(Table, MakesItsRowsAnewForEachWriting)
+TEST(Table, MakesItsRowsOnceForEachWriting)
 {
     int count = 0;
     const Table table("numbers", {"number"}, [&](const RowSink & sink) {
@@ -230,9 +230,9 @@ TEST(Table, MakesItsRowsAnewForEachWriting)
         sink({100});
     });
     EXPECT_EQ(Printed(table, Format::Table), "number\n     1\n   100\n");
-    EXPECT_EQ(count, 2);
+    EXPECT_EQ(count, 1);
     EXPECT_EQ(Printed(table, Format::Csv), "number\n1\n100\n");
-    EXPECT_EQ(count, 3);
+    EXPECT_EQ(count, 2);
 }
 
 TEST(Table, WritesLongOnesWhole)
