@@ -24,10 +24,11 @@ std::size_t Sum(const Findings & findings)
     return sum;
 }
 
+// Nets that are made of what the sets and pads say are all there.
 std::size_t CountNotes(const ImportReport & report, bool isStepChosen)
 {
     const auto count = std::count_if(report.Notes().begin(), report.Notes().end(), [&](const Note & note) {
-        return note.kind != NoteKind::StepLeftOut || !isStepChosen;
+        return note.kind != NoteKind::NetsFromSets && (note.kind != NoteKind::StepLeftOut || !isStepChosen);
     });
     return static_cast<std::size_t>(count);
 }

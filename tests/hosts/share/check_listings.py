@@ -106,7 +106,7 @@ def miscounted(listing, elements):
 
 def findings_of(validator, program, arguments, is_first_board, elements):
     run = subprocess.run([program, *arguments, "--format", "json"], capture_output=True, check=False)
-    if run.returncode not in ((0, 1) if arguments[0] == "diff" else (0,)):
+    if run.returncode not in ((0, 1) if arguments[0] in ("check", "diff") else (0,)):
         # What the board does not tell nobody can convert.
         if b"does not tell its units" in run.stderr and "--units" in arguments:
             return []
