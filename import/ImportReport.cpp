@@ -1,7 +1,8 @@
 #include "import/ImportReport.h"
 
 #include <algorithm>
-#include <cstring>
+
+#include "import/FactValues.h"
 
 namespace ipc2581 {
 
@@ -39,13 +40,8 @@ LostFact ImportReport::Lost(std::size_t index) const
     LostFact lost = {PathText(fact.path), fact.line, fact.owner, {}};
     std::string_view values = std::string_view(m_values).substr(fact.begin, fact.length);
     while (!values.empty()) {
-        std::uint32_t name = 0;
-        std::uint32_t length = 0;
-        std::memcpy(&name, values.data(), sizeof(name));
-        std::memcpy(&length, values.data() + sizeof(name), sizeof(length));
-        values.remove_prefix(sizeof(name) + sizeof(length));
-        lost.attributes.emplace_back(m_names[name], values.substr(0, length));
-        values.remove_prefix(length);
+        const detail::FactValue own = detail::TakeFactValue(values);
+        lost.attributes.emplace_back(m_names[own.name], own.value);
     }
     return lost;
 }

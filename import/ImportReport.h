@@ -81,7 +81,7 @@ private:
     friend class detail::LossRecorder;
 
     // There may be as many as there are pads on a board, so it is small. The attributes stand in m_values from begin to
-    // end: for each its name and the length of its value, as numbers of four bytes, and the value.
+    // end, as FactValues.h has them.
     struct Fact {
         std::uint64_t begin;
         std::uint32_t line;

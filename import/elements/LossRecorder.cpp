@@ -1,10 +1,10 @@
 #include "import/elements/LossRecorder.h"
 
 #include <algorithm>
-#include <array>
-#include <cstring>
 #include <limits>
 #include <utility>
+
+#include "import/FactValues.h"
 
 namespace ipc2581::detail {
 namespace {
@@ -14,15 +14,6 @@ std::uint32_t Narrow(std::size_t count)
 {
     return static_cast<std::uint32_t>(std::min<std::size_t>(count, std::numeric_limits<std::uint32_t>::max()));
 }
-
-// Marks the name of an attribute that is held; no name has so large a number.
-constexpr std::uint32_t HeldName = 0x80000000;
-
-// An attribute of a fact: its name, the length of its value, and the value.
-struct ValueHead {
-    std::uint32_t name;
-    std::uint32_t length;
-};
 
 }  // namespace
 
@@ -64,11 +55,7 @@ ImportReport::Fact & LossRecorder::LastFact()
 
 void LossRecorder::AddAttribute(Word name, std::string_view value, bool isHeld)
 {
-    const ValueHead head = {name | (isHeld ? HeldName : 0), Narrow(value.size())};
-    std::array<char, sizeof(head)> bytes;
-    std::memcpy(bytes.data(), &head, sizeof(head));
-    m_report.m_values.append(bytes.data(), bytes.size());
-    m_report.m_values.append(value);
+    AppendFactValue(m_report.m_values, {name, isHeld, value});
     ImportReport::Fact & fact = LastFact();
     fact.length = Narrow(m_report.m_values.size() - fact.begin);
 }
@@ -108,23 +95,17 @@ bool LossRecorder::Settle(const HeldFact & held)
 {
     const bool hasArrived = m_isReferred[held.hold];
     ImportReport::Fact & fact = m_report.m_facts[held.fact];
-    char * const begin = m_report.m_values.data() + fact.begin;
-    const char * const end = begin + fact.length;
-    char * to = begin;
-    for (const char * from = begin; from != end;) {
-        ValueHead head;
-        std::memcpy(&head, from, sizeof(head));
-        const std::size_t size = sizeof(head) + head.length;
-        const bool isHeld = (head.name & HeldName) != 0;
-        if (!isHeld || !hasArrived) {
-            head.name &= ~HeldName;
-            std::memmove(to, from, size);
-            std::memcpy(to, &head, sizeof(head));
-            to += size;
+    const std::string all = m_report.m_values.substr(fact.begin, fact.length);
+    std::string left;
+    for (std::string_view values = all; !values.empty();) {
+        FactValue own = TakeFactValue(values);
+        if (!own.isHeld || !hasArrived) {
+            own.isHeld = false;
+            AppendFactValue(left, own);
         }
-        from += size;
     }
-    fact.length = static_cast<std::uint32_t>(to - begin);
+    m_report.m_values.replace(fact.begin, left.size(), left);
+    fact.length = static_cast<std::uint32_t>(left.size());
     return hasArrived && held.isElementHeld && fact.length == 0;
 }
 

@@ -129,6 +129,12 @@ void Tree::ReportNode(std::uint32_t node, const Left & left, LossRecorder & loss
 
 void Tree::Clear()
 {
+    // Few elements are large, such as the net of the ground; what they took is not kept.
+    constexpr std::size_t usual = 4096;
+    if (m_attributes.capacity() > usual) {
+        *this = Tree();
+        return;
+    }
     m_nodes.clear();
     m_attributes.clear();
     m_pieces.clear();

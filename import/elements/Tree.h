@@ -38,7 +38,7 @@ public:
 
     // Tells what nobody has taken, and gives what is held into the hand of the recorder.
     void ReportLost(LossRecorder & losses, LossRecorder::Path parent, std::size_t owner) const;
-    // Forgets the element, and keeps the room.
+    // Forgets the element, and keeps the room of one that is not large.
     void Clear();
 
 private:

@@ -43,14 +43,14 @@ bool References::Has(NameKind kind, std::string_view name) const
 
 void References::Await(NameKind kind, std::string_view name, std::size_t line)
 {
-    if (!name.empty()) {
+    if (!name.empty() && !Has(kind, name)) {
         m_awaited.push_back({kind, false, std::string(name), line});
     }
 }
 
 void References::AwaitLayerOrGroup(std::string_view name, std::size_t line)
 {
-    if (!name.empty()) {
+    if (!name.empty() && !Has(NameKind::Layer, name)) {
         m_awaited.push_back({NameKind::Layer, true, std::string(name), line});
     }
 }

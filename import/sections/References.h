@@ -21,7 +21,7 @@ public:
     void Declare(NameKind kind, std::string_view name);
     // True if something of the kind has had the name so far.
     [[nodiscard]] bool Has(NameKind kind, std::string_view name) const;
-    // Nothing is to be found for an empty name.
+    // What is there already is not waited for, and nothing is to be found for an empty name.
     void Await(NameKind kind, std::string_view name, std::size_t line);
     // Of a layer or of a group of them.
     void AwaitLayerOrGroup(std::string_view name, std::size_t line);

@@ -222,7 +222,9 @@ void StepSection::ReadComponent(const XmlElement & element)
     using Component = CIPC2581_Ecad_CadData_Step_Component;
     Component & component = AddTo(Step().ComponentArray, m_context.Make<Component>());
     TakeFields<Fields<Component>::Component>(element, component, m_context.blocks);
-    m_components.emplace(element.Value(W("refDes")), element.Value(W("packageRef")));
+    const std::string_view package = element.Value(W("packageRef"));
+    const Names * const pins = FindIn(m_packages, package);
+    m_components.emplace(element.Value(W("refDes")), pins);
     bool hasPlace = false;
     bool hasXform = false;
     for (const XmlElement child : element) {
@@ -234,8 +236,7 @@ void StepSection::ReadComponent(const XmlElement & element)
         }
     }
     CheckLayer(element);
-    const std::string_view package = element.Value(W("packageRef"));
-    if (!package.empty() && !m_packages.contains(package)) {
+    if (!package.empty() && pins == nullptr) {
         m_context.TellDangling(element.Line(), "package", package);
     }
 }
@@ -252,9 +253,9 @@ void StepSection::CheckPin(const XmlElement & pinRef)
         return;
     }
     // A package without any pin says nothing of which there are.
-    const auto package = m_packages.find(component->second);
+    const Names * const pins = component->second;
     const std::string_view pin = pinRef.Value(W("pin"));
-    if (package != m_packages.end() && !package->second.empty() && !package->second.contains(pin)) {
+    if (pins != nullptr && !pins->empty() && !pins->contains(pin)) {
         m_context.TellDangling(pinRef.Line(), "pin", std::string(name) + "." + std::string(pin));
     }
 }

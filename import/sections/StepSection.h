@@ -50,9 +50,10 @@ private:
     CadSection & m_cad;
     ShapeReader & m_shapes;
     PadReader & m_pads;
-    // The pins of each package, by number and by name; the package of each component; the logical nets.
+    // The pins of each package, by number and by name; those of each component, null without a package; the logical
+    // nets.
     ByName<Names> m_packages;
-    ByName<std::string> m_components;
+    ByName<const Names *> m_components;
     Names m_nets;
     bool m_hasDatum = false;
 };

@@ -9,7 +9,7 @@ namespace ipc2581::detail {
 namespace {
 
 // The parser asks for a few kilobytes at a time.
-constexpr std::size_t FileBufferSize = std::size_t(128) * 1024;
+constexpr std::size_t FileBufferSize = std::size_t(64) * 1024;
 
 [[noreturn]] void ThrowErrno()
 {

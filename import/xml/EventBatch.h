@@ -29,7 +29,7 @@ public:
     void Clear();
 
 private:
-    static constexpr std::size_t FullSize = std::size_t(256) * 1024;
+    static constexpr std::size_t FullSize = std::size_t(96) * 1024;
 
     enum class Kind : std::uint8_t { Open, Text, Close };
     // Stands in front of each event. Behind that of an opening tag stand its attributes, each with a head of its own,

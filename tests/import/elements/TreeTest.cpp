@@ -186,6 +186,22 @@ TEST(Tree, ForgetsAllWhenItIsCleared)
     EXPECT_EQ(LossesOf(tree), AllLost);
 }
 
+TEST(Tree, ForgetsALargeElementToo)
+{
+    Tree tree;
+    tree.Open(W("Package"), 1, {});
+    for (int i = 0; i < 10'000; ++i) {
+        const std::array<XmlAttribute, 1> number = {{{W("number"), "1"}}};
+        tree.Open(W("Pin"), 1, number);
+        tree.Close();
+    }
+    tree.Close();
+    tree.Clear();
+    EXPECT_FALSE(tree.IsOpen());
+    Fill(tree);
+    EXPECT_EQ(LossesOf(tree), AllLost);
+}
+
 TEST(Tree, FindsAnElementAgainInACopy)
 {
     Tree tree;
