@@ -22,6 +22,7 @@ name=${name%.zst}
 name=${name%.xz}
 name=${name%.bz2}
 output=out/${name%.*}-written.cvg
+report=out/${name%.*}.txt
 mkdir -p out
 
 echo
@@ -31,4 +32,8 @@ echo
 echo "\$ $program convert --force $board $output"
 "$program" convert --force "$board" "$output"
 echo
-echo "Read $board ($(wc -c <"$board") bytes) and wrote it again to $root/$output ($(wc -c <"$output") bytes)."
+echo "\$ $program report --force $board -o $report"
+"$program" report --force "$board" -o "$report"
+echo
+echo "Read $board ($(wc -c <"$board") bytes), wrote it again to $root/$output ($(wc -c <"$output") bytes)," \
+    "and its report to $root/$report ($(wc -l <"$report") lines)."
