@@ -211,7 +211,7 @@ std::vector<Record> PadStacks(Board & board, const NetRenames & renames)
 // A word behind others, where there is one.
 std::string Suffix(const CString & word)
 {
-    return word.IsEmpty() ? std::string() : "," + Shown(word);
+    return word.IsEmpty() ? std::string() : std::string(",").append(Shown(word));
 }
 
 std::vector<Record> Packages(Board & board, const Lengths & lengths)
