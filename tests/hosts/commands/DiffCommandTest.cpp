@@ -160,11 +160,12 @@ TEST(DiffCommand, JsonHasBothBoardsAndTypedValues)
 TEST(DiffCommand, WarnsOfWhatWasNotCompared)
 {
     const TempFolder folder;
-    const std::string board = folder.Save("b.cvg", SmallBoard());
-    const std::string warning = Warning(board, "no BOM items in the file; no components in the file; no logical nets "
-                                               "in the file; no physical nets in the file");
-    EXPECT_EQ(RunProgram({"diff", "--exact", board, board}), (Result{0, "", warning + warning}));
+    const std::string board = folder.Save("b.cvg", SmallBoard("<Package name=\"P\"><Pin number=\"1\"/></Package>\n"));
+    const std::string warning = Warning(board, "1 of 1 pins of packages missing");
+    EXPECT_EQ(RunProgram({"diff", "--exact", board, board}), (Result{2, "", warning + warning}));
     EXPECT_EQ(RunProgram({"diff", board, board}), (Result{0, "", ""}));
+    const std::string empty = folder.Save("empty.cvg", SmallBoard());
+    EXPECT_EQ(RunProgram({"diff", "--exact", empty, empty}), (Result{0, "", ""}));
 }
 
 TEST(DiffCommand, TroubleIsTwo)
