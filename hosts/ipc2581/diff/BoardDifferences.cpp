@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <functional>
+#include <future>
 #include <iterator>
 #include <map>
 #include <set>
@@ -117,8 +118,10 @@ void AddFeatures(const std::string & layer, const std::vector<const FeatureSet *
 void CompareFeatures(const Compared & before, const Compared & after, const NetRenames & renames,
                      const DiffOptions & options, Differences & differences)
 {
-    const auto old = SetsOfLayers(before.board, renames);
+    // Nearly all of the work of a comparison, each board by itself.
+    auto ofBefore = std::async([&] { return SetsOfLayers(before.board, renames); });
     const auto now = SetsOfLayers(after.board, {});
+    const auto old = ofBefore.get();
     std::set<std::string> layers;
     for (const auto * const side : {&old, &now}) {
         for (const auto & [layer, sets] : *side) {
@@ -211,7 +214,7 @@ std::vector<Record> PadStacks(Board & board, const NetRenames & renames)
 // A word behind others, where there is one.
 std::string Suffix(const CString & word)
 {
-    return word.IsEmpty() ? std::string() : "," + Shown(word);
+    return word.IsEmpty() ? std::string() : std::string(",").append(Shown(word));
 }
 
 std::vector<Record> Packages(Board & board, const Lengths & lengths)
@@ -393,7 +396,9 @@ Differences DifferencesOf(const Compared & before, const Compared & after, const
     differences.Compare("physical net", PhysicalNets(before.board, before.lengths, renames),
                         PhysicalNets(after.board, after.lengths, none));
     differences.Compare("BOM item", Items(before.board), Items(after.board));
-    differences.Compare("without a place", Facts(before.board), Facts(after.board));
+    auto oldFacts = std::async([&] { return Facts(before.board); });
+    const std::vector<Record> newFacts = Facts(after.board);
+    differences.Compare("without a place", oldFacts.get(), newFacts);
     return differences;
 }
 

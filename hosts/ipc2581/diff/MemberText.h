@@ -1,10 +1,12 @@
 #ifndef IPC2581_HOSTS_IPC2581_DIFF_MEMBERTEXT_H
 #define IPC2581_HOSTS_IPC2581_DIFF_MEMBERTEXT_H
 
+#include <cmath>
 #include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include <ipc2581/fields.h>
 
@@ -14,7 +16,7 @@
 namespace ipc2581::host {
 
 // Writes all that an object of the model holds as one text, with numbers as listings show them. Nets go by the names
-// that they were given.
+// that they were given. What is empty or zero is left out, since most of a set is.
 class MemberWriter {
 public:
     explicit MemberWriter(const NetRenames & renames) : m_renames(renames) {}
@@ -35,12 +37,24 @@ public:
     template <typename Member>
     void Value(const Member & member, const CPointD & value)
     {
-        Append(member.name, Cell(value.X).Text() + "," + Cell(value.Y).Text());
+        if (IsZero(value.X) && IsZero(value.Y)) {
+            return;
+        }
+        m_text.append(member.name).append(1, '=');
+        Cell(value.X).AppendText(m_text);
+        m_text.append(1, ',');
+        Cell(value.Y).AppendText(m_text);
+        m_text.append(1, '\n');
     }
     template <typename Member, typename Type>
     void Value(const Member & member, const Type & value)
     {
-        Append(member.name, Cell(value).Text());
+        if (IsZero(static_cast<double>(value))) {
+            return;
+        }
+        m_text.append(member.name).append(1, '=');
+        Cell(value).AppendText(m_text);
+        m_text.append(1, '\n');
     }
     template <typename Member, typename Object>
     void Enter(const Member & member, const Object & /*object*/)
@@ -54,11 +68,21 @@ public:
         m_text.append("}\n");
     }
 
-    [[nodiscard]] const std::string & Text() const { return m_text; }
+    [[nodiscard]] std::string Take() { return std::move(m_text); }
 
 private:
+    // As listings show it.
+    static bool IsZero(double number)
+    {
+        constexpr double smallest = 0.5e-6;
+        return std::abs(number) < smallest;
+    }
+
     void Append(std::string_view name, std::string_view value)
     {
+        if (value.empty()) {
+            return;
+        }
         m_text.append(name).append(1, '=').append(value).append(1, '\n');
     }
 
@@ -71,7 +95,7 @@ std::string MemberText(const Object & object, const NetRenames & renames = {})
 {
     MemberWriter writer(renames);
     Walk(object, writer);
-    return writer.Text();
+    return writer.Take();
 }
 
 }  // namespace ipc2581::host
