@@ -78,6 +78,18 @@ void RefuseCutFile(const BoardFile & board)
     throw Error(board.Name(), lines, "the file ends without </IPC-2581>, so it is not whole");
 }
 
+// Those that have not been read, which is all of them where the one that was asked for is not there.
+std::string StepsOf(const ImportReport & report)
+{
+    std::string steps;
+    for (const Note & note : report.Notes()) {
+        if (note.kind == NoteKind::StepLeftOut) {
+            steps.append(steps.empty() ? "; it has " : ", ").append(OneLine(note.text.substr(note.text.find('"'))));
+        }
+    }
+    return steps;
+}
+
 }  // namespace
 
 Board::Board(BoardFile file, const Reading & reading, CProgressCtrl * progress)
@@ -93,7 +105,7 @@ void Board::ReadByImport(CProgressCtrl * progress)
     m_root = std::move(imported.board);
     m_report = std::move(imported.report);
     if (!step.empty() && Shown(Step().Name) != step) {
-        throw Error(m_file.Name(), "has no step \"" + step + "\"");
+        throw Error(m_file.Name(), "has no step \"" + step + "\"" + StepsOf(*m_report));
     }
 }
 

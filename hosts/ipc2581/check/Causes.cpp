@@ -17,7 +17,7 @@ void Causes::AddMissing(const std::string & things, std::size_t inFile, std::siz
 
 void Causes::AddMissingOrNone(const std::string & things, std::size_t inFile, std::size_t inModel)
 {
-    if (inFile == 0 && inModel == 0) {
+    if (m_isAbsenceTold && inFile == 0 && inModel == 0) {
         Add("no " + things + " in the file");
     }
     AddMissing(things, inFile, inModel);

@@ -1,11 +1,13 @@
 #include "hosts/ipc2581/check/ListingLosses.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <set>
 #include <string>
 #include <string_view>
 
 #include "hosts/ipc2581/check/Causes.h"
+#include "hosts/ipc2581/check/FeatureCounts.h"
 #include "hosts/ipc2581/check/LineTags.h"
 #include "hosts/ipc2581/check/LossTable.h"
 
@@ -157,27 +159,84 @@ void AddPhysicalNets(Board & board, const Tally & tally, Causes & causes)
     }
 }
 
+void AddPackages(const FeatureCounts & file, const FeatureCounts & model, Causes & causes)
+{
+    causes.AddMissingOrNone("packages", file.packages, model.packages);
+    if (model.packages != 0) {
+        causes.AddOtherwise(file.heights, "package", "listed without a height", "height is not read");
+        causes.AddOtherwise(file.firstPins, "package", "listed without pin one", "pinOne is not read");
+    }
+}
+
+void AddPads(const FeatureCounts & file, const FeatureCounts & model, Causes & causes)
+{
+    causes.AddMissingOrNone("pads", file.pads, model.pads);
+    if (model.pads != 0) {
+        causes.AddOtherwise(file.plated, "pad", "listed as not plated", "plate is not \"TRUE\" in upper case");
+        causes.AddOtherwise(file.testPoints, "pad", "listed as no test point",
+                            "testPoint is not \"TRUE\" in upper case");
+    }
+}
+
+bool IsFeature(Listed what)
+{
+    return what >= Listed::Layers;
+}
+
+void AddNamed(Board & board, Listed what, const Tally & tally, Causes & causes)
+{
+    switch (what) {
+    case Listed::Items:
+        return AddItems(board, tally, causes);
+    case Listed::Components:
+        return AddComponents(board, tally, causes);
+    case Listed::LogicalNets:
+        return AddLogicalNets(board, tally, causes);
+    case Listed::PhysicalNets:
+        return AddPhysicalNets(board, tally, causes);
+    default:
+        return;
+    }
+}
+
+void AddFeature(Listed what, const FeatureCounts & file, const FeatureCounts & model, Causes & causes)
+{
+    switch (what) {
+    case Listed::Layers:
+        return causes.AddMissingOrNone("layers", file.layers, model.layers);
+    case Listed::Sets:
+        return causes.AddMissing("sets", file.sets, model.sets);
+    case Listed::StackupLayers:
+        return causes.AddMissingOrNone("layers of the stackup", file.stackupLayers, model.stackupLayers);
+    case Listed::Packages:
+        return AddPackages(file, model, causes);
+    case Listed::Pins:
+        return causes.AddMissingOrNone("pins of packages", file.pins, model.pins);
+    case Listed::Pads:
+        return AddPads(file, model, causes);
+    case Listed::Holes:
+        return causes.AddMissingOrNone("holes", file.holes, model.holes);
+    case Listed::Tracks:
+        return causes.AddMissingOrNone("tracks", file.tracks, model.tracks);
+    default:
+        return;
+    }
+}
+
 }  // namespace
 
-Causes ListingLosses(Board & board, std::initializer_list<Listed> listed)
+Causes ListingLosses(Board & board, std::initializer_list<Listed> listed, Absence absence)
 {
-    const Tally tally = TallyOf(board.File().PlainPath());
-    Causes causes;
+    const std::string path = board.File().PlainPath();
+    const bool hasFeatures = std::any_of(listed.begin(), listed.end(), IsFeature);
+    const bool hasOthers = !std::all_of(listed.begin(), listed.end(), IsFeature);
+    const Tally tally = hasOthers ? TallyOf(path) : Tally();
+    const FeatureCounts file = hasFeatures ? CountFeaturesInFile(path) : FeatureCounts();
+    const FeatureCounts model = hasFeatures ? CountFeaturesInModel(board) : FeatureCounts();
+    Causes causes(absence == Absence::Told);
     for (const Listed what : listed) {
-        switch (what) {
-        case Listed::Items:
-            AddItems(board, tally, causes);
-            break;
-        case Listed::Components:
-            AddComponents(board, tally, causes);
-            break;
-        case Listed::LogicalNets:
-            AddLogicalNets(board, tally, causes);
-            break;
-        case Listed::PhysicalNets:
-            AddPhysicalNets(board, tally, causes);
-            break;
-        }
+        AddNamed(board, what, tally, causes);
+        AddFeature(what, file, model, causes);
     }
     return causes;
 }

@@ -10,11 +10,27 @@
 
 namespace ipc2581::host {
 
-enum class Listed { Items, Components, LogicalNets, PhysicalNets };
+enum class Listed {
+    Items,
+    Components,
+    LogicalNets,
+    PhysicalNets,
+    Layers,
+    Sets,
+    StackupLayers,
+    Packages,
+    Pins,
+    Pads,
+    Holes,
+    Tracks,
+};
+
+// Whether it is told that a file has none of what is listed.
+enum class Absence { Told, Untold };
 
 // What is known to be missing in a listing of these, or to stand in it otherwise than the writer of the file meant,
 // cause by cause.
-Causes ListingLosses(Board & board, std::initializer_list<Listed> listed);
+Causes ListingLosses(Board & board, std::initializer_list<Listed> listed, Absence absence = Absence::Told);
 
 // How many components stand on a layer that the reader has lost.
 std::size_t CountWithoutSide(Board & board);

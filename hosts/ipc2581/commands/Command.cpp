@@ -148,12 +148,12 @@ void WarnOfImport(const Board & board)
     }
 }
 
-std::string LacksOf(Board & board, std::initializer_list<Listed> listed)
+std::string LacksOf(Board & board, std::initializer_list<Listed> listed, Absence absence)
 {
     if (board.Report() != nullptr) {
         return OneLine(NotesOfImport(*board.Report(), !board.HowRead().step.empty()));
     }
-    return ListingLosses(board, listed).Text();
+    return ListingLosses(board, listed, absence).Text();
 }
 
 Source SourceOf(Board & board, const Lengths & lengths, const std::string & losses)

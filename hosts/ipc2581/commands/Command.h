@@ -42,7 +42,7 @@ void AddListingOptions(CLI::App & command, ListingOptions & options);
 void AddUnits(CLI::App & command, std::string & unit);
 
 // What a listing of a board is known to lack, and what an import tells of the file as a whole.
-std::string LacksOf(Board & board, std::initializer_list<Listed> listed);
+std::string LacksOf(Board & board, std::initializer_list<Listed> listed, Absence absence = Absence::Told);
 // What stands above a listing in JSON. The losses are told apart from what an import has noted one by one.
 Source SourceOf(Board & board, const Lengths & lengths, const std::string & losses);
 

@@ -12,8 +12,10 @@ namespace {
 
 enum Status { Different = 1, Trouble = 2 };
 
-constexpr std::initializer_list<Listed> AllListed = {Listed::Items, Listed::Components, Listed::LogicalNets,
-                                                     Listed::PhysicalNets};
+constexpr std::initializer_list<Listed> AllListed = {Listed::Items,        Listed::Components, Listed::LogicalNets,
+                                                     Listed::PhysicalNets, Listed::Layers,     Listed::StackupLayers,
+                                                     Listed::Packages,     Listed::Pins,       Listed::Pads,
+                                                     Listed::Holes,        Listed::Tracks};
 
 struct Options {
     std::string before;
@@ -27,7 +29,7 @@ struct Options {
 // True if something of the board is not in what was compared.
 bool IsLacking(Board & board)
 {
-    return board.Report() == nullptr && ListingLosses(board, AllListed).IsLacking();
+    return board.Report() == nullptr && ListingLosses(board, AllListed, Absence::Untold).IsLacking();
 }
 
 bool Diff(const Options & options)
@@ -40,8 +42,8 @@ bool Diff(const Options & options)
     const Lengths lengths(before, options.unit);
     const Lengths otherLengths(after, options.unit);
     const Differences differences = DifferencesOf({before, lengths}, {after, otherLengths}, options.diff);
-    const std::string losses = LacksOf(before, AllListed);
-    const std::string otherLosses = LacksOf(after, AllListed);
+    const std::string losses = LacksOf(before, AllListed, Absence::Untold);
+    const std::string otherLosses = LacksOf(after, AllListed, Absence::Untold);
     const bool isDifferent = !differences.Rows().Rows().empty();
     if (!isDifferent && options.listing.format == Format::Table) {
         // Like diff, which has nothing to say of what is the same.

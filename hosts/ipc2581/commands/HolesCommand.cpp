@@ -17,7 +17,7 @@ void AddHolesCommand(CLI::App & program)
     command.callback([options] {
         PrintTable(*options,
                    [&](Board & board, const Lengths & lengths) { return HoleTable(board, lengths, options->isSorted); },
-                   {});
+                   {Listed::Holes});
     });
 }
 

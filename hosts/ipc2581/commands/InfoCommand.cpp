@@ -7,6 +7,10 @@
 namespace ipc2581::host {
 namespace {
 
+constexpr std::initializer_list<Listed> Counted = {Listed::Layers, Listed::StackupLayers, Listed::Components,
+                                                   Listed::Items,  Listed::LogicalNets,   Listed::PhysicalNets,
+                                                   Listed::Holes,  Listed::Tracks};
+
 struct Options {
     std::string board;
     Reading reading;
@@ -19,8 +23,10 @@ void Info(const Options & options)
 {
     Board board = OpenBoard(options.board, options.reading);
     const Lengths lengths(board, options.unit);
-    Print(InfoListing(board, lengths, options.isAll), options.listing, {options.board}, SourceOf(board, lengths, ""));
-    WarnOfImport(board);
+    const std::string losses = LacksOf(board, Counted, Absence::Untold);
+    Print(InfoListing(board, lengths, options.isAll), options.listing, {options.board},
+          SourceOf(board, lengths, losses));
+    Warn(board, losses);
     EndWhereLost({&board});
 }
 

@@ -12,8 +12,10 @@ void AddLayersCommand(CLI::App & program)
     CLI::App & command =
         AddCommand(program, "layers", "List the layers and what lies on them", "ipc2581 layers board.cvg");
     AddBoardListing(command, *options);
-    command.callback(
-        [options] { PrintTable(*options, [](Board & board, const Lengths &) { return LayerTable(board); }, {}); });
+    command.callback([options] {
+        PrintTable(*options, [](Board & board, const Lengths &) { return LayerTable(board); },
+                   {Listed::Layers, Listed::Sets});
+    });
 }
 
 }  // namespace ipc2581::host

@@ -18,7 +18,7 @@ void AddPackagesCommand(CLI::App & program)
         PrintTable(
             *options,
             [&](Board & board, const Lengths & lengths) { return PackageTable(board, lengths, options->isSorted); },
-            {});
+            {Listed::Packages, Listed::Pins});
     });
 }
 

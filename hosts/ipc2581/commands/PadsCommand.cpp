@@ -17,7 +17,7 @@ void AddPadsCommand(CLI::App & program)
     command.callback([options] {
         PrintTable(*options,
                    [&](Board & board, const Lengths & lengths) { return PadTable(board, lengths, options->isSorted); },
-                   {});
+                   {Listed::Pads});
     });
 }
 

@@ -17,7 +17,7 @@ void AddPinsCommand(CLI::App & program)
     command.callback([options] {
         PrintTable(*options,
                    [&](Board & board, const Lengths & lengths) { return PinTable(board, lengths, options->isSorted); },
-                   {});
+                   {Listed::Pins});
     });
 }
 

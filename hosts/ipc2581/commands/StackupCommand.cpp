@@ -14,7 +14,8 @@ void AddStackupCommand(CLI::App & program)
     AddBoardListing(command, *options);
     AddUnits(command, options->unit);
     command.callback([options] {
-        PrintTable(*options, [](Board & board, const Lengths & lengths) { return StackupTable(board, lengths); }, {});
+        PrintTable(*options, [](Board & board, const Lengths & lengths) { return StackupTable(board, lengths); },
+                   {Listed::StackupLayers});
     });
 }
 

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <fstream>
@@ -8,6 +9,7 @@
 #include <sstream>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <system_error>
 #include <utility>
 #include <vector>
@@ -75,20 +77,20 @@ struct Picture {
     std::function<void(std::ostream &)> write;
 };
 
-std::vector<Picture> PicturesOf(const Options & options, const Drawing & drawing, const SvgFrame & frame)
+std::vector<Picture> PicturesOf(const Options & options, const std::set<std::string> & chosen, const Drawing & drawing,
+                                const SvgFrame & frame)
 {
     std::vector<Picture> pictures;
     const auto add = [&](const std::string & name, std::function<void(std::ostream &)> write) {
         const std::string file = name + (options.isPng ? ".png" : ".svg");
         pictures.push_back({(fs::path(options.folder) / file).string(), std::move(write)});
     };
-    if (options.layers.empty()) {
+    if (chosen.empty()) {
         for (const Side side : {Side::Top, Side::Bottom}) {
             add(side == Side::Top ? "board-top" : "board-bottom",
                 [&, side](std::ostream & out) { WriteSidePicture(out, drawing, frame, side); });
         }
     }
-    const std::set<std::string> chosen(options.layers.begin(), options.layers.end());
     FileNames names;
     for (std::size_t i = 0; i < drawing.layers.size(); ++i) {
         const std::string name = names.NameOf(drawing.layers[i].name);
@@ -99,19 +101,43 @@ std::vector<Picture> PicturesOf(const Options & options, const Drawing & drawing
     return pictures;
 }
 
-void RefuseUnknownLayers(const Options & options, const std::string & board, const Drawing & drawing)
+// How long the name of a layer is that the text begins with, up to a comma or to its end. A name may have commas
+// itself, so the longest one counts; 0 if there is none.
+std::size_t NameLength(std::string_view text, const std::set<std::string, std::less<>> & names)
 {
-    std::set<std::string> names;
+    std::size_t end = text.size();
+    while (!names.contains(text.substr(0, end))) {
+        end = end == 0 ? std::string_view::npos : text.rfind(',', end - 1);
+        if (end == std::string_view::npos) {
+            return 0;
+        }
+    }
+    return end;
+}
+
+// The layers that are asked for, by their names in the drawing. Throws Error for one that is not there.
+std::set<std::string> ChosenLayers(const Options & options, const std::string & board, const Drawing & drawing)
+{
+    std::set<std::string, std::less<>> names;
     std::string list;
     for (const DrawnLayer & layer : drawing.layers) {
         names.insert(layer.name);
         list.append(list.empty() ? "" : ", ").append(layer.name);
     }
-    for (const std::string & name : options.layers) {
-        if (!names.contains(name)) {
-            throw Error(board, std::string("has no layer \"").append(name).append("\"; it has ").append(list));
-        }
+    std::set<std::string> chosen;
+    for (const std::string & asked : options.layers) {
+        std::string_view rest = asked;
+        do {
+            const std::size_t length = NameLength(rest, names);
+            if (length == 0) {
+                const std::string name(rest.substr(0, rest.find(',')));
+                throw Error(board, std::string("has no layer \"").append(name).append("\"; it has ").append(list));
+            }
+            chosen.emplace(rest.substr(0, length));
+            rest.remove_prefix(std::min(length + 1, rest.size()));
+        } while (!rest.empty());
     }
+    return chosen;
 }
 
 // By what stands in its first bytes, wherever it has come from.
@@ -180,9 +206,9 @@ void WritePicture(const Options & options, const Picture & picture)
 }
 
 // Documents reach beyond the frame that suits the board.
-void TellCutLayers(const Options & options, const std::string & board, const Drawing & drawing, const SvgFrame & frame)
+void TellCutLayers(const std::set<std::string> & chosen, const std::string & board, const Drawing & drawing,
+                   const SvgFrame & frame)
 {
-    const std::set<std::string> chosen(options.layers.begin(), options.layers.end());
     std::string cut;
     for (const std::size_t layer : LayersBeyond(drawing, frame)) {
         const std::string & name = drawing.layers[layer].name;
@@ -201,9 +227,9 @@ void Svg(const Options & options)
 {
     Board board = OpenBoard(options.board, options.reading);
     const Drawing drawing = DrawingOf(board);
-    RefuseUnknownLayers(options, board.File().Name(), drawing);
+    const std::set<std::string> chosen = ChosenLayers(options, board.File().Name(), drawing);
     const SvgFrame frame = FrameOf(drawing, options.hasWholeFrame);
-    const std::vector<Picture> pictures = PicturesOf(options, drawing, frame);
+    const std::vector<Picture> pictures = PicturesOf(options, chosen, drawing, frame);
     MakeFolder(options.folder);
     for (const Picture & picture : pictures) {
         RefuseOutput(picture.path, {options.board}, IsOwnPicture(picture.path) ? Existing::Replace : options.existing);
@@ -215,7 +241,7 @@ void Svg(const Options & options)
     if (board.Report() == nullptr) {
         Warn(board, PictureLosses(board));
     }
-    TellCutLayers(options, board.File().Name(), drawing, frame);
+    TellCutLayers(chosen, board.File().Name(), drawing, frame);
     WarnOfImport(board);
     EndWhereLost({&board});
 }
@@ -233,7 +259,6 @@ void AddSvgCommand(CLI::App & program)
         ->required()
         ->type_name("DIR");
     command.add_option("--layers", options->layers, "Draw these layers alone, with a comma between their names")
-        ->delimiter(',')
         ->allow_extra_args(false)
         ->type_name("NAMES");
     command.add_flag("--whole", options->hasWholeFrame,

@@ -17,7 +17,8 @@ void AddTracksCommand(CLI::App & program)
     command.callback([options] {
         PrintTable(
             *options,
-            [&](Board & board, const Lengths & lengths) { return TrackTable(board, lengths, options->isSorted); }, {});
+            [&](Board & board, const Lengths & lengths) { return TrackTable(board, lengths, options->isSorted); },
+            {Listed::Tracks});
     });
 }
 

@@ -4,11 +4,13 @@
 #include <array>
 #include <cstddef>
 #include <functional>
+#include <future>
 #include <iterator>
 #include <map>
 #include <set>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -41,26 +43,32 @@ std::vector<Record> Boards(Board & board, const Lengths & lengths)
     record.Add("function mode", Shown(root.m_Content.FunctionMode));
     record.Add("step", Shown(board.Step().Name));
     record.Add("datum", Position(board.Step().Datum, lengths));
-    record.AddHidden("profile", MemberText(board.Step().Profile));
+    record.AddHidden("profile", MemberText(board.Step().Profile, {}, lengths.Of(1.0)));
     return {record};
 }
 
 // The sets of a layer, by their hashes, since what they hold would take as much room again as the model.
-using HashedSet = std::pair<std::size_t, const FeatureSet *>;
+struct HashedSet {
+    std::size_t hash;
+    std::size_t place;  // among the sets of the layer
+    const FeatureSet * set;
+};
 
 // What lies on each layer, whether it is a layer of the list or not.
-std::map<std::string, std::vector<HashedSet>> SetsOfLayers(Board & board, const NetRenames & renames)
+std::map<std::string, std::vector<HashedSet>> SetsOfLayers(const Compared & compared, const NetRenames & renames)
 {
     std::map<std::string, std::vector<HashedSet>> setsOfLayers;
-    for (const auto * const feature : Each(board.Step().LayerFeatureArray)) {
+    const double scale = compared.lengths.Of(1.0);
+    for (const auto * const feature : Each(compared.board.Step().LayerFeatureArray)) {
         std::vector<HashedSet> & sets = setsOfLayers[Shown(feature->LayerRef)];
         for (const FeatureSet * const set : Each(feature->SetArray)) {
-            sets.emplace_back(std::hash<std::string>()(MemberText(*set, renames)), set);
+            sets.push_back({std::hash<std::string>()(MemberText(*set, renames, scale)), sets.size(), set});
         }
     }
     for (auto & [layer, sets] : setsOfLayers) {
-        std::stable_sort(sets.begin(), sets.end(),
-                         [](const HashedSet & one, const HashedSet & other) { return one.first < other.first; });
+        std::sort(sets.begin(), sets.end(), [](const HashedSet & one, const HashedSet & other) {
+            return std::tie(one.hash, one.place) < std::tie(other.hash, other.place);
+        });
     }
     return setsOfLayers;
 }
@@ -70,10 +78,13 @@ std::vector<const FeatureSet *> Lacking(const std::vector<HashedSet> & sets, con
 {
     std::vector<HashedSet> lacking;
     std::set_difference(sets.begin(), sets.end(), others.begin(), others.end(), std::back_inserter(lacking),
-                        [](const HashedSet & one, const HashedSet & other) { return one.first < other.first; });
+                        [](const HashedSet & one, const HashedSet & other) { return one.hash < other.hash; });
+    std::sort(lacking.begin(), lacking.end(),
+              [](const HashedSet & one, const HashedSet & other) { return one.place < other.place; });
     std::vector<const FeatureSet *> all;
-    for (const auto & [hash, set] : lacking) {
-        all.push_back(set);
+    all.reserve(lacking.size());
+    for (const HashedSet & own : lacking) {
+        all.push_back(own.set);
     }
     return all;
 }
@@ -117,8 +128,10 @@ void AddFeatures(const std::string & layer, const std::vector<const FeatureSet *
 void CompareFeatures(const Compared & before, const Compared & after, const NetRenames & renames,
                      const DiffOptions & options, Differences & differences)
 {
-    const auto old = SetsOfLayers(before.board, renames);
-    const auto now = SetsOfLayers(after.board, {});
+    // Nearly all of the work of a comparison, each board by itself.
+    auto ofBefore = std::async([&] { return SetsOfLayers(before, renames); });
+    const auto now = SetsOfLayers(after, {});
+    const auto old = ofBefore.get();
     std::set<std::string> layers;
     for (const auto * const side : {&old, &now}) {
         for (const auto & [layer, sets] : *side) {
@@ -156,20 +169,21 @@ std::vector<Record> StackupLayers(Board & board, const Lengths & lengths)
     return records;
 }
 
-std::vector<Record> Shapes(Board & board)
+std::vector<Record> Shapes(Board & board, const Lengths & lengths)
 {
     std::vector<Record> records;
     for (const auto * const entry : Each(board.Content().DictionaryStandard->EntryArray)) {
-        records.emplace_back(Shown(entry->EntryStandardId)).AddHidden("drawing", MemberText(*entry));
+        records.emplace_back(Shown(entry->EntryStandardId))
+            .AddHidden("drawing", MemberText(*entry, {}, lengths.Of(1.0)));
     }
     return records;
 }
 
-std::vector<Record> Figures(Board & board)
+std::vector<Record> Figures(Board & board, const Lengths & lengths)
 {
     std::vector<Record> records;
     for (const auto * const entry : Each(board.Content().DictionaryUser->EntryArray)) {
-        records.emplace_back(Shown(entry->ID)).AddHidden("drawing", MemberText(*entry));
+        records.emplace_back(Shown(entry->ID)).AddHidden("drawing", MemberText(*entry, {}, lengths.Of(1.0)));
     }
     return records;
 }
@@ -197,11 +211,11 @@ std::vector<Record> Specs(Board & board)
 }
 
 // Pad stacks have no name.
-std::vector<Record> PadStacks(Board & board, const NetRenames & renames)
+std::vector<Record> PadStacks(Board & board, const Lengths & lengths, const NetRenames & renames)
 {
     std::vector<std::string> texts;
     for (const auto * const stack : Each(board.Step().PadStackArray)) {
-        texts.push_back(MemberText(*stack, renames));
+        texts.push_back(MemberText(*stack, renames, lengths.Of(1.0)));
     }
     Record record("");
     record.AddHiddenMembers("pads and holes", std::move(texts));
@@ -217,6 +231,7 @@ std::string Suffix(const CString & word)
 std::vector<Record> Packages(Board & board, const Lengths & lengths)
 {
     const auto packages = Each(board.Step().PackageArray);
+    const double scale = lengths.Of(1.0);
     std::vector<Record> records;
     for (std::size_t i = 0; i < packages.size(); ++i) {
         std::vector<std::string> pins;
@@ -228,10 +243,10 @@ std::vector<Record> Packages(Board & board, const Lengths & lengths)
         Record & record = records.emplace_back(Shown(packages[i]->name));
         record.Add("type", Shown(packages[i]->type));
         record.AddMembers("pins", std::move(pins));
-        record.AddHidden("outline", MemberText(*packages[i]->Outline));
-        record.AddHidden("silk screen", MemberText(packages[i]->SilkScreen));
-        record.AddHidden("assembly drawing", MemberText(packages[i]->AssemblyDrawing));
-        record.AddHidden("land pattern", MemberText(packages[i]->LandPattern));
+        record.AddHidden("outline", MemberText(*packages[i]->Outline, {}, scale));
+        record.AddHidden("silk screen", MemberText(packages[i]->SilkScreen, {}, scale));
+        record.AddHidden("assembly drawing", MemberText(packages[i]->AssemblyDrawing, {}, scale));
+        record.AddHidden("land pattern", MemberText(packages[i]->LandPattern, {}, scale));
     }
     return records;
 }
@@ -380,10 +395,11 @@ Differences DifferencesOf(const Compared & before, const Compared & after, const
     CompareFeatures(before, after, renames, options, differences);
     differences.Compare("stackup layer", StackupLayers(before.board, before.lengths),
                         StackupLayers(after.board, after.lengths));
-    differences.Compare("shape", Shapes(before.board), Shapes(after.board));
-    differences.Compare("figure", Figures(before.board), Figures(after.board));
+    differences.Compare("shape", Shapes(before.board, before.lengths), Shapes(after.board, after.lengths));
+    differences.Compare("figure", Figures(before.board, before.lengths), Figures(after.board, after.lengths));
     differences.Compare("color", Colors(before.board), Colors(after.board));
-    differences.Compare("pad stacks", PadStacks(before.board, renames), PadStacks(after.board, none));
+    differences.Compare("pad stacks", PadStacks(before.board, before.lengths, renames),
+                        PadStacks(after.board, after.lengths, none));
     differences.Compare("package", Packages(before.board, before.lengths), Packages(after.board, after.lengths));
     differences.Compare("component", Components(before.board, before.lengths), Components(after.board, after.lengths));
     for (const auto & [name, newName] : renames.All()) {
@@ -393,7 +409,9 @@ Differences DifferencesOf(const Compared & before, const Compared & after, const
     differences.Compare("physical net", PhysicalNets(before.board, before.lengths, renames),
                         PhysicalNets(after.board, after.lengths, none));
     differences.Compare("BOM item", Items(before.board), Items(after.board));
-    differences.Compare("without a place", Facts(before.board), Facts(after.board));
+    auto oldFacts = std::async([&] { return Facts(before.board); });
+    const std::vector<Record> newFacts = Facts(after.board);
+    differences.Compare("without a place", oldFacts.get(), newFacts);
     return differences;
 }
 

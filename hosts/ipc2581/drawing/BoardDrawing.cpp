@@ -14,6 +14,7 @@
 #include "hosts/ipc2581/drawing/FormatWords.h"
 #include "hosts/ipc2581/drawing/TextsOfParts.h"
 #include "hosts/ipc2581/geometry/Extents.h"
+#include "hosts/ipc2581/table/Cell.h"
 #include "hosts/ipc2581/text/Text.h"
 
 namespace ipc2581::host {
@@ -26,10 +27,7 @@ using Pad = CIPC2581_Ecad_CadData_Step_Pad;
 
 double LengthOf(const CString & text)
 {
-    const std::string_view digits = text;
-    double length = 0.0;
-    std::from_chars(digits.data(), digits.data() + digits.size(), length);
-    return length;
+    return NumberOf(text).value_or(0.0);
 }
 
 // Two holes with the same text are one, as far as anybody can see.

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "hosts/ipc2581/board/Copper.h"
+
 namespace ipc2581::host {
 namespace {
 
@@ -15,17 +17,19 @@ struct FunctionRole {
 };
 
 // Each word stands for those that begin with it too.
-constexpr std::array<FunctionRole, 20> Roles = {{
-    {"CONDUCTOR", LayerRole::Copper},  {"CONDFILM", LayerRole::Copper},
-    {"CONDFOIL", LayerRole::Copper},   {"SIGNAL", LayerRole::Copper},
-    {"PLANE", LayerRole::Copper},      {"MIXED", LayerRole::Copper},
-    {"POWER", LayerRole::Copper},      {"GROUND", LayerRole::Copper},
-    {"SOLDERMASK", LayerRole::Mask},   {"SOLDERPASTE", LayerRole::Paste},
-    {"PASTEMASK", LayerRole::Paste},   {"SILKSCREEN", LayerRole::Legend},
-    {"LEGEND", LayerRole::Legend},     {"DRILL", LayerRole::Drill},
-    {"ROUT", LayerRole::Drill},        {"V_CUT", LayerRole::Drill},
-    {"ASSEMBLY", LayerRole::Assembly}, {"COURTYARD", LayerRole::Assembly},
-    {"DOCUMENT", LayerRole::Document}, {"BOARD_OUTLINE", LayerRole::Document},
+constexpr std::array<FunctionRole, 12> Roles = {{
+    {"SOLDERMASK", LayerRole::Mask},
+    {"SOLDERPASTE", LayerRole::Paste},
+    {"PASTEMASK", LayerRole::Paste},
+    {"SILKSCREEN", LayerRole::Legend},
+    {"LEGEND", LayerRole::Legend},
+    {"DRILL", LayerRole::Drill},
+    {"ROUT", LayerRole::Drill},
+    {"V_CUT", LayerRole::Drill},
+    {"ASSEMBLY", LayerRole::Assembly},
+    {"COURTYARD", LayerRole::Assembly},
+    {"DOCUMENT", LayerRole::Document},
+    {"BOARD_OUTLINE", LayerRole::Document},
 }};
 
 }  // namespace
@@ -39,6 +43,9 @@ UnitMeasure UnitMeasureOf(std::string_view word)
 
 LayerRole LayerRoleOf(std::string_view layerFunction)
 {
+    if (IsCopper(layerFunction)) {
+        return LayerRole::Copper;
+    }
     const auto * const found = std::find_if(
         Roles.begin(), Roles.end(), [&](const FunctionRole & known) { return layerFunction.starts_with(known.word); });
     return found == Roles.end() ? LayerRole::Other : found->role;

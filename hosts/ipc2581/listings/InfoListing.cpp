@@ -12,11 +12,11 @@
 #include <utility>
 #include <vector>
 
+#include "hosts/ipc2581/board/BoardFeatures.h"
 #include "hosts/ipc2581/board/Copper.h"
 #include "hosts/ipc2581/board/ReportedFacts.h"
 #include "hosts/ipc2581/board/ShapeElements.h"
 #include "hosts/ipc2581/geometry/Extents.h"
-#include "hosts/ipc2581/listings/BoardFeatures.h"
 #include "hosts/ipc2581/listings/BomFacts.h"
 #include "hosts/ipc2581/listings/LayerTables.h"
 #include "hosts/ipc2581/text/Text.h"

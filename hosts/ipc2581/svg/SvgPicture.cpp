@@ -10,6 +10,7 @@
 #include "hosts/ipc2581/svg/SvgColors.h"
 #include "hosts/ipc2581/svg/SvgPath.h"
 #include "hosts/ipc2581/svg/SvgWriter.h"
+#include "hosts/ipc2581/text/Text.h"
 
 namespace ipc2581::host {
 namespace {
@@ -196,8 +197,8 @@ void WriteLabel(const Extents & box, std::string_view text, const SvgFrame & fra
     const double unit = UnitOfTexts(frame);
     const double width = (box.MaxX() - box.MinX()) / unit;
     const double height = (box.MaxY() - box.MinY()) / unit;
-    // A character is about two thirds as wide as the font is high.
-    const double length = 0.66 * static_cast<double>(std::max<std::size_t>(text.size(), 1));
+    // A column is about two thirds as wide as the font is high.
+    const double length = 0.66 * static_cast<double>(std::max<std::size_t>(Width(text), 1));
     const bool isUpright = height > 1.5 * width;
     const double fitting = std::min((isUpright ? height : width) / length, 0.8 * (isUpright ? width : height));
     constexpr double smallest = 4.0;

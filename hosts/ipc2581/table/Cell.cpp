@@ -23,6 +23,20 @@ Overloaded(Tests...) -> Overloaded<Tests...>;
 constexpr double Decimals = 1e6;
 constexpr double Largest = 1e9;
 
+// XML has blanks around a number, and a sign before it, which the standard library does not take.
+std::string_view Trimmed(std::string_view text)
+{
+    constexpr std::string_view blanks = " \t\r\n";
+    const std::size_t begin = text.find_first_not_of(blanks);
+    return begin == std::string_view::npos ? "" : text.substr(begin, text.find_last_not_of(blanks) + 1 - begin);
+}
+
+std::string_view WithoutPlus(std::string_view text)
+{
+    const bool hasPlus = text.starts_with('+') && !text.starts_with("+-");
+    return hasPlus ? text.substr(1) : text;
+}
+
 bool HasSixDecimals(double number)
 {
     return std::isfinite(number) && std::abs(number) < Largest;
@@ -163,10 +177,11 @@ bool Cell::IsNumber() const
 
 std::optional<double> NumberOf(std::string_view text)
 {
+    const std::string_view digits = WithoutPlus(Trimmed(text));
     double number = 0.0;
-    const char * const end = text.data() + text.size();
-    const std::from_chars_result result = std::from_chars(text.data(), end, number);
-    if (result.ec != std::errc() || result.ptr != end) {
+    const char * const end = digits.data() + digits.size();
+    const std::from_chars_result result = std::from_chars(digits.data(), end, number);
+    if (result.ec != std::errc() || result.ptr != end || !std::isfinite(number)) {
         return std::nullopt;
     }
     return number;

@@ -57,7 +57,7 @@ private:
         m_value;
 };
 
-// The number that a text is, as a whole.
+// The number that a text is, as a whole, in any way that XML writes it, if it is finite.
 std::optional<double> NumberOf(std::string_view text);
 
 // A text that should be a number: the number where it is one as it stands, and nothing where it is empty.

@@ -418,7 +418,8 @@ TEST(Board, IsReadFromTheStepThatIsAskedFor)
             EXPECT_EQ(RunProgram(arguments).err, "") << command;
         }
     }
-    EXPECT_EQ(RunProgram({"nets", board, "--step", "three"}), Failure(board + ": has no step \"three\""));
+    EXPECT_EQ(RunProgram({"nets", board, "--step", "three"}),
+              Failure(board + ": has no step \"three\"; it has \"panel\", \"one\", \"two\""));
     EXPECT_EQ(RunProgram({"nets", board, "--step", "two", "--exact"}), WrongUsage("--exact excludes --step"));
 }
 
@@ -463,7 +464,8 @@ TEST(Board, ThatHasLostSomethingEndsAStrictCommandWithAStatusOfItsOwn)
 
     const Result exact = RunProgram({"info", lossy, "--strict", "--exact"});
     EXPECT_EQ(exact.status, 3);
-    EXPECT_EQ(exact.err, "ipc2581: " + lossy +
+    EXPECT_EQ(exact.err, Warning(lossy, "1 component listed without a side (on a layer that was not read)") +
+                             "ipc2581: " + lossy +
                              ": lost or read otherwise: 1 line taken for another, 1 element passed over, 1 attribute "
                              "passed over; see ipc2581 check " +
                              lossy + "\n");

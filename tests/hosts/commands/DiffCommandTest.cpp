@@ -1,5 +1,8 @@
 #include <algorithm>
+#include <cstddef>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -122,23 +125,52 @@ TEST(DiffCommand, ComparesWhatTheImportMakesOfBoth)
               Different("net,N,changed,pins,U1.1,U1.2,\n"));
 }
 
+// A board in these units, where each length but zero is the given one.
+std::string BoardInUnits(const std::string & units, const std::string & length)
+{
+    const std::string polygon = "<Polygon><PolyBegin x=\"0\" y=\"0\"/><PolyStepSegment x=\"@\" y=\"0\"/>"
+                                "<PolyStepSegment x=\"0\" y=\"@\"/></Polygon>";
+    const std::string stroke = "<LineDesc lineEnd=\"ROUND\" lineWidth=\"@\"/>";
+    const std::string hole = " name=\"H\" diameter=\"@\" plusTol=\"@\" minusTol=\"0\" x=\"@\" y=\"0\" "
+                             "platingStatus=\"VIA\"/>";
+    const std::string turned = "<Xform rotation=\"45\"/><Location x=\"@\" y=\"0\"/>";
+    const std::string sets = "<Set net=\"N\"><Hole" + hole + "</Set><Set><Pad>" + turned +
+                             "<StandardPrimitiveRef id=\"C\"/></Pad></Set><Set><Features><Line startX=\"0\" "
+                             "startY=\"0\" endX=\"@\" endY=\"0\">" +
+                             stroke + "</Line></Features></Set>\n";
+    std::string text =
+        SmallBoard("<PadStack net=\"N\"><LayerHole" + hole + "</PadStack>\n<Profile>" + polygon +
+                   "</Profile>\n<Package name=\"P\"><Outline>" + polygon + stroke +
+                   "</Outline></Package>\n<Component refDes=\"U1\" packageRef=\"P\" layerRef=\"L\">" + turned +
+                   "</Component>\n<LayerFeature layerRef=\"L\">\n" + sets + "</LayerFeature>\n");
+    text.insert(text.find("</Content>"), "<DictionaryStandard units=\"" + units +
+                                             "\"><EntryStandard id=\"C\"><Circle diameter=\"@\"/></EntryStandard>"
+                                             "</DictionaryStandard>\n");
+    text.insert(text.find("<Step"), "<Layer name=\"L\" layerFunction=\"SIGNAL\"/>\n");
+    text.insert(text.find("<CadData"), "<CadHeader units=\"" + units + "\"/>\n");
+    for (std::size_t at = text.find('@'); at != std::string::npos; at = text.find('@', at)) {
+        text.replace(at, 1, length);
+    }
+    return text;
+}
+
 TEST(DiffCommand, ComparesBoardsOfDifferentUnits)
 {
     const TempFolder folder;
-    const auto board = [&](const std::string & name, const std::string & units, const std::string & x) {
-        std::string text = SmallBoard("<Component refDes=\"U1\"><Location x=\"" + x + "\" y=\"0\"/></Component>\n");
-        return folder.Save(name, text.insert(text.find("<CadData"), "<CadHeader units=\"" + units + "\"/>\n"));
-    };
-    const std::string metric = board("a.xml", "MILLIMETER", "25.4");
-    const std::string imperial = board("b.xml", "INCH", "1");
-    EXPECT_EQ(RunProgram({"diff", metric, imperial}),
-              (Result{1,
-                      "kind       name  change   property  before (mm)  after (inch)\n"
-                      "board            changed  units     MILLIMETER   INCH\n"
-                      "component  U1    changed  x         25.4         1\n",
-                      ""}));
-    EXPECT_EQ(RunProgram({"diff", metric, imperial, "--units", "mil", "--format", "csv"}),
-              (Result{1, std::string(Heading) + "board,,changed,units,MILLIMETER,INCH,mil\n", ""}));
+    const std::string metric = folder.Save("a.xml", BoardInUnits("MILLIMETER", "25.4"));
+    const std::string imperial = folder.Save("b.xml", BoardInUnits("INCH", "1"));
+    const Result own = RunProgram({"diff", metric, imperial});
+    EXPECT_EQ(own.status, 1);
+    EXPECT_NE(own.out.find("before (mm)"), std::string::npos) << own;
+    EXPECT_NE(own.out.find("feature     L     removed  hole"), std::string::npos) << own;
+    const std::vector<std::pair<std::string, std::string>> units = {{"mil", "mil"}, {"mm", "millimeter"}};
+    for (const auto & [unit, word] : units) {
+        EXPECT_EQ(RunProgram({"diff", metric, imperial, "--units", unit, "--format", "csv"}),
+                  (Result{1,
+                          std::string(Heading) + "board,,changed,units,MILLIMETER,INCH," + word +
+                              "\nboard,,changed,dictionary units,MILLIMETER,INCH," + word + "\n",
+                          ""}));
+    }
 }
 
 TEST(DiffCommand, JsonHasBothBoardsAndTypedValues)
@@ -160,11 +192,12 @@ TEST(DiffCommand, JsonHasBothBoardsAndTypedValues)
 TEST(DiffCommand, WarnsOfWhatWasNotCompared)
 {
     const TempFolder folder;
-    const std::string board = folder.Save("b.cvg", SmallBoard());
-    const std::string warning = Warning(board, "no BOM items in the file; no components in the file; no logical nets "
-                                               "in the file; no physical nets in the file");
-    EXPECT_EQ(RunProgram({"diff", "--exact", board, board}), (Result{0, "", warning + warning}));
+    const std::string board = folder.Save("b.cvg", SmallBoard("<Package name=\"P\"><Pin number=\"1\"/></Package>\n"));
+    const std::string warning = Warning(board, "1 of 1 pins of packages missing");
+    EXPECT_EQ(RunProgram({"diff", "--exact", board, board}), (Result{2, "", warning + warning}));
     EXPECT_EQ(RunProgram({"diff", board, board}), (Result{0, "", ""}));
+    const std::string empty = folder.Save("empty.cvg", SmallBoard());
+    EXPECT_EQ(RunProgram({"diff", "--exact", empty, empty}), (Result{0, "", ""}));
 }
 
 TEST(DiffCommand, TroubleIsTwo)
@@ -276,6 +309,14 @@ TEST(DiffCommand, TellsWhatDiffersOnALayerAndWhere)
               "layer,TOP,changed,sets,1,1,inch\nfeature,TOP,removed,hole,\"0.1 VIA at 5,6 net N\",,inch\n"
               "feature,TOP,added,Line,,\"from 1,2 to 3,4 net N\",inch\n");
     const Result many = Compared(sets(0), sets(13));
+    // In the order of the board.
+    std::size_t last = 0;
+    for (int i = 0; i < 10; ++i) {
+        const std::size_t at = many.out.find("\"at " + std::to_string(i) + ",2\"");
+        EXPECT_NE(at, std::string::npos) << many.out;
+        EXPECT_GT(at, last) << many.out;
+        last = at;
+    }
     EXPECT_EQ(std::count(many.out.begin(), many.out.end(), '\n'), 12);
     EXPECT_TRUE(many.out.ends_with("feature,TOP,added,\"more, see --all\",,3,inch\n")) << many.out;
     const Result all = Compared(sets(0), sets(13), "", "", {"--all"});

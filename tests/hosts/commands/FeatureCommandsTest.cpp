@@ -1,4 +1,6 @@
+#include <cstddef>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -137,6 +139,111 @@ TEST(FeatureCommands, LayersCountTheirSets)
 {
     EXPECT_EQ(Rows({"layers"}, OnLayer("TOP", "<Set/><Set/>") + OnLayer("SILK", "<Set/>")),
               "TOP,CONDUCTOR,TOP,POSITIVE,yes,2\nSILK,SILKSCREEN,TOP,POSITIVE,no,1\nDRILL,DRILL,ALL,POSITIVE,no,0\n");
+}
+
+// A board of which the reader of the core takes a part, since some lines hold several elements.
+constexpr const char * HalfRead =
+    "<Layer name=\"CU\" layerFunction=\"CONDUCTOR\" side=\"TOP\"/>\n"
+    "<Layer name=\"Y\" layerFunction=\"DRILL\"/><Layer name=\"X\" layerFunction=\"DRILL\"/>\n"
+    "<Stackup>\n"
+    "<StackupGroup name=\"G\">\n"
+    "<StackupLayer layerOrGroupRef=\"CU\"/><StackupLayer layerOrGroupRef=\"X\"/>\n"
+    "</StackupGroup>\n"
+    "</Stackup>\n"
+    "<Step name=\"one\">\n"
+    "<PadStack net=\"N\">\n"
+    "<LayerHole name=\"S\" diameter=\"1\" x=\"9\" y=\"9\">\n"
+    "<Span fromLayer=\"CU\" toLayer=\"CU\"/>\n"
+    "</LayerHole>\n"
+    "<LayerPad layerRef=\"CU\">\n"
+    "<Location x=\"1\" y=\"2\"/>\n"
+    "<StandardPrimitiveRef id=\"C\"/>\n"
+    "</LayerPad>\n"
+    "</PadStack>\n"
+    "<Package name=\"P\" type=\"CHIP\" height=\"1\" pinOne=\"1\">\n"
+    "<LandPattern>\n"
+    "<Pad>\n"
+    "<Location x=\"1\" y=\"2\"/>\n"
+    "<StandardPrimitiveRef id=\"C\"/>\n"
+    "</Pad>\n"
+    "</LandPattern>\n"
+    "<Pin number=\"1\" type=\"THRU\"><Location x=\"1\" y=\"2\"/></Pin>\n"
+    "<Pin number=\"2\" type=\"THRU\">\n"
+    "<Location x=\"1\" y=\"2\"/>\n"
+    "</Pin>\n"
+    "</Package>\n"
+    "<LayerFeature layerRef=\"CU\">\n"
+    "<Set net=\"N\" plate=\"true\" testPoint=\"true\">\n"
+    "<Pad>\n"
+    "<Location x=\"1\" y=\"2\"/>\n"
+    "<StandardPrimitiveRef id=\"C\"/>\n"
+    "</Pad>\n"
+    "<Pad>\n"
+    "<Location x=\"1\" y=\"3\"/>\n"
+    "<StandardPrimitiveRef id=\"C\"/>\n"
+    "</Pad>\n"
+    "<Hole name=\"H\" diameter=\"1\" x=\"1\" y=\"2\"/><Hole name=\"H\" diameter=\"2\" x=\"1\" y=\"2\"/>\n"
+    "</Set>\n"
+    "<Set net=\"N\">\n"
+    "<Features>\n"
+    "<Line startX=\"0\" startY=\"0\" endX=\"1\" endY=\"1\">\n"
+    "<LineDesc lineEnd=\"ROUND\" lineWidth=\"1\"/>\n"
+    "</Line>\n"
+    "<Line startX=\"0\" startY=\"0\" endX=\"2\" endY=\"2\"><LineDesc lineEnd=\"ROUND\" lineWidth=\"1\"/></Line>\n"
+    "<Polyline><PolyBegin x=\"1\" y=\"1\"/><PolyStepSegment x=\"2\" y=\"2\"/><PolyStepCurve x=\"1\" y=\"1\" "
+    "centerX=\"1\" centerY=\"2\"/></Polyline>\n"
+    "</Features>\n"
+    "</Set>\n"
+    "<Set net=\"M\"><Features><Line startX=\"0\" startY=\"0\" endX=\"1\" endY=\"1\"/></Features></Set>\n"
+    "</LayerFeature>\n"
+    "</Step>\n";
+
+std::string HalfReadBoard()
+{
+    std::string board = SmallBoard();
+    const std::size_t step = board.find("<Step");
+    return board.replace(step, board.find("</CadData>") - step, HalfRead);
+}
+
+TEST(FeatureCommands, TellWhatAnExactReadLacks)
+{
+    const TempFolder folder;
+    const std::string board = folder.Save("b.cvg", HalfReadBoard());
+    const auto told = [&](const std::string & command) {
+        const Result result = RunProgram({command, "--exact", board});
+        EXPECT_EQ(result.status, 0) << result;
+        return result.err;
+    };
+    const auto warned = [&](const std::string & causes) { return Warning(board, causes); };
+    EXPECT_EQ(told("layers"), warned("1 of 3 layers missing; 1 of 3 sets missing"));
+    EXPECT_EQ(told("stackup"), warned("1 of 2 layers of the stackup missing"));
+    EXPECT_EQ(told("packages"), warned("1 package listed without a height (height is not read); 1 package listed "
+                                       "without pin one (pinOne is not read); 1 of 2 pins of packages missing"));
+    EXPECT_EQ(told("pins"), warned("1 of 2 pins of packages missing"));
+    EXPECT_EQ(told("pads"), warned("1 of 3 pads missing; 1 pad listed as not plated (plate is not \"TRUE\" in upper "
+                                   "case); 1 pad listed as no test point (testPoint is not \"TRUE\" in upper case)"));
+    EXPECT_EQ(told("holes"), warned("1 of 3 holes missing"));
+    EXPECT_EQ(told("tracks"), warned("3 of 5 tracks missing"));
+    EXPECT_EQ(told("info"), warned("1 of 3 layers missing; 1 of 2 layers of the stackup missing; 1 of 3 holes missing; "
+                                   "3 of 5 tracks missing"));
+}
+
+TEST(FeatureCommands, TellWhatAFileHasNoneOfAfterAnExactRead)
+{
+    const TempFolder folder;
+    const std::string board = folder.Save("b.cvg", SmallBoard());
+    const std::vector<std::pair<std::string, std::string>> rows = {
+        {"layers", "layers"},     {"stackup", "layers of the stackup"},
+        {"packages", "packages"}, {"pins", "pins of packages"},
+        {"pads", "pads"},         {"holes", "holes"},
+        {"tracks", "tracks"}};
+    for (const auto & [command, things] : rows) {
+        EXPECT_EQ(RunProgram({command, "--exact", board}).err,
+                  Warning(board, "no " + things + " in the file" +
+                                     (command == "packages" ? "; no pins of packages in the file" : "")));
+        EXPECT_EQ(RunProgram({command, board}).err, "");
+    }
+    EXPECT_EQ(RunProgram({"info", "--exact", board}).err, "");
 }
 
 }  // namespace

@@ -304,6 +304,9 @@ TEST(Svg, DesignatorsStandOnceAndFitTheirParts)
     // The part is two thousandths of a hundred high, and a text as high as four fifths of that.
     ExpectHolds(plain, "<text font-size=\"8\" dy=\".35em\" x=\"100\" y=\"0\">R1</text>\n");
     ExpectHolds(plain, "<text font-size=\"5.1\" dy=\".35em\" x=\"200\" y=\"0\">LONG_1</text>\n");
+    // In characters, not in bytes.
+    ExpectHolds(labels(Component("L\xc3\x96NG_1", "20", "part=\"A\"")),
+                "<text font-size=\"5.1\" dy=\".35em\" x=\"200\" y=\"0\">L\xc3\x96NG_1</text>\n");
     // The legend says it already.
     const std::string named =
         labels(two + OnLayer("SILK", CircleAt("10", "geometryUsage=\"TEXT\" componentRef=\"R1\"")));
@@ -337,6 +340,28 @@ TEST(Svg, LayersAreChosenByName)
     EXPECT_EQ(draw({"--layers", "TOP,NONE"}),
               Failure(ExampleBoard() + ": has no layer \"NONE\"; it has SILK_TOP, MASK_TOP, TOP, CORE, BOTTOM, "
                                        "SILK_BOTTOM, DRILL"));
+    EXPECT_EQ(draw({"--layers", ""}).status, 1);
+}
+
+TEST(Svg, NamesOfChosenLayersMayHaveCommas)
+{
+    const TempFolder folder;
+    std::string layers;
+    for (const std::string name : {"A", "A,B", "B", "C,", ",D"}) {
+        layers += "<Layer name=\"" + name + "\" layerFunction=\"CONDUCTOR\" side=\"TOP\"/>\n";
+    }
+    std::string board = SmallBoard();
+    const std::string path = folder.Save("b.xml", board.insert(board.find("<Step"), layers));
+    const auto drawn = [&](const std::string & names) {
+        EXPECT_EQ(RunProgram({"svg", path, "-o", folder.Path("out"), "--layers", names}).status, 0) << names;
+        return Names(folder.Path("out"));
+    };
+    EXPECT_EQ(drawn("A"), (std::set<std::string>{"layer-A.svg"}));
+    EXPECT_EQ(drawn("A,B"), (std::set<std::string>{"layer-A_B.svg"}));
+    EXPECT_EQ(drawn("B,A"), (std::set<std::string>{"layer-A.svg", "layer-B.svg"}));
+    EXPECT_EQ(drawn("C,,,D,A"), (std::set<std::string>{"layer-A.svg", "layer-C_.svg", "layer-_D.svg"}));
+    EXPECT_EQ(RunProgram({"svg", path, "-o", folder.Path("out"), "--layers", "B,X,A"}),
+              Failure(path + ": has no layer \"X\"; it has A, A,B, B, C,, ,D"));
 }
 
 unsigned BigEndianAt(const std::string & bytes, std::size_t at)

@@ -18,6 +18,10 @@ TEST(MemberText, IsTheSameForTheSameMembers)
     one.Pad.Location.X = 1.0000001;
     other.Pad.Location.X = 1;
     EXPECT_EQ(MemberText(one), MemberText(other)) << "numbers are those that listings show";
+    one.Pad.Location = {0.0000004, -0.0000004};
+    one.Pad.Rotation = -0.0000004;
+    other.Pad.Location = {};
+    EXPECT_EQ(MemberText(one), MemberText(other));
 }
 
 TEST(MemberText, DiffersWithAnyMember)
@@ -25,6 +29,9 @@ TEST(MemberText, DiffersWithAnyMember)
     const std::string plain = MemberText(Set());
     Set set;
     set.Pad.Location.X = 1;
+    EXPECT_NE(MemberText(set), plain);
+    set = Set();
+    set.Pad.Location.Y = -0.000001;
     EXPECT_NE(MemberText(set), plain);
     set = Set();
     set.Pad.Pin = "U1.1";

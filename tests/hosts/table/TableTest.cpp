@@ -1,6 +1,7 @@
 #include "hosts/ipc2581/table/Table.h"
 
 #include <limits>
+#include <optional>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -120,6 +121,16 @@ TEST(Table, NumbersHaveSixDecimalsAtMost)
     EXPECT_EQ(Cell(1234567.125).Text(), "1234567.125");
     EXPECT_EQ(Cell(1e15).Text(), "1000000000000000");
     EXPECT_EQ(Cell(std::numeric_limits<double>::infinity()).Text(), "inf");
+}
+
+TEST(Table, NumbersAreReadAsXmlWritesThem)
+{
+    EXPECT_EQ(NumberOf("+0.3"), 0.3);
+    EXPECT_EQ(NumberOf(" -.5\n"), -0.5);
+    EXPECT_EQ(NumberOf("1E-3"), 0.001);
+    for (const std::string text : {"", " ", "+", "+-1", "++1", "1 2", "0x1", "0.3mm", "nan", "inf", "1e400"}) {
+        EXPECT_EQ(NumberOf(text), std::nullopt) << text;
+    }
 }
 
 Listing BoardListing()

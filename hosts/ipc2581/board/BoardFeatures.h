@@ -1,6 +1,7 @@
-#ifndef IPC2581_HOSTS_IPC2581_LISTINGS_BOARDFEATURES_H
-#define IPC2581_HOSTS_IPC2581_LISTINGS_BOARDFEATURES_H
+#ifndef IPC2581_HOSTS_IPC2581_BOARD_BOARDFEATURES_H
+#define IPC2581_HOSTS_IPC2581_BOARD_BOARDFEATURES_H
 
+#include <cstddef>
 #include <vector>
 
 #include <import/shapes/Path.h>
@@ -28,6 +29,8 @@ struct HolePlace {
 };
 // A hole that a pad stack and a layer both tell is the one of the layer.
 std::vector<HolePlace> HolesOf(Board & board);
+// Both of them.
+std::size_t CountAllHoles(Board & board);
 
 // A straight or circular stroke on a copper layer.
 struct Track {

@@ -1,4 +1,4 @@
-#include "hosts/ipc2581/listings/BoardFeatures.h"
+#include "hosts/ipc2581/board/BoardFeatures.h"
 
 #include <array>
 #include <cmath>
@@ -39,6 +39,30 @@ HoleKey KeyOf(const Hole & hole)
     const double diameter = NumberOf(Str(hole.Diameter)).value_or(0.0);
     return {std::llround(hole.Location.X * decimals), std::llround(hole.Location.Y * decimals),
             std::llround(diameter * decimals)};
+}
+
+std::vector<HolePlace> HolesOnLayers(Board & board)
+{
+    std::vector<HolePlace> holes;
+    for (const LayerFeature * const feature : Each(board.Step().LayerFeatureArray)) {
+        for (const FeatureSet * const set : Each(feature->SetArray)) {
+            if (HasHole(*set)) {
+                holes.push_back({&set->Hole, &feature->LayerRef, &set->Net});
+            }
+        }
+    }
+    return holes;
+}
+
+std::vector<HolePlace> HolesOfPadStacks(Board & board)
+{
+    std::vector<HolePlace> holes;
+    for (const CIPC2581_Ecad_CadData_Step_PadStack * const stack : Each(board.Step().PadStackArray)) {
+        if (!stack->LayerHole->Diameter.IsEmpty()) {
+            holes.push_back({stack->LayerHole, nullptr, &stack->NetName});
+        }
+    }
+    return holes;
 }
 
 class TrackCollector {
@@ -119,28 +143,22 @@ std::vector<PadPlace> PadsOf(Board & board)
 
 std::vector<HolePlace> HolesOf(Board & board)
 {
-    std::vector<HolePlace> onLayers;
-    for (const LayerFeature * const feature : Each(board.Step().LayerFeatureArray)) {
-        for (const FeatureSet * const set : Each(feature->SetArray)) {
-            if (HasHole(*set)) {
-                onLayers.push_back({&set->Hole, &feature->LayerRef, &set->Net});
-            }
-        }
-    }
+    const std::vector<HolePlace> onLayers = HolesOnLayers(board);
     std::set<HoleKey> known;
     if (!board.Step().PadStackArray.IsEmpty()) {
         for (const HolePlace & place : onLayers) {
             known.insert(KeyOf(*place.hole));
         }
     }
-    std::vector<HolePlace> holes;
-    for (const CIPC2581_Ecad_CadData_Step_PadStack * const stack : Each(board.Step().PadStackArray)) {
-        if (!stack->LayerHole->Diameter.IsEmpty() && !known.contains(KeyOf(*stack->LayerHole))) {
-            holes.push_back({stack->LayerHole, nullptr, &stack->NetName});
-        }
-    }
+    std::vector<HolePlace> holes = HolesOfPadStacks(board);
+    std::erase_if(holes, [&](const HolePlace & place) { return known.contains(KeyOf(*place.hole)); });
     holes.insert(holes.end(), onLayers.begin(), onLayers.end());
     return holes;
+}
+
+std::size_t CountAllHoles(Board & board)
+{
+    return HolesOfPadStacks(board).size() + HolesOnLayers(board).size();
 }
 
 std::vector<Track> TracksOf(Board & board)
