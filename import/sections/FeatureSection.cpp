@@ -164,9 +164,10 @@ void FeatureSection::EndStep(std::size_t line)
         m_nets.clear();
         return;
     }
+    const std::string nets = m_nets.size() == 1 ? " net is" : " nets are";
     m_context.Note(NoteKind::NetsFromSets, line,
-                   std::to_string(m_nets.size()) + " nets are made of the sets and pads of the layers, since the file "
-                                                   "has no logical nets");
+                   std::to_string(m_nets.size()) + nets +
+                       " made of the sets and pads of the layers, since the file has no logical nets");
     for (StatedNet & stated : m_nets) {
         AddTo(Step().LogicalNetArray, std::move(stated.net));
     }
