@@ -72,7 +72,7 @@ _ipc2581()
             return
             ;;
         -f | --format)
-            _ipc2581_words "$word" "table csv json"
+            _ipc2581_words "$word" "table csv json jsonl"
             return
             ;;
         --group)

@@ -45,7 +45,7 @@ TEST(Usage, WrongOneIsToldInOneLine)
     EXPECT_EQ(RunProgram({"convert", "board.cvg"}), WrongUsage("OUT is required"));
     EXPECT_EQ(RunProgram({"report"}), WrongUsage("BOARD is required"));
     EXPECT_EQ(RunProgram({"info", "board.cvg", "--format", "xml"}),
-              WrongUsage("--format: must be table, csv or json, not xml"));
+              WrongUsage("--format: must be table, csv, json or jsonl, not xml"));
     EXPECT_EQ(RunProgram({"info", "board.cvg", "--colour"}),
               WrongUsage("The following argument was not expected: --colour"));
     EXPECT_EQ(RunProgram({"frobnicate"}), WrongUsage("frobnicate is no command"));
