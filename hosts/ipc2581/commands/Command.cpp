@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "hosts/ipc2581/board/ImportWarnings.h"
 #include "hosts/ipc2581/check/Losses.h"
 #include "hosts/ipc2581/commands/ExitStatus.h"
 #include "hosts/ipc2581/files/Pack.h"

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "hosts/ipc2581/listings/BoardFeatures.h"
+#include "hosts/ipc2581/board/BoardFeatures.h"
 #include "hosts/ipc2581/listings/NaturalOrder.h"
 #include "hosts/ipc2581/text/Text.h"
 

@@ -1,4 +1,4 @@
-#include "hosts/ipc2581/listings/BoardFeatures.h"
+#include "hosts/ipc2581/board/BoardFeatures.h"
 
 #include <array>
 #include <cmath>
