@@ -33,7 +33,8 @@ endif()
 if(TARGET ipc2581_host)
     install(TARGETS ipc2581_host)
     install(FILES ${PROJECT_SOURCE_DIR}/hosts/ipc2581/share/ipc2581.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-    install(FILES ${PROJECT_SOURCE_DIR}/hosts/ipc2581/share/listings.schema.json
+    install(FILES ${PROJECT_SOURCE_DIR}/hosts/ipc2581/share/lines.schema.json
+        ${PROJECT_SOURCE_DIR}/hosts/ipc2581/share/listings.schema.json
         DESTINATION ${CMAKE_INSTALL_DATADIR}/ipc2581)
     install(FILES ${PROJECT_SOURCE_DIR}/hosts/ipc2581/share/completion.bash
         DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME ipc2581)

@@ -39,6 +39,7 @@ void AddCommands(CLI::App & program)
     AddConvertCommand(program);
     AddReportCommand(program);
     AddDiffCommand(program);
+    AddSqliteCommand(program);
 }
 
 std::string Examples(const CLI::App & program)

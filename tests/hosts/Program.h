@@ -199,7 +199,7 @@ inline void ExpectGoldenListings(const std::string & command, const std::vector<
         return OfExampleBoard(command, arguments);
     };
     EXPECT_EQ(OfExampleBoard(command, options), listed("table"));
-    for (const std::string format : {"table", "csv", "json"}) {
+    for (const std::string format : {"table", "csv", "json", "jsonl"}) {
         const Result listing = listed(format);
         const std::string golden = (name.empty() ? command : name) + "." + (format == "table" ? "txt" : format);
         EXPECT_EQ(listing, (Result{0, Golden(golden, listing.out), ""})) << golden;

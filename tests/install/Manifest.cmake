@@ -58,6 +58,7 @@ string(REPLACE "," ";" programs "${PROGRAMS}")
 foreach(program IN LISTS programs)
     list(APPEND expected
         bin/${program} share/man/man1/${program}.1 share/bash-completion/completions/${program}
+        share/${program}/lines.schema.json
         share/${program}/listings.schema.json)
 endforeach()
 

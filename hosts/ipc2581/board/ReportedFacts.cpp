@@ -1,6 +1,7 @@
 #include "hosts/ipc2581/board/ReportedFacts.h"
 
 #include <string_view>
+#include <utility>
 
 #include "hosts/ipc2581/text/Text.h"
 
@@ -32,7 +33,27 @@ std::map<std::size_t, std::string> ValuesOfItems(const Board & board)
     return values;
 }
 
-std::map<std::string, std::vector<std::string>> MakersParts(const Board & board)
+std::vector<Characteristic> CharacteristicsOfItems(const Board & board)
+{
+    std::vector<Characteristic> characteristics;
+    for (const std::string kind : {"Textual", "Measured", "Ranged", "Enumerated"}) {
+        for (const LostFact & fact : FactsAt(board, "Bom/BomItem/Characteristics/" + kind)) {
+            Characteristic own{fact.owner, kind, "", "", std::string(fact.Value("engineeringUnitOfMeasure"))};
+            for (const auto & [name, value] : fact.attributes) {
+                if (name.ends_with("CharacteristicName")) {
+                    own.name = value;
+                }
+                else if (name.ends_with("Value")) {
+                    own.value = Joined(own.value, value);
+                }
+            }
+            characteristics.push_back(std::move(own));
+        }
+    }
+    return characteristics;
+}
+
+std::vector<MakersPart> PartsOfMakers(const Board & board)
 {
     std::map<std::size_t, std::string> numbers;
     for (const LostFact & item : FactsAt(board, "Avl/AvlItem")) {
@@ -43,12 +64,22 @@ std::map<std::string, std::vector<std::string>> MakersParts(const Board & board)
     for (const LostFact & maker : FactsAt(board, "Avl/AvlItem/AvlVmpn/AvlVendor")) {
         makers[maker.owner].emplace_back(maker.Value("enterpriseRef"));
     }
-    std::map<std::string, std::vector<std::string>> parts;
+    std::vector<MakersPart> parts;
     std::map<std::size_t, std::size_t> next;
     for (const LostFact & part : FactsAt(board, "Avl/AvlItem/AvlVmpn/AvlMpn")) {
         const std::vector<std::string> & own = makers[part.owner];
         const std::size_t place = next[part.owner]++;
-        parts[numbers[part.owner]].push_back(Joined(place < own.size() ? own[place] : "", part.Value("name")));
+        parts.push_back({numbers[part.owner], place < own.size() ? own[place] : "", std::string(part.Value("name")),
+                         std::string(part.Value("availability"))});
+    }
+    return parts;
+}
+
+std::map<std::string, std::vector<std::string>> MakersParts(const Board & board)
+{
+    std::map<std::string, std::vector<std::string>> parts;
+    for (const MakersPart & own : PartsOfMakers(board)) {
+        parts[own.partNumber].push_back(Joined(own.maker, own.part));
     }
     return parts;
 }

@@ -15,7 +15,27 @@ namespace ipc2581::host {
 // The value of each item of the bill of materials, by the place of the item: "100nF".
 std::map<std::size_t, std::string> ValuesOfItems(const Board & board);
 
-// The parts of makers that may be bought for a part number, as "MAKER PART".
+// What the file says of how an item behaves: "resistance", "1", "kOhm".
+struct Characteristic {
+    std::size_t item = 0;  // its place
+    std::string kind;      // the name of the element: "Measured"
+    std::string name;
+    std::string value;  // of a range both ends
+    std::string unit;
+};
+// By their kinds, of a kind in the order of the file.
+std::vector<Characteristic> CharacteristicsOfItems(const Board & board);
+
+// A part that may be bought for a part number.
+struct MakersPart {
+    std::string partNumber;
+    std::string maker;
+    std::string part;
+    std::string availability;
+};
+std::vector<MakersPart> PartsOfMakers(const Board & board);
+
+// The same by the part number, as "MAKER PART".
 std::map<std::string, std::vector<std::string>> MakersParts(const Board & board);
 
 // The class of each logical net, by the place of the net: "POWER".

@@ -4,6 +4,7 @@
 #include <optional>
 #include <set>
 
+#include "hosts/ipc2581/board/ImportWarnings.h"
 #include "hosts/ipc2581/board/Lengths.h"
 #include "hosts/ipc2581/board/ReadWrite.h"
 #include "hosts/ipc2581/check/ElementCounts.h"

@@ -7,6 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include "hosts/ipc2581/board/ImportWarnings.h"
+
 namespace ipc2581::host {
 namespace {
 
@@ -19,30 +21,6 @@ void AddCause(std::string & causes, const std::string & cause)
 bool IsOneByOne(NoteKind kind)
 {
     return kind != NoteKind::DanglingReference && kind != NoteKind::NetsFromSets && kind != NoteKind::StepLeftOut;
-}
-
-const char * NameOf(NoteKind kind)
-{
-    switch (kind) {
-    case NoteKind::NetsFromSets:
-        return "nets_from_sets";
-    case NoteKind::StepLeftOut:
-        return "step_left_out";
-    case NoteKind::StepRepeat:
-        return "step_repeat";
-    case NoteKind::DanglingReference:
-        return "dangling_reference";
-    case NoteKind::UnknownUnit:
-        return "unknown_unit";
-    case NoteKind::Merged:
-        return "merged";
-    }
-    return "";
-}
-
-std::string TextOf(const Note & note)
-{
-    return note.kind == NoteKind::StepLeftOut ? note.text + " is left out" : note.text;
 }
 
 // The steps that were not imported, and how to get them.
@@ -85,17 +63,6 @@ std::string NotesOfImport(const ImportReport & report, bool isStepChosen)
                  std::to_string(dangling) + (dangling == 1 ? " reference leads nowhere" : " references lead nowhere"));
     }
     return causes;
-}
-
-std::vector<Warning> WarningsOfImport(const ImportReport & report, bool isStepChosen)
-{
-    std::vector<Warning> warnings;
-    for (const Note & note : report.Notes()) {
-        if (note.kind != NoteKind::StepLeftOut || !isStepChosen) {
-            warnings.push_back({NameOf(note.kind), note.line, TextOf(note)});
-        }
-    }
-    return warnings;
 }
 
 void ListImport(const ImportReport & report, std::size_t limit, Table & notes, Table & facts)

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "hosts/ipc2581/board/ImportWarnings.h"
 #include "hosts/ipc2581/check/Losses.h"
 #include "hosts/ipc2581/commands/ExitStatus.h"
 #include "hosts/ipc2581/files/Pack.h"
@@ -19,7 +20,8 @@ namespace {
 
 constexpr const char * StandardInput = "standard input";
 
-const std::map<std::string, Format> Formats = {{"table", Format::Table}, {"csv", Format::Csv}, {"json", Format::Json}};
+const std::map<std::string, Format> Formats = {
+    {"table", Format::Table}, {"csv", Format::Csv}, {"json", Format::Json}, {"jsonl", Format::JsonLines}};
 
 // As an argument names it.
 std::string Asked(const std::string & name)
@@ -78,9 +80,9 @@ void AddListingOptions(CLI::App & command, ListingOptions & options)
     command
         .add_option_function<std::string>(
             "-f,--format", [&options](const std::string & name) { options.format = Formats.at(name); },
-            "table (default), csv or json")
+            "table (default), csv, json or jsonl, which is a line of JSON for each row")
         ->check([](const std::string & name) {
-            return Formats.contains(name) ? "" : "must be table, csv or json, not " + name;
+            return Formats.contains(name) ? "" : "must be table, csv, json or jsonl, not " + name;
         })
         ->type_name("FORMAT");
     command

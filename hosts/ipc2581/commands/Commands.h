@@ -24,6 +24,7 @@ void AddCheckCommand(CLI::App & program);
 void AddConvertCommand(CLI::App & program);
 void AddReportCommand(CLI::App & program);
 void AddDiffCommand(CLI::App & program);
+void AddSqliteCommand(CLI::App & program);
 
 }  // namespace ipc2581::host
 

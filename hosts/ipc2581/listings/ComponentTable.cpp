@@ -9,7 +9,7 @@
 #include <unordered_map>
 #include <utility>
 
-#include "hosts/ipc2581/listings/BomFacts.h"
+#include "hosts/ipc2581/board/BomFacts.h"
 #include "hosts/ipc2581/listings/LayerTables.h"
 #include "hosts/ipc2581/listings/NaturalOrder.h"
 #include "hosts/ipc2581/text/Text.h"

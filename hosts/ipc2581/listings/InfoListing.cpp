@@ -13,11 +13,12 @@
 #include <vector>
 
 #include "hosts/ipc2581/board/BoardFeatures.h"
+#include "hosts/ipc2581/board/BoardSize.h"
+#include "hosts/ipc2581/board/BomFacts.h"
 #include "hosts/ipc2581/board/Copper.h"
 #include "hosts/ipc2581/board/ReportedFacts.h"
 #include "hosts/ipc2581/board/ShapeElements.h"
 #include "hosts/ipc2581/geometry/Extents.h"
-#include "hosts/ipc2581/listings/BomFacts.h"
 #include "hosts/ipc2581/listings/LayerTables.h"
 #include "hosts/ipc2581/text/Text.h"
 
@@ -162,23 +163,6 @@ std::vector<std::string> Named(const CStringArray & list)
         }
     }
     return names;
-}
-
-Extents ExtentsOf(const CIPC2581_Ecad_CadData_Step & step)
-{
-    Extents extents;
-    extents.AddContour(*step.Profile.Polygon->PolyBegin, *step.Profile.Polygon->PolyStepArray);
-    return extents;
-}
-
-// That of the only group where the stackup itself does not tell.
-Cell ThicknessOf(const CIPC2581_Ecad_CadData_Stackup & stackup, const Lengths & lengths)
-{
-    const auto groups = Each(stackup.StackupGroupArray);
-    if (stackup.overallThickness.IsEmpty() && groups.size() == 1 && groups.front()->thickness > 0.0) {
-        return lengths.Of(groups.front()->thickness);
-    }
-    return lengths.Of(stackup.overallThickness);
 }
 
 std::size_t CountCopperLayers(const CIPC2581_Ecad_CadData & cadData)

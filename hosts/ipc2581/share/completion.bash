@@ -27,7 +27,7 @@ _ipc2581_words()
 
 _ipc2581()
 {
-    local commands="info bom components nets layers stackup packages pins pads holes tracks svg check convert report diff"
+    local commands="info bom components nets layers stackup packages pins pads holes tracks svg check convert report diff sqlite"
     local boards=(.cvg .xml .gz .zst .xz .bz2 .zip .7z .tar)
     local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]}
     local command="" i place=0
@@ -72,7 +72,7 @@ _ipc2581()
             return
             ;;
         -f | --format)
-            _ipc2581_words "$word" "table csv json"
+            _ipc2581_words "$word" "table csv json jsonl"
             return
             ;;
         --group)
@@ -119,6 +119,7 @@ _ipc2581()
             convert) options+=" --force" ;;
             report) options+=" --force -o --output" ;;
             check) options+=" $listing --all" ;;
+            sqlite) options+=" -o --output" ;;
         esac
         _ipc2581_words "$word" "$options"
         return
@@ -126,7 +127,7 @@ _ipc2581()
 
     case $command,$place in
         convert,1) _ipc2581_files "$word" ;;
-        diff,1 | *,0) _ipc2581_files "$word" "${boards[@]}" ;;
+        diff,1 | sqlite,* | *,0) _ipc2581_files "$word" "${boards[@]}" ;;
     esac
 }
 

@@ -1,6 +1,7 @@
 #include "hosts/ipc2581/table/Table.h"
 
 #include <algorithm>
+#include <array>
 
 #include "hosts/ipc2581/text/Text.h"
 
@@ -297,6 +298,63 @@ void PrintJsonHead(std::ostream & out, const Source & source, const Source * oth
     }
 }
 
+// The members that stand in front of each line.
+constexpr std::array<std::string_view, 4> LineKeys = {"file", "step", "units", "section"};
+
+// What each line begins with: what it was made of, without the brace that ends an object.
+std::string LineHead(const Source & source)
+{
+    std::string json = "{\"file\":";
+    AppendJsonText(json, source.file);
+    json.append(",\"step\":");
+    Cell(source.step).AppendJson(json);
+    json.append(",\"units\":");
+    Cell(source.units).AppendJson(json);
+    return json;
+}
+
+std::string LineHead(const Source & source, const Source * other)
+{
+    return other == nullptr ? LineHead(source) : LineHead(source) + ",\"other\":" + LineHead(*other) + "}";
+}
+
+// A key of the row that the line has already tells of its table too.
+void PrintJsonLines(std::ostream & out, const Table & table, const std::string & head)
+{
+    std::vector<std::string> keys;
+    for (const Column & column : table.Columns()) {
+        const bool isTaken = std::find(LineKeys.begin(), LineKeys.end(), column.key) != LineKeys.end();
+        std::string & key = keys.emplace_back(",");
+        AppendJsonText(key, isTaken ? table.Key() + "_" + column.key : column.key);
+        key.append(":");
+    }
+    Pieces pieces(out);
+    table.ForEachRow([&](const Row & row) {
+        std::string & json = pieces.Text();
+        json.append(head);
+        for (std::size_t i = 0; i < row.size(); ++i) {
+            json.append(keys[i]);
+            row[i].AppendJson(json);
+        }
+        json.append("}\n");
+        pieces.Pass();
+    });
+    pieces.Finish();
+}
+
+Table OneRow(const std::string & key, const Values & values)
+{
+    std::vector<Column> columns;
+    Row row;
+    for (const auto & [name, value] : values.All()) {
+        columns.push_back(name);
+        row.push_back(value);
+    }
+    Table table(key, std::move(columns));
+    table.Add(std::move(row));
+    return table;
+}
+
 bool HasLengthColumn(const std::vector<Column> & columns)
 {
     return std::any_of(columns.begin(), columns.end(), [](const Column & column) { return column.isLength; });
@@ -349,6 +407,9 @@ void Table::Print(std::ostream & out, Format format, const Source & source, cons
         PrintJsonRows(out, *this, "  ");
         out << "\n}\n";
         break;
+    case Format::JsonLines:
+        PrintJsonLines(out, *this, LineHead(source, other));
+        break;
     }
 }
 
@@ -375,6 +436,9 @@ void Listing::Print(std::ostream & out, Format format, const Source & source) co
         break;
     case Format::Json:
         PrintJson(out, source);
+        break;
+    case Format::JsonLines:
+        PrintJsonLines(out, source);
         break;
     }
 }
@@ -445,6 +509,16 @@ void Listing::PrintJson(std::ostream & out, const Source & source) const
         }
     }
     out << "\n}\n";
+}
+
+void Listing::PrintJsonLines(std::ostream & out, const Source & source) const
+{
+    for (const std::unique_ptr<Section> & section : m_sections) {
+        const std::string key = KeyOf(section->title);
+        std::string head = LineHead(source) + ",\"section\":";
+        AppendJsonText(head, key);
+        host::PrintJsonLines(out, section->table.has_value() ? *section->table : OneRow(key, section->values), head);
+    }
 }
 
 }  // namespace ipc2581::host

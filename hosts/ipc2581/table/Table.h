@@ -15,7 +15,7 @@
 
 namespace ipc2581::host {
 
-enum class Format { Table, Csv, Json };
+enum class Format { Table, Csv, Json, JsonLines };
 
 // The key of a title in JSON: its letters in lower case and its digits, with one underscore for all that stands between
 // them, and nothing for an apostrophe: "makers' parts" is "makers_parts".
@@ -41,7 +41,7 @@ struct Warning {
     std::string text;
 };
 
-// What a listing was made of. It stands above the listing in JSON.
+// What a listing was made of. It stands above the listing in JSON, and but for the warnings in each line of JSON.
 struct Source {
     std::string file;
     std::string step = {};   // its name, empty for none
@@ -61,9 +61,9 @@ void Fill(Row & row, Cells &&... cells)
 
 using RowSink = std::function<void(const Row & row)>;
 
-// Rows under named columns, written in one of three formats: columns aligned with a heading, CSV with a heading, or a
-// JSON object whose list under the key of the table has one object per row. The bytes are the same on a terminal and in
-// a pipe.
+// Rows under named columns, written in one of four formats: columns aligned with a heading, CSV with a heading, a JSON
+// object whose list under the key of the table has one object per row, or lines of JSON, one object per row. The bytes
+// are the same on a terminal and in a pipe.
 class Table {
 public:
     Table(std::string key, std::vector<Column> columns) : m_key(std::move(key)), m_columns(std::move(columns)) {}
@@ -106,7 +106,8 @@ private:
 };
 
 // Several tables under titles. As CSV they are one table of single values, whose rows hold section, item, property and
-// value; as JSON they are one object. The first cell of a row names it.
+// value; as JSON they are one object, and in lines of JSON each row tells its section. The first cell of a row names
+// it.
 class Listing {
 public:
     // Rows with any number of columns; a JSON list of objects.
@@ -126,6 +127,7 @@ private:
     void PrintAligned(std::ostream & out) const;
     void PrintCsv(std::ostream & out, const Source & source) const;
     void PrintJson(std::ostream & out, const Source & source) const;
+    void PrintJsonLines(std::ostream & out, const Source & source) const;
     [[nodiscard]] bool HasLengths() const;
 
     // References to the tables are handed out.

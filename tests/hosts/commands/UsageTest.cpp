@@ -40,12 +40,12 @@ TEST(Usage, WrongOneIsToldInOneLine)
         RunProgram({}),
         WrongUsage(
             "a command is missing: one of info, bom, components, nets, layers, stackup, packages, pins, pads, holes, "
-            "tracks, svg, check, convert, report, diff"));
+            "tracks, svg, check, convert, report, diff, sqlite"));
     EXPECT_EQ(RunProgram({"info"}), WrongUsage("BOARD is required"));
     EXPECT_EQ(RunProgram({"convert", "board.cvg"}), WrongUsage("OUT is required"));
     EXPECT_EQ(RunProgram({"report"}), WrongUsage("BOARD is required"));
     EXPECT_EQ(RunProgram({"info", "board.cvg", "--format", "xml"}),
-              WrongUsage("--format: must be table, csv or json, not xml"));
+              WrongUsage("--format: must be table, csv, json or jsonl, not xml"));
     EXPECT_EQ(RunProgram({"info", "board.cvg", "--colour"}),
               WrongUsage("The following argument was not expected: --colour"));
     EXPECT_EQ(RunProgram({"frobnicate"}), WrongUsage("frobnicate is no command"));

@@ -281,9 +281,9 @@ TEST(Docs, CompletionKnowsEachCommandAndOption)
 
 TEST(Docs, CompletionKnowsTheFormats)
 {
-    const Texts formats = {"table", "csv", "json"};
+    const Texts formats = {"table", "csv", "json", "jsonl"};
     EXPECT_EQ(Completed({"bom", "--format", ""}), formats);
-    EXPECT_EQ(Completed({"bom", "board.cvg", "-f", "j"}), Texts{"json"});
+    EXPECT_EQ(Completed({"bom", "board.cvg", "-f", "j"}), (Texts{"json", "jsonl"}));
     EXPECT_EQ(Completed({"bom", "--format", "="}), formats);
     EXPECT_EQ(Completed({"bom", "--format", "=", "c"}), Texts{"csv"});
 }

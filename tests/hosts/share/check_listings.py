@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
-"""Validates what each command writes in JSON for each board of a folder: check_listings.py PROGRAM SCHEMA FOLDER
+"""Validates what each command writes in JSON for each board of a folder: check_listings.py PROGRAM SHARE FOLDER
 
-Boards are .cvg and .xml files, as they are or packed with zstd. Rows are counted against what an XML parser finds.
+Boards are .cvg and .xml files, as they are or packed with zstd. Rows are counted against what an XML parser finds, and lines
+of JSON compared with the rows.
 """
 
 import copy
@@ -38,6 +39,8 @@ ROWS = {
 }
 # Longer lists are validated by one row of each kind.
 FEW = 1000
+# In bytes; the lines of a larger listing are not compared with it, as they would only take long.
+LARGE = 4000000
 # The status of a test that is skipped.
 SKIPPED = 77
 ENDINGS = (".cvg", ".xml", ".cvg.zst", ".xml.zst")
@@ -104,7 +107,34 @@ def miscounted(listing, elements):
             yield f"{len(listing[key])} {key}, but {counted} times {place[0]} in the file"
 
 
-def findings_of(validator, program, arguments, is_first_board, elements):
+def lines_of(listing):
+    """The lines of JSON that are to say the same."""
+    head = {key: listing[key] for key in ("file", "step", "units")}
+    if "other" in listing:
+        head["other"] = {key: listing["other"][key] for key in head}
+    sections = {key: value for key, value in listing.items() if key not in (*head, "warnings")}
+    for key, section in sections.items():
+        own = head if len(sections) == 1 else head | {"section": key}
+        for row in section if isinstance(section, list) else [section]:
+            yield own | {f"{key}_{name}" if name in own else name: value for name, value in row.items()}
+
+
+def findings_of_lines(validator, program, arguments, listing):
+    run = subprocess.run([program, *arguments, "--format", "jsonl"], capture_output=True, check=False)
+    lines = [json.loads(line) for line in run.stdout.splitlines()]
+    if lines != list(lines_of(listing)):
+        return ["the lines of JSON are not the rows"]
+    for line in {kind_of(line): line for line in lines}.values():
+        error = jsonschema.exceptions.best_match(validator.iter_errors(line))
+        if error is not None:
+            return [f"line of JSON: {list(error.absolute_path)}: {error.message}"]
+        if validator.is_valid(line | {"one_more": 1}):
+            return ["the schema of the lines lets keys pass that it does not know"]
+    return []
+
+
+def findings_of(validators, program, arguments, is_first_board, elements):
+    validator, validator_of_lines = validators
     run = subprocess.run([program, *arguments, "--format", "json"], capture_output=True, check=False)
     if run.returncode not in ((0, 1) if arguments[0] in ("check", "diff") else (0,)):
         # What the board does not tell nobody can convert.
@@ -119,20 +149,25 @@ def findings_of(validator, program, arguments, is_first_board, elements):
         findings.append("the schema lets keys pass that it does not know")
     if elements is not None and arguments[0] not in ("info", "check", "diff") and "--fitted" not in arguments:
         findings += miscounted(whole, elements)
-    return findings
+    is_large = len(run.stdout) > LARGE
+    return findings + ([] if is_large else findings_of_lines(validator_of_lines, program, arguments, whole))
+
+
+def validator_of(schema):
+    schema = json.loads(schema.read_text(encoding="utf-8"))
+    jsonschema.Draft202012Validator.check_schema(schema)
+    return jsonschema.Draft202012Validator(schema)
 
 
 def main():
-    program, schema, folder = sys.argv[1:]
+    program, share, folder = sys.argv[1:]
     if jsonschema is None:
         print("jsonschema is not there (Debian package python3-jsonschema)")
         return SKIPPED
     if not Path(folder).is_dir():
         print(f"{folder} is not there, so its boards are skipped")
         return SKIPPED
-    schema = json.loads(Path(schema).read_text(encoding="utf-8"))
-    jsonschema.Draft202012Validator.check_schema(schema)
-    validator = jsonschema.Draft202012Validator(schema)
+    validators = [validator_of(Path(share) / name) for name in ("listings.schema.json", "lines.schema.json")]
     boards = sorted(path for path in Path(folder).iterdir() if path.name.endswith(ENDINGS))
     failures = counted = 0
     for board in boards:
@@ -140,7 +175,7 @@ def main():
         counted += elements is not None
         commands = COMMANDS + (VARIANTS if board == boards[0] else [])
         for arguments in [[*command, str(board)] for command in commands] + [["diff", str(board), str(boards[0])]]:
-            for finding in findings_of(validator, program, arguments, board == boards[0], elements):
+            for finding in findings_of(validators, program, arguments, board == boards[0], elements):
                 print(f"ipc2581 {' '.join(arguments)}: {finding}")
                 failures += 1
     print(f"{len(boards)} boards, {counted} of them counted, {failures} findings")

@@ -171,6 +171,17 @@ TEST(Listing, AsJsonIsOneObject)
                                   "}\n");
 }
 
+TEST(Listing, AsLinesOfJsonTellsTheSectionOfEachRow)
+{
+    Listing listing = BoardListing();
+    listing.AddTable("all elements", {"element", "file", "section"}).Add({"Pad", 3, "Step"});
+    const std::string head = "{\"file\":\"b\",\"step\":null,\"units\":null,\"section\":";
+    EXPECT_EQ(Printed(listing, Format::JsonLines),
+              head + "\"board\",\"name\":\"b\",\"maker\":null,\"layers\":2}\n" + head +
+                  "\"layers\",\"layer\":\"TOP\",\"side\":\"TOP\"}\n" + head +
+                  "\"all_elements\",\"element\":\"Pad\",\"all_elements_file\":3,\"all_elements_section\":\"Step\"}\n");
+}
+
 TEST(Listing, TellsTheUnitsOfItsLengths)
 {
     Column width("width");
@@ -219,6 +230,28 @@ TEST(Table, TellsTheUnitsOfItsLengths)
               "  \"other\": {\n    \"file\": \"c\",\n    \"step\": null,\n    \"units\": \"mil\",\n    "
               "\"warnings\": []\n  },\n"
               "  \"points\": [\n    {\"net\":\"A\",\"x\":0.5}\n  ]\n}\n");
+}
+
+TEST(Table, GivesALineOfJsonForEachRow)
+{
+    EXPECT_EQ(Printed(Parts(), Format::JsonLines),
+              "{\"file\":\"b\",\"step\":null,\"units\":null,\"name\":\"R1\",\"x\":1.5,\"fitted\":true,"
+              "\"nets\":[\"A\",\"B\"]}\n"
+              "{\"file\":\"b\",\"step\":null,\"units\":null,\"name\":\"C100\",\"x\":-10,\"fitted\":false,\"nets\":[]}\n"
+              "{\"file\":\"b\",\"step\":null,\"units\":null,\"name\":\"D1\",\"x\":null,\"fitted\":true,"
+              "\"nets\":[\"C\"]}\n");
+    EXPECT_EQ(Printed(Table("none", {"a"}), Format::JsonLines), "");
+}
+
+TEST(Table, TellsInEachLineWhatItWasComparedWith)
+{
+    Table table("differences", {"name"});
+    table.Add({"two\nlines"});
+    const Source other{.file = "c", .step = "t", .units = "mil", .warnings = {{"merged", 7, "two"}}};
+    std::ostringstream out;
+    table.Print(out, Format::JsonLines, {.file = "b", .step = "s", .units = "inch"}, &other);
+    EXPECT_EQ(out.str(), "{\"file\":\"b\",\"step\":\"s\",\"units\":\"inch\",\"other\":{\"file\":\"c\",\"step\":\"t\","
+                         "\"units\":\"mil\"},\"name\":\"two\\nlines\"}\n");
 }
 
 TEST(Table, TellsItsWarningsInJson)

@@ -1,4 +1,4 @@
-#include "hosts/ipc2581/listings/BomFacts.h"
+#include "hosts/ipc2581/board/BomFacts.h"
 
 #include <cstddef>
 
