@@ -16,7 +16,9 @@ void MakeTables(Connection & connection)
     connection.Run(Schema());
     // A board is replaced by its rows, which stand together: an index on them costs little.
     for (const std::string table : TablesOfABoard) {
-        connection.Run("CREATE INDEX " + table + "_of_board ON " + table + " (board_id)");
+        std::string index = "CREATE INDEX ";
+        index.append(table).append("_of_board ON ").append(table).append(" (board_id)");
+        connection.Run(index);
     }
     connection.Run("PRAGMA application_id = " + std::to_string(SchemaId));
     connection.Run("PRAGMA user_version = " + std::to_string(SchemaVersion));
@@ -49,14 +51,16 @@ void BoardDatabase::Prepare(const std::string & path)
 
 void BoardDatabase::Put(Board & board)
 {
+    // Takes its time, in which others may write.
+    const std::string hash = Sha256OfFile(board.File().PlainPath());
     Transaction transaction(m_connection);
-    const std::int64_t id = PutBoard(board);
+    const std::int64_t id = PutBoard(board, hash);
     m_rows->Remove(id);
     m_rows->Add(board, id);
     transaction.Commit();
 }
 
-std::int64_t BoardDatabase::PutBoard(Board & board)
+std::int64_t BoardDatabase::PutBoard(Board & board, const std::string & hash)
 {
     const std::string & file = board.File().Name();
     const auto known = Statement(m_connection, "SELECT id FROM boards WHERE file = ?").Number(file);
@@ -69,8 +73,8 @@ std::int64_t BoardDatabase::PutBoard(Board & board)
     Statement(m_connection,
               "UPDATE boards SET content_hash = ?, name = ?, step = ?, units = ?, millimeters = ?, thickness = ?, "
               "assembly = ?, remarks = ? WHERE id = ?")
-        .Run(Sha256OfFile(board.File().PlainPath()), Shown(board.Root().m_Ecad.name), Shown(board.Step().Name),
-             lengths.Word(), millimeters == 0.0 ? std::nullopt : std::optional(millimeters),
+        .Run(hash, Shown(board.Root().m_Ecad.name), Shown(board.Step().Name), lengths.Word(),
+             millimeters == 0.0 ? std::nullopt : std::optional(millimeters),
              NumberOf(ThicknessOf(board.CadData().m_Stackup, lengths).Text()), Shown(board.Root().m_Bom.assembly),
              board.Report() == nullptr ? std::nullopt : std::optional(board.Report()->RemarkCount()), id);
     return id;

@@ -1,6 +1,7 @@
 #ifndef IPC2581_HOSTS_IPC2581_SQLITE_BOARDDATABASE_H
 #define IPC2581_HOSTS_IPC2581_SQLITE_BOARDDATABASE_H
 
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -23,7 +24,7 @@ public:
 
 private:
     void Prepare(const std::string & path);
-    std::int64_t PutBoard(Board & board);
+    std::int64_t PutBoard(Board & board, const std::string & hash);
 
     Connection m_connection;
     std::optional<BoardRows> m_rows;

@@ -331,6 +331,7 @@ TEST(Docs, CompletionOffersBoardsByTheirEndings)
     EXPECT_EQ(completed({"nets", "b.xml", ""}), Texts{});
     EXPECT_EQ(completed({"diff", "b.xml", ""}), boards);
     EXPECT_EQ(completed({"diff", "b.xml", "c.gz", ""}), Texts{});
+    EXPECT_EQ(completed({"sqlite", "-o", "x", "b.xml", "c.gz", ""}), boards);
     EXPECT_EQ(completed({"convert", "b.xml", ""}), all);
     EXPECT_EQ(completed({"bom", "b.xml", "-o", ""}), all);
     EXPECT_EQ(completed({"svg", "b.xml", "--output", ""}), Texts{"folder"});
