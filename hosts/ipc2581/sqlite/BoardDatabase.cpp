@@ -20,8 +20,8 @@ void MakeTables(Connection & connection)
         index.append(table).append("_of_board ON ").append(table).append(" (board_id)");
         connection.Run(index);
     }
-    connection.Run("PRAGMA application_id = " + std::to_string(SchemaId));
-    connection.Run("PRAGMA user_version = " + std::to_string(SchemaVersion));
+    connection.Run(std::string("PRAGMA application_id = ").append(std::to_string(SchemaId)));
+    connection.Run(std::string("PRAGMA user_version = ").append(std::to_string(SchemaVersion)));
 }
 
 }  // namespace

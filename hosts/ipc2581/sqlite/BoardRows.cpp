@@ -40,7 +40,8 @@ class TableRows {
 public:
     // The columns are those behind the id and the board.
     TableRows(Connection & connection, const std::string & name, const std::string & columns)
-        : m_next(connection, "SELECT max(id) FROM " + name), m_insert(connection, Insert(name, columns))
+        : m_next(connection, std::string("SELECT max(id) FROM ").append(name)),
+          m_insert(connection, Insert(name, columns))
     {
     }
 
@@ -61,7 +62,8 @@ public:
 private:
     static std::string Insert(const std::string & name, const std::string & columns)
     {
-        std::string text = "INSERT INTO " + name + " (id, board_id, " + columns + ") VALUES (?, ?, ?";
+        std::string text("INSERT INTO ");
+        text.append(name).append(" (id, board_id, ").append(columns).append(") VALUES (?, ?, ?");
         for (auto count = std::count(columns.begin(), columns.end(), ','); count != 0; --count) {
             text.append(", ?");
         }
@@ -104,16 +106,17 @@ std::string StepOf(const std::string & text)
 
 void AppendAttributes(std::string & json, const LostFact & fact)
 {
-    json.assign("{");
-    const char * separator = "";
+    json.clear();
+    json.push_back('{');
     for (const auto & [name, value] : fact.attributes) {
-        json.append(separator);
+        if (json.size() > 1) {
+            json.push_back(',');
+        }
         AppendJsonText(json, name);
-        json.append(":");
+        json.push_back(':');
         AppendJsonText(json, value);
-        separator = ",";
     }
-    json.append("}");
+    json.push_back('}');
 }
 
 }  // namespace
@@ -383,7 +386,8 @@ BoardRows::~BoardRows() = default;
 void BoardRows::Remove(std::int64_t boardId)
 {
     for (const char * const table : TablesOfABoard) {
-        Statement(m_tables->Database(), "DELETE FROM " + std::string(table) + " WHERE board_id = ?").Run(boardId);
+        const std::string text = std::string("DELETE FROM ").append(table).append(" WHERE board_id = ?");
+        Statement(m_tables->Database(), text).Run(boardId);
     }
 }
 
