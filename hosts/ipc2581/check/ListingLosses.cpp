@@ -225,7 +225,7 @@ void AddFeature(Listed what, const FeatureCounts & file, const FeatureCounts & m
 
 }  // namespace
 
-Causes ListingLosses(Board & board, std::initializer_list<Listed> listed, Absence absence)
+Causes ListingLosses(Board & board, const std::vector<Listed> & listed, Absence absence)
 {
     const std::string path = board.File().PlainPath();
     const bool hasFeatures = std::any_of(listed.begin(), listed.end(), IsFeature);

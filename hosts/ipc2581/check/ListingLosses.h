@@ -2,8 +2,8 @@
 #define IPC2581_HOSTS_IPC2581_CHECK_LISTINGLOSSES_H
 
 #include <cstddef>
-#include <initializer_list>
 #include <string>
+#include <vector>
 
 #include "hosts/ipc2581/board/Board.h"
 #include "hosts/ipc2581/check/Causes.h"
@@ -30,7 +30,7 @@ enum class Absence { Told, Untold };
 
 // What is known to be missing in a listing of these, or to stand in it otherwise than the writer of the file meant,
 // cause by cause.
-Causes ListingLosses(Board & board, std::initializer_list<Listed> listed, Absence absence = Absence::Told);
+Causes ListingLosses(Board & board, const std::vector<Listed> & listed, Absence absence = Absence::Told);
 
 // How many components stand on a layer that the reader has lost.
 std::size_t CountWithoutSide(Board & board);

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <iostream>
 #include <map>
+#include <memory>
 #include <new>
 #include <utility>
 #include <vector>
@@ -133,7 +134,7 @@ void AddUnits(CLI::App & command, std::string & unit)
         ->type_name("UNIT");
 }
 
-void PrintTable(const SortedListing & options, const TableMaker & make, std::initializer_list<Listed> listed)
+void PrintTable(const SortedListing & options, const TableMaker & make, const std::vector<Listed> & listed)
 {
     Board board = OpenBoard(options.board, options.reading);
     const Lengths lengths(board, options.unit);
@@ -143,6 +144,21 @@ void PrintTable(const SortedListing & options, const TableMaker & make, std::ini
     EndWhereLost({&board});
 }
 
+void AddLengthListing(CLI::App & program, const LengthListing & listing)
+{
+    const auto options = std::make_shared<SortedListing>();
+    CLI::App & command = AddCommand(program, listing.name, listing.description, listing.example);
+    AddBoardListing(command, *options);
+    AddUnits(command, options->unit);
+    AddSort(command, *options, listing.order);
+    command.callback([options, listing] {
+        PrintTable(
+            *options,
+            [&](Board & board, const Lengths & lengths) { return listing.make(board, lengths, options->isSorted); },
+            listing.listed);
+    });
+}
+
 void WarnOfImport(const Board & board)
 {
     if (board.Report() != nullptr) {
@@ -150,7 +166,7 @@ void WarnOfImport(const Board & board)
     }
 }
 
-std::string LacksOf(Board & board, std::initializer_list<Listed> listed, Absence absence)
+std::string LacksOf(Board & board, const std::vector<Listed> & listed, Absence absence)
 {
     if (board.Report() != nullptr) {
         return OneLine(NotesOfImport(*board.Report(), !board.HowRead().step.empty()));

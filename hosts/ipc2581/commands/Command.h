@@ -5,6 +5,7 @@
 #include <functional>
 #include <initializer_list>
 #include <string>
+#include <vector>
 
 #include <CLI/CLI.hpp>
 
@@ -42,7 +43,7 @@ void AddListingOptions(CLI::App & command, ListingOptions & options);
 void AddUnits(CLI::App & command, std::string & unit);
 
 // What a listing of a board is known to lack, and what an import tells of the file as a whole.
-std::string LacksOf(Board & board, std::initializer_list<Listed> listed, Absence absence = Absence::Told);
+std::string LacksOf(Board & board, const std::vector<Listed> & listed, Absence absence = Absence::Told);
 // What stands above a listing in JSON. The losses are told apart from what an import has noted one by one.
 Source SourceOf(Board & board, const Lengths & lengths, const std::string & losses);
 
@@ -92,7 +93,18 @@ void Print(const Printed & printed, const ListingOptions & options, std::initial
 
 // Reads the board, prints the table made of it, and warns of what the table is known to lack.
 using TableMaker = std::function<Table(Board & board, const Lengths & lengths)>;
-void PrintTable(const SortedListing & options, const TableMaker & make, std::initializer_list<Listed> listed);
+void PrintTable(const SortedListing & options, const TableMaker & make, const std::vector<Listed> & listed);
+
+// A command that lists one table with lengths in it, sorted or not.
+struct LengthListing {
+    std::string name;
+    std::string description;
+    std::string example;
+    std::string order;
+    Table (*make)(Board & board, const Lengths & lengths, bool isSorted);
+    std::vector<Listed> listed;
+};
+void AddLengthListing(CLI::App & program, const LengthListing & listing);
 
 }  // namespace ipc2581::host
 

@@ -1,5 +1,6 @@
 #include <exception>
 #include <memory>
+#include <vector>
 
 #include "hosts/ipc2581/commands/Command.h"
 #include "hosts/ipc2581/commands/Commands.h"
@@ -12,10 +13,9 @@ namespace {
 
 enum Status { Different = 1, Trouble = 2 };
 
-constexpr std::initializer_list<Listed> AllListed = {Listed::Items,        Listed::Components, Listed::LogicalNets,
-                                                     Listed::PhysicalNets, Listed::Layers,     Listed::StackupLayers,
-                                                     Listed::Packages,     Listed::Pins,       Listed::Pads,
-                                                     Listed::Holes,        Listed::Tracks};
+const std::vector<Listed> AllListed = {Listed::Items,  Listed::Components,    Listed::LogicalNets, Listed::PhysicalNets,
+                                       Listed::Layers, Listed::StackupLayers, Listed::Packages,    Listed::Pins,
+                                       Listed::Pads,   Listed::Holes,         Listed::Tracks};
 
 struct Options {
     std::string before;
