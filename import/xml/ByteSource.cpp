@@ -28,7 +28,9 @@ FileSource::FileSource(const std::filesystem::path & path)
     if (m_file == nullptr) {
         ThrowErrno();
     }
-    std::setvbuf(m_file.get(), nullptr, _IOFBF, FileBufferSize);
+    // The buffer is given, since some libraries take no notice of a size alone.
+    m_buffer = std::make_unique<char[]>(FileBufferSize);
+    std::setvbuf(m_file.get(), m_buffer.get(), _IOFBF, FileBufferSize);
     std::error_code error;
     const std::uintmax_t size = std::filesystem::file_size(path, error);
     m_size = error ? 0 : static_cast<std::size_t>(size);

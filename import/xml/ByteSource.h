@@ -40,6 +40,7 @@ private:
         void operator()(std::FILE * file) const { std::fclose(file); }
     };
 
+    std::unique_ptr<char[]> m_buffer;  // that of the file, which is closed first
     std::unique_ptr<std::FILE, Close> m_file;
     std::size_t m_size = 0;
     // A pipe gives its bytes once, so what it has given is kept, and comes from here up to the place when read again.

@@ -6,23 +6,57 @@
 namespace ipc2581::detail {
 namespace {
 
-// Puts the bytes of an object, or takes them, at a place that need not be aligned for it.
-template <typename Object>
-char * Put(char * to, const Object & object)
+// A number takes seven bits a byte, the lowest first, and the highest bit of all but the last: lengths and counts are
+// mostly small, and a batch holds the more events.
+constexpr unsigned bitsPerByte = 7;
+constexpr unsigned moreFollow = 1U << bitsPerByte;
+constexpr std::size_t longestNumber = sizeof(std::size_t) * 8 / bitsPerByte + 1;
+
+char * PutNumber(char * to, std::size_t number)
 {
-    std::memcpy(to, &object, sizeof(object));
-    return to + sizeof(object);
-}
-template <typename Object>
-const char * Get(const char * from, Object & object)
-{
-    std::memcpy(&object, from, sizeof(object));
-    return from + sizeof(object);
+    for (; number >= moreFollow; number >>= bitsPerByte) {
+        *to++ = static_cast<char>(number | moreFollow);
+    }
+    *to++ = static_cast<char>(number);
+    return to;
 }
 
-char * Put(char * to, std::string_view text)
+const char * GetNumber(const char * from, std::size_t & number)
 {
-    return std::copy(text.begin(), text.end(), to);
+    number = 0;
+    for (unsigned shift = 0;; shift += bitsPerByte) {
+        const auto byte = static_cast<unsigned char>(*from++);
+        number |= std::size_t(byte & (moreFollow - 1)) << shift;
+        if (byte < moreFollow) {
+            return from;
+        }
+    }
+}
+
+char * PutWord(char * to, Word word)
+{
+    std::memcpy(to, &word, sizeof(word));
+    return to + sizeof(word);
+}
+
+const char * GetWord(const char * from, Word & word)
+{
+    std::memcpy(&word, from, sizeof(word));
+    return from + sizeof(word);
+}
+
+char * PutText(char * to, std::string_view text)
+{
+    to = PutNumber(to, text.size());
+    return to + text.copy(to, text.size());
+}
+
+const char * GetText(const char * from, std::string_view & text)
+{
+    std::size_t length = 0;
+    from = GetNumber(from, length);
+    text = {from, length};
+    return from + length;
 }
 
 }  // namespace
@@ -43,37 +77,39 @@ void EventBatch::Grow(std::size_t least)
 
 void EventBatch::AddOpen(Word name, std::size_t line, std::span<const XmlAttribute> attributes)
 {
-    std::size_t size = sizeof(EventHead) + attributes.size() * sizeof(AttributeHead);
+    std::size_t most = sizeof(Kind) + 2 * longestNumber + sizeof(Word);
     for (const XmlAttribute & attribute : attributes) {
-        size += attribute.value.size();
+        most += sizeof(Word) + longestNumber + attribute.value.size();
     }
-    char * to = Put(Extend(size), EventHead{line, static_cast<std::uint32_t>(attributes.size()), name, Kind::Open});
+    char * to = RoomFor(most);
+    *to++ = static_cast<char>(Kind::Open);
+    to = PutNumber(to, line);
+    to = PutWord(to, name);
+    to = PutNumber(to, attributes.size());
     for (const XmlAttribute & attribute : attributes) {
-        const AttributeHead head = {static_cast<std::uint32_t>(attribute.value.size()), attribute.name};
-        to = Put(Put(to, head), attribute.value);
+        to = PutText(PutWord(to, attribute.name), attribute.value);
     }
+    EndAt(to);
 }
 
 void EventBatch::AddText(std::string_view text)
 {
-    Put(Put(Extend(sizeof(EventHead) + text.size()), EventHead{text.size(), 0, W(""), Kind::Text}), text);
+    char * const to = RoomFor(sizeof(Kind) + longestNumber + text.size());
+    *to = static_cast<char>(Kind::Text);
+    EndAt(PutText(to + 1, text));
 }
 
-void EventBatch::AddClose()
+const char * EventBatch::TellOpen(const char * from, XmlListener & listener)
 {
-    Put(Extend(sizeof(EventHead)), EventHead{0, 0, W(""), Kind::Close});
-}
-
-const char * EventBatch::TellOpen(const EventHead & event, const char * from, XmlListener & listener)
-{
-    m_told.clear();
-    for (std::uint32_t i = 0; i < event.attributes; ++i) {
-        AttributeHead head;
-        from = Get(from, head);
-        m_told.push_back({head.name, {from, head.length}});
-        from += head.length;
+    std::size_t line = 0;
+    Word name = W("");
+    std::size_t count = 0;
+    from = GetNumber(GetWord(GetNumber(from, line), name), count);
+    m_told.resize(count);
+    for (XmlAttribute & attribute : m_told) {
+        from = GetText(GetWord(from, attribute.name), attribute.value);
     }
-    listener.Open(event.name, event.lineOrLength, m_told);
+    listener.Open(name, line, m_told);
     return from;
 }
 
@@ -81,15 +117,14 @@ void EventBatch::TellAgain(XmlListener & listener)
 {
     const char * const end = m_bytes.get() + m_size;
     for (const char * from = m_bytes.get(); from != end;) {
-        EventHead event;
-        from = Get(from, event);
-        switch (event.kind) {
+        std::string_view text;
+        switch (static_cast<Kind>(*from++)) {
         case Kind::Open:
-            from = TellOpen(event, from, listener);
+            from = TellOpen(from, listener);
             break;
         case Kind::Text:
-            listener.Text({from, event.lineOrLength});
-            from += event.lineOrLength;
+            from = GetText(from, text);
+            listener.Text(text);
             break;
         case Kind::Close:
             listener.Close();

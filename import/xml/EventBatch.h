@@ -20,7 +20,12 @@ public:
 
     void AddOpen(Word name, std::size_t line, std::span<const XmlAttribute> attributes);
     void AddText(std::string_view text);
-    void AddClose();
+    void AddClose()
+    {
+        char * const to = RoomFor(sizeof(Kind));
+        *to = static_cast<char>(Kind::Close);
+        EndAt(to + 1);
+    }
     // So much that it is worth to be handed on.
     [[nodiscard]] bool IsFull() const { return m_size >= FullSize; }
 
@@ -31,32 +36,22 @@ public:
 private:
     static constexpr std::size_t FullSize = std::size_t(96) * 1024;
 
-    enum class Kind : std::uint8_t { Open, Text, Close };
-    // Stands in front of each event. Behind that of an opening tag stand its attributes, each with a head of its own,
-    // behind that of a text its bytes.
-    struct EventHead {
-        std::size_t lineOrLength;
-        std::uint32_t attributes;
-        Word name;
-        Kind kind;
-    };
-    struct AttributeHead {
-        std::uint32_t length;
-        Word name;
-    };
+    // Stands in front of each event. An opening tag goes on with its line, its name and the number of its attributes,
+    // each of which has its name, its length and its bytes; a text goes on with its length and its bytes.
+    enum class Kind : char { Open, Text, Close };
 
-    const char * TellOpen(const EventHead & event, const char * from, XmlListener & listener);
+    const char * TellOpen(const char * from, XmlListener & listener);
 
     // Room for so many bytes more, at the end of what there is.
-    char * Extend(std::size_t size)
+    char * RoomFor(std::size_t size)
     {
         if (m_size + size > m_capacity) {
             Grow(m_size + size);
         }
-        char * const room = m_bytes.get() + m_size;
-        m_size += size;
-        return room;
+        return m_bytes.get() + m_size;
     }
+    // What stands in that room up to here counts.
+    void EndAt(const char * end) { m_size = static_cast<std::size_t>(end - m_bytes.get()); }
     void Grow(std::size_t least);
 
     std::unique_ptr<char[]> m_bytes;

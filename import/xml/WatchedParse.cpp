@@ -137,11 +137,8 @@ public:
         m_parcel->events.AddText(text);
         GiveIfFull();
     }
-    void Close() override
-    {
-        m_parcel->events.AddClose();
-        GiveIfFull();
-    }
+    // Needs next to no room, so that the next tag or text may hand on what is full.
+    void Close() override { m_parcel->events.AddClose(); }
     // What has been told so far, also where the parse has ended early; null once the listener has gone.
     ParcelPtr Last() { return std::move(m_parcel); }
 

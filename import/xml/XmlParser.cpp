@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstring>
 #include <exception>
 #include <memory>
@@ -94,7 +95,7 @@ private:
     void Open(xmlParserCtxt * context, const xmlChar * name, const xmlChar * space, int count,
               const xmlChar ** attributes);
     Word NameOf(xmlParserCtxt * context, const xmlChar ** attribute);
-    void AddText(std::string_view text);
+    void AddText(std::string_view text, bool isBeforeTag);
     void EndText();
     [[nodiscard]] std::size_t LineOfOpening(const xmlParserInput & input) const;
     void MarkPlace(const xmlParserInput & input);
@@ -163,9 +164,37 @@ std::size_t LineOfTag(const xmlParserInput & input)
     return line;
 }
 
+// The highest bit of each of eight bytes that is more than a blank.
+std::uint64_t MoreThanBlanks(const char * bytes)
+{
+    constexpr std::uint64_t highest = 0x8080808080808080U;
+    constexpr std::uint64_t fromBlank = 0x5F5F5F5F5F5F5F5FU;
+    std::uint64_t eight = 0;
+    std::memcpy(&eight, bytes, sizeof(eight));
+    return (((eight & ~highest) + fromBlank) | eight) & highest;
+}
+
+// Eight bytes at a time, the last ones with some of those before them, since half of what the parser tells of is the
+// blanks in front of a tag.
 bool IsBlank(std::string_view text)
 {
-    return std::all_of(text.begin(), text.end(), [](char own) { return static_cast<unsigned char>(own) <= ' '; });
+    constexpr std::size_t step = sizeof(std::uint64_t);
+    if (text.size() < step) {
+        return std::all_of(text.begin(), text.end(), [](char own) { return static_cast<unsigned char>(own) <= ' '; });
+    }
+    const char * const last = text.data() + text.size() - step;
+    std::uint64_t more = MoreThanBlanks(last);
+    for (const char * bytes = text.data(); bytes < last && more == 0; bytes += step) {
+        more = MoreThanBlanks(bytes);
+    }
+    return more == 0;
+}
+
+// Whether the parser, which has told of all in front of a tag, stands before that tag.
+bool IsBeforeTag(const xmlParserInput & input, const xmlChar * end)
+{
+    // Behind the last byte that the parser has of the document stands a zero byte.
+    return input.cur == end && end[0] == '<' && end[1] != '\0' && end[1] != '!' && end[1] != '?';
 }
 
 // Up to the end of the room, or of the source: the parser takes less for the end where it looks for the encoding.
@@ -205,12 +234,11 @@ void Parse::Open(xmlParserCtxt * context, const xmlChar * name, const xmlChar * 
     // last byte.
     constexpr int pointers = 5;
     std::size_t made = 0;
-    m_attributes.clear();
-    for (int i = 0; i < count; ++i) {
-        const xmlChar ** const attribute = attributes + std::ptrdiff_t(pointers) * i;
-        const std::string_view value = Chars(attribute[3], attribute[4]);
-        made += value.size();
-        m_attributes.push_back({NameOf(context, attribute), value});
+    m_attributes.resize(static_cast<std::size_t>(count));
+    for (XmlAttribute & attribute : m_attributes) {
+        attribute = {NameOf(context, attributes), Chars(attributes[3], attributes[4])};
+        made += attribute.value.size();
+        attributes += pointers;
     }
     CountMade(context, made);
     const Word word = m_words.Of(reinterpret_cast<const char *>(name), space != m_space);
@@ -256,18 +284,22 @@ void Parse::EndElement(void * context, const xmlChar * /*name*/, const xmlChar *
 
 void Parse::Characters(void * context, const xmlChar * text, int length)
 {
+    auto * const parser = static_cast<xmlParserCtxt *>(context);
     Parse & self = Of(context);
     self.Guard([&] {
-        self.CountMade(static_cast<xmlParserCtxt *>(context), static_cast<std::size_t>(length));
-        self.AddText(Chars(text, text + length));
+        self.CountMade(parser, static_cast<std::size_t>(length));
+        self.AddText(Chars(text, text + length), IsBeforeTag(*parser->input, text + length));
     });
-    self.MarkPlace(*static_cast<xmlParserCtxt *>(context)->input);
+    self.MarkPlace(*parser->input);
 }
 
 // Blanks are kept apart until something else comes, since mostly nothing does.
-void Parse::AddText(std::string_view text)
+void Parse::AddText(std::string_view text, bool isBeforeTag)
 {
     if (m_text.empty() && IsBlank(text)) {
+        if (isBeforeTag) {
+            return;
+        }
         const std::size_t count = std::min(text.size(), m_blanks.size() - m_blankCount);
         std::copy_n(text.data(), count, m_blanks.data() + m_blankCount);
         m_blankCount += count;

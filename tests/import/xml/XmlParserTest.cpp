@@ -84,6 +84,35 @@ TEST(XmlParser, LeavesOutCommentsInstructionsAndBlanks)
               (Texts{"1 <a", ">"}));
 }
 
+TEST(XmlParser, TakesForTextWhatIsMoreThanBlanksWhereverItStands)
+{
+    const std::string blanks = "\t \n \t \n ";
+    for (std::size_t length = 1; length <= 40; ++length) {
+        std::string text;
+        while (text.size() < length) {
+            text += blanks[text.size() % blanks.size()];
+        }
+        EXPECT_EQ(EventsOf("<a>" + text + "</a>"), (Texts{"1 <a", ">"})) << length;
+        for (std::size_t place = 0; place < length; ++place) {
+            for (const std::string_view own : {"!", "~", "\u00A0", "\u4E2D"}) {
+                const std::string mixed = text.substr(0, place).append(own).append(text.substr(place + 1));
+                EXPECT_EQ(EventsOf("<a>" + mixed + "</a>"), (Texts{"1 <a", "'" + mixed, ">"})) << length;
+            }
+        }
+    }
+}
+
+TEST(XmlParser, KeepsBlanksOfATextThatACommentOrASectionParts)
+{
+    EXPECT_EQ(EventsOf("<a> <!-- c --> x</a>"), (Texts{"1 <a", "'  x", ">"}));
+    EXPECT_EQ(EventsOf("<a> <?pi?> x</a>"), (Texts{"1 <a", "'  x", ">"}));
+    EXPECT_EQ(EventsOf("<a> <![CDATA[ ]]> x </a>"), (Texts{"1 <a", "'   x ", ">"}));
+    EXPECT_EQ(EventsOf("<!DOCTYPE a [<!ENTITY e ' '><!ENTITY f ' x'>]><a> &e; &f; </a>"),
+              (Texts{"1 <a", "'    x ", ">"}));
+    EXPECT_EQ(EventsOf("<!DOCTYPE a [<!ENTITY e ' <b/> y'>]><a> x &e; </a>"),
+              (Texts{"1 <a", "' x  ", "1 <b", ">", "' y ", ">"}));
+}
+
 TEST(XmlParser, TellsSectionsAsText)
 {
     EXPECT_EQ(EventsOf("<a><![CDATA[<b> & ]]></a>"), (Texts{"1 <a", "'<b> & ", ">"}));
