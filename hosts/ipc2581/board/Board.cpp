@@ -101,7 +101,10 @@ Board::Board(BoardFile file, const Reading & reading, CProgressCtrl * progress)
 void Board::ReadByImport(CProgressCtrl * progress)
 {
     const std::string & step = m_reading.step;
-    Imported imported = ImportModel(m_file, step, progress);
+    ImportOptions options;
+    options.step = step;
+    options.inOneThread = m_reading.isBesideAnother;
+    Imported imported = ImportModel(m_file, std::move(options), progress);
     m_root = std::move(imported.board);
     m_report = std::move(imported.report);
     if (!step.empty() && Shown(Step().Name) != step) {

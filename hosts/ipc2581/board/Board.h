@@ -20,6 +20,9 @@ struct Reading {
     std::string step = {};
     // Whether whoever reads it takes any loss for a failure. Reading does not depend on it.
     bool isStrict = false;
+    // Whether another thread has as much to do at the same time, so that the import does with the one that it is called
+    // in. What is read does not depend on it.
+    bool isBesideAnother = false;
 };
 
 // A board that was read. The file is never changed.

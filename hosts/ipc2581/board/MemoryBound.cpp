@@ -39,4 +39,10 @@ std::uint64_t MemoryForABoard()
     return std::min({OfMachine(), OfContainer(), OfProcess()}) / 3;
 }
 
+std::launch ReadingAtOnce()
+{
+    constexpr std::uint64_t little = 1'000'000'000;
+    return MemoryForABoard() < little ? std::launch::deferred : std::launch::async;
+}
+
 }  // namespace ipc2581::host

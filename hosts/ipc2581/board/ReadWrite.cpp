@@ -6,10 +6,8 @@
 
 namespace ipc2581::host {
 
-Imported ImportModel(const BoardFile & file, const std::string & step, CProgressCtrl * progress)
+Imported ImportModel(const BoardFile & file, ImportOptions options, CProgressCtrl * progress)
 {
-    ImportOptions options;
-    options.step = step;
     options.memoryLimit = MemoryForABoard();
     if (progress != nullptr) {
         options.progress = [progress](double part) {

@@ -13,9 +13,9 @@ namespace ipc2581::host {
 // What is told of a document that nothing is read from.
 inline constexpr const char * NoSection = "contains no section of an IPC-2581 document";
 
-// Imports the file, within the bound of memory for a board. The progress may be null, and is not used after the call.
-// Throws Error for a file that cannot be read or is not whole, and for one without a section.
-Imported ImportModel(const BoardFile & file, const std::string & step, CProgressCtrl * progress);
+// Imports the file as the options say, within the bound of memory for a board. The progress may be null, and is not
+// used after the call. Throws Error for a file that cannot be read or is not whole, and for one without a section.
+Imported ImportModel(const BoardFile & file, ImportOptions options, CProgressCtrl * progress);
 
 // Reads the file into the root by the reader of the core, within the bound of memory for a board. False if a line has
 // stopped the read: the reader's file stays open behind that line. The progress may be null, and is not used after the

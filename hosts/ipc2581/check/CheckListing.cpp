@@ -1,11 +1,13 @@
 #include "hosts/ipc2581/check/CheckListing.h"
 
+#include <future>
 #include <memory>
 #include <optional>
 #include <set>
 
 #include "hosts/ipc2581/board/ImportWarnings.h"
 #include "hosts/ipc2581/board/Lengths.h"
+#include "hosts/ipc2581/board/MemoryBound.h"
 #include "hosts/ipc2581/board/ReadWrite.h"
 #include "hosts/ipc2581/check/ElementCounts.h"
 #include "hosts/ipc2581/check/ImportNotes.h"
@@ -23,15 +25,6 @@ XmlCounts CountWritten(CIPC2581_Parser & root)
     const ScratchFile file;
     WriteModel(file.Path(), "temporary file", root, nullptr);
     return CountXml(file.Path());
-}
-
-std::size_t Sum(const Findings & findings)
-{
-    std::size_t sum = 0;
-    for (const auto & [what, places] : findings.All()) {
-        sum += places.count;
-    }
-    return sum;
 }
 
 void List(const Findings & findings, Table & table)
@@ -71,40 +64,57 @@ void ListElements(const ElementCounts & file, const ElementCounts & taken, const
     }
 }
 
-// What the import makes of the file: what it tells of it, or why it does not take it.
-void ListImported(const BoardFile & file, std::size_t limit, Checked & checked)
+// What XML parsers make of the file.
+struct Parsed {
+    std::optional<Imported> imported;
+    std::string refused;  // why the import does not take it
+    XmlCounts counts;
+};
+
+Parsed ParsedOf(const BoardFile & file)
+{
+    Parsed parsed;
+    try {
+        ImportOptions options;
+        options.inOneThread = true;
+        parsed.imported = ImportModel(file, std::move(options), nullptr);
+    }
+    catch (const Error & error) {
+        parsed.refused = error.what();
+    }
+    parsed.counts = CountXml(file.PlainPath());
+    return parsed;
+}
+
+// What the import tells of the file, or why it does not take it.
+void ListImported(const Parsed & parsed, std::size_t limit, Checked & checked)
 {
     Values & sums = checked.listing.AddValues("import");
     Table & notes = checked.listing.AddTable("import notes", {{"what is not as it stands", "text"}, "count", "lines"});
     Table & facts = checked.listing.AddTable("no place", {"element", "attributes", "count", "lines"});
-    std::optional<Imported> imported;
-    Cell refused;
-    try {
-        imported = ImportModel(file, "", nullptr);
-    }
-    catch (const Error & error) {
-        refused = std::string(error.what());
-        checked.changesAListing = true;
-    }
+    const std::optional<Imported> & imported = parsed.imported;
     const auto count = [&](auto counted) { return imported.has_value() ? Cell(counted()) : Cell(); };
     sums.Add("facts without a place", count([&] { return imported->report.LostCount(); }));
     sums.Add("remarks of sets", count([&] { return imported->report.RemarkCount(); }));
     sums.Add("notes", count([&] { return imported->report.Notes().size(); }));
-    sums.Add("refused", refused);
-    if (imported.has_value()) {
-        ListImport(imported->report, limit, notes, facts);
-        checked.source.step = Shown(imported->board->m_Ecad.m_CadData.m_Step.Name);
-        checked.source.units = UnitsWord(imported->board->m_Ecad.m_CadHeader.units);
-        checked.source.warnings = WarningsOfImport(imported->report, false);
-        checked.changesAListing = ChangesAListing(imported->report, false);
-        checked.losses = LossesOf(imported->report, false);
+    sums.Add("refused", imported.has_value() ? Cell() : Cell(parsed.refused));
+    if (!imported.has_value()) {
+        checked.changesAListing = true;
+        return;
     }
+    ListImport(imported->report, limit, notes, facts);
+    checked.source.step = Shown(imported->board->m_Ecad.m_CadData.m_Step.Name);
+    checked.source.units = UnitsWord(imported->board->m_Ecad.m_CadHeader.units);
+    checked.source.warnings = WarningsOfImport(imported->report, false);
+    checked.changesAListing = ChangesAListing(imported->report, false);
+    checked.losses = LossesOf(imported->report, false);
 }
 
 }  // namespace
 
 Checked CheckListing(const BoardFile & file, std::size_t limit, CProgressCtrl * progress)
 {
+    auto parsing = std::async(ReadingAtOnce(), [&] { return ParsedOf(file); });
     auto root = std::make_unique<CIPC2581_Parser>();
     const LineFindings found = CheckLines(file, limit, *root, progress);
     if (!found.stops.All().empty()) {
@@ -113,25 +123,26 @@ Checked CheckListing(const BoardFile & file, std::size_t limit, CProgressCtrl * 
         CIPC2581_XmlLiteReader reader;
         ReadModel(file, reader, *root, progress);
     }
-    const XmlCounts inFile = CountXml(file.PlainPath());
     const XmlCounts written = CountWritten(*root);
+    const Parsed parsed = parsing.get();
+    const XmlCounts & inFile = parsed.counts;
 
     Checked checked;
     checked.source.file = file.Name();
     Listing & listing = checked.listing;
-    ListImported(file, limit, checked);
+    ListImported(parsed, limit, checked);
     Values & sums = listing.AddValues("check");
     sums.Add("lines", found.lines);
     sums.Add("well-formed XML", inFile.error.empty());
     sums.Add("XML error", ErrorIn(inFile));
     sums.Add("well-formed when written", written.error.empty());
     sums.Add("XML error when written", ErrorIn(written));
-    sums.Add("stops of the read", Sum(found.stops));
-    sums.Add("lines taken for others", Sum(found.swallows));
-    sums.Add("values read otherwise", Sum(found.readOtherwise));
-    sums.Add("elements passed over", Sum(found.elements));
-    sums.Add("attributes passed over", Sum(found.attributes));
-    sums.Add("attributes not written as read", Sum(found.notWritten));
+    sums.Add("stops of the read", found.stops.Sum());
+    sums.Add("lines taken for others", found.swallows.Sum());
+    sums.Add("values read otherwise", found.readOtherwise.Sum());
+    sums.Add("elements passed over", found.elements.Sum());
+    sums.Add("attributes passed over", found.attributes.Sum());
+    sums.Add("attributes not written as read", found.notWritten.Sum());
     List(found.stops, listing.AddTable("stops", {{"what stops the read", "text"}, "count", "lines"}));
     List(found.swallows,
          listing.AddTable("structure", {{"what is taken for something else", "text"}, "count", "lines"}));

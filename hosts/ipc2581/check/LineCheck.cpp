@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <numeric>
 #include <optional>
 #include <string_view>
 #include <system_error>
@@ -89,7 +90,7 @@ public:
             CloseLast();
         }
     }
-    [[nodiscard]] std::string Last() const { return m_names.empty() ? "" : m_names.back(); }
+    [[nodiscard]] std::string_view Last() const { return m_names.empty() ? "" : std::string_view(m_names.back()); }
 
 private:
     std::vector<std::string> m_names;
@@ -297,34 +298,37 @@ private:
     // Tells which tokens were taken for attributes of other names, and whether a value has stopped the read.
     void TellTaken()
     {
-        const std::string of = " of " + Str(m_taken->Name());
         for (const TakenAttribute & taken : m_attributes) {
             if (!taken.source.empty()) {
-                m_found.readOtherwise.Add({taken.source + " is taken for " + Str(taken.name) + of}, m_found.lines);
+                m_found.readOtherwise.Add({taken.source + " is taken for " + Str(taken.name) + OfTaken()},
+                                          m_found.lines);
             }
         }
         if (m_stop) {
             const std::string_view open = m_attributes.empty() ? "" : m_attributes.back().name;
-            m_found.stops.Add({"a value that is cut off at the end of its line: " + Str(open) + of}, m_found.lines);
+            m_found.stops.Add({"a value that is cut off at the end of its line: " + Str(open) + OfTaken()},
+                              m_found.lines);
         }
     }
+
+    [[nodiscard]] std::string OfTaken() const { return " of " + Str(m_taken->Name()); }
 
     void CheckAttributes(const Tag & tag)
     {
         for (const TagAttribute & attribute : tag.attributes) {
             const AttributeLoss * const loss = m_taken->Find(attribute.name);
             if (loss == nullptr) {
-                m_found.attributes.Add({Str(m_taken->Name()), Str(attribute.name)}, m_found.lines);
+                m_found.attributes.Add({m_taken->Name(), attribute.name}, m_found.lines);
                 continue;
             }
             CheckValue(*loss, attribute);
             if (!m_taken->IsLost() && loss->written != Written::Kept) {
-                m_found.notWritten.Add({Str(m_taken->Name()), Str(attribute.name), Fate(loss->written)}, m_found.lines);
+                m_found.notWritten.Add({m_taken->Name(), attribute.name, Fate(loss->written)}, m_found.lines);
             }
         }
     }
 
-    static std::string Fate(Written written)
+    static std::string_view Fate(Written written)
     {
         switch (written) {
         case Written::Changed:
@@ -348,9 +352,7 @@ private:
     {
         const std::string_view value = attribute.value;
         const auto tell = [&](const std::string & what) { m_found.readOtherwise.Add({what}, m_found.lines); };
-        const auto tellOf = [&](const char * what) {
-            tell(Str(loss.name) + " of " + Str(m_taken->Name()) + " " + what);
-        };
+        const auto tellOf = [&](const char * what) { tell(Str(loss.name) + OfTaken() + " " + what); };
         if (attribute.isSingleQuoted) {
             tellOf("in single quotes is not understood");
         }
@@ -415,7 +417,7 @@ private:
             TakeWrapper(*tag);
         }
         else {
-            m_found.elements.Add({Str(tag->name), m_open.Last()}, m_found.lines);
+            m_found.elements.Add({tag->name, m_open.Last()}, m_found.lines);
         }
     }
 
@@ -425,7 +427,7 @@ private:
         for (const TagAttribute & attribute : tag.attributes) {
             // The name spaces are written as the library knows them.
             if (!attribute.name.starts_with("xmlns")) {
-                m_found.attributes.Add({Str(tag.name), Str(attribute.name)}, m_found.lines);
+                m_found.attributes.Add({tag.name, attribute.name}, m_found.lines);
             }
         }
     }
@@ -501,22 +503,27 @@ private:
 
 }  // namespace
 
-void Findings::Add(std::vector<std::string> what, std::size_t line)
+void Findings::Add(std::initializer_list<std::string_view> what, std::size_t line)
 {
-    std::string key;
-    for (const std::string & part : what) {
-        key += part;
-        key += '\n';
+    m_key.clear();
+    for (const std::string_view part : what) {
+        m_key.append(part).append(1, '\n');
     }
-    const auto [entry, isNew] = m_index.try_emplace(std::move(key), m_all.size());
+    const auto [entry, isNew] = m_index.try_emplace(m_key, m_all.size());
     if (isNew) {
-        m_all.emplace_back(std::move(what), Places());
+        m_all.emplace_back(std::vector<std::string>(what.begin(), what.end()), Places());
     }
     Places & places = m_all[entry->second].second;
     ++places.count;
     if (places.lines.size() < m_limit) {
         places.lines.push_back(line);
     }
+}
+
+std::size_t Findings::Sum() const
+{
+    return std::accumulate(m_all.begin(), m_all.end(), std::size_t(0),
+                           [](std::size_t sum, const auto & found) { return sum + found.second.count; });
 }
 
 LineFindings CheckLines(const BoardFile & file, std::size_t limit, CIPC2581_Parser & root, CProgressCtrl * progress)

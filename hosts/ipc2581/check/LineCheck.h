@@ -2,8 +2,10 @@
 #define IPC2581_HOSTS_IPC2581_CHECK_LINECHECK_H
 
 #include <cstddef>
+#include <initializer_list>
 #include <map>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -25,13 +27,16 @@ class Findings {
 public:
     explicit Findings(std::size_t limit) : m_limit(limit) {}
 
-    void Add(std::vector<std::string> what, std::size_t line);
+    void Add(std::initializer_list<std::string_view> what, std::size_t line);
+    // How often anything was found.
+    [[nodiscard]] std::size_t Sum() const;
     [[nodiscard]] const std::vector<std::pair<std::vector<std::string>, Places>> & All() const { return m_all; }
 
 private:
     std::size_t m_limit;
     std::vector<std::pair<std::vector<std::string>, Places>> m_all;
     std::unordered_map<std::string, std::size_t> m_index;
+    std::string m_key;
 };
 
 // What the reader makes of each line of a file, and what of that is not written back.

@@ -10,13 +10,29 @@
 namespace ipc2581::host {
 namespace {
 
-constexpr std::string_view Blanks = " \t\r\n";
 constexpr std::size_t None = std::string_view::npos;
 
+bool IsBlank(char ch)
+{
+    return ch == ' ' || ch == '\t' || ch == '\r' || ch == '\n';
+}
+
+// Nearly every character of a file goes through these two, for which the searches of a text are too slow.
 std::size_t SkipBlanks(std::string_view line, std::size_t at)
 {
-    const std::size_t next = line.find_first_not_of(Blanks, at);
-    return next == None ? line.size() : next;
+    while (at < line.size() && IsBlank(line[at])) {
+        ++at;
+    }
+    return at;
+}
+// The end of a name that begins there. An equals sign is part of the name of an element.
+std::size_t EndOfName(std::string_view line, std::size_t at, bool isOfAttribute)
+{
+    while (at < line.size() && !IsBlank(line[at]) && line[at] != '/' && line[at] != '>' &&
+           !(isOfAttribute && line[at] == '=')) {
+        ++at;
+    }
+    return at;
 }
 
 }  // namespace
@@ -90,8 +106,7 @@ std::size_t LineTags::Begin(std::string_view line, std::size_t at)
         tag.isClosing = true;
         ++at;
     }
-    std::size_t end = line.find_first_of(" \t\r\n/>", at);
-    end = end == None ? line.size() : end;
+    const std::size_t end = EndOfName(line, at, false);
     tag.name = line.substr(at, end - at);
     m_state = State::Tag;
     at = FinishTag(line, end, &tag);
@@ -129,8 +144,7 @@ std::size_t LineTags::FinishTag(std::string_view line, std::size_t at, Tag * tag
             continue;
         }
         TagAttribute attribute;
-        std::size_t end = line.find_first_of("= \t\r\n/>", at);
-        end = end == None ? line.size() : end;
+        std::size_t end = EndOfName(line, at, true);
         attribute.name = line.substr(at, end - at);
         at = SkipBlanks(line, end);
         if (at < line.size() && line[at] == '=') {

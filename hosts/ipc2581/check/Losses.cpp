@@ -15,15 +15,6 @@ void Add(std::string & losses, std::size_t count, const char * one, const char *
     }
 }
 
-std::size_t Sum(const Findings & findings)
-{
-    std::size_t sum = 0;
-    for (const auto & [what, places] : findings.All()) {
-        sum += places.count;
-    }
-    return sum;
-}
-
 // Nets that are made of what the sets and pads say are all there.
 std::size_t CountNotes(const ImportReport & report, bool isStepChosen)
 {
@@ -38,10 +29,10 @@ std::string LossesOfExactRead(const BoardFile & file)
     CIPC2581_Parser root;
     const LineFindings found = CheckLines(file, 0, root, nullptr);
     std::string losses;
-    Add(losses, Sum(found.swallows), " line taken for another", " lines taken for others");
-    Add(losses, Sum(found.readOtherwise), " value read otherwise", " values read otherwise");
-    Add(losses, Sum(found.elements), " element passed over", " elements passed over");
-    Add(losses, Sum(found.attributes), " attribute passed over", " attributes passed over");
+    Add(losses, found.swallows.Sum(), " line taken for another", " lines taken for others");
+    Add(losses, found.readOtherwise.Sum(), " value read otherwise", " values read otherwise");
+    Add(losses, found.elements.Sum(), " element passed over", " elements passed over");
+    Add(losses, found.attributes.Sum(), " attribute passed over", " attributes passed over");
     return losses;
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <future>
 #include <iostream>
 #include <map>
 #include <memory>
@@ -10,6 +11,7 @@
 #include <vector>
 
 #include "hosts/ipc2581/board/ImportWarnings.h"
+#include "hosts/ipc2581/board/MemoryBound.h"
 #include "hosts/ipc2581/check/Losses.h"
 #include "hosts/ipc2581/commands/ExitStatus.h"
 #include "hosts/ipc2581/files/Pack.h"
@@ -74,6 +76,19 @@ Board OpenBoard(const std::string & path, const Reading & reading)
     BoardFile file = OpenBoardFile(path);
     Progress progress("Reading " + file.Name());
     return Board(std::move(file), reading, &progress);
+}
+
+TwoBoards OpenTwoBoards(const std::string & before, const std::string & after, Reading reading)
+{
+    // The reader of the core has its messages in one place for the whole program.
+    reading.isBesideAnother = !reading.isExact;
+    BoardFile oldFile = OpenBoardFile(before);
+    BoardFile newFile = OpenBoardFile(after);
+    Progress progress("Reading " + oldFile.Name() + " and " + newFile.Name());
+    const std::launch when = reading.isBesideAnother ? ReadingAtOnce() : std::launch::deferred;
+    auto read = std::async(when, [&] { return std::make_unique<Board>(std::move(newFile), reading); });
+    auto board = std::make_unique<Board>(std::move(oldFile), reading, &progress);
+    return {std::move(board), read.get()};
 }
 
 void AddListingOptions(CLI::App & command, ListingOptions & options)

@@ -32,6 +32,13 @@ BoardFile OpenBoardFile(const std::string & board);
 // Reads a board, with a progress bar on a terminal. Throws Error.
 Board OpenBoard(const std::string & path, const Reading & reading);
 
+struct TwoBoards {
+    std::unique_ptr<Board> before;
+    std::unique_ptr<Board> after;
+};
+// Reads two boards, at the same time where the reader allows it. Of two that cannot be read it tells of the first.
+TwoBoards OpenTwoBoards(const std::string & before, const std::string & after, Reading reading);
+
 // The options of all listings.
 struct ListingOptions {
     Format format = Format::Table;

@@ -37,8 +37,9 @@ bool Diff(const Options & options)
     if (IsStandardInput(options.before) && IsStandardInput(options.after)) {
         throw Error("standard input", "is there to be read once; give one of the boards as a file");
     }
-    Board before = OpenBoard(options.before, options.reading);
-    Board after = OpenBoard(options.after, options.reading);
+    const TwoBoards boards = OpenTwoBoards(options.before, options.after, options.reading);
+    Board & before = *boards.before;
+    Board & after = *boards.after;
     const Lengths lengths(before, options.unit);
     const Lengths otherLengths(after, options.unit);
     const Differences differences = DifferencesOf({before, lengths}, {after, otherLengths}, options.diff);

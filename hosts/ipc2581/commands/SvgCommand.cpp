@@ -207,10 +207,10 @@ void WritePicture(const Options & options, const Picture & picture)
 
 // Documents reach beyond the frame that suits the board.
 void TellCutLayers(const std::set<std::string> & chosen, const std::string & board, const Drawing & drawing,
-                   const SvgFrame & frame)
+                   const std::vector<std::size_t> & layersBeyond)
 {
     std::string cut;
-    for (const std::size_t layer : LayersBeyond(drawing, frame)) {
+    for (const std::size_t layer : layersBeyond) {
         const std::string & name = drawing.layers[layer].name;
         if (chosen.empty() || chosen.contains(name)) {
             cut.append(cut.empty() ? "" : ", ").append(name);
@@ -228,7 +228,8 @@ void Svg(const Options & options)
     Board board = OpenBoard(options.board, options.reading);
     const Drawing drawing = DrawingOf(board);
     const std::set<std::string> chosen = ChosenLayers(options, board.File().Name(), drawing);
-    const SvgFrame frame = FrameOf(drawing, options.hasWholeFrame);
+    const std::vector<Extents> layerBoxes = BoxesOfLayers(drawing);
+    const SvgFrame frame = FrameOf(drawing, layerBoxes, options.hasWholeFrame);
     const std::vector<Picture> pictures = PicturesOf(options, chosen, drawing, frame);
     MakeFolder(options.folder);
     for (const Picture & picture : pictures) {
@@ -241,7 +242,7 @@ void Svg(const Options & options)
     if (board.Report() == nullptr) {
         Warn(board, PictureLosses(board));
     }
-    TellCutLayers(chosen, board.File().Name(), drawing, frame);
+    TellCutLayers(chosen, board.File().Name(), drawing, LayersBeyond(layerBoxes, frame));
     WarnOfImport(board);
     EndWhereLost({&board});
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <future>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -338,7 +339,21 @@ double SizeOf(const Extents & box)
 
 }  // namespace
 
-SvgFrame FrameOf(const Drawing & drawing, bool hasAll)
+std::vector<Extents> BoxesOfLayers(const Drawing & drawing)
+{
+    std::vector<Extents> boxes(drawing.layers.size());
+    const auto measureEachOther = [&](std::size_t first) {
+        for (std::size_t i = first; i < boxes.size(); i += 2) {
+            boxes[i] = BoxOfLayer(drawing, drawing.layers[i]);
+        }
+    };
+    auto others = std::async(std::launch::async, measureEachOther, std::size_t(1));
+    measureEachOther(0);
+    others.get();
+    return boxes;
+}
+
+SvgFrame FrameOf(const Drawing & drawing, const std::vector<Extents> & layerBoxes, bool hasAll)
 {
     Extents box = Measured(drawing, [&](SvgWriter & writer) { DrawProfile(drawing, Laminate, writer); });
     const Extents board = box;
@@ -350,9 +365,9 @@ SvgFrame FrameOf(const Drawing & drawing, bool hasAll)
                 DrawPart(drawing, part, writer);
             }
         }));
-    for (const DrawnLayer & layer : drawing.layers) {
-        if (hasAll || board.IsEmpty() || !IsForPeople(layer)) {
-            Add(box, BoxOfLayer(drawing, layer));
+    for (std::size_t i = 0; i < layerBoxes.size(); ++i) {
+        if (hasAll || board.IsEmpty() || !IsForPeople(drawing.layers[i])) {
+            Add(box, layerBoxes[i]);
         }
     }
     if (box.IsEmpty()) {
@@ -367,11 +382,11 @@ SvgFrame FrameOf(const Drawing & drawing, bool hasAll)
     return {drawing.unit, drawing.decimals, page, size > 0 ? size : 1.0};
 }
 
-std::vector<std::size_t> LayersBeyond(const Drawing & drawing, const SvgFrame & frame)
+std::vector<std::size_t> LayersBeyond(const std::vector<Extents> & layerBoxes, const SvgFrame & frame)
 {
     std::vector<std::size_t> beyond;
-    for (std::size_t i = 0; i < drawing.layers.size(); ++i) {
-        const Extents box = BoxOfLayer(drawing, drawing.layers[i]);
+    for (std::size_t i = 0; i < layerBoxes.size(); ++i) {
+        const Extents & box = layerBoxes[i];
         if (!box.IsEmpty() && (box.MinX() < frame.box.MinX() || box.MinY() < frame.box.MinY() ||
                                box.MaxX() > frame.box.MaxX() || box.MaxY() > frame.box.MaxY())) {
             beyond.push_back(i);

@@ -12,9 +12,11 @@ namespace ipc2581::host {
 
 // One frame for all pictures of the drawing: round the board, its parts and the layers that it is made of. Layers that
 // only document it, such as a sheet of notes round a small board, are within it if all of them are asked for.
-SvgFrame FrameOf(const Drawing & drawing, bool hasAll);
+SvgFrame FrameOf(const Drawing & drawing, const std::vector<Extents> & layerBoxes, bool hasAll);
+// The box round what each layer draws, in the order of the layers.
+std::vector<Extents> BoxesOfLayers(const Drawing & drawing);
 // The places of layers that reach beyond the frame.
-std::vector<std::size_t> LayersBeyond(const Drawing & drawing, const SvgFrame & frame);
+std::vector<std::size_t> LayersBeyond(const std::vector<Extents> & layerBoxes, const SvgFrame & frame);
 
 // A layer, by its place among the layers, as it is seen through the board from above.
 void WriteLayerPicture(std::ostream & out, const Drawing & drawing, const SvgFrame & frame, std::size_t layer);
