@@ -4,8 +4,9 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
+#include <cstdlib>
 #include <numbers>
-#include <string_view>
 
 namespace ipc2581::host {
 namespace {
@@ -29,28 +30,40 @@ double TurnOf(double from, double to, bool isClockwise)
     return turn > 0 ? turn : turn + 2 * std::numbers::pi;
 }
 
+// With zeros in front, up to so many digits.
+void AppendDigits(std::string & text, std::int64_t number, std::size_t least)
+{
+    std::array<char, 20> digits;
+    const char * const end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    const auto count = static_cast<std::size_t>(end - digits.data());
+    text.append(least > count ? least - count : 0, '0').append(digits.data(), count);
+}
+
 }  // namespace
 
 void AppendNumber(std::string & text, double number, int decimals)
 {
-    std::array<char, 32> digits;
-    const auto [end, error] =
-        std::to_chars(digits.data(), digits.data() + digits.size(), Tame(number), std::chars_format::fixed, decimals);
-    std::string_view shown(digits.data(), static_cast<std::size_t>(end - digits.data()));
-    if (shown.find('.') != std::string_view::npos) {
-        shown.remove_suffix(shown.size() - 1 - shown.find_last_not_of('0'));
-        shown.remove_suffix(shown.ends_with('.') ? 1 : 0);
-    }
-    const bool isNegative = shown.starts_with('-');
-    shown.remove_prefix(isNegative ? 1 : 0);
-    if (isNegative && shown != "0") {
+    // As a whole number of units of the last decimal, since a picture has more numbers than anything else.
+    constexpr std::array<std::int64_t, 10> units = {1,       10,        100,        1'000,       10'000,
+                                                    100'000, 1'000'000, 10'000'000, 100'000'000, 1'000'000'000};
+    const auto places = static_cast<std::size_t>(std::clamp(decimals, 0, static_cast<int>(units.size()) - 1));
+    const std::int64_t unit = units[places];
+    const std::int64_t shown = std::llround(Tame(number) * static_cast<double>(unit));
+    if (shown < 0) {
         text += '-';
     }
     else if (!text.empty() && text.back() >= '0' && text.back() <= '9') {
         text += ' ';
     }
-    shown.remove_prefix(shown.starts_with("0.") ? 1 : 0);
-    text += shown;
+    const std::int64_t size = std::abs(shown);
+    if (size >= unit || size == 0) {
+        AppendDigits(text, size / unit, 1);
+    }
+    if (size % unit != 0) {
+        text += '.';
+        AppendDigits(text, size % unit, places);
+        text.resize(text.find_last_not_of('0') + 1);
+    }
 }
 
 std::string SvgNumber(double number, int decimals)
