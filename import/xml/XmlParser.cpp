@@ -100,6 +100,7 @@ private:
     [[nodiscard]] std::size_t LineOfOpening(const xmlParserInput & input) const;
     void MarkPlace(const xmlParserInput & input);
     void CountMade(xmlParserCtxt * context, std::size_t bytes);
+    [[nodiscard]] bool IsCutAt(const xmlParserInput & input, int fault) const;
     void CheckEnd(xmlParserCtxt * context);
 
     ByteSource & m_source;
@@ -116,6 +117,7 @@ private:
     int m_line = 0;
     // What has been read, and what the parser has made of it.
     std::size_t m_read = 0;
+    bool m_hasEnded = false;
     std::size_t m_made = 0;
     // The text since the last tag, and the blanks in front of it, of which more than these are none of it.
     std::string m_text;
@@ -209,6 +211,7 @@ int Parse::Read(void * parse, char * buffer, int length)
         }
     });
     const std::size_t read = static_cast<std::size_t>(length) - room.size();
+    self.m_hasEnded = !room.empty();
     self.m_read += read;
     return self.IsOver() ? 0 : static_cast<int>(read);
 }
@@ -362,8 +365,20 @@ void Parse::TakeError(void * context, xmlErrorPtr error)
     }
     std::string cause = error->message == nullptr ? "not well-formed" : error->message;
     cause.erase(cause.find_last_not_of(" \n") + 1);
+    const xmlParserInput * const input = static_cast<xmlParserCtxt *>(context)->input;
+    if (input != nullptr && self.IsCutAt(*input, error->code)) {
+        cause = "the file ends here and is not whole: " + cause;
+    }
     self.m_fault = std::make_unique<XmlFault>(cause, static_cast<std::size_t>(std::max(0, error->line)),
                                               static_cast<std::size_t>(std::max(0, error->int2)));
+}
+
+// What the parser misses at the end of a file it tells of in many ways, sometimes a character or two ahead. Two tags
+// that do not belong together, something behind the root and no root at all are other faults there.
+bool Parse::IsCutAt(const xmlParserInput & input, int fault) const
+{
+    return m_hasEnded && input.end - input.cur <= 2 && fault != XML_ERR_TAG_NAME_MISMATCH &&
+           fault != XML_ERR_DOCUMENT_END && fault != XML_ERR_DOCUMENT_EMPTY;
 }
 
 // The parser takes a zero byte for the end of the document.

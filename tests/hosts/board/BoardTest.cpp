@@ -360,7 +360,8 @@ TEST(Board, ThatIsNotWholeIsToldByEveryCommand)
                                                             {"convert", board, folder.Path("out.cvg")},
                                                             {"svg", board, "-o", folder.Path("out")}};
     for (std::vector<std::string> command : commands) {
-        EXPECT_EQ(RunProgram(command), Failure(board + ":9: Premature end of data in tag Step line 8"))
+        EXPECT_EQ(RunProgram(command),
+                  Failure(board + ":9: the file ends here and is not whole: Premature end of data in tag Step line 8"))
             << command.front();
         command.emplace_back("--exact");
         EXPECT_EQ(RunProgram(command), Failure(board + ":8: the file ends without </IPC-2581>, so it is not whole"))

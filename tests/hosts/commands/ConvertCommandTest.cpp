@@ -172,7 +172,7 @@ TEST(Convert, LeavesAGoodFileWhereTheBoardStopsTheRead)
               Failure(board + ":9: a line of blanks stops the read"));
     const std::string cut = folder.Save("cut.cvg", "<IPC-2581>\n<Ecad>\n");
     EXPECT_EQ(RunProgram({"convert", cut, out, "--force"}),
-              Failure(cut + ":3: Premature end of data in tag Ecad line 2"));
+              Failure(cut + ":3: the file ends here and is not whole: Premature end of data in tag Ecad line 2"));
     EXPECT_EQ(Bytes(out), "good");
 }
 

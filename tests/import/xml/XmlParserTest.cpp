@@ -161,6 +161,25 @@ TEST(XmlParser, SaysWhereADocumentIsBroken)
     EXPECT_STRNE(fault.what(), "");
 }
 
+TEST(XmlParser, SaysThatADocumentIsNotWholeWhereverItIsCut)
+{
+    const std::string_view whole = "<?xml version='1.0'?><a b='1' c=\"2\"> <d/> text <e>f</e> <!-- g --> </a>";
+    for (std::size_t length = whole.find("<a") + 1; length < whole.size(); ++length) {
+        EXPECT_TRUE(std::string_view(FaultOf(whole.substr(0, length)).what())
+                        .starts_with("the file ends here and is not whole: "))
+            << length << ": " << FaultOf(whole.substr(0, length)).what();
+    }
+}
+
+TEST(XmlParser, SaysOfNoOtherFaultThatTheDocumentIsNotWhole)
+{
+    for (const std::string_view text :
+         {"", "<a><b></a>", "<a><b></a>\n", "<a/>b", "<a/><b/>", "<a/>\n<", "<a b></a>", "<a>&b;</a>", "a", "abc"}) {
+        EXPECT_FALSE(std::string_view(FaultOf(text).what()).starts_with("the file ends"))
+            << text << ": " << FaultOf(text).what();
+    }
+}
+
 TEST(XmlParser, TellsWhatStandsInFrontOfAFault)
 {
     WordTable words;
