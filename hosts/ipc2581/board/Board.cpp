@@ -5,6 +5,7 @@
 #include <iterator>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "hosts/ipc2581/board/ReadWrite.h"
 #include "hosts/ipc2581/files/Error.h"
@@ -96,6 +97,14 @@ Board::Board(BoardFile file, const Reading & reading, CProgressCtrl * progress)
     : m_file(std::move(file)), m_reading(reading)
 {
     reading.isExact ? ReadExactly(progress) : ReadByImport(progress);
+}
+
+void Board::LeaveToProcess()
+{
+    using Left = std::pair<std::unique_ptr<CIPC2581_Parser>, std::optional<ImportReport>>;
+    // Reached for ever, so that it is no leak.
+    static auto & allLeft = *new std::vector<Left>;
+    allLeft.emplace_back(std::move(m_root), std::move(m_report));
 }
 
 void Board::ReadByImport(CProgressCtrl * progress)

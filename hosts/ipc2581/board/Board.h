@@ -44,6 +44,10 @@ public:
     CIPC2581_Ecad_CadData & CadData() { return m_root->m_Ecad.m_CadData; }
     CIPC2581_Ecad_CadData_Step & Step() { return m_root->m_Ecad.m_CadData.m_Step; }
 
+    // Leaves the model and the report to the end of the process, which has done with them sooner than it takes to take
+    // them apart. Nothing of this board but its file is used any more.
+    void LeaveToProcess();
+
 private:
     void ReadExactly(CProgressCtrl * progress);
     void ReadByImport(CProgressCtrl * progress);

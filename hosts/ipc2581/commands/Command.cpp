@@ -32,6 +32,14 @@ std::string Asked(const std::string & name)
     return name == StandardInput ? "-" : name;
 }
 
+template <typename Opened>
+Opened Read(const std::string & path, const Reading & reading)
+{
+    BoardFile file = OpenBoardFile(path);
+    Progress progress("Reading " + file.Name());
+    return Opened(std::move(file), reading, &progress);
+}
+
 }  // namespace
 
 CLI::App & AddCommand(CLI::App & program, const std::string & name, const std::string & description,
@@ -71,11 +79,14 @@ BoardFile OpenBoardFile(const std::string & board)
     return board == "-" ? BoardFile(StandardInput, stdin) : BoardFile(board);
 }
 
-Board OpenBoard(const std::string & path, const Reading & reading)
+Board ReadBoard(const std::string & path, const Reading & reading)
 {
-    BoardFile file = OpenBoardFile(path);
-    Progress progress("Reading " + file.Name());
-    return Board(std::move(file), reading, &progress);
+    return Read<Board>(path, reading);
+}
+
+LastBoard OpenBoard(const std::string & path, const Reading & reading)
+{
+    return Read<LastBoard>(path, reading);
 }
 
 TwoBoards OpenTwoBoards(const std::string & before, const std::string & after, Reading reading)
@@ -86,8 +97,8 @@ TwoBoards OpenTwoBoards(const std::string & before, const std::string & after, R
     BoardFile newFile = OpenBoardFile(after);
     Progress progress("Reading " + oldFile.Name() + " and " + newFile.Name());
     const std::launch when = reading.isBesideAnother ? ReadingAtOnce() : std::launch::deferred;
-    auto read = std::async(when, [&] { return std::make_unique<Board>(std::move(newFile), reading); });
-    auto board = std::make_unique<Board>(std::move(oldFile), reading, &progress);
+    auto read = std::async(when, [&] { return std::make_unique<LastBoard>(std::move(newFile), reading); });
+    auto board = std::make_unique<LastBoard>(std::move(oldFile), reading, &progress);
     return {std::move(board), read.get()};
 }
 
@@ -151,7 +162,7 @@ void AddUnits(CLI::App & command, std::string & unit)
 
 void PrintTable(const SortedListing & options, const TableMaker & make, const std::vector<Listed> & listed)
 {
-    Board board = OpenBoard(options.board, options.reading);
+    LastBoard board = OpenBoard(options.board, options.reading);
     const Lengths lengths(board, options.unit);
     const std::string losses = LacksOf(board, listed);
     Print(make(board, lengths), options.listing, {options.board}, SourceOf(board, lengths, losses));

@@ -30,11 +30,21 @@ void AddReading(CLI::App & command, Reading & reading);
 // The file of an argument BOARD, where "-" is the standard input. Throws Error.
 BoardFile OpenBoardFile(const std::string & board);
 // Reads a board, with a progress bar on a terminal. Throws Error.
-Board OpenBoard(const std::string & path, const Reading & reading);
+Board ReadBoard(const std::string & path, const Reading & reading);
+
+// A board whose command is the last thing that the program does.
+class LastBoard : public Board {
+public:
+    using Board::Board;
+    LastBoard(const LastBoard &) = delete;
+    LastBoard & operator=(const LastBoard &) = delete;
+    ~LastBoard() { LeaveToProcess(); }
+};
+LastBoard OpenBoard(const std::string & path, const Reading & reading);
 
 struct TwoBoards {
-    std::unique_ptr<Board> before;
-    std::unique_ptr<Board> after;
+    std::unique_ptr<LastBoard> before;
+    std::unique_ptr<LastBoard> after;
 };
 // Reads two boards, at the same time where the reader allows it. Of two that cannot be read it tells of the first.
 TwoBoards OpenTwoBoards(const std::string & before, const std::string & after, Reading reading);

@@ -86,7 +86,7 @@ void WriteStream(const Options & options, CIPC2581_Parser & root)
 void Convert(const Options & options)
 {
     RefuseOutput(options.output, {options.board}, options.existing);
-    Board board = OpenBoard(options.board, options.reading);
+    LastBoard board = OpenBoard(options.board, options.reading);
     if (board.Report() != nullptr) {
         PrepareForWriting(board.Root());
     }

@@ -21,7 +21,7 @@ struct Options {
 
 void Info(const Options & options)
 {
-    Board board = OpenBoard(options.board, options.reading);
+    LastBoard board = OpenBoard(options.board, options.reading);
     const Lengths lengths(board, options.unit);
     const std::string losses = LacksOf(board, Counted, Absence::Untold);
     Print(InfoListing(board, lengths, options.isAll), options.listing, {options.board},

@@ -79,7 +79,7 @@ void Report(const Options & options)
 {
     const std::string reportPath = options.output.empty() ? ReportPath(options.board) : options.output;
     RefuseOutput(reportPath, {options.board}, options.existing);
-    Board board = OpenBoard(options.board, options.reading);
+    LastBoard board = OpenBoard(options.board, options.reading);
     Output output(reportPath, {options.board}, options.existing);
     output.Stream() << ReportText(reportPath, board.Root());
     output.Finish();

@@ -41,7 +41,7 @@ enum class Outcome { Whole, Lost, NotRead };
 Outcome PutBoard(const std::string & path, const Reading & reading, BoardDatabase & database)
 {
     try {
-        Board board = OpenBoard(path, reading);
+        Board board = ReadBoard(path, reading);
         database.Put(board);
         WarnOfImport(board);
         const std::string losses = reading.isStrict ? LossesOf(board) : "";

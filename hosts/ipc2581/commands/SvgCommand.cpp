@@ -225,7 +225,7 @@ void TellCutLayers(const std::set<std::string> & chosen, const std::string & boa
 
 void Svg(const Options & options)
 {
-    Board board = OpenBoard(options.board, options.reading);
+    LastBoard board = OpenBoard(options.board, options.reading);
     const Drawing drawing = DrawingOf(board);
     const std::set<std::string> chosen = ChosenLayers(options, board.File().Name(), drawing);
     const std::vector<Extents> layerBoxes = BoxesOfLayers(drawing);
