@@ -108,7 +108,7 @@ public:
     }
     friend auto operator<=>(const CString & left, const CString & right)
     {
-        return std::string_view(left) <=> std::string_view(right);
+        return std::string_view(left).compare(std::string_view(right)) <=> 0;
     }
     friend auto operator<=>(const CString & left, const char * right) { return left <=> CString(right); }
     friend std::ostream & operator<<(std::ostream & out, const CString & text) { return out << std::string_view(text); }

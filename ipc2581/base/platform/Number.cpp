@@ -8,7 +8,8 @@
 #include <cmath>
 #include <cstdint>
 #include <cstring>
-#include <limits>
+
+#include "ipc2581/base/platform/GeneralNumber.h"
 
 namespace ipc2581::detail {
 namespace {
@@ -116,61 +117,6 @@ bool ParseShortDecimal(const char * at, const char * end, double & value)
     const std::uint64_t digits = whole * PowersOfTen[static_cast<std::size_t>(count)] + ((even + odd) >> 32);
     value = static_cast<double>(digits) / ExactPowersOfTen[static_cast<std::size_t>(count)];
     return true;
-}
-
-bool IsHexDigit(char ch)
-{
-    return IsDigit(ch) || (ch >= 'a' && ch <= 'f') || (ch >= 'A' && ch <= 'F');
-}
-
-// from_chars tells overflow and underflow alike: the weight of the leading digit tells them apart. The digits
-// and the exponent stand between at and end as from_chars has accepted them.
-bool IsTooLarge(std::string_view number, std::string_view exponentLetters, int exponentPerDigit)
-{
-    const std::size_t exponentAt = number.find_first_of(exponentLetters);
-    const std::string_view digits = number.substr(0, exponentAt);
-    const std::size_t pointAt = std::min(digits.find('.'), digits.size());
-    const std::size_t leadingAt = digits.find_first_not_of("0.");
-    const std::int64_t weight = static_cast<std::int64_t>(pointAt) - static_cast<std::int64_t>(leadingAt);
-    const int exponent = exponentAt == std::string_view::npos ? 0 : ParseInteger(number.substr(exponentAt + 1));
-    return weight * exponentPerDigit + exponent > 0;
-}
-
-double LimitOf(bool isTooLarge)
-{
-    return isTooLarge ? std::numeric_limits<double>::infinity() : 0.0;
-}
-
-double ParseHex(const char * at, const char * end)
-{
-    const char * const digit = at != end && *at == '.' ? at + 1 : at;
-    if (digit == end || !IsHexDigit(*digit)) {
-        return 0.0;
-    }
-    // from_chars would take a "p+-5" for an exponent.
-    const std::size_t twoSigns = std::string_view(at, end).find("+-");
-    const char * const numberEnd = twoSigns == std::string_view::npos ? end : at + twoSigns;
-    double value = 0.0;
-    const auto [rest, error] = std::from_chars(at, numberEnd, value, std::chars_format::hex);
-    return error == std::errc::result_out_of_range ? LimitOf(IsTooLarge({at, rest}, "pP", 4)) : value;
-}
-
-// What is no plain decimal: exponents, many digits, hexadecimal digits, "inf" and "nan". False if there is no
-// number at all.
-bool ParseGeneral(const char * at, const char * end, double & value)
-{
-    if (end - at > 2 && at[0] == '0' && (at[1] == 'x' || at[1] == 'X')) {
-        value = ParseHex(at + 2, end);
-        return true;
-    }
-    if (at == end || *at == '-') {
-        return false;
-    }
-    const auto [rest, error] = std::from_chars(at, end, value);
-    if (error == std::errc::result_out_of_range) {
-        value = LimitOf(IsTooLarge({at, rest}, "eE", 1));
-    }
-    return error != std::errc::invalid_argument;
 }
 
 // fraction * 10^6 / 2^bits, rounded half to even. The fraction has at most 53 bits, so that the product does not
@@ -297,6 +243,11 @@ char * WriteFixed(char * out, double value)
     constexpr std::uint64_t hiddenBit = std::uint64_t(1) << mantissaBits;
     constexpr std::uint64_t million = 1'000'000;
     const std::uint64_t bits = std::bit_cast<std::uint64_t>(value);
+    if (std::isnan(value)) {
+        // Some standard libraries tell more of it than printf does.
+        const std::string_view text = (bits >> 63) != 0 ? "-nan" : "nan";
+        return out + text.copy(out, text.size());
+    }
     if (!std::isfinite(value) || std::fabs(value) >= static_cast<double>(hiddenBit)) {
         return std::to_chars(out, out + FixedLength, value, std::chars_format::fixed, 6).ptr;
     }

@@ -1,8 +1,10 @@
 #include "tests/import/facts/Values.h"
 
-#include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <locale>
+#include <sstream>
+#include <string>
 
 namespace ipc2581::facts {
 namespace {
@@ -26,8 +28,16 @@ double NumberOf(std::string_view text)
     if (digits.starts_with('+')) {
         digits.remove_prefix(1);
     }
+    // Not every standard library has a from_chars for it.
+    thread_local std::istringstream stream = [] {
+        std::istringstream made;
+        made.imbue(std::locale::classic());
+        return made;
+    }();
+    stream.clear();
+    stream.str(std::string(digits));
     double number = 0.0;
-    std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    stream >> number;
     return number;
 }
 
