@@ -101,7 +101,7 @@ Board::Board(BoardFile file, const Reading & reading, CProgressCtrl * progress)
 void Board::ReadByImport(CProgressCtrl * progress)
 {
     const std::string & step = m_reading.step;
-    Imported imported = ImportModel(m_file, step, progress);
+    Imported imported = ImportModel(m_file, step, progress, m_reading.memoryLimit);
     m_root = std::move(imported.board);
     m_report = std::move(imported.report);
     if (!step.empty() && Shown(Step().Name) != step) {
@@ -113,7 +113,7 @@ void Board::ReadExactly(CProgressCtrl * progress)
 {
     m_root = std::make_unique<CIPC2581_Parser>();
     CIPC2581_XmlLiteReader reader;
-    if (!ReadModel(m_file, reader, *m_root, progress)) {
+    if (!ReadModel(m_file, reader, *m_root, progress, m_reading.memoryLimit)) {
         throw StopError(m_file, reader.m_File);
     }
     if (reader.m_arrSectionLog.IsEmpty()) {

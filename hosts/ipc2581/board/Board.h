@@ -1,6 +1,7 @@
 #ifndef IPC2581_HOSTS_IPC2581_BOARD_BOARD_H
 #define IPC2581_HOSTS_IPC2581_BOARD_BOARD_H
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -20,6 +21,8 @@ struct Reading {
     std::string step = {};
     // Whether whoever reads it takes any loss for a failure. Reading does not depend on it.
     bool isStrict = false;
+    // How many bytes the model may take; 0 for the bound of memory for a board.
+    std::uint64_t memoryLimit = 0;
 };
 
 // A board that was read. The file is never changed.
