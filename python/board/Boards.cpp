@@ -34,15 +34,28 @@ const ImportReport & ReportOf(const BoardStore & board)
     return *board.Own().Report();
 }
 
-void PutIntoDatabase(const BoardStore & board, const py::object & path)
+// Makes a database of boards, or opens the one that is there, and does the work with it.
+template <typename Work>
+void WithDatabase(const py::object & path, Work work)
 {
     const auto name = py::module_::import("os").attr("fsencode")(path).cast<std::string>();
     try {
-        host::BoardDatabase(name).Put(board.Own());
+        host::BoardDatabase database(name);
+        work(database);
     }
     catch (const host::Error & error) {
         RaiseWrite(error.File(), error.Cause());
     }
+}
+
+void PutIntoDatabase(const BoardStore & board, const py::object & path)
+{
+    WithDatabase(path, [&](host::BoardDatabase & database) { database.Put(board.Own()); });
+}
+
+void MakeDatabase(const py::object & path)
+{
+    WithDatabase(path, [](const host::BoardDatabase &) {});
 }
 
 std::string Repr(const BoardStore & board)
@@ -113,11 +126,11 @@ void AddSearches(Type & type)
             py::arg("name"), doc);
     };
     add("component", Components, "RefDes",
-        "component(name)\n--\n\nThe component with this designator. Raises KeyError if there is none.");
-    add("net", Nets, "Name", "net(name)\n--\n\nThe net of this name. Raises KeyError if there is none.");
+        "component(self, name)\n--\n\nThe component with this designator. Raises KeyError if there is none.");
+    add("net", Nets, "Name", "net(self, name)\n--\n\nThe net of this name. Raises KeyError if there is none.");
     add("package", Packages, "name",
-        "package(name)\n--\n\nThe package of this name. Raises KeyError if there is none.");
-    add("layer", Layers, "name", "layer(name)\n--\n\nThe layer of this name. Raises KeyError if there is none.");
+        "package(self, name)\n--\n\nThe package of this name. Raises KeyError if there is none.");
+    add("layer", Layers, "name", "layer(self, name)\n--\n\nThe layer of this name. Raises KeyError if there is none.");
 }
 
 void AddColumns(Type & type)
@@ -130,19 +143,21 @@ void AddColumns(Type & type)
             },
             py::kw_only(), py::arg("units") = py::none(), doc);
     };
-    add("pads", "pads(*, units=None)\n--\n\nColumns of all pads, as the program lists them.");
-    add("holes", "holes(*, units=None)\n--\n\nColumns of all holes, as the program lists them.");
-    add("tracks", "tracks(*, units=None)\n--\n\nColumns of all strokes on copper layers, as the program lists them.");
-    add("points", "points(*, units=None)\n--\n\nColumns of the points of the physical nets.");
+    add("pads", "pads(self, *, units=None)\n--\n\nColumns of all pads, as the program lists them.");
+    add("holes", "holes(self, *, units=None)\n--\n\nColumns of all holes, as the program lists them.");
+    add("tracks",
+        "tracks(self, *, units=None)\n--\n\nColumns of all strokes on copper layers, as the program lists them.");
+    add("points", "points(self, *, units=None)\n--\n\nColumns of the points of the physical nets.");
     type.def(
         "listing",
         [](const py::object & board, const std::string & name, const py::object & units) {
             return CallPackage("ipc2581._frames", "columns_of", board, name, units);
         },
         py::arg("name"), py::kw_only(), py::arg("units") = py::none(),
-        "listing(name, *, units=None)\n--\n\nColumns of any listing of the program.\n\n"
-        "The name is that of a command: bom, components, nets, points, layers, stackup, packages, pins, pads, holes "
-        "or tracks. Lengths are in units, mm, inch, mil or um, or in those of the board.");
+        "listing(self, name, *, units=None)\n--\n\nColumns of any listing of the program.\n\n"
+        "The name is that of a command: bom, components, nets, layers, stackup,\n"
+        "packages, pins, pads, holes or tracks; points are those of the physical nets.\n"
+        "Lengths are in units, mm, inch, mil or um, or in those of the board.");
     type.def("_columns", [](const BoardStore & board, const std::string & name, const std::string & units) {
         return ListingOf(board.Own(), name, units);
     });
@@ -151,21 +166,22 @@ void AddColumns(Type & type)
 void AddOutput(Type & type)
 {
     type.def("write", &Write, py::arg("path"), py::kw_only(), py::arg("overwrite") = true,
-             "write(path, *, overwrite=True)\n--\n\nWrite the board as the library writes it.\n\n"
-             "The file is packed if its name ends in .gz, .zst, .xz or .bz2. It takes its place whole or not at all. "
-             "Raises WriteError, or OSError for a place that cannot be written to.");
+             "write(self, path, *, overwrite=True)\n--\n\nWrite the board as the library writes it.\n\n"
+             "The file is packed if its name ends in .gz, .zst, .xz or .bz2. It takes its\n"
+             "place whole or not at all. Raises WriteError, or OSError for a place that\n"
+             "cannot be written to.");
     type.def(
         "report",
         [](const py::object & board, const py::object & path, bool isToReplace) {
             return CallPackage("ipc2581._report", "text_of", board, path, isToReplace);
         },
         py::arg("path") = py::none(), py::kw_only(), py::arg("overwrite") = true,
-        "report(path=None, *, overwrite=True)\n--\n\nThe library's text report of the board, written to the path if "
-        "there is one.");
+        "report(self, path=None, *, overwrite=True)\n--\n\nThe library's text report of the board, also written to a "
+        "path.");
     type.def("to_sqlite", &PutIntoDatabase, py::arg("path"),
-             "to_sqlite(path)\n--\n\nPut the board into an SQLite database, as the command sqlite does.\n\n"
-             "All of it, or nothing if something fails. It takes the place of one that was read from a file of the "
-             "same name.");
+             "to_sqlite(self, path)\n--\n\nPut the board into an SQLite database, as the command sqlite does.\n\n"
+             "All of it, or nothing if something fails. It takes the place of one that was\n"
+             "read from a file of the same name.");
     type.def("_print_report", &PrintReport)
         .def("_write_text", [](const BoardStore &, const py::object & path, const py::bytes & text, bool isToReplace) {
             WriteText(path, text, isToReplace);
@@ -192,8 +208,8 @@ void AddBoardType(py::module_ & module)
     options.disable_function_signatures();
     Type type(module, "Board", MadeInside(),
               "A board that was read.\n\n"
-              "Its parts have the names of the model; what people look for first has a plain name here. All objects "
-              "of a board keep it alive.");
+              "Its parts have the names of the model; what people look for first has a\n"
+              "plain name here. All objects of a board keep it alive.");
     AddFacts(type);
     AddParts(type);
     AddSearches(type);
@@ -201,6 +217,9 @@ void AddBoardType(py::module_ & module)
     AddOutput(type);
     AddReport(type);
     type.def("__repr__", &Repr);
+    type.attr("__module__") = "ipc2581";
+    module.def("make_database", &MakeDatabase, py::arg("path"),
+               "make_database(path)\n--\n\nMake a database for Board.to_sqlite, without a board, if there is none.");
     module.def(
         "read",
         [](const py::object & source, bool isExact, std::optional<std::string> step, const py::object & progress,
@@ -210,13 +229,7 @@ void AddBoardType(py::module_ & module)
         py::arg("source"), py::kw_only(), py::arg("exact") = false, py::arg("step") = py::none(),
         py::arg("progress") = py::none(), py::arg("memory_limit") = py::none(),
         "read(source, *, exact=False, step=None, progress=None, memory_limit=None)\n--\n\n"
-        "Read a board from a file, or from bytes.\n\n"
-        "The file may be packed, as .gz, .zst, .xz, .bz2, .zip, .7z or .tar. It is imported, whatever its layout is; "
-        "exact takes the reader of the core, which is for files that the library has written. step names the step to "
-        "read, instead of the first one with components. progress is called with how much is done, from 0.0 to 1.0, "
-        "and ends the read by returning False. memory_limit is what the model may take, in bytes.\n\n"
-        "Raises ReadError, which names file, line and cause, StoppedError, or OSError for a file that cannot be "
-        "opened. Other threads run meanwhile.");
+        "Read a board from a file, or from bytes.");
 }
 
 }  // namespace ipc2581::python

@@ -15,5 +15,6 @@ pandas; both are needed only where they are asked for.
 from ._errors import DeletedError, Error, ReadError, StoppedError, WriteError
 from ._frames import Columns
 from ._ipc2581 import *  # noqa: F403
-from ._ipc2581 import Board, List, read
+from ._ipc2581 import Board, List
+from ._read import read
 from ._report import ElementCount, Fact, ImportReport, Note

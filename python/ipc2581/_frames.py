@@ -57,15 +57,16 @@ class Columns:
         import numpy
 
         kind, values, more = self._columns[name]
+        column: "numpy.ndarray[Any, Any]" = values
         if kind == "text":
-            return numpy.array([*more, None], dtype=object)[values]
-        if kind == "flag" and more.any():
-            return numpy.ma.MaskedArray(values, mask=more)
-        if kind == "list":
-            lists = numpy.empty(len(values), dtype=object)
-            lists[:] = values
-            return lists
-        return values
+            column = numpy.array([*more, None], dtype=object)[values]
+        elif kind == "list":
+            column = numpy.empty(len(values), dtype=object)
+            column[:] = values
+        elif kind == "flag" and more.any():
+            masked: Any = numpy.ma.MaskedArray
+            column = masked(values, mask=more)
+        return column
 
     def __getattr__(self, name: str) -> "numpy.ndarray[Any, Any]":
         try:
@@ -78,7 +79,8 @@ class Columns:
 
     def codes(self, name: str) -> "numpy.ndarray[Any, Any]":
         """The places of the texts of a column in texts; -1 for nothing."""
-        return self._texts(name)[0]
+        codes: "numpy.ndarray[Any, Any]" = self._texts(name)[0]
+        return codes
 
     def texts(self, name: str) -> List[str]:
         """The texts of a column, each once, in the order in which they come."""

@@ -362,7 +362,7 @@ PyTypeObject * MakeBase()
                            Slot(Py_tp_repr, &Repr),
                            Slot(Py_tp_methods, methods),
                            Slot(Py_tp_getset, attributes),
-                           DocSlot("What all objects of the model are.\n\nIts members have the names of the "
+                           DocSlot("What all objects of the model are.\n\nTheir members have the names of the "
                                    "model. A deleted one raises DeletedError wherever it is used."),
                            {0, nullptr}};
     PyType_Spec definition = {"ipc2581.Object", static_cast<int>(sizeof(PyNode)), 0,
