@@ -67,6 +67,7 @@ Lengths LengthsIn(Board & board, const std::string & unit)
 std::vector<std::string> ListingNames()
 {
     std::vector<std::string> names;
+    names.reserve(Listings.size());
     for (const ListingRow & row : Listings) {
         names.emplace_back(row.name);
     }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <memory>
+#include <new>
 #include <type_traits>
 #include <utility>
 
@@ -155,13 +156,26 @@ void AddMembers(ClassRow & row, std::index_sequence<indexes...> /*indexes*/)
 }
 
 template <typename Class>
+void Destroy(void * object)
+{
+    auto * const own = static_cast<Class *>(object);
+    if constexpr (std::has_virtual_destructor_v<Class>) {
+        delete own;
+    }
+    else {
+        // A point, which is of no derived class.
+        std::destroy_at(own);
+        ::operator delete(own);
+    }
+}
+
+template <typename Class>
 ClassRow MakeRow()
 {
     ClassRow row;
     row.name = Fields<Class>::Name;
     row.create = []() -> void * { return new Class(); };
-    // A point has no virtual destructor, and none of its objects is of a derived class.
-    row.destroy = [](void * object) { std::default_delete<Class>()(static_cast<Class *>(object)); };
+    row.destroy = &Destroy<Class>;
     if constexpr (std::is_base_of_v<CIPC2581_DrawObj, Class>) {
         row.asShape = [](void * object) -> CIPC2581_DrawObj * { return static_cast<Class *>(object); };
     }

@@ -117,6 +117,6 @@ def test_the_stubs_fit_the_module(monkeypatch, tmp_path):
     )
     done = subprocess.run(
         ["stubtest", "--mypy-config-file", config, "--allowlist", allowed, "ipc2581._ipc2581"],
-        capture_output=True, text=True, check=False,
+        cwd=tmp_path, capture_output=True, text=True, check=False,
     )
     assert done.returncode == 0, done.stdout + done.stderr
