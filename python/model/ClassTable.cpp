@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <memory>
 #include <new>
 #include <type_traits>
 #include <utility>
@@ -164,7 +163,7 @@ void Destroy(void * object)
     }
     else {
         // A point, which is of no derived class.
-        std::destroy_at(own);
+        own->Class::~Class();
         ::operator delete(own);
     }
 }

@@ -25,9 +25,12 @@ def board(path):
 def run_program():
     """Gives what the program prints."""
 
+    # The program has the library of a sanitizer in itself, and takes no other one.
+    environment = {name: value for name, value in os.environ.items() if name != "LD_PRELOAD"}
+
     def run(*arguments):
         done = subprocess.run(
-            [os.environ["IPC2581_PROGRAM"], *map(str, arguments)], capture_output=True, check=True
+            [os.environ["IPC2581_PROGRAM"], *map(str, arguments)], capture_output=True, check=True, env=environment
         )
         return done.stdout
 

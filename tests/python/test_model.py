@@ -1,6 +1,8 @@
 import copy
 import gc
+import os
 import pickle
+from pathlib import Path
 
 import pytest
 
@@ -285,6 +287,35 @@ def test_the_report_of_an_import_is_made_of_objects(board, path):
     del board
     gc.collect()
     assert report.lost_count > 0
+
+
+@pytest.mark.skipif("LD_PRELOAD" in os.environ, reason="a sanitizer keeps what was given back for a while")
+def test_nothing_is_left_of_what_was_used(path):
+    def use():
+        board = ipc2581.read(path)
+        everything_below(board.root, repr)
+        copy.deepcopy(board.packages[0])
+        board.components.append(ipc2581.Component(RefDes="X", Location=(1, 2)))
+        del board.components[0]
+        board.components.pop().x = 1
+        board.content.StepRef = ["a" * 1000] * 10
+        with pytest.raises(KeyError):
+            board.net("none")
+        board.report()
+        board.listing("components")
+
+    def kilobytes():
+        status = Path("/proc/self/status").read_text()
+        return int(status.split("VmRSS:")[1].split()[0])
+
+    for _ in range(30):
+        use()
+    gc.collect()
+    before = kilobytes()
+    for _ in range(150):
+        use()
+    gc.collect()
+    assert kilobytes() - before < 2000
 
 
 def test_what_a_value_runs_may_delete_its_object(board):
