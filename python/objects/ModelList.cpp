@@ -151,7 +151,7 @@ Node & ModelList::Addable(py::handle object) const
 void ModelList::Put(std::int64_t index, Node & node)
 {
     const Found object = ObjectOf(node);
-    const std::shared_ptr<Store> before = node.Owner();
+    const std::shared_ptr<Store> before = node.Owner()->shared_from_this();
     Row().insert(List(), index, Row().asElement(object));
     static_cast<FreeStore &>(*before).Release();
     before->MoveAllTo(*m_node.Owner());
@@ -222,7 +222,7 @@ py::object ModelList::Pop(std::int64_t index)
         throw py::index_error("the list is empty");
     }
     const std::int64_t place = PlaceOf(index);
-    const py::object item = Item(place);
+    py::object item = Item(place);
     const Found element = Row().at(List(), place);
     Row().removeAt(List(), place);
     if (element.object != nullptr) {
