@@ -12,9 +12,19 @@ file; what people look for first has a plain name too. Large columns come as arr
 pandas; both are needed only where they are asked for.
 """
 
-from ._errors import DeletedError, Error, ReadError, StoppedError, WriteError
-from ._frames import Columns
+from ._errors import DeletedError as DeletedError
+from ._errors import Error as Error
+from ._errors import ReadError as ReadError
+from ._errors import StoppedError as StoppedError
+from ._errors import WriteError as WriteError
+from ._frames import Columns as Columns
 from ._ipc2581 import *  # noqa: F403
-from ._ipc2581 import Board, List
-from ._read import read
-from ._report import ElementCount, Fact, ImportReport, Note
+from ._read import read as read
+from ._report import ElementCount as ElementCount
+from ._report import Fact as Fact
+from ._report import ImportReport as ImportReport
+from ._report import Note as Note
+
+# They are known by the package, in help and in messages, wherever their source stands.
+for _own in (DeletedError, Error, ReadError, StoppedError, WriteError, Columns, read, ElementCount, Fact, ImportReport, Note):
+    _own.__module__ = __name__

@@ -26,6 +26,8 @@ def test_help_on_the_package_shows_how_it_is_used():
     text = help_on(ipc2581)
     assert 'board = ipc2581.read("board.xml")' in text
     assert "IPC-2581 boards: read, ask, change, write." in text
+    for name in ("class Board(", "class Component(", "class List(", "class ReadError(", "class Columns(", "read(source:"):
+        assert name in text, name
 
 
 def test_help_shows_how_things_are_called():
@@ -86,18 +88,21 @@ def test_types_of_a_program_are_known(monkeypatch, tmp_path):
         "import ipc2581\n"
         "board = ipc2581.read('board.xml')\n"
         "reveal_type(board.component('U1').Xform.Rotation)\n"
+        "errors: list[type[ipc2581.Error]] = [ipc2581.ReadError]\n"
+        "columns: ipc2581.Columns = board.pads()\n"
         "reveal_type(board.net('GND').pins[0].component)\n"
         "reveal_type([shape.Kind for shape in board.layer_features[0].sets])\n"
         "board.component(1)\n"
     )
     done = subprocess.run(
-        ["mypy", "--ignore-missing-imports", "--cache-dir", tmp_path, program],
+        ["mypy", "--strict", "--ignore-missing-imports", "--cache-dir", tmp_path, program],
         capture_output=True, text=True, check=False,
     )
     assert 'Revealed type is "builtins.float"' in done.stdout
     assert 'Revealed type is "Union[ipc2581._ipc2581.Component, None]"' in done.stdout
     assert 'Revealed type is "builtins.list[ipc2581._ipc2581.SetKinds]"' in done.stdout
     assert 'incompatible type "int"; expected "str"' in done.stdout
+    assert done.stdout.count("error:") == 1, done.stdout
 
 
 @pytest.mark.skipif(shutil.which("stubtest") is None, reason="stubtest is missing (Debian package mypy)")
