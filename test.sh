@@ -3,7 +3,7 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 
-tools/install-packages programs tests
+tools/install-packages programs python tests
 
 cmake --preset dev
 cmake --build --preset dev -j "$(nproc)"

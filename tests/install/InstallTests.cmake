@@ -31,6 +31,16 @@ foreach(kind IN ITEMS static shared)
         -D LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER})
     if(kind STREQUAL own_kind)
         list(APPEND arguments -D BUILT=${PROJECT_BINARY_DIR} -D PROGRAMS=${programs})
+        if(TARGET ipc2581_python)
+            list(APPEND arguments
+                -D PYTHON_FOLDER=${IPC2581_PYTHON_FOLDER} -D PYTHON_MODULE=$<TARGET_FILE_NAME:ipc2581_python>)
+            add_test(NAME install.${kind}.python
+                COMMAND ${CMAKE_COMMAND} -E env PYTHONPATH=${folder}/prefix/${IPC2581_PYTHON_FOLDER}
+                    PYTHONDONTWRITEBYTECODE=1 ${IPC2581_MODULE_PYTHON} -c
+                    "import ipc2581; print(ipc2581.read('${PROJECT_SOURCE_DIR}/examples/board.cvg').net('GND').pins)")
+            set_tests_properties(install.${kind}.python PROPERTIES
+                FIXTURES_REQUIRED install.${kind} PASS_REGULAR_EXPRESSION "<list of 6 LogicalNetPin>")
+        endif()
     endif()
 
     add_test(NAME install.${kind}.package COMMAND ${CMAKE_COMMAND} ${arguments} -P ${install_scripts}/Package.cmake)

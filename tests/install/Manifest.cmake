@@ -1,6 +1,6 @@
 # What lies under PREFIX is what the tree says: every header that a host reaches from the umbrella or one beside it, the
 # library of this kind, the package files and one program for each folder of hosts/, with its man page, its completion for
-# bash and the schema of its listings. No more and no less.
+# bash and the schema of its listings, and the Python package where it is built. No more and no less.
 cmake_minimum_required(VERSION 3.25)
 
 set(headers ipc2581/ipc2581.h ipc2581/version.h ipc2581/fields.h)
@@ -61,6 +61,13 @@ foreach(program IN LISTS programs)
         share/${program}/lines.schema.json
         share/${program}/listings.schema.json)
 endforeach()
+
+if(DEFINED PYTHON_FOLDER)
+    file(GLOB package_files RELATIVE ${SOURCE}/python ${SOURCE}/python/ipc2581/*.py ${SOURCE}/python/ipc2581/*.pyi)
+    foreach(file IN ITEMS ${package_files} ipc2581/py.typed ipc2581/${PYTHON_MODULE})
+        list(APPEND expected ${PYTHON_FOLDER}/${file})
+    endforeach()
+endif()
 
 file(GLOB_RECURSE installed LIST_DIRECTORIES false RELATIVE ${PREFIX} ${PREFIX}/*)
 set(missing ${expected})

@@ -113,6 +113,7 @@ void Board::ReadByImport(CProgressCtrl * progress)
     ImportOptions options;
     options.step = step;
     options.inOneThread = m_reading.isBesideAnother;
+    options.memoryLimit = m_reading.memoryLimit;
     Imported imported = ImportModel(m_file, std::move(options), progress);
     m_root = std::move(imported.board);
     m_report = std::move(imported.report);
@@ -125,7 +126,7 @@ void Board::ReadExactly(CProgressCtrl * progress)
 {
     m_root = std::make_unique<CIPC2581_Parser>();
     CIPC2581_XmlLiteReader reader;
-    if (!ReadModel(m_file, reader, *m_root, progress)) {
+    if (!ReadModel(m_file, reader, *m_root, progress, m_reading.memoryLimit)) {
         throw StopError(m_file, reader.m_File);
     }
     if (reader.m_arrSectionLog.IsEmpty()) {

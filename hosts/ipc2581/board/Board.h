@@ -1,6 +1,7 @@
 #ifndef IPC2581_HOSTS_IPC2581_BOARD_BOARD_H
 #define IPC2581_HOSTS_IPC2581_BOARD_BOARD_H
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -23,6 +24,8 @@ struct Reading {
     // Whether another thread has as much to do at the same time, so that the import does with the one that it is called
     // in. What is read does not depend on it.
     bool isBesideAnother = false;
+    // How many bytes the model may take; 0 for the bound of memory for a board.
+    std::uint64_t memoryLimit = 0;
 };
 
 // A board that was read. The file is never changed.

@@ -5,10 +5,18 @@
 #include "hosts/ipc2581/files/Error.h"
 
 namespace ipc2581::host {
+namespace {
+
+std::uint64_t BoundOf(std::uint64_t memoryLimit)
+{
+    return memoryLimit == 0 ? MemoryForABoard() : memoryLimit;
+}
+
+}  // namespace
 
 Imported ImportModel(const BoardFile & file, ImportOptions options, CProgressCtrl * progress)
 {
-    options.memoryLimit = MemoryForABoard();
+    options.memoryLimit = BoundOf(options.memoryLimit);
     if (progress != nullptr) {
         options.progress = [progress](double part) {
             constexpr double whole = 100;
@@ -27,15 +35,15 @@ Imported ImportModel(const BoardFile & file, ImportOptions options, CProgressCtr
         if (error.Line() == 0) {
             throw Error(file.Name(), error.Cause());
         }
-        throw Error(file.Name(), error.Line(), error.Cause());
+        throw Error(file.Name(), error.Line(), error.Cause(), error.Column());
     }
 }
 
 bool ReadModel(const BoardFile & file, CIPC2581_XmlLiteReader & reader, CIPC2581_Parser & root,
-               CProgressCtrl * progress)
+               CProgressCtrl * progress, std::uint64_t memoryLimit)
 {
     reader.m_pProgressCtrl = progress;
-    reader.SetMemoryLimit(MemoryForABoard());
+    reader.SetMemoryLimit(BoundOf(memoryLimit));
     CString path(file.PlainPath().c_str());
     bool isWhole = true;
     const LibraryMessages messages;

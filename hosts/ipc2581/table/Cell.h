@@ -40,6 +40,9 @@ public:
     Cell(FirstNumbers numbers) : m_value(std::move(numbers)) {}
     Cell(NumberText number) : m_value(std::move(number)) {}
 
+    using Value = std::variant<std::monostate, std::string, std::int64_t, double, bool, std::vector<std::string>,
+                               FirstNumbers, NumberText>;
+    [[nodiscard]] const Value & Held() const { return m_value; }
     // For CSV. A list has a blank between its texts or numbers.
     [[nodiscard]] std::string Text() const;
     void AppendText(std::string & text) const;
@@ -52,9 +55,7 @@ public:
     [[nodiscard]] bool IsNothing() const;
 
 private:
-    std::variant<std::monostate, std::string, std::int64_t, double, bool, std::vector<std::string>, FirstNumbers,
-                 NumberText>
-        m_value;
+    Value m_value;
 };
 
 // The number that a text is, as a whole, in any way that XML writes it, if it is finite.
