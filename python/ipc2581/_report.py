@@ -14,7 +14,7 @@ class Fact(NamedTuple):
     """What a file states and the model has no member for: an element, or some attributes of one."""
 
     path: str
-    """Its elements from the root down, without the root: "Ecad/CadHeader/Spec"."""
+    """Its elements from the root down, without the root: "Bom/BomItem"."""
     line: Optional[int]
     """Of the opening tag; None if it is not known."""
     owner: int

@@ -227,9 +227,13 @@ TEST(Docs, PicturesAreWhatTheProgramDraws)
 {
     const TempFolder folder;
     ASSERT_EQ(RunProgram({"svg", ExampleBoard(), "-o", folder.Path("drawn")}), (Result{0, "", ""}));
-    EXPECT_EQ(Names(Pictures), (Texts{"board-bottom.svg", "board-top.svg"}));
+    const Texts drawings = {"board-bottom.svg", "board-top.svg"};
+    Texts pictures = Names(Pictures);
+    // Drawn in Python, whose tests look after it.
+    pictures.erase("drill-holes.png");
+    EXPECT_EQ(pictures, drawings);
     const std::string page = Bytes(Page);
-    for (const std::string & name : Names(Pictures)) {
+    for (const std::string & name : drawings) {
         const std::string path = std::string(Pictures) + "/" + name;
         const std::string drawn = Bytes(folder.Path("drawn/" + name));
         if (std::getenv("IPC2581_UPDATE_GOLDEN") != nullptr) {
