@@ -46,7 +46,7 @@ function brightness(color: Rgba): number {
 // The colour, or one of its kind that can be told from the ground.
 export function visibleOn(color: Rgba, ground: Rgba): Rgba {
   const away = Math.abs(brightness(color) - brightness(ground));
-  if (away > 0.25) {
+  if (away > 0.14) {
     return color;
   }
   const target = brightness(ground) > 0.5 ? rgba('#20242a') : rgba('#ffffff');

@@ -321,6 +321,9 @@ export class BoardView {
     }
     this.lit.forEach((drawable) => this.graphics.release(drawable));
     this.lit = [];
+    if (this.frames === 1) {
+      performance.mark('first-picture');
+    }
   }
 
   private drawSide(pane: Pane, viewport: Viewport, context: CanvasRenderingContext2D): void {
