@@ -1,6 +1,6 @@
 // Draws batches with WebGL 2. Marks are boxes with round corners whose edges are smoothed by the shader.
 import Flatbush from 'flatbush';
-import { Box } from './geometry.js';
+import { addBox, addPoint, Box, emptyBox, isEmpty } from './geometry.js';
 import { Batch, MARK_SIZE } from './shapes.js';
 
 export interface Rgba {
@@ -126,7 +126,7 @@ void main() {
   shade = color * cover;
 }`;
 
-const CHUNK = 256;
+const CHUNK = 64;
 // What is smaller than this part of a pixel is left out.
 const SMALLEST = 0.3;
 // In motion, on a computer that is slow at it: what is smaller than so many pixels is drawn as a point, what is thinner
@@ -135,6 +135,8 @@ const POINT = 5;
 const THIN = 2.4;
 const QUICK = [{ point: 1.5, line: 2 }, { point: 2, line: 4 }, { point: 2.6, line: 6 }, { point: 3.2, line: 9 }];
 export const MOST_QUICK = QUICK.length;
+// From this level on a picture has half of the pixels each way.
+const COARSE = 3;
 
 // Whether marks of this size and width in pixels are drawn.
 type Wanted = (size: number, width: number) => boolean;
@@ -164,6 +166,9 @@ export class Graphics {
   private serial = 0;
   private readonly told = new Map<Program, number>();
 
+  // Whether the processor draws, and no graphics card.
+  readonly isSoftware: boolean;
+
   constructor(readonly canvas: HTMLCanvasElement) {
     const gl = canvas.getContext('webgl2', {
       alpha: false, antialias: false, depth: false, stencil: false, powerPreference: 'high-performance',
@@ -177,6 +182,9 @@ export class Graphics {
     this.quickProgram = this.program(QUICK_SHADER, QUICK_COLOR);
     this.corners = gl.createBuffer()!;
     this.lineEnds = gl.createBuffer()!;
+    const names = gl.getExtension('WEBGL_debug_renderer_info');
+    const name = names ? String(gl.getParameter(names.UNMASKED_RENDERER_WEBGL)) : '';
+    this.isSoftware = /swiftshader|llvmpipe|softpipe|software|basic render/i.test(name);
     gl.enable(gl.BLEND);
     gl.blendFunc(gl.ONE, gl.ONE_MINUS_SRC_ALPHA);
     gl.enable(gl.SCISSOR_TEST);
@@ -199,11 +207,37 @@ export class Graphics {
     this.serial += 1;
   }
 
+  // Fills a box of the board, which costs next to nothing where its edges are those of the picture.
+  fillBox(box: Box, color: Rgba): boolean {
+    const { a, b, c, d, e, f } = this.transform;
+    const isUpright = (b === 0 && c === 0) || (a === 0 && d === 0);
+    if (!isUpright || isEmpty(box)) {
+      return false;
+    }
+    const { gl, viewport } = this;
+    const xs = [a * box.minX + c * box.minY + e, a * box.maxX + c * box.maxY + e].sort((one, two) => one - two);
+    const ys = [b * box.minX + d * box.minY + f, b * box.maxX + d * box.maxY + f].sort((one, two) => one - two);
+    const within = (pixel: number, most: number): number => Math.round(Math.min(Math.max(pixel, 0), most));
+    const [left, right] = xs.map((x) => within(x, viewport.width)) as [number, number];
+    const [top, low] = ys.map((y) => within(y, viewport.height)) as [number, number];
+    const bottom = this.canvas.height - viewport.y - viewport.height;
+    gl.scissor(viewport.x + left, bottom + viewport.height - low, right - left, low - top);
+    gl.clearColor(color.r, color.g, color.b, 1);
+    gl.clear(gl.COLOR_BUFFER_BIT);
+    gl.scissor(viewport.x, bottom, viewport.width, viewport.height);
+    return true;
+  }
+
   clear(background: Rgba): void {
     const gl = this.gl;
     gl.scissor(0, 0, this.canvas.width, this.canvas.height);
     gl.clearColor(background.r, background.g, background.b, 1);
     gl.clear(gl.COLOR_BUFFER_BIT);
+  }
+
+  // How much of the full number of pixels a picture has each way.
+  get share(): number {
+    return this.quick >= COARSE ? 0.5 : 1;
   }
 
   upload(batch: Batch): Drawable {
@@ -225,8 +259,12 @@ export class Graphics {
     if (triangles) {
       this.use(this.areaProgram, color);
       gl.bindVertexArray(triangles.array);
+      if (color.a === 1) {
+        gl.disable(gl.BLEND);
+      }
       this.eachRun(triangles, () => true,
         (first, count) => gl.drawArrays(gl.TRIANGLES, first * 3, count * 3));
+      gl.enable(gl.BLEND);
     }
     const quick = QUICK[this.quick - 1];
     if (marks && quick) {
@@ -343,7 +381,7 @@ export class Graphics {
         }
       }
     }
-    const chunks = chunksOf(count, (place) => {
+    const chunks = chunksOf(count, (place) => classOf(marks, order[place]!), (place) => {
       const mark = order[place]! * MARK_SIZE;
       const reach = Math.hypot(marks[mark + 4]!, marks[mark + 5]!);
       const x = marks[mark]!;
@@ -379,7 +417,7 @@ export class Graphics {
     if (count === 0) {
       return null;
     }
-    const chunks = chunksOf(count, (triangle) => {
+    const chunks = chunksOf(count, () => 0, (triangle) => {
       const p = places.slice(triangle * 6, triangle * 6 + 6);
       const box = {
         minX: Math.min(p[0]!, p[2]!, p[4]!), minY: Math.min(p[1]!, p[3]!, p[5]!), maxX: Math.max(p[0]!, p[2]!, p[4]!),
@@ -445,42 +483,71 @@ export class Graphics {
   }
 }
 
+// What marks of like size have in common: how long and how wide they are, by powers of two. What is larger than a few
+// millimetres is seen in most pictures.
+function classOf(marks: number[], mark: number): number {
+  const first = marks[mark * MARK_SIZE + 4]!;
+  const second = marks[mark * MARK_SIZE + 5]!;
+  const power = (length: number): number => Math.min(Math.max(Math.round(Math.log2(length)), -6), 1) + 6;
+  return 16 * power(Math.max(first, second)) + power(Math.min(first, second));
+}
+
+// How far along a curve of Hilbert a cell of a square of 256 by 256 lies: near cells are mostly near on the curve.
+function alongCurve(column: number, row: number): number {
+  let [x, y, distance] = [column, row, 0];
+  for (let side = 128; side > 0; side >>= 1) {
+    const isRight = (x & side) > 0;
+    const isUpper = (y & side) > 0;
+    distance += side * side * ((isRight ? 3 : 0) ^ (isUpper ? 1 : 0));
+    if (!isUpper) {
+      [x, y] = isRight ? [255 - y, 255 - x] : [y, x];
+    }
+  }
+  return distance;
+}
+
 // Marks of like size together, and of these such as are near to each other, so that a chunk of them can be left out.
 function orderOf(marks: number[], count: number): number[] {
-  const cell = 4;
+  const box = emptyBox();
+  for (let i = 0; i < count; ++i) {
+    addPoint(box, marks[i * MARK_SIZE]!, marks[i * MARK_SIZE + 1]!);
+  }
+  const cell = Math.max(box.maxX - box.minX, box.maxY - box.minY, 1e-6) / 255;
   const keys = new Float64Array(count);
   for (let i = 0; i < count; ++i) {
-    const at = i * MARK_SIZE;
-    const [long, wide] = [Math.max(marks[at + 4]!, marks[at + 5]!), Math.min(marks[at + 4]!, marks[at + 5]!)];
-    const size = 32 * (Math.round(Math.log2(Math.max(long, 1e-3))) + 10) + Math.round(Math.log2(wide + 1e-3)) + 10;
-    const column = Math.floor(marks[at]! / cell) + 5e4;
-    const row = Math.floor(marks[at + 1]! / cell) + 5e4;
-    keys[i] = size * 1e11 + Math.floor(column / 4) * 1e6 + row * 4 + (column % 4);
+    const column = Math.floor((marks[i * MARK_SIZE]! - box.minX) / cell);
+    const row = Math.floor((marks[i * MARK_SIZE + 1]! - box.minY) / cell);
+    keys[i] = classOf(marks, i) * 65536 + alongCurve(column, row);
   }
   return Array.from(keys.keys()).sort((a, b) => keys[b]! - keys[a]! || a - b);
 }
 
-function chunksOf(count: number, measure: (place: number) => { box: Box; size: number; width: number }):
+interface Measured {
+  box: Box;
+  size: number;
+  width: number;
+}
+
+function chunksOf(count: number, kindAt: (place: number) => number, measure: (place: number) => Measured):
   { chunks: Chunk[]; index: Flatbush } {
-  const chunks: Chunk[] = [];
-  const index = new Flatbush(Math.ceil(count / CHUNK));
-  for (let first = 0; first < count; first += CHUNK) {
-    const end = Math.min(first + CHUNK, count);
-    const own = { minX: Infinity, minY: Infinity, maxX: -Infinity, maxY: -Infinity };
-    let size = 0;
-    let width = 0;
-    for (let place = first; place < end; ++place) {
-      const measured = measure(place);
-      own.minX = Math.min(own.minX, measured.box.minX);
-      own.minY = Math.min(own.minY, measured.box.minY);
-      own.maxX = Math.max(own.maxX, measured.box.maxX);
-      own.maxY = Math.max(own.maxY, measured.box.maxY);
-      size = Math.max(size, measured.size);
-      width = Math.max(width, measured.width);
+  const chunks: (Chunk & { box: Box })[] = [];
+  let kind = NaN;
+  for (let place = 0; place < count; ++place) {
+    const last = chunks[chunks.length - 1];
+    const own = kindAt(place);
+    const measured = measure(place);
+    if (!last || last.count === CHUNK || own !== kind) {
+      chunks.push({ first: place, count: 1, ...measured });
+      kind = own;
+      continue;
     }
-    index.add(own.minX, own.minY, own.maxX, own.maxY);
-    chunks.push({ first, count: end - first, size, width });
+    addBox(last.box, measured.box);
+    last.size = Math.max(last.size, measured.size);
+    last.width = Math.max(last.width, measured.width);
+    ++last.count;
   }
+  const index = new Flatbush(chunks.length);
+  chunks.forEach(({ box }) => index.add(box.minX, box.minY, box.maxX, box.maxY));
   index.finish();
   return { chunks, index };
 }

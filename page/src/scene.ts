@@ -72,17 +72,14 @@ export class Scene {
     return batch;
   }
 
-  get hasProfile(): boolean {
-    return !isEmpty(this.boardBox);
-  }
-
-  // What is not board, as far as anybody can look.
+  // What is not board within the box round it.
   around(): Batch {
     const batch = new Batch();
     const { minX, minY, maxX, maxY } = this.boardBox;
-    const far = 20 * Math.max(maxX - minX, maxY - minY);
-    const frame = [minX - far, minY - far, maxX + far, minY - far, maxX + far, maxY + far, minX - far, maxY + far];
-    if (this.hasProfile) {
+    if (!isEmpty(this.boardBox)) {
+      const margin = 0.001 * Math.max(maxX - minX, maxY - minY);
+      const [left, low, right, top] = [minX - margin, minY - margin, maxX + margin, maxY + margin];
+      const frame = [left, low, right, low, right, top, left, top];
       batch.addAreas([{ points: frame, isClosed: true }, ...contoursOf(this.board.profile)]);
     }
     return batch;

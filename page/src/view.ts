@@ -65,17 +65,19 @@ export class BoardView {
   private lastFrame = 0;
   // What the computer needs left out to be quick enough.
   private quick = 0;
+  private pace = 0;
 
   constructor(private readonly scene: Scene, private readonly settings: Settings,
     private readonly selection: Selection, private readonly events: ViewEvents) {
     this.graphics = new Graphics(this.canvas);
+    this.quick = this.graphics.isSoftware ? 2 : 0;
     this.picker = new Picker(scene);
     this.panes = { front: this.pane('front'), back: this.pane('back') };
     this.node = element('div', { class: 'board' }, this.canvas, this.overlay, this.panes.front.node,
       this.panes.back.node);
     new ResizeObserver(() => this.resize()).observe(this.node);
     settings.onChange(() => this.refresh());
-    selection.onChange(() => this.refresh());
+    selection.onChange(() => this.refreshInMotion());
   }
 
   get sides(): Side[] {
@@ -144,6 +146,7 @@ export class BoardView {
   }
 
   image(): HTMLCanvasElement {
+    this.isInMotion = false;
     this.draw();
     const image = element('canvas');
     image.width = this.canvas.width;
@@ -170,8 +173,16 @@ export class BoardView {
     const now = performance.now();
     const took = this.lastFrame > 0 ? now - this.lastFrame : 0;
     this.lastFrame = this.isInMotion ? now : 0;
-    if (took > SLOW_FRAME && took < 1000) {
+    if (took > 0 && took < 1000) {
+      this.pace = took > SLOW_FRAME ? Math.max(this.pace, 0) + 1 : Math.min(this.pace, 0) - 1;
+    }
+    // Some slow pictures in a row ask for less detail, and many fast ones for more again.
+    if (this.pace > 2) {
       this.quick = Math.min(this.quick + 1, MOST_QUICK);
+      this.pace = 0;
+    } else if (this.pace < -60 && !this.graphics.isSoftware) {
+      this.quick = Math.max(this.quick - 1, 0);
+      this.pace = 0;
     }
     this.graphics.quick = this.isInMotion ? this.quick : 0;
   }
@@ -306,6 +317,8 @@ export class BoardView {
     this.measureFrame();
     const context = this.overlay.getContext('2d')!;
     context.clearRect(0, 0, width, height);
+    const { share } = this.graphics;
+    this.canvas.style.transform = share === 1 ? '' : `scale(${1 / share})`;
     this.graphics.clear(this.palette.desk);
     const around = this.node.getBoundingClientRect();
     for (const side of this.sides) {
@@ -334,11 +347,20 @@ export class BoardView {
       camera.fit(this.scene.bounds, viewport.width / this.pixels, viewport.height / this.pixels);
       pane.isFitted = true;
     }
-    const transform = camera.transform(viewport.width / this.pixels, viewport.height / this.pixels, this.pixels);
+    const [wide, high] = [viewport.width / this.pixels, viewport.height / this.pixels];
+    const transform = camera.transform(wide, high, this.pixels);
+    const { share } = this.graphics;
+    const drawn = {
+      x: Math.round(viewport.x * share), y: Math.round(viewport.y * share), width: Math.round(viewport.width * share),
+      height: Math.round(viewport.height * share),
+    };
     const palette = this.palette;
-    // To fill what is around the board costs less than to fill the board.
-    this.graphics.begin(viewport, transform, this.scene.hasProfile ? palette.board : palette.desk);
-    this.graphics.draw(this.kept('around', () => this.scene.around()), palette.desk);
+    this.graphics.begin(drawn, camera.transform(wide, high, this.pixels * share), palette.desk);
+    if (this.graphics.fillBox(this.scene.boardBox, palette.board)) {
+      this.graphics.draw(this.kept('around', () => this.scene.around()), palette.desk);
+    } else {
+      this.graphics.draw(this.kept('profile', () => this.scene.profile()), palette.board);
+    }
     this.layersOf(side).forEach((layer) => this.drawLayer(layer, side));
     this.graphics.draw(this.kept(`pads ${side}`, () => this.scene.padsOfParts(side)), palette.pad);
     if (values.show.holes) {
