@@ -112,7 +112,7 @@ export class App {
 
   selectNet(net: string): void {
     this.selection.setNet(net);
-    const place = this.view?.boundsOfNet(this.board.names.indexOf(net));
+    const place = this.view?.middleOfNet(this.board.names.indexOf(net));
     if (place && this.view) {
       this.view.show(place, null);
     }
@@ -169,7 +169,7 @@ export class App {
   }
 
   lengthOf(millimetres: number): string {
-    return lengthText(millimetres, this.settings.values.units);
+    return lengthText(millimetres, this.settings.units);
   }
 
   // In millimetres.
@@ -417,11 +417,11 @@ export class App {
       this.settingsPanel.update();
     }
     Object.values(this.lists).forEach((list) => list.update());
-    this.view?.refresh();
+    this.view?.renew();
   }
 
   private applyUnits(): void {
-    const { units } = this.settings.values;
+    const { units } = this.settings;
     if (this.unitsKey === units) {
       return;
     }
@@ -495,6 +495,7 @@ export class App {
     const isShown = this.settings.values.layout !== 'list' && this.view !== null;
     if (isShown) {
       document.documentElement.dataset['theme'] = 'light';
+      this.view!.renew();
       image.src = this.view!.image().toDataURL('image/png');
       image.alt = texts.picture(this.board.file);
     }

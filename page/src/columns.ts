@@ -76,7 +76,7 @@ export function groupColumns(app: App): ListColumn<GroupRow>[] {
 
 export function partColumns(app: App): ListColumn<PartRow>[] {
   const { components } = app.board.tables;
-  const unit = app.settings.values.units;
+  const unit = app.settings.units;
   const length = (field: 'x' | 'y' | 'height', title: string): ListColumn<PartRow> => {
     const from = millimetresOf(components.columns.find((one) => one.key === field)?.unit ?? 'mm');
     return {
@@ -110,7 +110,7 @@ export function partColumns(app: App): ListColumn<PartRow>[] {
 }
 
 export function netColumns(app: App): ListColumn<NetRow>[] {
-  const unit = app.settings.values.units;
+  const unit = app.settings.units;
   return [
     column('net', texts.net, { width: 200 }),
     column('count', texts.pinCount, { isNumber: true, compare: (left, right) => left.count - right.count }),

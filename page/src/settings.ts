@@ -17,7 +17,8 @@ export interface Values {
   theme: Theme;
   layout: Layout;
   sides: Sides;
-  units: Unit;
+  // Of lengths; that of the board, if it is not another one that was asked for.
+  units: Unit | 'board';
   splitLists: number;
   splitSides: number;
   turn: number;
@@ -39,9 +40,9 @@ const SETTINGS = 'ipc2581.page.settings';
 const CHECKED = 'ipc2581.page.checked.';
 const KIND = 'ipc2581 page settings';
 
-export function defaults(unit: Unit): Values {
+export function defaults(): Values {
   return {
-    theme: 'system', layout: 'left', sides: 'front', units: unit, splitLists: 42, splitSides: 50, turn: 0,
+    theme: 'system', layout: 'left', sides: 'front', units: 'board', splitLists: 42, splitSides: 50, turn: 0,
     turnStep: 90, backOffset: 0,
     show: {
       silkscreen: true, fabrication: true, pads: true, tracks: true, zones: true, holes: true, references: true,
@@ -95,8 +96,13 @@ export class Settings {
   private readonly listeners: (() => void)[] = [];
 
   constructor(private readonly unit: Unit, private readonly hash: string) {
-    this.values = merged(defaults(unit), stored(SETTINGS));
+    this.values = merged(defaults(), stored(SETTINGS));
     this.checked = merged<Checked>({}, stored(CHECKED + hash));
+  }
+
+  get units(): Unit {
+    const { units } = this.values;
+    return units === 'board' ? this.unit : units;
   }
 
   onChange(listener: () => void): void {
@@ -131,7 +137,7 @@ export class Settings {
   }
 
   reset(): void {
-    this.change(defaults(this.unit));
+    this.change(defaults());
   }
 
   text(): string {
@@ -154,7 +160,7 @@ export class Settings {
       this.checked = merged<Checked>({}, own);
       store(CHECKED + this.hash, this.checked);
     }
-    this.change(merged(defaults(this.unit), found.settings));
+    this.change(merged(defaults(), found.settings));
     return true;
   }
 }

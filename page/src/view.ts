@@ -1,7 +1,7 @@
 // The board on its canvas: one or both sides, drawn anew for each frame.
 import { applied, Camera, inverse } from './camera.js';
 import { css, dark, light, mixed, Palette, rgba, visibleOn } from './colors.js';
-import { Ends, Layer, Part, Side, State } from './data.js';
+import { Comparison, Ends, Item, Layer, Part, Side, State } from './data.js';
 import { element } from './dom.js';
 import { addBox, addPoint, emptyBox, isEmpty, Point } from './geometry.js';
 import { Drawable, Graphics, MOST_QUICK, Rgba, Transform, Viewport } from './gl.js';
@@ -55,7 +55,9 @@ export class BoardView {
   private readonly picker: Picker;
   private readonly drawables = new Map<string, Drawable>();
   private readonly pointers = new Map<number, Pointer>();
-  private lit: Drawable[] = [];
+  // What depends on the selection and the settings, until one of them changes.
+  private readonly passing = new Map<string, [Drawable, Rgba][]>();
+  private recorded: [Drawable, Rgba][] = [];
   private isPending = false;
   private moved = 0;
   private ruler: Point[] | null = null;
@@ -76,8 +78,11 @@ export class BoardView {
     this.node = element('div', { class: 'board' }, this.canvas, this.overlay, this.panes.front.node,
       this.panes.back.node);
     new ResizeObserver(() => this.resize()).observe(this.node);
-    settings.onChange(() => this.refresh());
-    selection.onChange(() => this.refreshInMotion());
+    settings.onChange(() => this.renew());
+    selection.onChange(() => {
+      this.forget();
+      this.refreshInMotion();
+    });
   }
 
   get sides(): Side[] {
@@ -155,6 +160,17 @@ export class BoardView {
     context.drawImage(this.canvas, 0, 0);
     context.drawImage(this.overlay, 0, 0);
     return image;
+  }
+
+  // Draws once more, with the settings and the colours that there are now.
+  renew(): void {
+    this.forget();
+    this.refresh();
+  }
+
+  private forget(): void {
+    this.passing.forEach((drawn) => drawn.forEach(([drawable]) => this.graphics.release(drawable)));
+    this.passing.clear();
   }
 
   // A picture in motion: where it is slow, it is drawn with less detail until it comes to rest.
@@ -332,8 +348,6 @@ export class BoardView {
         this.drawSide(pane, viewport, context);
       }
     }
-    this.lit.forEach((drawable) => this.graphics.release(drawable));
-    this.lit = [];
     if (this.frames === 1) {
       performance.mark('first-picture');
     }
@@ -370,10 +384,10 @@ export class BoardView {
       this.graphics.draw(this.kept(`bodies ${side}`, () => this.scene.bodies(side)), palette.body);
     }
     this.graphics.draw(this.kept('edge', () => this.edge()), palette.edge);
-    this.drawChecked(side);
+    this.drawPassing(`checked ${side}`, () => this.drawChecked(side));
     this.drawComparison(side);
     this.drawSelection(side);
-    this.drawFirstPins(side);
+    this.drawPassing(`first pins ${side}`, () => this.drawFirstPins(side));
     context.save();
     context.beginPath();
     context.rect(viewport.x, viewport.y, viewport.width, viewport.height);
@@ -432,10 +446,22 @@ export class BoardView {
     }
   }
 
-  private drawOnce(batch: Batch, color: Rgba): void {
+  private drawPassing(name: string, make: () => void): void {
+    const known = this.passing.get(name);
+    if (known) {
+      known.forEach(([drawable, color]) => this.graphics.draw(drawable, color));
+      return;
+    }
+    this.recorded = [];
+    make();
+    this.passing.set(name, this.recorded);
+  }
+
+  // Within what drawPassing makes.
+  private add(batch: Batch, color: Rgba): void {
     const drawable = this.graphics.upload(batch);
     this.graphics.draw(drawable, color);
-    this.lit.push(drawable);
+    this.recorded.push([drawable, color]);
   }
 
   // Those with the last of the boxes checked.
@@ -452,7 +478,7 @@ export class BoardView {
         addBoxOf(box, batch);
       }
     }
-    this.drawOnce(batch, whenChecked === 'dark' ? this.palette.darkened : this.palette.done);
+    this.add(batch, whenChecked === 'dark' ? this.palette.darkened : this.palette.done);
   }
 
   private drawSelection(side: Side): void {
@@ -460,11 +486,13 @@ export class BoardView {
     if (this.selection.isEmpty) {
       return;
     }
-    if (this.selection.net !== '') {
-      this.graphics.veil(palette.veil);
-      this.drawNet(side);
-      return;
-    }
+    const isNet = this.selection.net !== '';
+    this.graphics.veil(isNet ? palette.veil : { ...palette.veil, a: 0.3 });
+    this.drawPassing(`selection ${side}`, () => (isNet ? this.drawNet(side) : this.drawParts(side)));
+  }
+
+  private drawParts(side: Side): void {
+    const { palette } = this;
     const fill = new Batch();
     const pads = new Batch();
     const outline = new Batch();
@@ -476,10 +504,9 @@ export class BoardView {
       addFrameOf(box, outline);
       this.scene.padsOf(box.part).forEach((pad) => this.scene.shapes.add(pad.item, pads));
     }
-    this.graphics.veil({ ...palette.veil, a: 0.3 });
-    this.drawOnce(fill, palette.litFill);
-    this.drawOnce(pads, palette.lit);
-    this.drawOnce(outline, palette.lit);
+    this.add(fill, palette.litFill);
+    this.add(pads, palette.lit);
+    this.add(outline, palette.lit);
   }
 
   // On all layers; what is not on a layer of this side is paler.
@@ -489,10 +516,15 @@ export class BoardView {
     const near = new Batch();
     const far = new Batch();
     const lines = new Batch();
+    const isNew = oncePerPlace();
     for (const { layer, item } of net > 0 ? this.scene.itemsOfNet(net) : []) {
-      const isDrawn = layer.role === 'copper';
-      if (isDrawn) {
-        this.scene.shapes.add(item, shown.has(layer.place) ? (kindOf(item) === 'zones' ? lines : near) : far);
+      if (layer.role !== 'copper') {
+        continue;
+      }
+      if (shown.has(layer.place)) {
+        this.scene.shapes.add(item, kindOf(item) === 'zones' ? lines : near);
+      } else if (isNew(item)) {
+        this.scene.shapes.add(item, far);
       }
     }
     const pads = new Batch();
@@ -502,10 +534,10 @@ export class BoardView {
           .forEach((pad) => this.scene.shapes.add(pad.item, pads));
       }
     }
-    this.drawOnce(far, { ...this.palette.lit, a: 0.35 });
-    this.drawOnce(lines, { ...this.palette.lit, a: 0.55 });
-    this.drawOnce(near, this.palette.lit);
-    this.drawOnce(pads, this.palette.net);
+    this.add(far, { ...this.palette.lit, a: 0.35 });
+    this.add(lines, { ...this.palette.lit, a: 0.55 });
+    this.add(near, this.palette.lit);
+    this.add(pads, this.palette.net);
   }
 
   private drawFirstPins(side: Side): void {
@@ -524,7 +556,7 @@ export class BoardView {
         batch.addDisc((box.minX + box.maxX) / 2, (box.minY + box.maxY) / 2, size * 0.6);
       }
     }
-    this.drawOnce(batch, this.palette.first);
+    this.add(batch, this.palette.first);
   }
 
   private firstPins: Map<string, string> | null = null;
@@ -562,6 +594,11 @@ export class BoardView {
       });
       return batch;
     }), palette.added);
+    this.drawPassing(`changed ${side}`, () => this.drawChangedParts(side, comparison));
+  }
+
+  private drawChangedParts(side: Side, comparison: Comparison): void {
+    const { palette } = this;
     for (const state of ['added', 'removed', 'moved', 'changed'] as State[]) {
       const batch = new Batch();
       for (const change of comparison.parts.filter((one) => one.state === state)) {
@@ -576,7 +613,7 @@ export class BoardView {
           batch.addDisc(change.fromX, change.fromY, 0.4);
         }
       }
-      this.drawOnce(batch, palette[state]);
+      this.add(batch, palette[state]);
     }
   }
 
@@ -709,14 +746,14 @@ export class BoardView {
     if (!from || !to) {
       return '';
     }
-    const length = (millimetres: number): string => lengthText(millimetres, this.settings.values.units);
+    const length = (millimetres: number): string => lengthText(millimetres, this.settings.units);
     return texts.length(length(Math.hypot(to.x - from.x, to.y - from.y)), length(to.x - from.x),
       length(to.y - from.y));
   }
 
   // A bar of a round length, to see how large things are.
   private drawScale(transform: Transform, viewport: Viewport, context: CanvasRenderingContext2D): void {
-    const unit = this.settings.values.units;
+    const unit = this.settings.units;
     const step = { mm: 1, inch: 25.4, mil: 0.0254, um: 0.001 }[unit];
     const wanted = (110 * this.pixels) / transform.scale / step;
     const power = 10 ** Math.floor(Math.log10(wanted));
@@ -760,17 +797,33 @@ export class BoardView {
     this.show({ x: (box.minX + box.maxX) / 2, y: (box.minY + box.maxY) / 2 }, only);
   }
 
-  boundsOfNet(net: number): Point | null {
+  // The middle of what lies on the layers.
+  middleOfNet(net: number): Point | null {
     const box = emptyBox();
     for (const { item } of this.scene.itemsOfNet(net)) {
-      addBox(box, this.scene.shapes.boxOf(item));
+      const place = item.placement ?? item.paths?.[0]?.[0];
+      if (place) {
+        addPoint(box, place.x, place.y);
+      }
     }
-    if (isEmpty(box)) {
-      return null;
-    }
-    addPoint(box, box.minX, box.minY);
-    return { x: (box.minX + box.maxX) / 2, y: (box.minY + box.maxY) / 2 };
+    return isEmpty(box) ? null : { x: (box.minX + box.maxX) / 2, y: (box.minY + box.maxY) / 2 };
   }
+}
+
+// Tells the pads of a via on many layers once.
+function oncePerPlace(): (item: Item) => boolean {
+  const known = new Map<number, Set<number>>();
+  return ({ placement, paths, shape }) => {
+    if (paths !== null || placement === null) {
+      return true;
+    }
+    const places = known.get(shape) ?? new Set<number>();
+    known.set(shape, places);
+    const place = Math.round(placement.x * 1000) * 1e8 + Math.round(placement.y * 1000);
+    const isNew = !places.has(place);
+    places.add(place);
+    return isNew;
+  };
 }
 
 function fromMiddle(node: HTMLElement, event: { clientX: number; clientY: number }): Point {

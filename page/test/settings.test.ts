@@ -25,6 +25,15 @@ test('settings and checked parts are kept, the parts for their board alone', () 
   assert.deepEqual(new Settings('mm', 'b').checked, {});
 });
 
+test('lengths are in the unit of each board until another one is asked for', () => {
+  const settings = new Settings('inch', 'a');
+  settings.change({ turn: 90 });
+  assert.equal(settings.units, 'inch');
+  assert.equal(new Settings('mm', 'b').units, 'mm');
+  settings.change({ units: 'um' });
+  assert.equal(new Settings('mm', 'b').units, 'um');
+});
+
 test('settings are loaded as they were saved', () => {
   const settings = new Settings('mm', 'a');
   settings.change({ checks: ['Seen'], turn: 90 });
