@@ -15,7 +15,7 @@ try {
     format: 'esm', outdir: folder, outExtension: { '.js': '.mjs' }, logLevel: 'warning', target: 'node18',
   });
   const files = readdirSync(folder).map((name) => join(folder, name));
-  process.exitCode = spawnSync(process.execPath, ['--test', ...files], { stdio: 'inherit' }).status ?? 1;
+  process.exitCode = spawnSync(process.execPath, ['--test', ...files], { stdio: 'inherit', cwd: here }).status ?? 1;
 } finally {
   rmSync(folder, { recursive: true });
 }

@@ -17,7 +17,7 @@ function checkColumns<Row>(app: App, partsOf: (row: Row) => string[]): ListColum
     const done = (row: Row): number => partsOf(row).filter((name) => settings.isChecked(check, name)).length;
     return {
       field: `check:${check}`, title: check, width: 90,
-      text: (row) => (done(row) === partsOf(row).length ? 'yes' : done(row) > 0 ? 'partly' : 'no'),
+      text: (row) => texts.checkedWords[done(row) === partsOf(row).length ? 'all' : done(row) > 0 ? 'some' : 'none'],
       compare: (left, right) => done(left) / partsOf(left).length - done(right) / partsOf(right).length,
       node: (row) => {
         const names = partsOf(row);
@@ -99,10 +99,10 @@ export function partColumns(app: App): ListColumn<PartRow>[] {
     })] : []),
     column('part', texts.part, { isHidden: true }),
     column('mount', texts.mount, { isHidden: true }),
-    length('x', 'x'), length('y', 'y'),
-    column('rotation', 'rotation', { isNumber: true, isHidden: true,
+    length('x', texts.x), length('y', texts.y),
+    column('rotation', texts.rotation, { isNumber: true, isHidden: true,
       compare: (left, right) => (left.rotation ?? 0) - (right.rotation ?? 0) }),
-    length('height', 'height'),
+    length('height', texts.height),
     column('partNumber', texts.partNumber, { isHidden: true }),
     column('description', texts.description, { isHidden: true }),
     column('makersParts', texts.makersParts, { isHidden: true }),

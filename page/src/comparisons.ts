@@ -28,7 +28,9 @@ export class Comparisons {
     });
     const fields = ['kind', 'name', 'change', 'property', 'before', 'after'] as const;
     this.list = new List('differences', texts.differences,
-      fields.map((field) => ({ field, title: field, text: (row: DifferenceRow) => row[field] })), rows, app.settings, {
+      fields.map((field) => ({
+        field, title: texts.differenceHeads[field], text: (row: DifferenceRow) => row[field],
+      })), rows, app.settings, {
         onClick: (row) => this.jump(row),
         isLit: (row) => app.selection.parts.has(row.name) || (row.kind === 'net' && app.selection.net === row.name),
         classOf: (row) => this.stateOf(row),

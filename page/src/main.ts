@@ -14,6 +14,7 @@ export function show(data: ArrayBuffer, root: HTMLElement): App {
 
 async function showEmbedded(): Promise<void> {
   const root = document.getElementById('page')!;
+  root.replaceChildren(element('p', { class: 'loading' }, texts.loading));
   try {
     const packed = document.getElementById('board-data')?.textContent ?? '';
     const app = show(await unpacked(packed), root);

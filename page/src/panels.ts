@@ -117,7 +117,7 @@ export function drillPanel(board: Board, unit: Unit): HTMLElement {
   const from = millimetresOf(unitShort(board.units));
   const keys = Object.keys(rows[0]!).filter((key) => key !== 'diameter').sort(
     (a, b) => Number(b === 'holes') - Number(a === 'holes') || a.localeCompare(b));
-  return plainTable([texts.diameter, ...keys], rows.map((row) => [
+  return plainTable([texts.diameter, ...keys.map((key) => texts.drillHeads[key] ?? key)], rows.map((row) => [
     typeof row['diameter'] === 'number' ? lengthText(row['diameter'] * from, unit) : textOf(row['diameter']),
     ...keys.map((key) => textOf(row[key])),
   ]));
