@@ -129,10 +129,9 @@ function unitShort(word: string): string {
 
 export function reportPanel(board: Board, unit: Unit): HTMLElement {
   const { notes, facts } = board.tables;
-  const isEmpty = notes.rows.length === 0 && facts.rows.length === 0;
-  return element('div', {}, ...(isEmpty ? [element('p', {}, texts.noNotes)] : [
-    element('h2', {}, texts.notes), listing(notes, unit), element('h2', {}, texts.facts), listing(facts, unit),
-  ]));
+  const tables = ([[texts.notes, notes], [texts.facts, facts]] as const).filter(([, table]) => table.rows.length > 0);
+  return element('div', {}, ...(tables.length === 0 ? [element('p', {}, texts.noNotes)]
+    : tables.flatMap(([title, table]) => [element('h2', {}, title), listing(table, unit)])));
 }
 
 const SHOWN: Shown[] = ['silkscreen', 'fabrication', 'pads', 'tracks', 'zones', 'holes', 'references', 'values'];

@@ -6,6 +6,8 @@ export interface PartRow {
   designator: string;
   value: string;
   package: string;
+  // As the bill of materials names it, where it does.
+  bomPackage: string;
   part: string;
   side: string;
   mount: string;
@@ -84,6 +86,7 @@ function list(cell: Cell | undefined): string[] {
 }
 
 interface ItemFacts {
+  package: string;
   partNumber: string;
   description: string;
   makersParts: string;
@@ -93,7 +96,7 @@ function itemsByDesignator(items: Table): Map<string, ItemFacts> {
   const facts = new Map<string, ItemFacts>();
   for (const item of records(items)) {
     const own = {
-      partNumber: text(item['part_number']), description: text(item['description']),
+      package: text(item['package']), partNumber: text(item['part_number']), description: text(item['description']),
       makersParts: text(item['makers_parts']),
     };
     for (const designator of [...list(item['fitted']), ...list(item['not_fitted'])]) {
@@ -112,6 +115,7 @@ export function partRows(board: Board): PartRow[] {
     const fitted = component['fitted'];
     return {
       id: String(i), designator, value: text(component['value']), package: text(component['package']),
+      bomPackage: item?.package || text(component['package']),
       part: text(component['part']), side: text(component['side']).toLowerCase(), mount: text(component['mount']),
       fitted: typeof fitted === 'boolean' ? fitted : null, partNumber: item?.partNumber ?? '',
       description: item?.description ?? '', makersParts: item?.makersParts ?? '', state: states.get(designator) ?? '',
@@ -126,7 +130,7 @@ export function partRows(board: Board): PartRow[] {
 export function groupRows(parts: PartRow[]): GroupRow[] {
   const groups = new Map<string, GroupRow>();
   for (const part of parts) {
-    const key = JSON.stringify([part.value || part.part || part.partNumber, part.package, part.fitted]);
+    const key = JSON.stringify([part.value || part.part || part.partNumber, part.bomPackage, part.fitted]);
     const known = groups.get(key);
     if (known) {
       known.designators.push(part.designator);
@@ -135,7 +139,7 @@ export function groupRows(parts: PartRow[]): GroupRow[] {
       continue;
     }
     groups.set(key, {
-      id: key, quantity: 1, designators: [part.designator], value: part.value || part.part, package: part.package,
+      id: key, quantity: 1, designators: [part.designator], value: part.value || part.part, package: part.bomPackage,
       part: part.part, side: part.side, fitted: part.fitted, partNumber: part.partNumber,
       description: part.description, makersParts: part.makersParts,
     });

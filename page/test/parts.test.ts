@@ -5,7 +5,8 @@ import { compareDesignators, csvOf, groupRows, PartRow } from '../src/parts.js';
 function part(designator: string, others: Partial<PartRow> = {}): PartRow {
   return {
     id: designator, designator, value: '', package: '', part: '', side: 'top', mount: '', fitted: true, partNumber: '',
-    description: '', makersParts: '', state: '', x: null, y: null, rotation: null, height: null, ...others,
+    description: '', makersParts: '', state: '', x: null, y: null, rotation: null, height: null,
+    bomPackage: others.package ?? '', ...others,
   };
 }
 
@@ -25,6 +26,14 @@ test('parts of one value and package are one group, fitted and not fitted apart'
   assert.equal(groups[0]!.quantity, 2);
   assert.equal(groups[0]!.side, 'both');
   assert.equal(groups[3]!.value, 'A');
+});
+
+test('parts go by the package of the bill of materials, whatever their own is called', () => {
+  const groups = groupRows([
+    part('C1', { value: '1uF', package: 'C_1', bomPackage: 'C' }),
+    part('C2', { value: '1uF', package: 'C_2', bomPackage: 'C' }),
+  ]);
+  assert.deepEqual(groups.map((group) => [group.package, group.quantity]), [['C', 2]]);
 });
 
 test('CSV has quotes where they are needed', () => {
