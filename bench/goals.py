@@ -22,6 +22,7 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
 RESULTS = "bench/RESULTS.md"
+PAGE_SECTION = "\n## The page\n"
 BOARDS = ROOT.parent / "shared" / "boards"
 TESTCASE1 = "testcase1-revc-full.xml"
 TESTCASE3 = "testcase3-revc-full.xml"
@@ -289,6 +290,13 @@ def report(measurements, build, rounds):
             f"{rounds} rounds.\n\n{table_of(measurements)}\n")
 
 
+def section_of_page():
+    """What bench/page.py has given stays as it is."""
+    path = ROOT / RESULTS
+    text = path.read_text() if path.exists() else ""
+    return text[text.find(PAGE_SECTION):] if PAGE_SECTION in text else ""
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("--quick", action="store_true", help="leave out the board of 1 GB")
@@ -302,7 +310,7 @@ def main():
         measurements = Measurements(bench)
         text = report(measurements, arguments.build, arguments.rounds)
         print(text)
-        (ROOT / RESULTS).write_text(text)
+        (ROOT / RESULTS).write_text(text + section_of_page())
         earlier = earlier_values()
         suspects = [goal for goal in GOALS if is_lost(goal, earlier, measurements)]
         again = Measurements(bench)

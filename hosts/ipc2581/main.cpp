@@ -35,6 +35,7 @@ void AddCommands(CLI::App & program)
     AddHolesCommand(program);
     AddTracksCommand(program);
     AddSvgCommand(program);
+    AddHtmlCommand(program);
     AddCheckCommand(program);
     AddConvertCommand(program);
     AddReportCommand(program);

@@ -15,8 +15,8 @@ namespace ipc2581::host {
 inline constexpr const char * NoSection = "contains no section of an IPC-2581 document";
 
 // Imports the file as the options say; where they have no memory limit, within the bound of memory for a board. The
-// progress may be null, and is not used after the call. Throws Error for a file that cannot be read or is not whole, and
-// for one without a section.
+// progress may be null, and is not used after the call. Throws Error for a file that cannot be read or is not whole,
+// and for one without a section.
 Imported ImportModel(const BoardFile & file, ImportOptions options, CProgressCtrl * progress);
 
 // Reads the file into the root by the reader of the core, within the same bound. False if a line has

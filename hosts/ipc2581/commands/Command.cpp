@@ -14,6 +14,7 @@
 #include "hosts/ipc2581/board/MemoryBound.h"
 #include "hosts/ipc2581/check/Losses.h"
 #include "hosts/ipc2581/commands/ExitStatus.h"
+#include "hosts/ipc2581/files/Error.h"
 #include "hosts/ipc2581/files/Pack.h"
 #include "hosts/ipc2581/output/Progress.h"
 #include "hosts/ipc2581/text/Text.h"
@@ -91,6 +92,9 @@ LastBoard OpenBoard(const std::string & path, const Reading & reading)
 
 TwoBoards OpenTwoBoards(const std::string & before, const std::string & after, Reading reading)
 {
+    if (IsStandardInput(before) && IsStandardInput(after)) {
+        throw Error(StandardInput, "is there to be read once; give one of the boards as a file");
+    }
     // The reader of the core has its messages in one place for the whole program.
     reading.isBesideAnother = !reading.isExact;
     BoardFile oldFile = OpenBoardFile(before);

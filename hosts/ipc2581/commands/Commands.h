@@ -20,6 +20,7 @@ void AddPadsCommand(CLI::App & program);
 void AddHolesCommand(CLI::App & program);
 void AddTracksCommand(CLI::App & program);
 void AddSvgCommand(CLI::App & program);
+void AddHtmlCommand(CLI::App & program);
 void AddCheckCommand(CLI::App & program);
 void AddConvertCommand(CLI::App & program);
 void AddReportCommand(CLI::App & program);

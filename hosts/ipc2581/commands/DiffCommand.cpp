@@ -6,7 +6,6 @@
 #include "hosts/ipc2581/commands/Commands.h"
 #include "hosts/ipc2581/commands/ExitStatus.h"
 #include "hosts/ipc2581/diff/BoardDifferences.h"
-#include "hosts/ipc2581/files/Error.h"
 
 namespace ipc2581::host {
 namespace {
@@ -34,9 +33,6 @@ bool IsLacking(Board & board)
 
 bool Diff(const Options & options)
 {
-    if (IsStandardInput(options.before) && IsStandardInput(options.after)) {
-        throw Error("standard input", "is there to be read once; give one of the boards as a file");
-    }
     const TwoBoards boards = OpenTwoBoards(options.before, options.after, options.reading);
     Board & before = *boards.before;
     Board & after = *boards.after;

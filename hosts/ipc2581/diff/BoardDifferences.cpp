@@ -113,15 +113,15 @@ std::vector<Record> Layers(Board & board)
 
 // The first of what only one of the boards has on a layer, and how many there are besides.
 void AddFeatures(const std::string & layer, const std::vector<const FeatureSet *> & sets, const Lengths & lengths,
-                 Side side, const DiffOptions & options, Differences & differences)
+                 Whose whose, const DiffOptions & options, Differences & differences)
 {
     const std::size_t shown = options.isAll ? sets.size() : std::min(sets.size(), MostFeatures);
     for (std::size_t i = 0; i < shown; ++i) {
         const SetDescription description = DescribeSet(*sets[i], lengths);
-        differences.AddOf("feature", layer, side, description.kind, description.text);
+        differences.AddOf("feature", layer, whose, description.kind, description.text);
     }
     if (shown < sets.size()) {
-        differences.AddOf("feature", layer, side, "more, see --all", sets.size() - shown);
+        differences.AddOf("feature", layer, whose, "more, see --all", sets.size() - shown);
     }
 }
 
@@ -150,8 +150,8 @@ void CompareFeatures(const Compared & before, const Compared & after, const NetR
             continue;
         }
         differences.AddChanged("layer", layer, "sets", gone.size(), come.size());
-        AddFeatures(layer, gone, before.lengths, Side::Before, options, differences);
-        AddFeatures(layer, come, after.lengths, Side::After, options, differences);
+        AddFeatures(layer, gone, before.lengths, Whose::Before, options, differences);
+        AddFeatures(layer, come, after.lengths, Whose::After, options, differences);
     }
 }
 

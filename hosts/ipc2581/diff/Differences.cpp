@@ -92,10 +92,10 @@ void Differences::Compare(const char * kind, const std::vector<Record> & before,
     }
 }
 
-void Differences::AddOf(const char * kind, const std::string & name, Side side, const std::string & property,
+void Differences::AddOf(const char * kind, const std::string & name, Whose whose, const std::string & property,
                         const Cell & value)
 {
-    const bool isBefore = side == Side::Before;
+    const bool isBefore = whose == Whose::Before;
     m_table.Add(
         {kind, name, isBefore ? "removed" : "added", property, isBefore ? value : Cell(), isBefore ? Cell() : value});
 }

@@ -41,7 +41,7 @@ private:
     std::vector<Property> m_properties;
 };
 
-enum class Side { Before, After };
+enum class Whose { Before, After };
 
 // What differs between two states of the same things, as rows of a table.
 class Differences {
@@ -57,7 +57,7 @@ public:
     void Compare(const char * kind, const std::vector<Record> & before, const std::vector<Record> & after);
 
     // What only one of the states has.
-    void AddOf(const char * kind, const std::string & name, Side side, const std::string & property,
+    void AddOf(const char * kind, const std::string & name, Whose whose, const std::string & property,
                const Cell & value);
     void AddChanged(const char * kind, const std::string & name, const char * property, const Cell & before,
                     const Cell & after);

@@ -27,7 +27,7 @@ _ipc2581_words()
 
 _ipc2581()
 {
-    local commands="info bom components nets layers stackup packages pins pads holes tracks svg check convert report diff sqlite"
+    local commands="info bom components nets layers stackup packages pins pads holes tracks svg html check convert report diff sqlite"
     local boards=(.cvg .xml .gz .zst .xz .bz2 .zip .7z .tar)
     local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]}
     local command="" i place=0
@@ -43,7 +43,7 @@ _ipc2581()
     # The place of the word among the arguments of the command that are not options.
     for ((i = 1; i < COMP_CWORD; ++i)); do
         case ${COMP_WORDS[i]} in
-            -f | --format | -o | --output | --step | --units | --group | --columns | --bottom-rotation | --layers | --width)
+            -f | --format | -o | --output | --step | --units | --group | --columns | --bottom-rotation | --layers | --width | --against)
                 [[ ${COMP_WORDS[i + 1]} == "=" ]] && ((++i))
                 ((++i))
                 ;;
@@ -87,6 +87,10 @@ _ipc2581()
             _ipc2581_words "$word" "below above"
             return
             ;;
+        --against)
+            _ipc2581_files "$word" "${boards[@]}"
+            return
+            ;;
         --units)
             _ipc2581_words "$word" "mm inch mil um"
             return
@@ -116,6 +120,7 @@ _ipc2581()
             components) options+=" $listing --units --sort --fitted --columns --bottom-rotation" ;;
             nets) options+=" $listing --units --physical --sort" ;;
             svg) options+=" -o --output --layers --whole --png --width --force" ;;
+            html) options+=" -o --output --against --units --force" ;;
             convert) options+=" --force" ;;
             report) options+=" --force -o --output" ;;
             check) options+=" $listing --all" ;;

@@ -40,7 +40,7 @@ TEST(Usage, WrongOneIsToldInOneLine)
         RunProgram({}),
         WrongUsage(
             "a command is missing: one of info, bom, components, nets, layers, stackup, packages, pins, pads, holes, "
-            "tracks, svg, check, convert, report, diff, sqlite"));
+            "tracks, svg, html, check, convert, report, diff, sqlite"));
     EXPECT_EQ(RunProgram({"info"}), WrongUsage("BOARD is required"));
     EXPECT_EQ(RunProgram({"convert", "board.cvg"}), WrongUsage("OUT is required"));
     EXPECT_EQ(RunProgram({"report"}), WrongUsage("BOARD is required"));

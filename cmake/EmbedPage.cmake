@@ -1,0 +1,15 @@
+# Writes the files of the page as a source of the program: cmake -D folder=page/dist -D output=FILE -P EmbedPage.cmake
+set(source "#include \"hosts/ipc2581/html/PageParts.h\"\n\nnamespace ipc2581::host {\nnamespace {\n\n")
+set(functions "")
+foreach(part Frame:index.html Style:page.css Script:page.js)
+    string(REGEX REPLACE ":.*" "" name ${part})
+    string(REGEX REPLACE ".*:" "" file ${part})
+    file(READ ${folder}/${file} digits HEX)
+    string(LENGTH "${digits}" length)
+    math(EXPR size "${length} / 2")
+    # A literal can have 64 KB in every compiler; a list of numbers can have any number of them.
+    string(REGEX REPLACE "([0-9a-f][0-9a-f])" "'\\\\x\\1'," digits "${digits}")
+    string(APPEND source "constexpr char ${name}[] = {${digits}0};\n")
+    string(APPEND functions "std::string_view Page${name}()\n{\n    return {${name}, ${size}};\n}\n\n")
+endforeach()
+file(WRITE ${output} "${source}\n}  // namespace\n\n${functions}}  // namespace ipc2581::host\n")

@@ -1,0 +1,256 @@
+#include "hosts/ipc2581/html/PageData.h"
+
+#include <array>
+#include <cstdint>
+#include <filesystem>
+#include <set>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include <nlohmann/json.hpp>
+
+#include "hosts/ipc2581/board/Lengths.h"
+#include "hosts/ipc2581/diff/BoardDifferences.h"
+#include "hosts/ipc2581/drawing/BoardDrawing.h"
+#include "hosts/ipc2581/files/Sha256.h"
+#include "hosts/ipc2581/html/DrawingColumns.h"
+#include "hosts/ipc2581/html/PageComparison.h"
+#include "hosts/ipc2581/html/PageFacts.h"
+#include "hosts/ipc2581/svg/SvgColors.h"
+#include "hosts/ipc2581/text/Text.h"
+
+namespace ipc2581::host {
+namespace {
+
+using nlohmann::json;
+
+constexpr std::string_view Mark = "IPCPAGE1";
+
+const char * WordOf(LayerRole role)
+{
+    constexpr std::array<const char *, 8> words = {"copper", "mask",     "paste",    "legend",
+                                                   "drill",  "assembly", "document", "other"};
+    return words.at(static_cast<std::size_t>(role));
+}
+
+const char * WordOf(Side side)
+{
+    constexpr std::array<const char *, 5> words = {"top", "bottom", "inside", "both", "other"};
+    return words.at(static_cast<std::size_t>(side));
+}
+
+json HeadOfLayer(const Drawing & drawing, std::size_t place)
+{
+    const DrawnLayer & layer = drawing.layers[place];
+    return {{"name", layer.name},
+            {"function", layer.function},
+            {"role", WordOf(layer.role)},
+            {"side", WordOf(layer.side)},
+            {"isNegative", layer.isNegative},
+            {"hasFeatures", layer.hasFeatures},
+            {"color", ColorOf(drawing, place)},
+            {"items", layer.items.size()}};
+}
+
+json HeadOfDrawing(const Drawing & drawing)
+{
+    json layers = json::array();
+    for (std::size_t i = 0; i < drawing.layers.size(); ++i) {
+        layers.push_back(HeadOfLayer(drawing, i));
+    }
+    json shapes = json::array();
+    for (const DictionaryShape & shape : drawing.shapes) {
+        shapes.push_back(shape.paths.size());
+    }
+    json footprints = json::array();
+    for (const Footprint & footprint : drawing.footprints) {
+        footprints.push_back(
+            {{"name", footprint.name}, {"pads", footprint.pads.size()}, {"body", footprint.body.size()}});
+    }
+    return {{"names", drawing.names},        {"layers", std::move(layers)},
+            {"shapes", std::move(shapes)},   {"footprints", std::move(footprints)},
+            {"holes", drawing.holes.size()}, {"parts", drawing.parts.size()}};
+}
+
+json HeadOfFile(Board & board, const Lengths & lengths)
+{
+    const BoardFile & file = board.File();
+    return {{"file", std::filesystem::path(file.Name()).filename().string()},
+            {"step", Shown(board.Step().Name)},
+            {"units", lengths.Word()},
+            {"hash", Sha256OfFile(file.PlainPath())}};
+}
+
+json HeadsOf(const std::vector<IntegerColumn> & columns)
+{
+    json heads = json::array();
+    for (const IntegerColumn & column : columns) {
+        heads.push_back({{"name", column.Name()},
+                         {"isDelta", column.IsDelta()},
+                         {"count", column.Count()},
+                         {"bytes", column.Bytes().size()}});
+    }
+    return heads;
+}
+
+std::string Packed(const json & head, const std::vector<IntegerColumn> & columns)
+{
+    // Names of files and boards hold bytes in any encoding.
+    const std::string text = head.dump(-1, ' ', false, json::error_handler_t::replace);
+    std::string bytes(Mark);
+    for (unsigned shift = 0; shift < 32; shift += 8) {
+        bytes += static_cast<char>(text.size() >> shift & 0xffU);
+    }
+    bytes += text;
+    for (const IntegerColumn & column : columns) {
+        bytes += column.Bytes();
+    }
+    return bytes;
+}
+
+json HeadOfBoard(Board & board, const Lengths & lengths, const Drawing & drawing)
+{
+    json head = HeadOfFile(board, lengths);
+    head["isUnitKnown"] = drawing.millimetres > 0;
+    head["drawing"] = HeadOfDrawing(drawing);
+    head["tables"] = PageTables(board, lengths);
+    return head;
+}
+
+// The same items for a page with another drawing: its names, its unit, and no shape of the dictionary.
+class Carrier {
+public:
+    Carrier(const Drawing & from, Drawing & to) : m_from(from), m_to(to)
+    {
+        const bool areKnown = from.millimetres > 0 && to.millimetres > 0;
+        m_scale = areKnown ? from.millimetres / to.millimetres : 1.0;
+        for (std::size_t i = 0; i < to.names.size(); ++i) {
+            m_places.emplace(to.names[i], static_cast<NameIndex>(i));
+        }
+    }
+
+    Item Carried(const Item & item)
+    {
+        Item carried = item;
+        carried.width *= m_scale;
+        carried.net = NameOf(item.net);
+        carried.pin = NameOf(item.pin);
+        carried.text = NameOf(item.text);
+        if (item.kind == ItemKind::Hole) {
+            carried.placement.location = {item.placement.location.X * m_scale, item.placement.location.Y * m_scale};
+            return carried;
+        }
+        carried.paths.clear();
+        for (const Path & path : PathsOf(m_from, item)) {
+            carried.paths.push_back(Placed(Placed(path, item.placement), {.scale = m_scale}));
+        }
+        carried.shape = Item::OwnPaths;
+        carried.placement = {};
+        return carried;
+    }
+
+private:
+    NameIndex NameOf(NameIndex place)
+    {
+        const std::string & name = m_from.names[place];
+        const auto [found, isNew] = m_places.try_emplace(name, static_cast<NameIndex>(m_to.names.size()));
+        if (isNew) {
+            m_to.names.push_back(name);
+        }
+        return found->second;
+    }
+
+    const Drawing & m_from;
+    Drawing & m_to;
+    double m_scale;
+    std::unordered_map<std::string, NameIndex> m_places;
+};
+
+const char * WordOf(PartChange::State state)
+{
+    constexpr std::array<const char *, 4> words = {"added", "removed", "moved", "changed"};
+    return words.at(static_cast<std::size_t>(state));
+}
+
+// What differs in other ways than where it lies: a value, a package, whether it is fitted.
+void AddChangedParts(const Table & differences, DrawingComparison & comparison)
+{
+    std::set<std::string> known;
+    for (const PartChange & part : comparison.parts) {
+        known.insert(part.name);
+    }
+    differences.ForEachRow([&](const Row & row) {
+        const std::string name = row[1].Text();
+        if (row[0].Text() == "component" && known.insert(name).second) {
+            comparison.parts.push_back({name, PartChange::State::Changed});
+        }
+    });
+}
+
+json HeadOfPart(const PartChange & part, double millimetres)
+{
+    json head = {{"name", part.name}, {"state", WordOf(part.state)}, {"side", WordOf(part.side)}};
+    if (part.state == PartChange::State::Moved || part.state == PartChange::State::Removed) {
+        const double scale = millimetres > 0 ? millimetres : 1.0;
+        head["fromX"] = part.from.X * scale;
+        head["fromY"] = part.from.Y * scale;
+    }
+    return head;
+}
+
+}  // namespace
+
+std::string PageDataOf(Board & board, const PageChoice & choice)
+{
+    const Lengths lengths(board, choice.unit);
+    const Drawing drawing = DrawingOf(board);
+    DrawingColumns columns{Quantum(drawing)};
+    columns.Add(drawing);
+    json head = HeadOfBoard(board, lengths, drawing);
+    head["columns"] = HeadsOf(columns.All());
+    return Packed(head, columns.All());
+}
+
+std::string PageDataOf(Board & before, Board & after, const PageChoice & choice)
+{
+    const Lengths lengths(after, choice.unit);
+    const Drawing old = DrawingOf(before);
+    Drawing drawing = DrawingOf(after);
+    const Lengths oldLengths(before, choice.unit);
+    const Table differences = DifferencesOf({before, oldLengths}, {after, lengths}).Rows();
+    DrawingComparison comparison = Compare(old, drawing);
+    AddChangedParts(differences, comparison);
+
+    DrawingColumns columns{Quantum(drawing)};
+    columns.Add(drawing);
+    json addedLayers = json::array();
+    for (const DrawingComparison::Added & added : comparison.added) {
+        addedLayers.push_back(added.layer);
+        columns.Add(*added.item);
+    }
+    Carrier carrier(old, drawing);
+    json removed = json::array();
+    for (const std::vector<const Item *> & items : comparison.removed) {
+        removed.push_back(items.size());
+        for (const Item * const item : items) {
+            columns.Add(carrier.Carried(*item));
+        }
+    }
+    json parts = json::array();
+    for (const PartChange & part : comparison.parts) {
+        parts.push_back(HeadOfPart(part, drawing.millimetres));
+    }
+    json head = HeadOfBoard(after, lengths, drawing);
+    head["comparison"] = {{"file", std::filesystem::path(before.File().Name()).filename().string()},
+                          {"added", comparison.added.size()},
+                          {"addedLayers", std::move(addedLayers)},
+                          {"removed", std::move(removed)},
+                          {"parts", std::move(parts)},
+                          {"differences", PageTable(differences)}};
+    head["columns"] = HeadsOf(columns.All());
+    return Packed(head, columns.All());
+}
+
+}  // namespace ipc2581::host

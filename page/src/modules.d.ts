@@ -1,0 +1,4 @@
+declare module '*.txt' {
+  const text: string;
+  export default text;
+}
