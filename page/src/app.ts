@@ -554,6 +554,7 @@ export class App {
 
   private actions(): Record<string, () => void> {
     const pan = 60;
+    const focused = document.activeElement;
     return {
       n: () => this.step(1), p: () => this.step(-1), ' ': () => this.toggleDone(), '/': () => this.search.focus(),
       f: () => this.flip(), b: () => this.settings.change({ sides: 'both' }), r: () => this.turn(-1),
@@ -561,7 +562,10 @@ export class App {
       '0': () => this.view?.fit(), m: () => this.toggleRuler(), '?': () => this.help.showModal(),
       '1': () => this.settings.change({ layout: 'list' }), '2': () => this.settings.change({ layout: 'left' }),
       '3': () => this.settings.change({ layout: 'above' }), '4': () => this.settings.change({ layout: 'board' }),
-      ...(document.activeElement?.classList.contains('pane') ? {
+      ...(focused === document.body || focused?.closest('.grid') ? {
+        ArrowUp: () => this.step(-1), ArrowDown: () => this.step(1),
+      } : {}),
+      ...(focused?.classList.contains('pane') ? {
         ArrowLeft: () => this.view?.panBy(pan, 0), ArrowRight: () => this.view?.panBy(-pan, 0),
         ArrowUp: () => this.view?.panBy(0, pan), ArrowDown: () => this.view?.panBy(0, -pan),
       } : {}),

@@ -96,7 +96,13 @@ export class List<Row extends { id: string }> {
     this.wanted = row;
     if (this.table && this.isBuilt) {
       this.wanted = null;
-      void this.table.scrollToRow(row.id, 'center', false).catch(() => undefined);
+      // The table takes its rows out of the page meanwhile, and the focus goes with them.
+      const hadFocus = this.grid.contains(document.activeElement);
+      void this.table.scrollToRow(row.id, 'center', false).catch(() => undefined).then(() => {
+        if (hadFocus && document.activeElement === document.body) {
+          this.grid.querySelector<HTMLElement>('.tabulator-tableholder')?.focus({ preventScroll: true });
+        }
+      });
     }
   }
 

@@ -159,7 +159,7 @@ export const texts = {
     ['b', 'both sides'],
     ['r, Shift r', 'turn right, turn left'],
     ['+, −, 0', 'zoom in, zoom out, fit'],
-    ['Arrow keys', 'move the board, when it has the focus'],
+    ['Arrow keys', 'go through the list; move the board, when it has the focus'],
     ['m', 'ruler'],
     ['1, 2, 3, 4', 'list alone, list left, list above, board alone'],
     ['Click on a part', 'select it and its row; with Ctrl or Shift its net'],

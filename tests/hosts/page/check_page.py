@@ -308,6 +308,93 @@ class PageTest(unittest.TestCase):
         self.keys("?")
         self.assertTrue(self.browser.find_element(By.TAG_NAME, "dialog").is_displayed())
 
+    def test_arrow_keys_go_through_the_list_that_has_the_focus(self):
+        self.tab("parts")
+        self.wait("return document.querySelectorAll('#panel-parts .tabulator-row').length > 3")
+        self.run_js("document.querySelector('#panel-parts .tabulator-tableholder').focus()")
+        for key, part in ((Keys.ARROW_DOWN, "C1"), (Keys.ARROW_DOWN, "C2"), (Keys.ARROW_UP, "C1")):
+            ActionChains(self.browser).send_keys(key).perform()
+            self.assertEqual(self.parts(), [part])
+        before = self.run_js("return page.view.panes.front.camera.y")
+        self.run_js("document.querySelector('.pane[data-side=front]').focus()")
+        ActionChains(self.browser).send_keys(Keys.ARROW_DOWN).perform()
+        self.assertEqual(self.parts(), ["C1"])
+        self.assertNotEqual(self.run_js("return page.view.panes.front.camera.y"), before)
+
+    # Gestures
+
+    def touch(self, kind, *points):
+        self.browser.execute_cdp_cmd("Input.dispatchTouchEvent", {
+            "type": kind, "touchPoints": [{"x": x, "y": y, "id": i} for i, (x, y) in enumerate(points)]})
+
+    def test_two_fingers_zoom_about_their_place(self):
+        self.browser.execute_cdp_cmd("Emulation.setTouchEmulationEnabled", {"enabled": True, "maxTouchPoints": 2})
+        x, y = self.run_js("const box = document.querySelector('.pane[data-side=front]').getBoundingClientRect();"
+                           "return [box.left + box.width / 2, box.top + box.height / 2]")
+        distance = "return page.view.pageOf('front', 1, 0).x - page.view.pageOf('front', 0, 0).x"
+        before = self.run_js(distance)
+        self.touch("touchStart", (x - 40, y), (x + 40, y))
+        for step in (60, 80):
+            self.touch("touchMove", (x - step, y), (x + step, y))
+        self.touch("touchEnd")
+        self.browser.execute_cdp_cmd("Emulation.setTouchEmulationEnabled", {"enabled": False})
+        self.assertAlmostEqual(self.run_js(distance) / before, 2, delta=0.2)
+        self.assertEqual(self.parts(), [])
+
+    def test_the_split_is_dragged_and_kept(self):
+        gutter = self.browser.find_element(By.CSS_SELECTOR, ".gutter[role=separator]")
+        before = gutter.location["x"]
+        ActionChains(self.browser).drag_and_drop_by_offset(gutter, 150, 0).perform()
+        self.assertAlmostEqual(gutter.location["x"], before + 150, delta=5)
+        self.open(self.path, forget=False)
+        gutter = self.browser.find_element(By.CSS_SELECTOR, ".gutter[role=separator]")
+        self.assertAlmostEqual(gutter.location["x"], before + 150, delta=5)
+
+    def test_a_column_is_dragged_and_kept(self):
+        self.tab("parts")
+        self.wait("return document.querySelectorAll('#panel-parts .tabulator-row').length > 3")
+        head = "#panel-parts .tabulator-col[tabulator-field={}]"
+        moved = self.browser.find_element(By.CSS_SELECTOR, head.format("value"))
+        target = self.browser.find_element(By.CSS_SELECTOR, head.format("designator"))
+        chain = ActionChains(self.browser)
+        chain.move_to_element(moved).click_and_hold().pause(0.5)
+        # To the left half of the other one.
+        chain.move_to_element_with_offset(target, -target.size["width"] // 4, 0).pause(0.2)
+        chain.move_by_offset(-5, 0).pause(0.2).release().perform()
+        order = "return page.lists.parts.cells().head"
+        self.wait(f"{order.replace('return ', 'const head = ')}; "
+                  "return head.indexOf('Value') < head.indexOf('Designator')")
+        kept = self.run_js(order)
+        self.open(self.path, forget=False)
+        self.assertEqual(self.run_js(order), kept)
+
+    def test_a_list_is_copied(self):
+        self.tab("parts")
+        self.wait("return document.querySelectorAll('#panel-parts .tabulator-row').length > 3")
+        self.browser.execute_cdp_cmd("Browser.grantPermissions", {"permissions": ["clipboardReadWrite"]})
+        self.browser.find_element(By.CSS_SELECTOR, "#panel-parts button[aria-label='Copy the list']").click()
+        self.wait("return document.querySelector('#panel-parts .told').textContent === 'Copied'")
+        text = self.browser.execute_async_script("navigator.clipboard.readText().then(arguments[0])")
+        cells = self.run_js("return page.lists.parts.cells()")
+        self.assertEqual(text, "\n".join("\t".join(row) for row in [cells["head"], *cells["rows"]]))
+
+    def test_files_are_saved(self):
+        folder = Path(tempfile.mkdtemp(dir=self.folder.name))
+        self.browser.execute_cdp_cmd("Browser.setDownloadBehavior",
+                                     {"behavior": "allow", "downloadPath": str(folder)})
+        self.tab("parts")
+        self.browser.find_element(By.XPATH, "//button[text()='Save image']").click()
+        self.browser.find_element(By.CSS_SELECTOR, "#panel-parts button[aria-label='Save the list as CSV']").click()
+        end = time.time() + 10
+        while time.time() < end and len(list(folder.glob("*.[cp][sn][vg]"))) < 2:
+            time.sleep(0.1)
+        image, = folder.glob("*.png")
+        self.assertEqual(image.read_bytes()[:8], b"\x89PNG\r\n\x1a\n")
+        self.assertGreater(image.stat().st_size, 10000)
+        saved, = folder.glob("*.csv")
+        self.assertEqual(saved.read_bytes().decode().replace("\r\n", "\n").lstrip("\ufeff"),
+                         self.run_js("return page.lists.parts.csv()").replace("\r\n", "\n").lstrip("\ufeff"))
+
     def test_the_ruler_measures(self):
         self.keys("m")
         self.click_board(5, 5)
