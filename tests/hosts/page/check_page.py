@@ -315,11 +315,14 @@ class PageTest(unittest.TestCase):
         for key, part in ((Keys.ARROW_DOWN, "C1"), (Keys.ARROW_DOWN, "C2"), (Keys.ARROW_UP, "C1")):
             ActionChains(self.browser).send_keys(key).perform()
             self.assertEqual(self.parts(), [part])
-        before = self.run_js("return page.view.panes.front.camera.y")
-        self.run_js("document.querySelector('.pane[data-side=front]').focus()")
+        # The side of the part is shown.
+        side = self.run_js("return page.settings.values.sides")
+        camera = f"return page.view.panes.{side}.camera.y"
+        before = self.run_js(camera)
+        self.run_js("document.querySelector(`.pane[data-side=${arguments[0]}]`).focus()", side)
         ActionChains(self.browser).send_keys(Keys.ARROW_DOWN).perform()
         self.assertEqual(self.parts(), ["C1"])
-        self.assertNotEqual(self.run_js("return page.view.panes.front.camera.y"), before)
+        self.assertNotEqual(self.run_js(camera), before)
 
     # Gestures
 
