@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <filesystem>
+#include <future>
 #include <set>
 #include <string_view>
 #include <unordered_map>
@@ -74,13 +75,10 @@ json HeadOfDrawing(const Drawing & drawing)
             {"holes", drawing.holes.size()}, {"parts", drawing.parts.size()}};
 }
 
-json HeadOfFile(Board & board, const Lengths & lengths)
+// The hash takes as long as the rest of the page does, and asks nothing of the model.
+std::future<std::string> BeginHash(const Board & board)
 {
-    const BoardFile & file = board.File();
-    return {{"file", std::filesystem::path(file.Name()).filename().string()},
-            {"step", Shown(board.Step().Name)},
-            {"units", lengths.Word()},
-            {"hash", Sha256OfFile(file.PlainPath())}};
+    return std::async(std::launch::async, Sha256OfFile, board.File().PlainPath());
 }
 
 json HeadsOf(const std::vector<IntegerColumn> & columns)
@@ -112,7 +110,9 @@ std::string Packed(const json & head, const std::vector<IntegerColumn> & columns
 
 json HeadOfBoard(Board & board, const Lengths & lengths, const Drawing & drawing)
 {
-    json head = HeadOfFile(board, lengths);
+    json head = {{"file", std::filesystem::path(board.File().Name()).filename().string()},
+                 {"step", Shown(board.Step().Name)},
+                 {"units", lengths.Word()}};
     head["isUnitKnown"] = drawing.millimetres > 0;
     head["drawing"] = HeadOfDrawing(drawing);
     head["tables"] = PageTables(board, lengths);
@@ -204,17 +204,20 @@ json HeadOfPart(const PartChange & part, double millimetres)
 
 std::string PageDataOf(Board & board, const PageChoice & choice)
 {
+    auto hash = BeginHash(board);
     const Lengths lengths(board, choice.unit);
     const Drawing drawing = DrawingOf(board);
     DrawingColumns columns{Quantum(drawing)};
     columns.Add(drawing);
     json head = HeadOfBoard(board, lengths, drawing);
+    head["hash"] = hash.get();
     head["columns"] = HeadsOf(columns.All());
     return Packed(head, columns.All());
 }
 
 std::string PageDataOf(Board & before, Board & after, const PageChoice & choice)
 {
+    auto hash = BeginHash(after);
     const Lengths lengths(after, choice.unit);
     const Drawing old = DrawingOf(before);
     Drawing drawing = DrawingOf(after);
@@ -243,6 +246,7 @@ std::string PageDataOf(Board & before, Board & after, const PageChoice & choice)
         parts.push_back(HeadOfPart(part, drawing.millimetres));
     }
     json head = HeadOfBoard(after, lengths, drawing);
+    head["hash"] = hash.get();
     head["comparison"] = {{"file", std::filesystem::path(before.File().Name()).filename().string()},
                           {"added", comparison.added.size()},
                           {"addedLayers", std::move(addedLayers)},
