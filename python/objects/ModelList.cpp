@@ -1,6 +1,7 @@
 #include "python/objects/ModelList.h"
 
 #include <algorithm>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -178,6 +179,43 @@ void ModelList::Replace(std::int64_t index, py::handle object)
     Node & node = Addable(object);
     Put(place, node);
     Delete(place + 1);
+}
+
+void ModelList::CheckAddable(const py::list & objects) const
+{
+    std::set<const Node *> nodes;
+    for (const py::handle object : objects) {
+        if (!nodes.insert(&Addable(object)).second) {
+            RaiseValue("an object stands in a list once at most");
+        }
+    }
+}
+
+void ModelList::ReplaceAll(const py::slice & places, const py::iterable & objects)
+{
+    const py::list all(objects);
+    py::ssize_t first = 0;
+    py::ssize_t end = 0;
+    py::ssize_t step = 0;
+    py::ssize_t count = 0;
+    if (!places.compute(static_cast<py::ssize_t>(Size()), &first, &end, &step, &count)) {
+        throw py::error_already_set();
+    }
+    CheckAddable(all);
+    if (step == 1) {
+        DeleteAll(places);
+        for (std::size_t i = 0; i < all.size(); ++i) {
+            Insert(first + static_cast<std::int64_t>(i), all[i]);
+        }
+        return;
+    }
+    if (static_cast<std::size_t>(count) != all.size()) {
+        RaiseValue("attempt to assign sequence of size " + std::to_string(all.size()) + " to extended slice of size " +
+                   std::to_string(count));
+    }
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        Replace(first + static_cast<std::int64_t>(i) * step, all[i]);
+    }
 }
 
 void ModelList::Delete(std::int64_t index)

@@ -34,6 +34,9 @@ public:
     void Append(pybind11::handle object);
     // Deletes what was there.
     void Replace(std::int64_t index, pybind11::handle object);
+    // Takes over all of the objects or, where it raises, none. Raises ValueError for another number of them where the
+    // places do not follow each other.
+    void ReplaceAll(const pybind11::slice & places, const pybind11::iterable & objects);
     void Delete(std::int64_t index);
     void DeleteAll(const pybind11::slice & places);
     void Remove(pybind11::handle object);
@@ -54,6 +57,7 @@ private:
     [[nodiscard]] std::int64_t Find(pybind11::handle object) const;
     [[nodiscard]] Node & Addable(pybind11::handle object) const;
     void Put(std::int64_t index, Node & node);
+    void CheckAddable(const pybind11::list & objects) const;
 
     Node m_node;
 };

@@ -131,6 +131,35 @@ def test_slices_are_deleted(components):
     assert not components
 
 
+def test_objects_take_the_place_of_a_slice(components):
+    gone = components[1]
+    after = names(components)[2:]
+    components[1:2] = [ipc2581.Component(RefDes="N1"), ipc2581.Component(RefDes="N2")]
+    assert names(components)[1:] == ["N1", "N2"] + after
+    assert repr(gone) == "<Component, deleted>"
+    components[0:0] = (ipc2581.Component(RefDes=name) for name in ("M1", "M2"))
+    assert names(components)[:2] == ["M1", "M2"]
+    components[:2] = []
+    size = len(components)
+    components[::2] = [ipc2581.Component(RefDes=f"E{i}") for i in range((size + 1) // 2)]
+    assert names(components)[::2] == [f"E{i}" for i in range((size + 1) // 2)]
+    assert len(components) == size
+
+
+def test_a_slice_that_cannot_be_replaced_stays(components):
+    before = names(components)
+    new = ipc2581.Component(RefDes="N1")
+    for objects in ([new, new], [new, components[0]]):
+        with pytest.raises(ValueError):
+            components[:] = objects
+    with pytest.raises(TypeError):
+        components[:] = [new, ipc2581.Layer()]
+    with pytest.raises(ValueError, match="extended slice"):
+        components[::2] = [new]
+    assert names(components) == before
+    components.append(new)
+
+
 def test_an_object_takes_the_place_of_another(components):
     before = components[1]
     components[1] = ipc2581.Component(RefDes="N")
