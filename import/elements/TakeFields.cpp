@@ -6,6 +6,7 @@
 #include <limits>
 #include <string>
 
+#include "import/EscapedText.h"
 #include "ipc2581/base/Codes.h"
 #include "ipc2581/base/platform/Number.h"
 
@@ -25,31 +26,6 @@ constexpr std::array<bool, 256> Escaped = MakeEscaped();
 bool IsEscaped(char own)
 {
     return Escaped[static_cast<unsigned char>(own)];
-}
-
-std::string Escape(std::string_view value)
-{
-    std::string escaped;
-    for (const char own : value) {
-        switch (own) {
-        case '&':
-            escaped.append("&amp;");
-            break;
-        case '<':
-            escaped.append("&lt;");
-            break;
-        case '>':
-            escaped.append("&gt;");
-            break;
-        case '"':
-            escaped.append("&quot;");
-            break;
-        default:
-            escaped.push_back(own);
-            break;
-        }
-    }
-    return escaped;
 }
 
 std::string_view WithoutBlanks(std::string_view value)
@@ -111,7 +87,7 @@ bool IsNumber(std::string_view value)
 void TakeText(std::string_view value, CString & text, ObjectBlocks & blocks)
 {
     const bool isPlain = std::none_of(value.begin(), value.end(), IsEscaped);
-    text.Assign(isPlain ? value : std::string_view(Escape(value)), &blocks);
+    text.Assign(isPlain ? value : std::string_view(EscapedText(value)), &blocks);
 }
 
 bool TakeNumber(std::string_view value, double & number)

@@ -12,7 +12,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "hosts/ipc2581/board/LibraryMessages.h"
 #include "hosts/ipc2581/board/ReadWrite.h"
 #include "hosts/ipc2581/files/Error.h"
 #include "hosts/ipc2581/files/OpenFile.h"
@@ -154,17 +153,7 @@ void PrintReport(const BoardStore & board, const std::string & name)
     RunUnlocked(name, progress, [&] {
         // The report is short, and the board must not change under it.
         const py::gil_scoped_acquire locked;
-        CString path(name.c_str());
-        const host::LibraryMessages messages;
-        try {
-            CIPC2581_DataPrint().DataPrint(path, board.Own().Root());
-        }
-        catch (const CFileException & failure) {
-            throw host::Error(name, "cannot be written: " + host::CauseOf(failure));
-        }
-        if (!messages.Text().empty()) {
-            throw host::Error(name, messages.Text());
-        }
+        host::WriteReport(name, name, board.Own().Root());
     });
 }
 

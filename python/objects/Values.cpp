@@ -4,6 +4,8 @@
 #include <limits>
 #include <vector>
 
+#include <import/EscapedText.h>
+
 #include "hosts/ipc2581/text/Text.h"
 #include "python/objects/Raise.h"
 
@@ -117,30 +119,6 @@ void Put(const AddressFinder & find, const Value & value)
     *static_cast<Value *>(find()) = value;
 }
 
-std::string Escaped(std::string_view text)
-{
-    std::string escaped;
-    for (const char own : text) {
-        switch (own) {
-        case '&':
-            escaped.append("&amp;");
-            break;
-        case '<':
-            escaped.append("&lt;");
-            break;
-        case '>':
-            escaped.append("&gt;");
-            break;
-        case '"':
-            escaped.append("&quot;");
-            break;
-        default:
-            escaped.push_back(own);
-        }
-    }
-    return escaped;
-}
-
 }  // namespace
 
 py::str TextOf(const CString & text)
@@ -162,7 +140,7 @@ std::string ModelText(py::handle text)
     if (plain.find('\0') != std::string_view::npos) {
         RaiseValue("a text of a board has no zero character");
     }
-    return Escaped(plain);
+    return EscapedText(plain);
 }
 
 py::object ValueOf(const MemberRow & member, const void * address)

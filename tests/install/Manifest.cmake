@@ -5,7 +5,7 @@ cmake_minimum_required(VERSION 3.25)
 
 set(headers ipc2581/ipc2581.h ipc2581/version.h ipc2581/fields.h)
 if(IMPORT)
-    list(APPEND headers import/Import.h import/ForWriting.h import/shapes/PlacedShape.h import/shapes/ShapePaths.h import/shapes/Units.h)
+    list(APPEND headers import/Import.h import/EscapedText.h import/ForWriting.h import/shapes/PlacedShape.h import/shapes/ShapePaths.h import/shapes/Units.h)
 endif()
 set(next 0)
 list(LENGTH headers count)

@@ -81,4 +81,19 @@ void WriteModel(const std::string & path, const std::string & told, CIPC2581_Par
     }
 }
 
+void WriteReport(const std::string & design, const std::string & told, CIPC2581_Parser & root)
+{
+    CString path(design.c_str());
+    const LibraryMessages messages;
+    try {
+        CIPC2581_DataPrint().DataPrint(path, root);
+    }
+    catch (const CFileException & failure) {
+        throw Error(told, "cannot be written: " + CauseOf(failure));
+    }
+    if (!messages.Text().empty()) {
+        throw Error(told, messages.Text());
+    }
+}
+
 }  // namespace ipc2581::host

@@ -28,6 +28,10 @@ bool ReadModel(const BoardFile & file, CIPC2581_XmlLiteReader & reader, CIPC2581
 // Writes the root to the path. The progress may be null. Throws Error, which gives the told name and not the path.
 void WriteModel(const std::string & path, const std::string & told, CIPC2581_Parser & root, CProgressCtrl * progress);
 
+// Makes the report of the library, whose name is that of the design with ".txt" in place of ".cvg" and all behind it.
+// Throws Error, which gives the told name and not the path.
+void WriteReport(const std::string & design, const std::string & told, CIPC2581_Parser & root);
+
 }  // namespace ipc2581::host
 
 #endif

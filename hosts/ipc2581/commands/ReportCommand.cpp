@@ -3,7 +3,7 @@
 #include <memory>
 #include <system_error>
 
-#include "hosts/ipc2581/board/LibraryMessages.h"
+#include "hosts/ipc2581/board/ReadWrite.h"
 #include "hosts/ipc2581/commands/Command.h"
 #include "hosts/ipc2581/commands/Commands.h"
 #include "hosts/ipc2581/files/Error.h"
@@ -53,17 +53,7 @@ std::string ReportText(const std::string & told, CIPC2581_Parser & root)
     if (design.find(DesignEnding) != made.size() - 4) {
         throw Error(made, "the folder for temporary files must not have \".cvg\" in its name");
     }
-    CString path(design.c_str());
-    const LibraryMessages messages;
-    try {
-        CIPC2581_DataPrint().DataPrint(path, root);
-    }
-    catch (const CFileException & failure) {
-        throw Error(told, "cannot be written: " + CauseOf(failure));
-    }
-    if (!messages.Text().empty()) {
-        throw Error(told, messages.Text());
-    }
+    WriteReport(design, told, root);
     std::ifstream in(made, std::ios::binary);
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
