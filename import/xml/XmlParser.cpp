@@ -365,6 +365,7 @@ void Parse::TakeError(void * context, xmlErrorPtr error)
     }
     std::string cause = error->message == nullptr ? "not well-formed" : error->message;
     cause.erase(cause.find_last_not_of(" \n") + 1);
+    std::replace(cause.begin(), cause.end(), '\n', ' ');
     const xmlParserInput * const input = static_cast<xmlParserCtxt *>(context)->input;
     if (input != nullptr && self.IsCutAt(*input, error->code)) {
         cause = "the file ends here and is not whole: " + cause;

@@ -42,7 +42,7 @@ std::uint64_t MemoryForABoard()
 std::launch ReadingAtOnce()
 {
     constexpr std::uint64_t little = 1'000'000'000;
-    return MemoryForABoard() < little ? std::launch::deferred : std::launch::async;
+    return MemoryForABoard() < little ? std::launch::deferred : std::launch::async | std::launch::deferred;
 }
 
 }  // namespace ipc2581::host

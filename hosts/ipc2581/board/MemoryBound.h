@@ -10,8 +10,8 @@ namespace ipc2581::host {
 // compared. A file that was made to take all of it then ends with a message.
 std::uint64_t MemoryForABoard();
 
-// How to begin what reads a board while another one is read: at the same time, or one after the other where the
-// process has little memory, of which each thread sets some aside.
+// How to begin what reads a board while another one is read: at the same time, or one after the other where no thread
+// is to be had, or the process has little memory, of which each thread sets some aside.
 std::launch ReadingAtOnce();
 
 }  // namespace ipc2581::host

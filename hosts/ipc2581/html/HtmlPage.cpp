@@ -1,8 +1,10 @@
 #include "hosts/ipc2581/html/HtmlPage.h"
 
 #include <new>
-#include <vector>
+#include <string>
 
+#include <import/EscapedText.h>
+#include <openssl/evp.h>
 #include <zlib.h>
 
 #include "hosts/ipc2581/html/PageParts.h"
@@ -27,17 +29,16 @@ std::string Deflated(const std::string & data)
 // Nothing in the data can end the element that it stands in.
 std::string Base64(std::string_view bytes)
 {
-    constexpr std::string_view digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-    const auto byte = [&](std::size_t i) { return i < bytes.size() ? static_cast<unsigned char>(bytes[i]) : 0U; };
-    std::string text;
-    text.reserve((bytes.size() + 2) / 3 * 4);
-    for (std::size_t i = 0; i < bytes.size(); i += 3) {
-        const unsigned three = byte(i) << 16U | byte(i + 1) << 8U | byte(i + 2);
-        text += digits[three >> 18U];
-        text += digits[three >> 12U & 0x3fU];
-        text += i + 1 < bytes.size() ? digits[three >> 6U & 0x3fU] : '=';
-        text += i + 2 < bytes.size() ? digits[three & 0x3fU] : '=';
+    // The encoder counts in int, and three bytes become four digits.
+    constexpr std::size_t most = std::size_t(3) << 20;
+    // It puts a zero byte behind what it writes.
+    std::string text((bytes.size() + 2) / 3 * 4 + 1, '\0');
+    for (std::size_t at = 0; at < bytes.size(); at += most) {
+        const std::string_view piece = bytes.substr(at, most);
+        EVP_EncodeBlock(reinterpret_cast<unsigned char *>(text.data() + at / 3 * 4),
+                        reinterpret_cast<const unsigned char *>(piece.data()), static_cast<int>(piece.size()));
     }
+    text.pop_back();
     return text;
 }
 
@@ -51,36 +52,12 @@ void WriteUpTo(std::ostream & out, std::string_view & frame, std::string_view ma
 
 }  // namespace
 
-std::string HtmlText(std::string_view text)
-{
-    std::string escaped;
-    for (const char ch : text) {
-        switch (ch) {
-        case '&':
-            escaped += "&amp;";
-            break;
-        case '<':
-            escaped += "&lt;";
-            break;
-        case '>':
-            escaped += "&gt;";
-            break;
-        case '"':
-            escaped += "&quot;";
-            break;
-        default:
-            escaped += ch;
-        }
-    }
-    return escaped;
-}
-
 void WritePage(std::ostream & out, std::string_view title, const std::string & data)
 {
     std::string_view frame = PageFrame();
     out << HtmlMark << "\n";
     WriteUpTo(out, frame, "{{title}}");
-    out << HtmlText(title);
+    out << EscapedText(title);
     WriteUpTo(out, frame, "{{style}}");
     out << PageStyle();
     WriteUpTo(out, frame, "{{board}}");

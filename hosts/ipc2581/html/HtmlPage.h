@@ -13,9 +13,6 @@ inline constexpr std::string_view HtmlMark = "<!doctype html><!-- Drawn by ipc25
 // Writes one file that shows what PageDataOf has made, under this title.
 void WritePage(std::ostream & out, std::string_view title, const std::string & data);
 
-// A text between tags or in an attribute, which nothing in it can end.
-std::string HtmlText(std::string_view text);
-
 }  // namespace ipc2581::host
 
 #endif

@@ -78,7 +78,7 @@ json HeadOfDrawing(const Drawing & drawing)
 // The hash takes as long as the rest of the page does, and asks nothing of the model.
 std::future<std::string> BeginHash(const Board & board)
 {
-    return std::async(std::launch::async, Sha256OfFile, board.File().PlainPath());
+    return std::async(Sha256OfFile, board.File().PlainPath());
 }
 
 json HeadsOf(const std::vector<IntegerColumn> & columns)

@@ -347,7 +347,7 @@ std::vector<Extents> BoxesOfLayers(const Drawing & drawing)
             boxes[i] = BoxOfLayer(drawing, drawing.layers[i]);
         }
     };
-    auto others = std::async(std::launch::async, measureEachOther, std::size_t(1));
+    auto others = std::async(measureEachOther, std::size_t(1));
     measureEachOther(0);
     others.get();
     return boxes;

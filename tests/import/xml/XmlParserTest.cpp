@@ -161,6 +161,13 @@ TEST(XmlParser, SaysWhereADocumentIsBroken)
     EXPECT_STRNE(fault.what(), "");
 }
 
+TEST(XmlParser, SaysWhyInOneLine)
+{
+    const std::string cause = FaultOf("<a b='\xff'/>").what();
+    EXPECT_EQ(cause.find('\n'), std::string::npos) << cause;
+    EXPECT_NE(cause.find(" Bytes: 0xFF"), std::string::npos) << cause;
+}
+
 TEST(XmlParser, SaysThatADocumentIsNotWholeWhereverItIsCut)
 {
     const std::string_view whole = "<?xml version='1.0'?><a b='1' c=\"2\"> <d/> text <e>f</e> <!-- g --> </a>";
