@@ -9,6 +9,7 @@
 #include <vector>
 
 #include <libxml/SAX2.h>
+#include <libxml/dict.h>
 #include <libxml/parser.h>
 #include <libxml/parserInternals.h>
 #include <libxml/xmlerror.h>
@@ -31,6 +32,85 @@ struct FreeContext {
     }
 };
 using Context = std::unique_ptr<xmlParserCtxt, FreeContext>;
+
+struct FreeNames {
+    void operator()(xmlDict * names) const { xmlDictFree(names); }
+};
+using Names = std::unique_ptr<xmlDict, FreeNames>;
+
+void AddName(xmlDict & names, std::string_view name)
+{
+    xmlDictLookup(&names, reinterpret_cast<const xmlChar *>(name.data()), static_cast<int>(name.size()));
+}
+
+// What most of a large board consists of, the most frequent first.
+constexpr auto FrequentNames = std::to_array<std::string_view>({
+    "x",
+    "y",
+    "id",
+    "name",
+    "type",
+    "value",
+    "NonstandardAttribute",
+    "Location",
+    "Set",
+    "StandardPrimitiveRef",
+    "net",
+    "testPoint",
+    "Pad",
+    "padstackDefRef",
+    "plate",
+    "padUsage",
+    "PolyStepSegment",
+    "Xform",
+    "rotation",
+    "componentRef",
+    "PinRef",
+    "pin",
+    "layerRef",
+    "LineDescRef",
+    "Features",
+    "PolyBegin",
+    "Polyline",
+    "Line",
+    "startX",
+    "startY",
+    "endX",
+    "endY",
+    "LineDesc",
+    "lineEnd",
+    "lineWidth",
+    "PolyStepCurve",
+    "centerX",
+    "centerY",
+    "clockwise",
+});
+
+bool IsFrequent(std::string_view name)
+{
+    return std::find(FrequentNames.begin(), FrequentNames.end(), name) != FrequentNames.end();
+}
+
+// The parser looks each name up in a table, quickly until the table has grown past what a board's names need. It does
+// not grow by what stands in a second one behind it, so that only the frequent names are in the first.
+void UseQuickNames(xmlParserCtxt & context)
+{
+    const Names others(xmlDictCreate());
+    Names names(xmlDictCreateSub(others.get()));
+    if (others == nullptr || names == nullptr) {
+        return;
+    }
+    for (const std::string_view name : KnownWords) {
+        if (!IsFrequent(name)) {
+            AddName(*others, name);
+        }
+    }
+    for (const std::string_view name : FrequentNames) {
+        AddName(*names, name);
+    }
+    xmlDictFree(context.dict);
+    context.dict = names.release();
+}
 
 // What the parser cannot say of its context, such as bytes that its encoding does not have, it says to whoever listens
 // in this thread, and to the standard error stream if nobody does.
@@ -404,6 +484,7 @@ void Parse::Run()
         throw std::bad_alloc();
     }
     context->_private = this;
+    UseQuickNames(*context);
     const ErrorsOfThread errors(context.get(), TakeError);
     xmlCtxtUseOptions(context.get(), XML_PARSE_NOENT | XML_PARSE_NONET);
     const int result = xmlParseDocument(context.get());
