@@ -74,15 +74,13 @@ class Translation:
         # Functions outside of a namespace are shown with the file that declares them.
         self.out = ["/// \\file"]
         self.at = 0
-        # The class whose copy constructor has a comment.
-        self.told_copy = ""
 
     def run(self):
-        self.scope("", "", False, True)
+        self.scope("", None, True)
         return "\n".join(self.out)
 
-    def scope(self, indent, own, of_list, is_shown):
-        """Takes over the declarations of a header, or of the class of that name."""
+    def scope(self, indent, own, is_shown):
+        """Takes over the declarations of a header, or of a class."""
         shared = Shared()
         while self.at < len(self.lines):
             line = self.lines[self.at]
@@ -95,7 +93,7 @@ class Translation:
                 is_shown = line.strip() == "public:"
                 self.keep_line(line.replace("protected", "private"))
             elif is_shown:
-                self.described(indent, own, of_list, shared)
+                self.described(indent, own, shared)
             else:
                 self.comment()
                 self.out += self.declaration(indent)
@@ -128,14 +126,14 @@ class Translation:
                 break
         return lines
 
-    def described(self, indent, own, of_list, shared):
+    def described(self, indent, own, shared):
         """A declaration with its description in front."""
         said = self.comment()
         if self.at == len(self.lines) or not self.lines[self.at].strip():
             return
         lines = self.declaration(indent)
         text = "\n".join(lines)
-        self.out += doc(self.description(own, of_list, said, text, shared), indent)
+        self.out += doc(self.description(own, said, text, shared), indent)
         # A comment behind a member stands in front of it by now.
         self.out += [re.sub(r"\s*// .*", "", line) for line in lines]
         opening = OPENING.match(text)
@@ -146,7 +144,8 @@ class Translation:
         if kind.startswith("enum"):
             self.values(indent + "    ")
         elif kind != "namespace":
-            self.scope(indent + "    ", name, words.is_list(text), kind == "struct")
+            own = words.OwnClass(name, words.is_list(text), bool(words.owned_parts(self.public_of(name))))
+            self.scope(indent + "    ", own, kind == "struct")
 
     def values(self, indent):
         """Those of an enumeration; a name that nobody has described is its own description."""
@@ -159,7 +158,7 @@ class Translation:
                 self.out.append(f"{indent}{value}," + (f"  ///< {behind}" if behind else ""))
             self.at += 1
 
-    def description(self, own, of_list, said, text, shared):
+    def description(self, own, said, text, shared):
         code = code_of(text)
         opening = OPENING.match(text)
         if opening and opening.group(1) in ("class", "struct") and text.endswith("{"):
@@ -167,8 +166,8 @@ class Translation:
         if SILENT.match(text):
             return self.of_silent(said, text)
         if own and "(" not in code.split(" = ")[0]:
-            return self.of_member(own, said, text, code, shared)
-        return self.of_operation(own, of_list, said, code, shared)
+            return self.of_member(own.name, said, text, code, shared)
+        return self.of_operation(own, said, code, shared)
 
     @staticmethod
     def of_silent(said, text):
@@ -182,11 +181,14 @@ class Translation:
     def of_class(self, name, said):
         if not said:
             return ""
+        facts = words.of_class(self.public_of(name), self.sections.get(name), name.startswith("CIPC"))
+        return "\n\n".join([said, *facts, f"\\ingroup room_{self.room}"])
+
+    def public_of(self, name):
+        """A class of the header, without its private part."""
         body = re.search(rf"^(?:class|struct) (?:IPC2581_API )?{name}\b[^;]*?\{{\n.*?\n}};", "\n".join(self.lines),
                          re.DOTALL | re.MULTILINE)
-        public = re.sub(r"\nprivate:\n.*", "", body.group(), flags=re.DOTALL) if body else ""
-        facts = words.of_class(public, self.sections.get(name), name.startswith("CIPC"))
-        return "\n\n".join([said, *facts, f"\\ingroup room_{self.room}"])
+        return re.sub(r"\nprivate:\n.*", "", body.group(), flags=re.DOTALL) if body else ""
 
     def of_member(self, own, said, text, code, shared):
         declared = re.fullmatch(r"(.*?)(\w+)(?: = [^;]+|\[\w+\])?;", code)
@@ -211,14 +213,15 @@ class Translation:
             return "See ipc2581::DrawTypes. No row of the tables gives it a value."
         return "No row of the tables gives it a value." if said else "A reader or a host sets it; no row of the tables does."
 
-    def of_operation(self, own, of_list, said, code, shared):
+    @staticmethod
+    def of_operation(own, said, code, shared):
         keys = keys_of_operation(code)
         if said:
             shared.keep(said, keys)
-            if own and re.match(rf"{own}\((?:const {own} ?&|{own} const ?&)", code):
-                self.told_copy = own
+            if own and re.match(rf"{own.name}\((?:const {own.name} ?&|{own.name} const ?&)", code):
+                own.is_copy_told = True
             return said
-        plain = words.of_form(own, code, of_list, self.told_copy == own) if own else ""
+        plain = words.of_form(own, code) if own else ""
         if plain:
             shared.keep("", set())
             return plain

@@ -16,34 +16,53 @@ def is_list(text):
     return "CExPtrArray<" in text or "public CArray<" in text
 
 
-def of_special_operation(own, code, of_list, is_copy_told):
+class OwnClass:
+    """What the words for an operation take from the class that has it."""
+
+    def __init__(self, name, of_list, owns_parts):
+        self.name = name
+        self.of_list = of_list
+        self.owns_parts = owns_parts
+        # The copy constructor has a comment.
+        self.is_copy_told = False
+
+
+def assignment(own):
+    if own.is_copy_told:
+        return "Copies what the copy constructor copies."
+    if own.of_list:
+        return "Copies the elements."
+    # An assignment that copies such pointers themselves has a comment, or its copy constructor has.
+    return "Copies the members, and of what pointers own the values." if own.owns_parts else "Copies the members."
+
+
+def of_special_operation(own, code):
     """A constructor, the destructor, a comparison or an assignment that has no comment."""
-    copied = rf"\((?:const {own} ?&|{own} const ?&) ?\w*\)"
+    name = own.name
+    copied = rf"\((?:const {name} ?&|{name} const ?&) ?\w*\)"
     if re.search(r"operator==\(.*= default;", code):
         return "True if all members are equal."
     if code.endswith("= delete;"):
         return "There is none."
-    if code.startswith(f"{own}()"):
-        return "An empty list." if of_list else "An object whose members have their first values."
-    if code.startswith(f"~{own}()"):
+    if code.startswith(f"{name}()"):
+        return "An empty list." if own.of_list else "An object whose members have their first values."
+    if code.startswith(f"~{name}()"):
         return "Deletes what the object owns."
-    if re.match(own + copied, code):
+    if re.match(name + copied, code):
         return "A copy of what the assignment copies."
-    if re.match(rf"{own} ?& ?operator={copied}", code):
-        if is_copy_told:
-            return "Copies what the copy constructor copies."
-        return "Copies the elements." if of_list else "Copies the members."
-    if re.match(rf"{own}(?:\({own} && \w+\)| & operator=\({own} &&)", code):
+    if re.match(rf"{name} ?& ?operator={copied}", code):
+        return assignment(own)
+    if re.match(rf"{name}(?:\({name} && \w+\)| & operator=\({name} &&)", code):
         return "Takes the contents over."
     return ""
 
 
-def of_common_operation(own, code, of_list):
+def of_common_operation(own, code):
     """What many classes have under one name."""
-    if code.startswith(f"{own} * clone()"):
+    if code.startswith(f"{own.name} * clone()"):
         return "A new copy, the caller's to delete."
     if re.match(r"int Export\w*\(CStdioFile & file, int level\)", code):
-        return WRITTEN_LIST if of_list else WRITTEN_ELEMENT
+        return WRITTEN_LIST if own.of_list else WRITTEN_ELEMENT
     if code.startswith("int Import(CArray<CString, CString> & tokens) override;"):
         return "Takes the attributes from the token list of its one line and gives 1."
     if code == "void Init();":
@@ -67,18 +86,21 @@ def of_accessor(code):
     return ""
 
 
-def of_form(own, code, of_list, is_copy_told):
+def of_form(own, code):
     """What an operation of a plain form does; empty for any other."""
     bare = re.sub(r"^(virtual|constexpr|explicit) ", "", code)
-    return of_special_operation(own, bare, of_list, is_copy_told) or of_common_operation(own, bare, of_list) or \
-        of_accessor(code)
+    return of_special_operation(own, bare) or of_common_operation(own, bare) or of_accessor(code)
+
+
+def owned_parts(body):
+    return re.findall(r"^    (?:CIPC2581_\w+|CPointD) \* (\w+)(?: = nullptr)?;", body, re.MULTILINE)
 
 
 def of_class(body, section, is_model):
     """The paragraphs that follow the comment of a class, out of its public part and of what the format tells of it."""
     head = body.split("{")[0]
     place = section.place() if section else ""
-    owned = re.findall(r"^    (?:CIPC2581_\w+|CPointD) \* (\w+)(?: = nullptr)?;", body, re.MULTILINE)
+    owned = owned_parts(body)
     held = re.findall(r"^    (?:CIPC2581_\w+|CStringArray) (\w+);", body, re.MULTILINE)
     owns = [", ".join(owned) + " through pointers" if owned else "", ", ".join(held) + " by value" if held else ""]
     owns = "; ".join(text for text in owns if text)
