@@ -30,6 +30,16 @@ if(TARGET ipc2581_import)
     install(FILES ${PROJECT_BINARY_DIR}/ipc2581-import.pc DESTINATION ${pkgconfig_folder})
 endif()
 
+# Views for gdb, which finds them by itself where they lie under the name of the library that it has loaded.
+set(views ${PROJECT_SOURCE_DIR}/tools/gdb/ipc2581.py)
+install(FILES ${views} DESTINATION ${CMAKE_INSTALL_DATADIR}/ipc2581/gdb)
+if(BUILD_SHARED_LIBS)
+    # The name is that of the place to which it is installed in the end, which is known then.
+    set(auto_load "\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_DATADIR}/gdb/auto-load")
+    install(CODE "file(INSTALL DESTINATION \"${auto_load}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_LIBDIR}\" TYPE FILE
+        RENAME libipc2581.so.${PROJECT_VERSION}-gdb.py FILES \"${views}\")")
+endif()
+
 if(TARGET ipc2581_host)
     install(TARGETS ipc2581_host)
     install(FILES ${PROJECT_SOURCE_DIR}/hosts/ipc2581/share/ipc2581.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)

@@ -18,9 +18,9 @@ IPC2581_API void PrepareForWriting(CIPC2581_Parser & board);
 
 // Something that a board has and the writer never writes.
 struct Unwritten {
-    std::string_view one;
-    std::string_view several;
-    std::size_t count;
+    std::string_view one;      // its name in the singular
+    std::string_view several;  // and in the plural
+    std::size_t count;         // how many the board has
 };
 
 // What of the board the writer leaves out, each with how many there are; those that are not there are left out.

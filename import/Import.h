@@ -18,6 +18,7 @@
 // the files of others.
 namespace ipc2581 {
 
+// What a host may ask for. As it is made, it asks for nothing.
 struct ImportOptions {
     // The step to import; if it is empty, the first one that has components, or else the first one.
     std::string step;
@@ -33,8 +34,8 @@ struct ImportOptions {
 
 // What an import gives: never null, and never half a board.
 struct Imported {
-    std::unique_ptr<CIPC2581_Parser> board;
-    ImportReport report;
+    std::unique_ptr<CIPC2581_Parser> board;  // the model
+    ImportReport report;                     // what the model has no member for
 };
 
 // Throws ImportError, and ImportStopped where progress wants it.

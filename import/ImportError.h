@@ -13,6 +13,7 @@ namespace ipc2581 {
 // never does, or takes more memory than it may. what() is "FILE:LINE:COLUMN: CAUSE", without what is not known.
 class IPC2581_API ImportError : public std::runtime_error {
 public:
+    // With what the four operations below give.
     ImportError(std::string file, std::size_t line, std::size_t column, std::string cause);
 
     // Empty for bytes in memory.
@@ -32,6 +33,7 @@ private:
 // The host has stopped the import.
 class IPC2581_API ImportStopped : public ImportError {
 public:
+    // With the file that was being read.
     explicit ImportStopped(std::string file);
 };
 

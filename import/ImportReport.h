@@ -48,16 +48,17 @@ enum class NoteKind {
     Merged,             // several of what the model has one place for
 };
 
+// One of these, with a sentence that tells it.
 struct Note {
-    NoteKind kind;
-    std::size_t line;
-    std::string text;
+    NoteKind kind;     // what it is about
+    std::size_t line;  // counted from 1
+    std::string text;  // without the line
 };
 
 // How often an element stands in a file, and how often something of it was lost.
 struct ElementCount {
-    std::size_t stated = 0;
-    std::size_t lost = 0;
+    std::size_t stated = 0;  // elements of the name
+    std::size_t lost = 0;    // those that are in the report, whole or in part
 };
 
 // What came of the facts of a file: all that is not here has arrived in the model.
@@ -65,6 +66,7 @@ class IPC2581_API ImportReport {
 public:
     // Facts without a member, in the order of the file.
     [[nodiscard]] std::size_t LostCount() const { return m_facts.size(); }
+    // One of them, by its place; the report must outlive it.
     [[nodiscard]] LostFact Lost(std::size_t index) const;
     // The facts of elements at a path, in the order of the file.
     [[nodiscard]] std::vector<LostFact> LostAt(std::string_view path) const;

@@ -154,6 +154,7 @@ void VisitAs(const Base & object, Visit visit, ClassList<Classes...> /*classes*/
     }
 }
 
+// Calls visit(shape) with the shape as one of its own class, or as the base if it is of none of them.
 template <typename Visit>
 void VisitShape(const CIPC2581_DrawObj & shape, Visit visit)
 {
@@ -235,9 +236,9 @@ void Walk(const Object & object, Visitor & visitor)
 
 // An attribute that gives a value to a member, as data.
 struct AttributeInfo {
-    std::string_view element;
-    std::string_view word;
-    Reading reading;
+    std::string_view element;  // the name of the element that has it
+    std::string_view word;     // what a token is searched for
+    Reading reading;           // how the value is read
     // The names of the members on the way, with dots between them: "Location.X".
     std::string member;
 
@@ -247,18 +248,19 @@ struct AttributeInfo {
 
 // A public member, as data.
 struct FieldInfo {
-    std::string_view name;
-    FieldKind kind;
+    std::string_view name;  // as in the class
+    FieldKind kind;         // judged by its type
     // Of the objects of a part or a list; empty for a member that holds none.
     std::string_view className;
     // The element that these are read from, if it is one.
     std::string_view element;
 };
 
+// A class of the model, as data.
 struct ClassInfo {
-    std::string_view name;
-    std::vector<FieldInfo> members;
-    std::vector<AttributeInfo> attributes;
+    std::string_view name;                  // as in the headers
+    std::vector<FieldInfo> members;         // in the order of the table
+    std::vector<AttributeInfo> attributes;  // element by element, in the order of their tests
 };
 
 namespace detail {

@@ -12,6 +12,7 @@
 // Shapes of the model, which know no transform of their own, put where a transform puts them.
 namespace ipc2581 {
 
+// Shapes that the caller owns.
 using Shapes = std::vector<std::unique_ptr<CIPC2581_DrawObj>>;
 
 // A true copy of a shape that a list of shapes may hold, with parts of its own.

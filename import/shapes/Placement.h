@@ -7,11 +7,12 @@ namespace ipc2581 {
 
 // Where something is put: scaled, turned counterclockwise, then mirrored (its left is its right), then moved.
 struct IPC2581_API Placement {
-    Vertex location = {};
-    double rotation = 0.0;  // degrees
-    bool isMirrored = false;
-    double scale = 1.0;
+    Vertex location = {};     // where the origin goes
+    double rotation = 0.0;    // degrees
+    bool isMirrored = false;  // left and right change places
+    double scale = 1.0;       // 2.0 makes it twice as large
 
+    // Where a point goes.
     [[nodiscard]] Vertex Of(const Vertex & point) const;
     // Of something that is itself placed within what this placement moves.
     [[nodiscard]] Placement Of(const Placement & inner) const;

@@ -17,7 +17,9 @@ class CExPtrArray : public CArray<TYPE, ARG_TYPE> {
     static_assert(std::is_pointer_v<TYPE> && std::is_same_v<TYPE, ARG_TYPE>);
 
 public:
+    // What the elements point to.
     using Element = std::remove_pointer_t<TYPE>;
+    // The array of the pointers.
     using Base = CArray<TYPE, ARG_TYPE>;
 
     CExPtrArray() = default;
@@ -28,6 +30,7 @@ public:
     Element * GetLastElement() const { return GetAt(GetLastIndex()); }
     // Size minus 1, so -1 for an empty array.
     std::int64_t GetLastIndex() const { return this->GetUpperBound(); }
+    // True if the array has the element.
     bool Exists(Element * const element) const { return FindIndex(element) != -1; }
     // Index of the first such element, or -1.
     int FindIndex(Element * const element) const
@@ -39,6 +42,7 @@ public:
         }
         return -1;
     }
+    // True if there is an element at the index.
     bool IsValidIndex(int const & index) const { return IsInside(index); }
     // True if both hold the same pointers in the same order.
     bool IsElementEqual(Base const & other) const
@@ -156,6 +160,7 @@ public:
             }
         }
     }
+    // Turns the order of the elements round.
     void Reverse() { std::reverse(this->m_pData, this->m_pData + this->m_nSize); }
 
 private:

@@ -35,8 +35,9 @@ struct PackItems<std::index_sequence<indexes...>, Values...> : PackItem<indexes,
 // times as long as all else in the headers of the library.
 template <typename... Values>
 struct Pack : detail::PackItems<std::index_sequence_for<Values...>, Values...> {
-    static constexpr std::size_t Size = sizeof...(Values);
+    static constexpr std::size_t Size = sizeof...(Values);  // how many values there are
 
+    // The values, copied.
     constexpr explicit Pack(Values... values)
         : detail::PackItems<std::index_sequence_for<Values...>, Values...>(values...)
     {
@@ -75,29 +76,34 @@ enum class Reading {
 // steps, from the object to a member of a part of it.
 template <typename... Steps>
 struct Attribute {
-    std::string_view word;
-    Reading reading;
-    Pack<Steps...> member;
+    std::string_view word;  // what a token is searched for
+    Reading reading;        // how the value is read
+    Pack<Steps...> member;  // pointers to members, one for each step
 };
 
+// Takes the steps from the pack.
 template <typename... Steps>
 Attribute(std::string_view, Reading, Pack<Steps...>) -> Attribute<Steps...>;
 
+// An attribute that is read as it stands.
 template <typename... Steps>
 constexpr Attribute<Steps...> Text(std::string_view word, Steps... member)
 {
     return {word, Reading::Text, Pack<Steps...>(member...)};
 }
+// An attribute that is read as atof reads it.
 template <typename... Steps>
 constexpr Attribute<Steps...> Number(std::string_view word, Steps... member)
 {
     return {word, Reading::Number, Pack<Steps...>(member...)};
 }
+// An attribute that is read as atoi reads it.
 template <typename... Steps>
 constexpr Attribute<Steps...> Integer(std::string_view word, Steps... member)
 {
     return {word, Reading::Integer, Pack<Steps...>(member...)};
 }
+// An attribute that is set if the value holds "TRUE".
 template <typename... Steps>
 constexpr Attribute<Steps...> Flag(std::string_view word, Steps... member)
 {
@@ -108,15 +114,16 @@ constexpr Attribute<Steps...> Flag(std::string_view word, Steps... member)
 // the first one whose word it holds takes its value.
 template <typename Class, typename... Attributes>
 struct ElementTable {
-    using Object = Class;
+    using Object = Class;  // which the values go to
 
-    std::string_view name;
-    Pack<Attributes...> attributes;
+    std::string_view name;           // of the element
+    Pack<Attributes...> attributes;  // in the order of their tests
 
     // The same from an element of another name.
     constexpr ElementTable Of(std::string_view other) const { return {other, attributes}; }
 };
 
+// The table of an element of the name.
 template <typename Class, typename... Attributes>
 constexpr ElementTable<Class, Attributes...> Element(std::string_view name, Attributes... attributes)
 {
@@ -126,12 +133,13 @@ constexpr ElementTable<Class, Attributes...> Element(std::string_view name, Attr
 // A public member of a class.
 template <typename Class, typename Type>
 struct Member {
-    std::string_view name;
-    Type Class::*pointer;
+    std::string_view name;  // as in the class
+    Type Class::*pointer;   // to the member
     // The element that a part, or each object of a list, is read from; empty for what no element of its own fills.
     std::string_view element = {};
 };
 
+// What a table states of a member, without and with the element.
 template <typename Class, typename Type>
 Member(const char *, Type Class::*) -> Member<Class, Type>;
 template <typename Class, typename Type>

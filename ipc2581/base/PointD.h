@@ -9,22 +9,25 @@
 // A point in the plane, in the document's own units.
 class IPC2581_API CPointD {
 public:
-    double X = 0.0;
-    double Y = 0.0;
+    double X = 0.0;  // to the right
+    double Y = 0.0;  // up
 
     // 0, 0, as after Init.
     CPointD();
     CPointD(CPointD const & other);
+    // A point at x, y.
     CPointD(double const & x, double const & y);
     ~CPointD();
     CPointD & operator=(CPointD const & other);
 
     void Init();
+    // Sets both coordinates.
     void SetData(double const & x, double const & y);
     void SetX(double const & x) { X = x; }
     void SetY(double const & y) { Y = y; }
     double GetX() const { return X; }
     double GetY() const { return Y; }
+    // The coordinates themselves, to be changed.
     double & GetX() { return X; }
     double & GetY() { return Y; }
 

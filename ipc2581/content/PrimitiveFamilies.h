@@ -11,8 +11,8 @@ namespace ipc2581::detail {
 // A diamond, an ellipse, an oval or a centred rectangle.
 class IPC2581_API WidthHeightPrimitive : public Primitive {
 public:
-    double Width = 0.0;
-    double Height = 0.0;
+    double Width = 0.0;   // the attribute width
+    double Height = 0.0;  // the attribute height
 
     ~WidthHeightPrimitive() override;
     using Primitive::Import;
@@ -28,7 +28,7 @@ protected:
 // A hexagon or an octagon.
 class IPC2581_API LengthPrimitive : public Primitive {
 public:
-    double Length = 0.0;
+    double Length = 0.0;  // the attribute length
 
     ~LengthPrimitive() override;
     using Primitive::Import;

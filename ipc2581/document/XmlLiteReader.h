@@ -51,8 +51,11 @@ public:
     // The token list is that of the line which opened the section.
     void ContentProcess(CIPC2581_Parser & root);
     void LogisticHeaderProcess(CIPC2581_Parser & root);
+    // Takes the attributes of the record's one line.
     void HistoryRecordProcess(CArray<CString, CString> & tokens, CIPC2581_Parser & root);
+    // Takes the name from the opening line, and reads on.
     void BomProcess(CArray<CString, CString> & tokens, CIPC2581_Parser & root);
+    // Takes the name from the opening line, and reads on.
     void EcadProcess(CArray<CString, CString> & tokens, CIPC2581_Parser & root);
 
 private:

@@ -43,6 +43,7 @@ public:
     void SetStartPoint(CIPC2581_Point * point) { *StartPoint = *point; }
     void SetEndPoint(CIPC2581_Point * point) { *EndPoint = *point; }
     void SetLineDesc(CIPC2581_LineDesc * lineDesc) { *LineDesc = *lineDesc; }
+    // Sets both points, and copies the line description.
     void SetData(double x1, double y1, double x2, double y2, CIPC2581_LineDesc * desc);
 
 private:

@@ -2,7 +2,9 @@
 #define IPC2581_TESTS_HOSTS_PROGRAM_H
 
 #include <array>
+#include <cerrno>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <ostream>
@@ -92,6 +94,32 @@ inline std::string ReadAll(int descriptor)
 }
 
 }  // namespace detail
+
+// Why no program can be run on a terminal here, as in a container without /dev/ptmx; empty where it can.
+inline std::string WhyNoTerminal()
+{
+    const auto why = [](const std::string & device) { return device + ": " + std::strerror(errno); };
+    const int far = posix_openpt(O_RDWR | O_NOCTTY);
+    if (far == -1) {
+        return why("no terminal");
+    }
+    std::string missing;
+    if (grantpt(far) != 0 || unlockpt(far) != 0) {
+        missing = why("no terminal for this user");
+    }
+    else {
+        const char * const name = ptsname(far);
+        const int near = name == nullptr ? -1 : open(name, O_RDWR | O_NOCTTY);
+        if (near == -1) {
+            missing = why(name == nullptr ? "terminal without a name" : name);
+        }
+        else {
+            close(near);
+        }
+    }
+    close(far);
+    return missing;
+}
 
 // Runs a program to its end. The status of one that a signal has ended is 128 and the signal's number.
 inline Result RunProgram(const std::vector<std::string> & arguments, const Setting & setting = {})

@@ -1,6 +1,6 @@
 # What lies under PREFIX is what the tree says: every header that a host reaches from the umbrella or one beside it, the
 # library of this kind, the package files and one program for each folder of hosts/, with its man page, its completion for
-# bash and the schema of its listings, and the Python package where it is built. No more and no less.
+# bash and the schema of its listings, the views for gdb, and the Python package where it is built. No more and no less.
 cmake_minimum_required(VERSION 3.25)
 
 set(headers ipc2581/ipc2581.h ipc2581/version.h ipc2581/fields.h)
@@ -38,6 +38,11 @@ foreach(library IN LISTS libraries)
         list(APPEND expected ${LIBDIR}/lib${library}.a)
     endif()
 endforeach()
+
+list(APPEND expected share/ipc2581/gdb/ipc2581.py)
+if(KIND STREQUAL "shared")
+    list(APPEND expected share/gdb/auto-load${PREFIX}/${LIBDIR}/libipc2581.so.${VERSION}-gdb.py)
+endif()
 
 string(TOLOWER "${CONFIG}" config)
 if(NOT config)

@@ -17,6 +17,17 @@ namespace {
 
 void NoteSignal(int /*number*/) {}
 
+// A container may have no device for terminals, or none that opens.
+bool HasTerminals()
+{
+    const int far = posix_openpt(O_RDWR | O_NOCTTY);
+    const char * const name = far == -1 || grantpt(far) != 0 || unlockpt(far) != 0 ? nullptr : ptsname(far);
+    const int near = name == nullptr ? -1 : open(name, O_RDWR | O_NOCTTY);
+    close(near);
+    close(far);
+    return near != -1;
+}
+
 // A terminal with somebody at its other end.
 class Terminal {
 public:
@@ -150,7 +161,11 @@ int main()
 {
     ExpectPipeIsRefused();
     ExpectDeviceIsWritten();
+    ExpectTurnsInAPlainFile();
+    if (!HasTerminals()) {
+        std::puts("no terminal here");
+        return Skipped;
+    }
     ExpectFailedSeekIsTold();
     ExpectSignalIsNoFailure();
-    ExpectTurnsInAPlainFile();
 }

@@ -16,6 +16,7 @@ public:
 // A failed read, write, flush or close. The text names the file and the cause.
 class IPC2581_API CFileException : public std::runtime_error {
 public:
+    // With the text that what() gives.
     explicit CFileException(const std::string & text);
     ~CFileException() override;
 };
@@ -23,6 +24,7 @@ public:
 // An archive that ended before all of an array was read from it.
 class IPC2581_API CArchiveException : public std::runtime_error {
 public:
+    // With the text that what() gives.
     explicit CArchiveException(const std::string & text);
     ~CArchiveException() override;
 };

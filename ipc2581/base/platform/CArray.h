@@ -55,19 +55,24 @@ public:
     std::int64_t GetCount() const { return m_nSize; }
     // Size minus 1, so -1 for an empty array.
     std::int64_t GetUpperBound() const { return m_nSize - 1; }
+    // True if there is no element.
     bool IsEmpty() const { return m_nSize == 0; }
 
     // The elements for a walk by pointer; null while the array is empty.
     TYPE * GetData() { return m_nSize == 0 ? nullptr : m_pData; }
     const TYPE * GetData() const { return m_nSize == 0 ? nullptr : m_pData; }
 
+    // The element at the index, under three names.
     TYPE & GetAt(std::int64_t index) { return m_pData[Checked(index)]; }
     const TYPE & GetAt(std::int64_t index) const { return m_pData[Checked(index)]; }
+    // As GetAt.
     TYPE & ElementAt(std::int64_t index) { return m_pData[Checked(index)]; }
     const TYPE & ElementAt(std::int64_t index) const { return m_pData[Checked(index)]; }
+    // As GetAt.
     TYPE & operator[](std::int64_t index) { return m_pData[Checked(index)]; }
     const TYPE & operator[](std::int64_t index) const { return m_pData[Checked(index)]; }
 
+    // Puts a copy of the element in the place of the one at the index.
     void SetAt(std::int64_t index, ARG_TYPE element) { m_pData[Checked(index)] = element; }
 
     // As SetAt, but an index at or beyond the size grows the array to index + 1 first.
@@ -107,6 +112,7 @@ public:
         return first;
     }
 
+    // Takes copies of the elements of the other array in the place of its own.
     void Copy(const CArray & other)
     {
         if (this != &other) {

@@ -9,8 +9,8 @@ class CArchive;
 
 // What a class knows about itself at run time.
 struct CRuntimeClass {
-    const char * m_lpszClassName;
-    int m_nObjectSize;
+    const char * m_lpszClassName;  // "CObject" also for a derived class that says nothing else
+    int m_nObjectSize;             // in bytes
 };
 
 // Where Dump writes to.
@@ -19,6 +19,7 @@ using CDumpContext = std::ostream;
 // Base of all containers. The order of its virtual operations is part of the interface.
 class IPC2581_API CObject {
 public:
+    // What the class knows about itself; it stays the library's.
     virtual CRuntimeClass * GetRuntimeClass() const;
     virtual ~CObject();
     // Stores to or loads from an archive; nothing here.

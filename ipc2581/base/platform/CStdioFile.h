@@ -17,6 +17,7 @@ class LineFile;
 // destructor cannot throw: call Flush before it closes a file that was written.
 class IPC2581_API CStdioFile {
 public:
+    // How a file is opened; modeCreate goes with one of the others.
     enum OpenFlags : unsigned { modeRead = 0, modeWrite = 1, modeReadWrite = 2, modeCreate = 0x1000 };
 
     CStdioFile();
@@ -37,11 +38,13 @@ public:
     virtual void Close();
     virtual ~CStdioFile();
 
+    // True from a successful Open to the next Close.
     bool IsOpen() const;
     // Hands what is buffered to the system.
     void Flush();
     // Reads up to count bytes and returns how many there were.
     std::size_t Read(void * bytes, std::size_t count);
+    // Writes the bytes as they are, zero bytes too.
     void Write(const void * bytes, std::size_t count);
 
     // The buffer, for the reading and writing vocabulary of the library alone.

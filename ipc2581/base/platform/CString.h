@@ -23,12 +23,14 @@ class ObjectBlocks;
 class IPC2581_API CString {
 public:
     CString() noexcept : m_bytes{} { m_bytes[TagAt] = 1; }
+    // A copy of the text.
     CString(const char * text);
     explicit CString(std::string_view text);
     CString(const CString & other);
     CString(CString && other) noexcept;
     CString & operator=(const CString & other);
     CString & operator=(CString && other) noexcept;
+    // Replaces the text.
     CString & operator=(const char * text);
     // Replaces the text; the new one may be a piece of the old one.
     CString & operator=(std::string_view text);
@@ -39,17 +41,23 @@ public:
         }
     }
 
+    // Appends.
     CString & operator+=(const CString & other);
     CString & operator+=(char ch);
+    // Both, one behind the other.
     friend IPC2581_API CString operator+(const CString & left, const CString & right);
     friend IPC2581_API CString operator+(const CString & left, char right);
     friend IPC2581_API CString operator+(char left, const CString & right);
 
     // Length in bytes.
     int GetLength() const { return IsOnHeap() ? HeapLength() : m_bytes[TagAt] / 2; }
+    // True for a length of 0.
     bool IsEmpty() const { return GetLength() == 0; }
+    // The bytes, up to the next change of the text.
     const char * GetString() const { return IsOnHeap() ? HeapData() : m_bytes + TextAt; }
+    // The bytes, as GetString gives them.
     operator const char *() const { return GetString(); }
+    // The bytes with their length, zero bytes included.
     operator std::string_view() const
     {
         if (IsOnHeap()) {
@@ -97,6 +105,7 @@ public:
         operator=(std::string_view(ipc2581::detail::Formatted(format.Text(), list)));
     }
 
+    // Compares all bytes.
     friend bool operator==(const CString & left, const CString & right)
     {
         return std::string_view(left) == std::string_view(right);
@@ -106,11 +115,13 @@ public:
     {
         return std::string_view(left) == (right == nullptr ? std::string_view() : std::string_view(right));
     }
+    // Orders by the bytes.
     friend auto operator<=>(const CString & left, const CString & right)
     {
         return std::string_view(left).compare(std::string_view(right)) <=> 0;
     }
     friend auto operator<=>(const CString & left, const char * right) { return left <=> CString(right); }
+    // Writes all bytes.
     friend std::ostream & operator<<(std::ostream & out, const CString & text) { return out << std::string_view(text); }
 
     // For a reader: as the assignment, with what does not fit into the object in these blocks, if there are any.

@@ -201,6 +201,9 @@ TEST(Convert, TellsWhereItCannotWrite)
 
 TEST(Convert, ShowsABarBothWays)
 {
+    if (const std::string why = WhyNoTerminal(); !why.empty()) {
+        GTEST_SKIP() << why;
+    }
     const TempFolder folder;
     const std::string out = folder.Path("out.cvg");
     const std::string shown = RunProgram({"convert", ExampleBoard(), out}, {.isOnTerminal = true}).err;

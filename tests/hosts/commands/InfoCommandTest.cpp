@@ -167,6 +167,9 @@ TEST(Info, IsNeverWrittenOverTheBoard)
 
 TEST(Info, ShowsABarOnATerminalAndWipesItOut)
 {
+    if (const std::string why = WhyNoTerminal(); !why.empty()) {
+        GTEST_SKIP() << why;
+    }
     Setting terminal;
     terminal.isOnTerminal = true;
     const std::string shown = RunProgram({"info", ExampleBoard()}, terminal).err;

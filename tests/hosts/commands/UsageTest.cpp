@@ -74,6 +74,9 @@ TEST(Usage, ArgumentsThatAreTooManyAreToldInTheOrderGiven)
 
 TEST(Usage, TerminalWithoutEscapesGetsNone)
 {
+    if (const std::string why = WhyNoTerminal(); !why.empty()) {
+        GTEST_SKIP() << why;
+    }
     const auto shown = [](const std::string & type, const std::string & noColor) {
         return RunProgram({"bom", ExampleBoard(), "-o", "/dev/null"},
                           {.isOnTerminal = true, .terminalType = type, .noColor = noColor})

@@ -1,5 +1,6 @@
 #include <set>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -10,16 +11,77 @@
 namespace ipc2581::tests {
 namespace {
 
-TEST(Examples, ListComponentsListsTheComponents)
+// Runs one of the programs in examples/.
+Result RunExample(const std::string & name, const std::vector<std::string> & arguments)
 {
-    const Result list = RunProgram({ExampleBoard()}, {.program = IPC2581_LIST_COMPONENTS_PROGRAM});
-    EXPECT_EQ(list, (Result{0, Golden("list_components.txt", list.out), ""}));
-    EXPECT_EQ(RunProgram({}, {.program = IPC2581_LIST_COMPONENTS_PROGRAM}).status, 2);
+    return RunProgram(arguments, {.program = IPC2581_EXAMPLES_FOLDER "/" + name});
+}
+
+// Each shows something of a board; its output is looked at, and wrong usage ends with 2.
+TEST(Examples, EachPrintsWhatItShows)
+{
+    for (const char * const name : {"list_components", "list_nets", "list_parts", "list_shapes", "draw_outline"}) {
+        const Result shown = RunExample(name, {ExampleBoard()});
+        EXPECT_EQ(shown, (Result{0, Golden(std::string(name) + ".txt", shown.out), ""})) << name;
+        EXPECT_EQ(RunExample(name, {}).status, 2) << name;
+    }
+}
+
+TEST(Examples, UseTextsFormatsCutsAndTakesMessages)
+{
+    EXPECT_EQ(RunExample("use_texts", {}),
+              (Result{0,
+                      "[R1         2.500] has 16 bytes\nR1\n2.500\nthere is no third word\n"
+                      "message: file read error!\n",
+                      ""}));
+}
+
+TEST(Examples, ChangeBoardTurnsAComponentAndAddsALayer)
+{
+    const TempFolder folder;
+    const std::string out = folder.Path("out.cvg");
+    EXPECT_EQ(RunExample("change_board", {ExampleBoard(), out, "U1"}), (Result{0, "", ""}));
+    CString before(ExampleBoard().c_str());
+    CString after(out.c_str());
+    CIPC2581_Parser old;
+    CIPC2581_Parser changed;
+    CIPC2581_XmlLiteReader().OpenPath(before, old);
+    CIPC2581_XmlLiteReader().OpenPath(after, changed);
+    const auto rotation = [](const CIPC2581_Parser & root) {
+        return root.m_Ecad.m_CadData.m_Step.ComponentArray.pGetIPCComponentWithName("U1")->Xform->Rotation;
+    };
+    EXPECT_EQ(rotation(changed), rotation(old) + 90.0);
+    EXPECT_EQ(Count(changed.m_Ecad.m_CadData.m_arrLayer), Count(old.m_Ecad.m_CadData.m_arrLayer) + 1);
+    EXPECT_EQ(RunExample("change_board", {ExampleBoard(), out, "U9"}), (Result{1, "", "no component U9\n"}));
+    EXPECT_EQ(RunExample("change_board", {}).status, 2);
+}
+
+TEST(Examples, WriteReportWritesBesideTheBoard)
+{
+    const TempFolder folder;
+    const std::string board = folder.Save("board.cvg", Bytes(ExampleBoard()));
+    const std::string report = folder.Path("board.txt");
+    EXPECT_EQ(RunExample("write_report", {board}), (Result{0, report + "\n", ""}));
+    EXPECT_NE(Bytes(report), "");
+    EXPECT_EQ(RunExample("write_report", {}).status, 2);
+}
+
+TEST(Examples, ImportBoardTellsWhatIsLost)
+{
+    const std::string board = IPC2581_SOURCE_FOLDER "/examples/import/first-board.xml";
+    const Result shown = RunExample("import_board", {board});
+    EXPECT_EQ(shown, (Result{0, Golden("import_board.txt", shown.out), ""}));
+    const TempFolder folder;
+    const std::string broken = folder.Save("broken.xml", "<IPC-2581>");
+    const Result failed = RunExample("import_board", {broken});
+    EXPECT_EQ(failed.status, 1);
+    EXPECT_TRUE(failed.err.starts_with(broken + ":1:")) << failed.err;
+    EXPECT_EQ(RunExample("import_board", {}).status, 2);
 }
 
 TEST(Examples, DumpBoardPrintsTheModel)
 {
-    const Result dump = RunProgram({ExampleBoard()}, {.program = IPC2581_DUMP_BOARD_PROGRAM});
+    const Result dump = RunExample("dump_board", {ExampleBoard()});
     EXPECT_EQ(dump.status, 0);
     EXPECT_EQ(dump.err, "");
     EXPECT_TRUE(dump.out.starts_with("m_Content\n  FunctionMode = ")) << dump.out.substr(0, 200);
@@ -30,7 +92,7 @@ TEST(Examples, DumpBoardPrintsTheModel)
         const std::string lines = "      ComponentArray\n        RefDes = " + Str(component->RefDes) + "\n";
         EXPECT_NE(dump.out.find(lines), std::string::npos) << lines;
     }
-    EXPECT_EQ(RunProgram({}, {.program = IPC2581_DUMP_BOARD_PROGRAM}).status, 2);
+    EXPECT_EQ(RunExample("dump_board", {}).status, 2);
 }
 
 TEST(Examples, BoardHasEveryShapeOfTheDictionary)
