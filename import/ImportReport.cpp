@@ -34,30 +34,62 @@ std::string ImportReport::PathText(std::uint32_t path) const
     return text;
 }
 
-LostFact ImportReport::Lost(std::size_t index) const
+// All of it but its path.
+void ImportReport::FillValues(const Fact & fact, LostFact & lost) const
 {
-    const Fact & fact = m_facts.at(index);
-    LostFact lost = {PathText(fact.path), fact.line, fact.owner, {}};
+    lost.line = fact.line;
+    lost.owner = fact.owner;
+    lost.attributes.clear();
     std::string_view values = std::string_view(m_values).substr(fact.begin, fact.length);
     while (!values.empty()) {
         const detail::FactValue own = detail::TakeFactValue(values);
         lost.attributes.emplace_back(m_names[own.name], own.value);
     }
+}
+
+LostFact ImportReport::Lost(std::size_t index) const
+{
+    const Fact & fact = m_facts.at(index);
+    LostFact lost;
+    lost.path = PathText(fact.path);
+    FillValues(fact, lost);
     return lost;
 }
 
-std::vector<LostFact> ImportReport::LostAt(std::string_view path) const
+void ImportReport::ForEachLost(const std::function<void(const LostFact &)> & show) const
+{
+    LostFact lost;
+    std::uint32_t path = 0;
+    for (const Fact & fact : m_facts) {
+        if (fact.path != path) {
+            path = fact.path;
+            lost.path = PathText(path);
+        }
+        FillValues(fact, lost);
+        show(lost);
+    }
+}
+
+void ImportReport::ForEachLostAt(std::string_view path, const std::function<void(const LostFact &)> & show) const
 {
     std::vector<bool> isWanted(m_paths.size(), false);
     for (std::uint32_t i = 0; i < m_paths.size(); ++i) {
         isWanted[i] = PathText(i) == path;
     }
-    std::vector<LostFact> lost;
-    for (std::size_t i = 0; i < m_facts.size(); ++i) {
-        if (isWanted[m_facts[i].path]) {
-            lost.push_back(Lost(i));
+    LostFact lost;
+    lost.path = path;
+    for (const Fact & fact : m_facts) {
+        if (isWanted[fact.path]) {
+            FillValues(fact, lost);
+            show(lost);
         }
     }
+}
+
+std::vector<LostFact> ImportReport::LostAt(std::string_view path) const
+{
+    std::vector<LostFact> lost;
+    ForEachLostAt(path, [&](const LostFact & fact) { lost.push_back(fact); });
     return lost;
 }
 

@@ -70,6 +70,10 @@ public:
     [[nodiscard]] LostFact Lost(std::size_t index) const;
     // The facts of elements at a path, in the order of the file.
     [[nodiscard]] std::vector<LostFact> LostAt(std::string_view path) const;
+    // Shows each fact, or each of elements at a path, in the order of the file, at less cost than one by one: the fact
+    // that is shown is valid until the next one.
+    void ForEachLost(const std::function<void(const LostFact &)> & show) const;
+    void ForEachLostAt(std::string_view path, const std::function<void(const LostFact &)> & show) const;
     // Remarks of sets, NonstandardAttribute elements, which are counted instead of listed.
     [[nodiscard]] std::size_t RemarkCount() const { return m_remarks; }
     // Each path that has lost something, with the number of its facts, in the order of the file.
@@ -99,6 +103,7 @@ private:
     };
 
     [[nodiscard]] std::string PathText(std::uint32_t path) const;
+    void FillValues(const Fact & fact, LostFact & lost) const;
 
     std::vector<Step> m_paths;
     std::vector<std::string> m_names;

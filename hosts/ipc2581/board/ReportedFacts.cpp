@@ -104,27 +104,27 @@ std::map<std::size_t, PackageFacts> FactsOfPackages(const Board & board)
 
 std::vector<SpecProperty> SpecProperties(const Board & board)
 {
+    if (board.Report() == nullptr) {
+        return {};
+    }
     constexpr std::string_view top = "Ecad/CadHeader/Spec";
+    constexpr std::string_view below = "Ecad/CadHeader/Spec/";
     std::vector<SpecProperty> properties;
     std::string spec;
     std::string kind;
-    for (std::size_t i = 0; board.Report() != nullptr && i < board.Report()->LostCount(); ++i) {
-        const LostFact fact = board.Report()->Lost(i);
+    board.Report()->ForEachLost([&](const LostFact & fact) {
         if (fact.path == top) {
             spec = fact.Value("name");
         }
-        else if (!fact.path.starts_with(std::string(top) + "/")) {
-            continue;
-        }
-        else if (fact.Element() != "Property") {
+        else if (fact.path.starts_with(below) && fact.Element() != "Property") {
             kind = Joined(fact.Element(), fact.Value("type"));
         }
-        else {
+        else if (fact.path.starts_with(below)) {
             const std::string_view text = fact.Value("text");
             properties.push_back(
                 {spec, kind, text.empty() ? Joined(fact.Value("value"), fact.Value("unit")) : std::string(text)});
         }
-    }
+    });
     return properties;
 }
 

@@ -42,7 +42,7 @@ std::string StepsLeftOut(const ImportReport & report)
 
 // What the facts of one path have in common.
 struct LostAtPath {
-    std::set<std::string, std::less<>> attributes;
+    std::set<std::string_view> attributes;
     FirstNumbers lines;
 };
 
@@ -87,14 +87,16 @@ void ListImport(const ImportReport & report, std::size_t limit, Table & notes, T
         notes.Add({text, lines.count, lines});
     }
     std::map<std::string, LostAtPath> paths;
-    for (std::size_t i = 0; i < report.LostCount(); ++i) {
-        const LostFact fact = report.Lost(i);
-        LostAtPath & path = paths[fact.path];
-        for (const auto & [name, value] : fact.attributes) {
-            path.attributes.emplace(name);
+    auto place = paths.end();
+    report.ForEachLost([&](const LostFact & fact) {
+        if (place == paths.end() || place->first != fact.path) {
+            place = paths.try_emplace(fact.path).first;
         }
-        count(path.lines, fact.line);
-    }
+        for (const auto & [name, value] : fact.attributes) {
+            place->second.attributes.insert(name);
+        }
+        count(place->second.lines, fact.line);
+    });
     for (const auto & [path, countOfPath] : report.LostPaths()) {
         const LostAtPath & lost = paths[path];
         facts.Add(

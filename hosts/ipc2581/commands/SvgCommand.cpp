@@ -1,8 +1,10 @@
 #include <algorithm>
 #include <array>
+#include <deque>
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <future>
 #include <iostream>
 #include <memory>
 #include <set>
@@ -179,30 +181,43 @@ void RemoveStale(const std::string & folder, const std::vector<Picture> & pictur
     }
 }
 
-std::string DrawnAsPng(const Picture & picture, int width)
+std::string Drawn(const Options & options, const Picture & picture)
 {
     std::ostringstream svg;
     picture.write(svg);
+    if (!options.isPng) {
+        return std::move(svg).str();
+    }
     try {
-        return PngOf(svg.view(), width);
+        return PngOf(svg.view(), options.width);
     }
     catch (const std::runtime_error & error) {
         throw Error(picture.path, error.what());
     }
 }
 
-void WritePicture(const Options & options, const Picture & picture)
+void WritePicture(const Options & options, const Picture & picture, const std::string & drawn)
 {
     // What this program has drawn it may replace.
     const Existing existing = IsOwnPicture(picture.path) ? Existing::Replace : options.existing;
     Output output(picture.path, {options.board}, existing);
-    if (options.isPng) {
-        output.Stream() << DrawnAsPng(picture, options.width);
-    }
-    else {
-        picture.write(output.Stream());
-    }
+    output.Stream() << drawn;
     output.Finish();
+}
+
+// The next ones are drawn while one is written.
+void WritePictures(const Options & options, const std::vector<Picture> & pictures)
+{
+    constexpr std::size_t ahead = 3;
+    std::deque<std::future<std::string>> drawn;
+    std::size_t next = 0;
+    for (const Picture & picture : pictures) {
+        for (; next < pictures.size() && drawn.size() < ahead; ++next) {
+            drawn.push_back(std::async([&options, &own = pictures[next]] { return Drawn(options, own); }));
+        }
+        WritePicture(options, picture, drawn.front().get());
+        drawn.pop_front();
+    }
 }
 
 // Documents reach beyond the frame that suits the board.
@@ -235,9 +250,7 @@ void Svg(const Options & options)
     for (const Picture & picture : pictures) {
         RefuseOutput(picture.path, {options.board}, IsOwnPicture(picture.path) ? Existing::Replace : options.existing);
     }
-    for (const Picture & picture : pictures) {
-        WritePicture(options, picture);
-    }
+    WritePictures(options, pictures);
     RemoveStale(options.folder, pictures);
     if (board.Report() == nullptr) {
         Warn(board, PictureLosses(board));

@@ -18,7 +18,7 @@ std::string Deflated(const std::string & data)
     std::string packed(size, '\0');
     const int status =
         compress2(reinterpret_cast<Bytef *>(packed.data()), &size, reinterpret_cast<const Bytef *>(data.data()),
-                  static_cast<uLong>(data.size()), Z_DEFAULT_COMPRESSION);
+                  static_cast<uLong>(data.size()), Z_BEST_SPEED);
     if (status != Z_OK) {
         throw std::bad_alloc();
     }

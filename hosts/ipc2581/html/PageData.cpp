@@ -108,6 +108,13 @@ std::string Packed(const json & head, const std::vector<IntegerColumn> & columns
     return bytes;
 }
 
+DrawingColumns ColumnsOf(const Drawing & drawing)
+{
+    DrawingColumns columns{Quantum(drawing)};
+    columns.Add(drawing);
+    return columns;
+}
+
 json HeadOfBoard(Board & board, const Lengths & lengths, const Drawing & drawing)
 {
     json head = {{"file", std::filesystem::path(board.File().Name()).filename().string()},
@@ -207,12 +214,13 @@ std::string PageDataOf(Board & board, const PageChoice & choice)
     auto hash = BeginHash(board);
     const Lengths lengths(board, choice.unit);
     const Drawing drawing = DrawingOf(board);
-    DrawingColumns columns{Quantum(drawing)};
-    columns.Add(drawing);
+    // These ask nothing of the model either.
+    auto columns = std::async([&drawing] { return ColumnsOf(drawing); });
     json head = HeadOfBoard(board, lengths, drawing);
     head["hash"] = hash.get();
-    head["columns"] = HeadsOf(columns.All());
-    return Packed(head, columns.All());
+    const DrawingColumns drawn = columns.get();
+    head["columns"] = HeadsOf(drawn.All());
+    return Packed(head, drawn.All());
 }
 
 std::string PageDataOf(Board & before, Board & after, const PageChoice & choice)
@@ -226,8 +234,7 @@ std::string PageDataOf(Board & before, Board & after, const PageChoice & choice)
     DrawingComparison comparison = Compare(old, drawing);
     AddChangedParts(differences, comparison);
 
-    DrawingColumns columns{Quantum(drawing)};
-    columns.Add(drawing);
+    DrawingColumns columns = ColumnsOf(drawing);
     json addedLayers = json::array();
     for (const DrawingComparison::Added & added : comparison.added) {
         addedLayers.push_back(added.layer);

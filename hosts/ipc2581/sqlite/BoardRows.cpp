@@ -325,11 +325,10 @@ private:
         }
         const ImportReport & report = *board.Report();
         std::string attributes;
-        for (std::size_t i = 0; i < report.LostCount(); ++i) {
-            const LostFact fact = report.Lost(i);
+        report.ForEachLost([&](const LostFact & fact) {
             AppendAttributes(attributes, fact);
             m_facts.Add(fact.path, LineOf(fact.line), fact.owner, attributes);
-        }
+        });
         for (const Warning & warning : WarningsOfImport(report, !board.HowRead().step.empty())) {
             m_notes.Add(warning.kind, LineOf(warning.line), warning.text);
         }
