@@ -1,15 +1,21 @@
 // Marks and triangles in chunks of what is near to each other and of like size, so that a chunk can be left out.
 import Flatbush from 'flatbush';
-import { addBox, addPoint, Box, emptyBox } from './geometry.js';
+import { addBox, addPoint, Box, boxOf, emptyBox } from './geometry.js';
 import { MARK_SIZE } from './shapes.js';
 
 const CHUNK = 64;
 
 interface Measured {
   box: Box;
-  // The largest of what is in it, and the widest, in millimetres.
+  // Of a chunk the largest of what is in it, and the widest, in millimetres.
   size: number;
   width: number;
+}
+
+interface Thing extends Measured {
+  x: number;
+  y: number;
+  kind: number;
 }
 
 interface Chunk extends Measured {
@@ -18,26 +24,27 @@ interface Chunk extends Measured {
 }
 
 export class Chunks {
+  // Which thing comes first, second and so on.
+  readonly order: number[];
   private readonly chunks: Chunk[] = [];
   private readonly index: Flatbush;
 
-  // Of so many things, each with those of its own kind.
-  constructor(count: number, kindAt: (place: number) => number, measure: (place: number) => Measured) {
+  constructor(things: Thing[]) {
+    this.order = orderOf(things);
     let kind = NaN;
-    for (let place = 0; place < count; ++place) {
+    this.order.forEach((place, first) => {
       const last = this.chunks[this.chunks.length - 1];
-      const own = kindAt(place);
-      const measured = measure(place);
+      const { box, size, width, kind: own } = things[place]!;
       if (!last || last.count === CHUNK || own !== kind) {
-        this.chunks.push({ first: place, count: 1, ...measured });
+        this.chunks.push({ first, count: 1, box, size, width });
         kind = own;
-        continue;
+        return;
       }
-      addBox(last.box, measured.box);
-      last.size = Math.max(last.size, measured.size);
-      last.width = Math.max(last.width, measured.width);
+      addBox(last.box, box);
+      last.size = Math.max(last.size, size);
+      last.width = Math.max(last.width, width);
       ++last.count;
-    }
+    });
     this.index = new Flatbush(this.chunks.length);
     this.chunks.forEach(({ box }) => this.index.add(box.minX, box.minY, box.maxX, box.maxY));
     this.index.finish();
@@ -68,35 +75,31 @@ export class Chunks {
   }
 }
 
-export function chunksOfMarks(marks: number[], order: number[]): Chunks {
-  return new Chunks(order.length, (place) => classOf(marks, order[place]!), (place) => {
-    const mark = order[place]! * MARK_SIZE;
-    const reach = Math.hypot(marks[mark + 4]!, marks[mark + 5]!);
-    const x = marks[mark]!;
-    const y = marks[mark + 1]!;
-    return { box: { minX: x - reach, minY: y - reach, maxX: x + reach, maxY: y + reach }, size: 2 * reach,
-      width: 2 * Math.min(marks[mark + 4]!, marks[mark + 5]!) };
-  });
+export function chunksOfMarks(marks: number[]): Chunks {
+  return new Chunks(Array.from({ length: marks.length / MARK_SIZE }, (_, i) => {
+    const at = i * MARK_SIZE;
+    const [x, y, halfWidth, halfHeight] = [marks[at]!, marks[at + 1]!, marks[at + 4]!, marks[at + 5]!];
+    const reach = Math.hypot(halfWidth, halfHeight);
+    const [longer, shorter] = [Math.max(halfWidth, halfHeight), Math.min(halfWidth, halfHeight)];
+    const box = { minX: x - reach, minY: y - reach, maxX: x + reach, maxY: y + reach };
+    return { x, y, box, size: 2 * reach, width: 2 * shorter, kind: kindOf(longer, shorter) };
+  }));
 }
 
 export function chunksOfTriangles(places: number[]): Chunks {
-  return new Chunks(places.length / 6, () => 0, (triangle) => {
-    const p = places.slice(triangle * 6, triangle * 6 + 6);
-    const box = {
-      minX: Math.min(p[0]!, p[2]!, p[4]!), minY: Math.min(p[1]!, p[3]!, p[5]!), maxX: Math.max(p[0]!, p[2]!, p[4]!),
-      maxY: Math.max(p[1]!, p[3]!, p[5]!),
-    };
-    return { box, size: Infinity, width: Infinity };
-  });
+  return new Chunks(Array.from({ length: places.length / 6 }, (_, i) => {
+    const box = boxOf(places.slice(i * 6, i * 6 + 6));
+    const size = Math.hypot(box.maxX - box.minX, box.maxY - box.minY);
+    const [x, y] = [(box.minX + box.maxX) / 2, (box.minY + box.maxY) / 2];
+    return { x, y, box, size, width: size, kind: kindOf(size / 2, size / 2) };
+  }));
 }
 
-// What marks of like size have in common: how long and how wide they are, by powers of two. What is larger than a few
+// What things of like size have in common: how long and how wide they are, by powers of two. What is larger than a few
 // millimetres is seen in most pictures.
-function classOf(marks: number[], mark: number): number {
-  const first = marks[mark * MARK_SIZE + 4]!;
-  const second = marks[mark * MARK_SIZE + 5]!;
+function kindOf(longer: number, shorter: number): number {
   const power = (length: number): number => Math.min(Math.max(Math.round(Math.log2(length)), -6), 1) + 6;
-  return 16 * power(Math.max(first, second)) + power(Math.min(first, second));
+  return 16 * power(longer) + power(shorter);
 }
 
 // How far along a curve of Hilbert a cell of a square of 256 by 256 lies: near cells are mostly near on the curve.
@@ -113,19 +116,12 @@ function alongCurve(column: number, row: number): number {
   return distance;
 }
 
-// Marks of like size together, and of these such as are near to each other, so that a chunk of them can be left out.
-export function orderOf(marks: number[]): number[] {
-  const count = marks.length / MARK_SIZE;
-  const box = emptyBox();
-  for (let i = 0; i < count; ++i) {
-    addPoint(box, marks[i * MARK_SIZE]!, marks[i * MARK_SIZE + 1]!);
-  }
-  const cell = Math.max(box.maxX - box.minX, box.maxY - box.minY, 1e-6) / 255;
-  const keys = new Float64Array(count);
-  for (let i = 0; i < count; ++i) {
-    const column = Math.floor((marks[i * MARK_SIZE]! - box.minX) / cell);
-    const row = Math.floor((marks[i * MARK_SIZE + 1]! - box.minY) / cell);
-    keys[i] = classOf(marks, i) * 65536 + alongCurve(column, row);
-  }
+// Things of like size together, and of these such as are near to each other, so that a chunk of them can be left out.
+function orderOf(things: Thing[]): number[] {
+  const all = emptyBox();
+  things.forEach(({ x, y }) => addPoint(all, x, y));
+  const cell = Math.max(all.maxX - all.minX, all.maxY - all.minY, 1e-6) / 255;
+  const keys = things.map(({ x, y, kind }) =>
+    kind * 65536 + alongCurve(Math.floor((x - all.minX) / cell), Math.floor((y - all.minY) / cell)));
   return Array.from(keys.keys()).sort((a, b) => keys[b]! - keys[a]! || a - b);
 }

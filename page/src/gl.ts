@@ -3,7 +3,7 @@ import {
   createBufferFromTypedArray, createBufferInfoFromArrays, createProgramInfo, createVertexArrayInfo, drawBufferInfo,
   ProgramInfo, setBuffersAndAttributes, setUniforms, VertexArrayInfo,
 } from 'twgl.js';
-import { Chunks, chunksOfMarks, chunksOfTriangles, orderOf } from './chunks.js';
+import { Chunks, chunksOfMarks, chunksOfTriangles } from './chunks.js';
 import { Box, isEmpty } from './geometry.js';
 import { AREA_COLOR, AREA_SHADER, MARK_COLOR, MARK_SHADER, QUICK_COLOR, QUICK_SHADER } from './shaders.js';
 import { Batch, MARK_SIZE } from './shapes.js';
@@ -56,13 +56,15 @@ export interface Drawable {
 // What is smaller than this part of a pixel is left out.
 const SMALLEST = 0.3;
 // In motion, on a computer that is slow at it: what is smaller than so many pixels is drawn as a point, what is thinner
-// as a line, and what is smaller than these is left out, level by level.
+// as a line, and what is smaller than these is left out, level by level. A picture has this share of the pixels of the
+// page each way.
 const POINT = 5;
 const THIN = 2.4;
-const QUICK = [{ point: 1.5, line: 2 }, { point: 2, line: 4 }, { point: 2.6, line: 6 }, { point: 3.2, line: 9 }];
+const QUICK = [
+  { point: 1.5, line: 2, share: 1 }, { point: 2, line: 4, share: 1 }, { point: 2.6, line: 6, share: 0.5 },
+  { point: 3.2, line: 9, share: 0.5 },
+];
 export const MOST_QUICK = QUICK.length;
-// From this level on a picture has half of the pixels each way.
-const COARSE = 3;
 
 // Whether marks of this size and width in pixels are drawn.
 type Wanted = (size: number, width: number) => boolean;
@@ -104,6 +106,14 @@ export class Graphics {
     gl.enable(gl.SCISSOR_TEST);
   }
 
+  // Where there are fewer pixels than on the page, the browser makes them larger.
+  resize(width: number, height: number): void {
+    if (this.canvas.width !== width || this.canvas.height !== height) {
+      this.canvas.width = width;
+      this.canvas.height = height;
+    }
+  }
+
   // Begins the picture of one side. The viewport is in pixels of the canvas, from its upper left corner.
   begin(viewport: Viewport, transform: Transform, background: Rgba): void {
     const bottom = this.canvas.height - viewport.y - viewport.height;
@@ -140,9 +150,9 @@ export class Graphics {
     this.fill(0, 0, this.canvas.width, this.canvas.height, background);
   }
 
-  // How much of the full number of pixels a picture has each way.
+  // How much of the pixels of the page a picture has each way.
   get share(): number {
-    return this.quick >= COARSE ? 0.5 : 1;
+    return QUICK[this.quick - 1]?.share ?? 1;
   }
 
   upload(batch: Batch): Drawable {
@@ -174,7 +184,9 @@ export class Graphics {
     if (color.a === 1) {
       gl.disable(gl.BLEND);
     }
-    this.eachRun(chunks, () => true, (first, count) => drawBufferInfo(gl, areas, gl.TRIANGLES, count * 3, first * 3));
+    const least = QUICK[this.quick - 1]?.point ?? 0;
+    this.eachRun(chunks, (size) => size >= least,
+      (first, count) => drawBufferInfo(gl, areas, gl.TRIANGLES, count * 3, first * 3));
     gl.enable(gl.BLEND);
   }
 
@@ -253,10 +265,10 @@ export class Graphics {
     if (count === 0) {
       return null;
     }
-    const order = orderOf(marks);
+    const chunks = chunksOfMarks(marks);
     const vertices = new Float32Array(count * 4 * MARK_SIZE);
     let at = 0;
-    for (const mark of order) {
+    for (const mark of chunks.order) {
       for (let corner = 0; corner < 4; ++corner) {
         for (let i = 0; i < MARK_SIZE; ++i) {
           vertices[at++] = marks[mark * MARK_SIZE + i]!;
@@ -276,7 +288,7 @@ export class Graphics {
     };
     const stride = MARK_SIZE * 4;
     return {
-      buffer, chunks: chunksOfMarks(marks, order), boxes: array(stride, this.corners),
+      buffer, chunks, boxes: array(stride, this.corners),
       lines: array(stride, this.lineEnds), points: array(4 * stride, null),
     };
   }
@@ -286,10 +298,12 @@ export class Graphics {
       return null;
     }
     const { gl } = this;
-    const info = createBufferInfoFromArrays(gl, { place: { numComponents: 2, data: new Float32Array(places) } });
+    const chunks = chunksOfTriangles(places);
+    const data = new Float32Array(places.length);
+    chunks.order.forEach((triangle, i) => data.set(places.slice(triangle * 6, triangle * 6 + 6), i * 6));
+    const info = createBufferInfoFromArrays(gl, { place: { numComponents: 2, data } });
     return {
-      buffer: info.attribs!['place']!.buffer, chunks: chunksOfTriangles(places),
-      areas: createVertexArrayInfo(gl, this.areaProgram, info),
+      buffer: info.attribs!['place']!.buffer, chunks, areas: createVertexArrayInfo(gl, this.areaProgram, info),
     };
   }
 

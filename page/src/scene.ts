@@ -1,6 +1,9 @@
 // What is drawn of a board, layer by layer, made when it is drawn first.
 import { Board, Item, ItemKind, Layer, Part, Placement, Side } from './data.js';
-import { addBox, addPoint, Box, boxOf, contoursOf, emptyBox, isEmpty, placed, Point, within } from './geometry.js';
+import {
+  addBox, addPoint, Box, boxOf, Contour, contoursOf, emptyBox, isEmpty, placed, Point, within,
+} from './geometry.js';
+import { Interior } from './interior.js';
 import { Batch, Shapes } from './shapes.js';
 
 export interface LayerBatches {
@@ -34,12 +37,15 @@ export class Scene {
   readonly partBoxes: PartBox[];
   readonly parts = new Map<string, Part>();
   private readonly batches = new Map<number, LayerBatches>();
+  private readonly edges: Contour[];
+  private ownInterior: Interior | null = null;
   private itemsOfNets: Map<number, { layer: Layer; item: Item }[]> | null = null;
 
   constructor(readonly board: Board) {
     this.shapes = new Shapes(board);
     this.boardBox = emptyBox();
-    for (const { points } of contoursOf(board.profile)) {
+    this.edges = contoursOf(board.profile);
+    for (const { points } of this.edges) {
       addBox(this.boardBox, boxOf(points));
     }
     this.partBoxes = board.parts.map((part) => this.boxOfPart(part));
@@ -68,8 +74,12 @@ export class Scene {
 
   profile(): Batch {
     const batch = new Batch();
-    batch.addAreas(contoursOf(this.board.profile));
+    batch.addAreas(this.edges);
     return batch;
+  }
+
+  get interior(): Interior {
+    return (this.ownInterior ??= new Interior(this.edges, this.boardBox));
   }
 
   // What is not board within the box round it.
@@ -80,7 +90,7 @@ export class Scene {
       const margin = 0.001 * Math.max(maxX - minX, maxY - minY);
       const [left, low, right, top] = [minX - margin, minY - margin, maxX + margin, maxY + margin];
       const frame = [left, low, right, low, right, top, left, top];
-      batch.addAreas([{ points: frame, isClosed: true }, ...contoursOf(this.board.profile)]);
+      batch.addAreas([{ points: frame, isClosed: true }, ...this.edges]);
     }
     return batch;
   }

@@ -1,6 +1,6 @@
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
-import { Chunks, chunksOfMarks, chunksOfTriangles, orderOf } from '../src/chunks.js';
+import { Chunks, chunksOfMarks, chunksOfTriangles } from '../src/chunks.js';
 import { Box } from '../src/geometry.js';
 import { Batch } from '../src/shapes.js';
 
@@ -23,30 +23,28 @@ function runs(chunks: Chunks, box: Box, isWanted: (size: number) => boolean): [n
 }
 
 test('all that is wanted comes in one run, and each mark has one place', () => {
-  const { marks } = discs();
-  const order = orderOf(marks);
-  assert.deepEqual([...order].sort((a, b) => a - b), Array.from({ length: 1001 }, (_, i) => i));
-  assert.deepEqual(runs(chunksOfMarks(marks, order), everywhere, () => true), [[0, 1001]]);
+  const chunks = chunksOfMarks(discs().marks);
+  assert.deepEqual([...chunks.order].sort((a, b) => a - b), Array.from({ length: 1001 }, (_, i) => i));
+  assert.deepEqual(runs(chunks, everywhere, () => true), [[0, 1001]]);
 });
 
 test('large marks come first, and small ones are left out by their size', () => {
-  const { marks } = discs();
-  const order = orderOf(marks);
-  assert.equal(order[0], 0);
-  assert.deepEqual(runs(chunksOfMarks(marks, order), everywhere, (size) => size > 10), [[0, 1]]);
+  const chunks = chunksOfMarks(discs().marks);
+  assert.equal(chunks.order[0], 0);
+  assert.deepEqual(runs(chunks, everywhere, (size) => size > 10), [[0, 1]]);
 });
 
 test('what lies elsewhere is left out', () => {
-  const { marks } = discs();
-  const order = orderOf(marks);
+  const chunks = chunksOfMarks(discs().marks);
   const box = { minX: 500, minY: -1, maxX: 501, maxY: 1 };
-  const found = runs(chunksOfMarks(marks, order), box, () => true);
-  const places = found.flatMap(([first, count]) => order.slice(first, first + count));
+  const found = runs(chunks, box, () => true);
+  const places = found.flatMap(([first, count]) => chunks.order.slice(first, first + count));
   assert.ok(places.includes(500) || places.includes(501));
   assert.ok(places.length < 400, String(places.length));
 });
 
-test('a triangle is drawn whatever its size', () => {
-  const found = runs(chunksOfTriangles([0, 0, 1e-6, 0, 0, 1e-6]), everywhere, (size) => size > 1e6);
-  assert.deepEqual(found, [[0, 1]]);
+test('small triangles are left out by their size, and each has one place', () => {
+  const chunks = chunksOfTriangles([0, 0, 0.1, 0, 0, 0.1, 0, 0, 30, 0, 0, 40]);
+  assert.deepEqual(chunks.order, [1, 0]);
+  assert.deepEqual(runs(chunks, everywhere, (size) => size >= 50), [[0, 1]]);
 });

@@ -283,6 +283,34 @@ class PageTest(unittest.TestCase):
                     "page.settings.show('fabrication', false); page.settings.show('references', false)")
         self.assertNotEqual(self.color(x, y), shown)
 
+    # What is left out
+
+    def picture(self):
+        return self.run_js("const image = page.view.image();"
+                           "return image.getContext('2d').getImageData(0, 0, image.width, image.height).data.join()")
+
+    def test_what_a_negative_layer_covers_is_left_out_and_looks_the_same(self):
+        self.run_js("page.settings.change({seeThrough: true});"
+                    "for (const layer of page.board.layers) page.settings.setLayer(layer.name, {isVisible: true})")
+        left = self.picture()
+        beyond = self.run_js("return [...page.view.drawables].filter(([name]) => name.endsWith(' beyond'))"
+                             ".map(([name, drawn]) => [name, drawn.marks?.chunks.order.length ?? 0])")
+        bottom = self.run_js("return page.board.layers.find(layer => layer.name === 'BOTTOM').place")
+        tracks = dict(beyond)[f"{bottom} tracks beyond"]
+        self.run_js("page.scene.interior.margin = 0")
+        self.assertEqual(self.picture(), left)
+        self.assertLess(tracks, self.run_js("return page.view.drawables.get(`${arguments[0]} tracks`).marks.chunks.order"
+                                            ".length", bottom))
+
+    def test_a_picture_at_rest_is_whole_again(self):
+        whole = self.picture()
+        size = self.run_js("return page.view.canvas.width")
+        moving = self.run_js("page.view.quick = 4; page.view.refreshInMotion(); page.view.draw();"
+                             "return page.view.canvas.width")
+        self.assertAlmostEqual(moving, size / 2, delta=1)
+        self.wait("return page.view.canvas.width === arguments[0]", size)
+        self.assertEqual(self.picture(), whole)
+
     # Keys
 
     def test_keys(self):
