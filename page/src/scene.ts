@@ -1,7 +1,7 @@
 // What is drawn of a board, layer by layer, made when it is drawn first.
 import { Board, Item, ItemKind, Layer, Part, Placement, Side } from './data.js';
 import {
-  addBox, addPoint, Box, boxOf, Contour, contoursOf, emptyBox, isEmpty, placed, Point, within,
+  addBox, addPoint, Box, boxOf, Contour, contoursOf, emptyBox, isEmpty, linesBeyond, placed, Point, within,
 } from './geometry.js';
 import { Interior } from './interior.js';
 import { Batch, Shapes } from './shapes.js';
@@ -38,6 +38,8 @@ export class Scene {
   readonly parts = new Map<string, Part>();
   private readonly batches = new Map<number, LayerBatches>();
   private readonly edges: Contour[];
+  // The parts of the profile that only one of two boards has.
+  readonly profileLines: { added: number[][]; removed: number[][] };
   private ownInterior: Interior | null = null;
   private itemsOfNets: Map<number, { layer: Layer; item: Item }[]> | null = null;
 
@@ -48,6 +50,10 @@ export class Scene {
     for (const { points } of this.edges) {
       addBox(this.boardBox, boxOf(points));
     }
+    const oldEdges = contoursOf(board.oldProfile ?? []);
+    this.profileLines = board.oldProfile
+      ? { added: linesBeyond(this.edges, oldEdges), removed: linesBeyond(oldEdges, this.edges) }
+      : { added: [], removed: [] };
     this.partBoxes = board.parts.map((part) => this.boxOfPart(part));
     for (const part of board.parts) {
       this.parts.set(part.name, part);
@@ -113,7 +119,8 @@ export class Scene {
 
   outerCopper(side: Side): Layer | null {
     const wanted = side === 'front' ? 'top' : 'bottom';
-    return this.board.layers.find((layer) => layer.role === 'copper' && layer.side === wanted) ?? null;
+    const isOuter = (layer: Layer): boolean => layer.role === 'copper' && layer.side === wanted && !layer.isRemoved;
+    return this.board.layers.find(isOuter) ?? null;
   }
 
   bodies(side: Side): Batch {
@@ -191,6 +198,7 @@ export class Scene {
   private allBounds(): Box {
     const bounds = { ...this.boardBox };
     this.partBoxes.forEach((box) => addBox(bounds, box.bounds));
+    this.profileLines.removed.forEach((line) => addBox(bounds, boxOf(line)));
     if (isEmpty(this.boardBox)) {
       for (const layer of this.board.layers) {
         layer.content.forEach((item) => addBox(bounds, this.shapes.boxOf(item)));

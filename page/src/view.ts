@@ -1,7 +1,7 @@
 // The board on its canvas: one or both sides, drawn anew for each frame.
 import { applied, Camera, inverse } from './camera.js';
 import { css, dark, light, mixed, Palette, rgba, visibleOn } from './colors.js';
-import { Comparison, Ends, Item, Layer, Part, Side, State } from './data.js';
+import { Comparison, Ends, HoleChange, Item, Layer, Part, Side, State } from './data.js';
 import { element } from './dom.js';
 import { addBox, addPoint, emptyBox, isEmpty, Point } from './geometry.js';
 import { Drawable, Graphics, MOST_QUICK, Rgba, Transform, Viewport } from './gl.js';
@@ -45,7 +45,7 @@ const FIRST_SHOWN: Layer['role'][] = ['copper', 'legend'];
 const BEYOND = 3;
 
 export function isFirstShown(layer: Layer): boolean {
-  return FIRST_SHOWN.includes(layer.role) && layer.side !== 'inside';
+  return layer.isRemoved || (FIRST_SHOWN.includes(layer.role) && layer.side !== 'inside');
 }
 
 export class BoardView {
@@ -607,7 +607,36 @@ export class BoardView {
       });
       return batch;
     }), palette.added);
-    this.drawPassing(`changed ${side}`, () => this.drawChangedParts(side, comparison));
+    this.drawPassing(`changed ${side}`, () => {
+      this.drawChangedParts(side, comparison);
+      this.drawChangedProfile();
+      this.drawChangedHoles(side, comparison);
+    });
+  }
+
+  private drawChangedProfile(): void {
+    for (const state of ['removed', 'added'] as const) {
+      const batch = new Batch();
+      for (const [x0, y0, x1, y1] of this.scene.profileLines[state]) {
+        batch.addLine(x0!, y0!, x1!, y1!, 0.25, Ends.Round);
+      }
+      this.add(batch, this.palette[state]);
+    }
+  }
+
+  private drawChangedHoles(side: Side, comparison: Comparison): void {
+    if (!this.settings.values.show.holes) {
+      return;
+    }
+    for (const state of ['removed', 'changed', 'added'] as const) {
+      const batch = new Batch();
+      for (const hole of comparison.holes) {
+        if (hole.state === state && isOnSide(hole, side)) {
+          batch.addDisc(hole.x, hole.y, hole.diameter);
+        }
+      }
+      this.add(batch, this.palette[state]);
+    }
   }
 
   private drawChangedParts(side: Side, comparison: Comparison): void {
@@ -639,16 +668,29 @@ export class BoardView {
     context.textBaseline = 'middle';
     context.lineWidth = 3 * this.pixels;
     context.strokeStyle = palette.labelEdge;
+    const sign = (state: State, place: Point, color = css(palette[state])): void => {
+      const at = applied(transform, place.x, place.y);
+      context.strokeText(texts.stateMark[state], at.x, at.y);
+      context.fillStyle = color;
+      context.fillText(texts.stateMark[state], at.x, at.y);
+    };
     for (const change of comparison?.parts ?? []) {
       const box = this.scene.boxOf(change.name);
       const place = box ? box.middle : { x: change.fromX ?? NaN, y: change.fromY ?? NaN };
-      if ((change.side === 'bottom') !== (side === 'back') || Number.isNaN(place.x)) {
-        continue;
+      if ((change.side === 'bottom') === (side === 'back') && !Number.isNaN(place.x)) {
+        sign(change.state, place);
       }
-      const at = applied(transform, place.x, place.y);
-      context.strokeText(texts.stateMark[change.state], at.x, at.y);
-      context.fillStyle = css(palette[change.state]);
-      context.fillText(texts.stateMark[change.state], at.x, at.y);
+    }
+    // Where there is room for the sign, which lies on its own colour here.
+    const smallest = (8 * this.pixels) / transform.scale;
+    for (const hole of this.settings.values.show.holes ? comparison?.holes ?? [] : []) {
+      if (hole.diameter >= smallest && isOnSide(hole, side)) {
+        sign(hole.state, hole, palette.label);
+      }
+    }
+    for (const state of ['added', 'removed'] as const) {
+      const place = middleOfLongest(this.scene.profileLines[state]);
+      place && sign(state, place, palette.label);
     }
     if (this.selection.place) {
       const at = applied(transform, this.selection.place.x, this.selection.place.y);
@@ -837,6 +879,16 @@ function oncePerPlace(): (item: Item) => boolean {
     places.add(place);
     return isNew;
   };
+}
+
+function isOnSide(hole: HoleChange, side: Side): boolean {
+  return side === 'front' ? hole.isOnFront : hole.isOnBack;
+}
+
+function middleOfLongest(lines: number[][]): Point | null {
+  const lengthOf = ([x0, y0, x1, y1]: number[]): number => Math.hypot(x1! - x0!, y1! - y0!);
+  const [longest] = [...lines].sort((one, other) => lengthOf(other) - lengthOf(one));
+  return longest ? { x: (longest[0]! + longest[2]!) / 2, y: (longest[1]! + longest[3]!) / 2 } : null;
 }
 
 function fromMiddle(node: HTMLElement, event: { clientX: number; clientY: number }): Point {
