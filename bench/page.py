@@ -86,7 +86,7 @@ def opened(browser, page):
     """Milliseconds from the start of the navigation to the first picture."""
     browser.get(page.as_uri())
     end = time.time() + 60
-    while not browser.execute_script("return !!window.page && page.view.frames > 0") and time.time() < end:
+    while not browser.execute_script("return window.page?.view?.frames > 0") and time.time() < end:
         time.sleep(0.02)
     return browser.execute_script("return performance.getEntriesByName('first-picture')[0].startTime")
 

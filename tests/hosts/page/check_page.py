@@ -78,11 +78,11 @@ class PageTest(unittest.TestCase):
 
     def open(self, path, forget=True):
         self.browser.get(path.as_uri())
-        self.wait("return !!window.page")
+        self.wait("return !!window.page?.board")
         if forget:
             self.run_js("localStorage.clear()")
             self.browser.get(path.as_uri())
-            self.wait("return !!window.page")
+            self.wait("return !!window.page?.board")
         self.wait("return page.view.frames > 0")
 
     def setUp(self):
@@ -556,7 +556,7 @@ class PageTest(unittest.TestCase):
         board.write_text(text)
         page = self.make(board, name="hostile")
         self.browser.get(page.as_uri())
-        self.wait("return !!window.page")
+        self.wait("return !!window.page?.board")
         self.run_js("window.hits = 0; window.hit = () => ++window.hits; window.broken = 0;"
                     "document.addEventListener('securitypolicyviolation', () => ++window.broken)")
         for tab in ("groups", "parts", "nets", "layers", "stackup", "drills", "report", "settings"):
