@@ -67,6 +67,10 @@ export class Comparisons {
       app.selectNet(row.name);
       return;
     }
+    if (row.kind === 'board' && row.property === 'profile') {
+      app.view?.fit();
+      return;
+    }
     this.jumpToPlace(row);
   }
 

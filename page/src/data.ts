@@ -52,11 +52,24 @@ export interface Moved {
   fromY?: number;
 }
 
+// A hole that only one of the boards has, or that is another one than before.
+export interface HoleChange {
+  state: State;
+  x: number;
+  y: number;
+  diameter: number;
+  isOnFront: boolean;
+  isOnBack: boolean;
+}
+
 export interface Comparison {
   file: string;
   added: number;
   addedLayers: number[];
   removed: number[];
+  removedLayers: LayerHead[];
+  hasOtherProfile: boolean;
+  holes: HoleChange[];
   parts: Moved[];
   differences: Table;
 }
@@ -129,6 +142,8 @@ export interface Item {
 export interface Layer extends LayerHead {
   place: number;
   content: Item[];
+  // Whether only the older board has it, so that all that lies on it is removed.
+  isRemoved: boolean;
 }
 
 export interface Hole {
@@ -177,6 +192,8 @@ export interface Board {
   added: Item[];
   // What the drawn board lacks of the older one, by the place of the layer.
   removed: Map<number, Item[]>;
+  // Of the older board, where it has another one.
+  oldProfile: Path | null;
 }
 
 const MARK = 'IPCPAGE1';
@@ -351,17 +368,23 @@ export function boardOf(data: ArrayBuffer): Board {
   const footprints = drawing.footprints.map((one) => ({
     name: one.name, pads: reader.items(one.pads), body: reader.items(one.body),
   }));
-  const layers = drawing.layers.map((layer, place) => ({ ...layer, place, content: reader.items(layer.items) }));
+  const layers: Layer[] = drawing.layers.map((layer, place) =>
+    ({ ...layer, place, content: reader.items(layer.items), isRemoved: false }));
   const profile = reader.path();
   const holes = Array.from({ length: drawing.holes }, () => reader.hole());
   const parts = Array.from({ length: drawing.parts }, (_, place) => reader.part(place, drawing.names, footprints));
   const comparison = head.comparison ?? null;
   const added = reader.items(comparison?.added ?? 0);
   const removed = new Map((comparison?.removed ?? []).map((count, place) => [place, reader.items(count)]));
+  for (const layer of comparison?.removedLayers ?? []) {
+    removed.set(layers.length, reader.items(layer.items));
+    layers.push({ ...layer, place: layers.length, content: [], isRemoved: true, isNegative: false });
+  }
+  const oldProfile = comparison?.hasOtherProfile ? reader.path() : null;
   return {
     file: head.file, step: head.step, units: head.units, hash: head.hash, isUnitKnown: head.isUnitKnown,
     names: drawing.names, shapes, layers, footprints, profile, holes, parts, tables: head.tables, comparison, added,
-    removed,
+    removed, oldProfile,
   };
 }
 

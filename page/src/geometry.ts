@@ -253,6 +253,45 @@ export function areasOf(contours: Contour[]): { outer: number[]; holes: number[]
   return [...areas.values()];
 }
 
+// The lines of some contours that others lack, as pairs of places.
+export function linesBeyond(contours: Contour[], others: Contour[]): number[][] {
+  const known = new Set(linesOf(others).map(keyOfLine));
+  return linesOf(contours).filter((line) => !known.has(keyOfLine(line)));
+}
+
+function linesOf(contours: Contour[]): number[][] {
+  return contours.flatMap(({ points, isClosed }) => {
+    const lines: number[][] = [];
+    for (let i = isClosed ? 0 : 2; i < points.length; i += 2) {
+      const before = (i + points.length - 2) % points.length;
+      lines.push([points[before]!, points[before + 1]!, points[i]!, points[i + 1]!]);
+    }
+    return lines;
+  });
+}
+
+// The same from either end.
+function keyOfLine(line: number[]): string {
+  const [x0, y0, x1, y1] = line.map((length) => Math.round(length * 1000)) as [number, number, number, number];
+  return x0 < x1 || (x0 === x1 && y0 < y1) ? `${x0} ${y0} ${x1} ${y1}` : `${x1} ${y1} ${x0} ${y0}`;
+}
+
+// How far a box lies from the edges that it lies within, at least; 0 for one that reaches them or lies beyond.
+export function depthWithin(contours: Contour[], box: Box): number {
+  const x = (box.minX + box.maxX) / 2;
+  const y = (box.minY + box.maxY) / 2;
+  if (!isInContours(contours, x, y)) {
+    return 0;
+  }
+  let distance = Infinity;
+  for (const { points } of contours) {
+    for (let i = 0, j = points.length - 2; i < points.length; j = i, i += 2) {
+      distance = Math.min(distance, distanceToLine(x, y, points[j]!, points[j + 1]!, points[i]!, points[i + 1]!));
+    }
+  }
+  return Math.max(distance - Math.hypot(box.maxX - box.minX, box.maxY - box.minY) / 2, 0);
+}
+
 // How far a place is from a straight line between two others.
 export function distanceToLine(x: number, y: number, x0: number, y0: number, x1: number, y1: number): number {
   const dx = x1 - x0;

@@ -40,8 +40,9 @@ export class LayerPanel {
     const color = element('input', { type: 'color', 'aria-label': texts.colorOf(layer.name) });
     color.value = own?.color ?? layer.color;
     color.addEventListener('input', () => this.settings.setLayer(layer.name, { color: color.value }));
+    const name = layer.isRemoved ? texts.removedLayer(layer.name) : layer.name;
     return element('tr', layer.items === 0 ? { class: 'empty' } : {}, element('td', { class: 'pair' }, shown, color),
-      element('td', {}, layer.name), element('td', {}, layer.function), element('td', {}, texts.sideWord[layer.side]),
+      element('td', {}, name), element('td', {}, layer.function), element('td', {}, texts.sideWord[layer.side]),
       element('td', { class: 'number' }, String(layer.items)));
   }
 }

@@ -1,6 +1,9 @@
 // What is drawn of a board, layer by layer, made when it is drawn first.
 import { Board, Item, ItemKind, Layer, Part, Placement, Side } from './data.js';
-import { addBox, addPoint, Box, boxOf, contoursOf, emptyBox, isEmpty, placed, Point, within } from './geometry.js';
+import {
+  addBox, addPoint, Box, boxOf, Contour, contoursOf, emptyBox, isEmpty, linesBeyond, placed, Point, within,
+} from './geometry.js';
+import { Interior } from './interior.js';
 import { Batch, Shapes } from './shapes.js';
 
 export interface LayerBatches {
@@ -34,14 +37,23 @@ export class Scene {
   readonly partBoxes: PartBox[];
   readonly parts = new Map<string, Part>();
   private readonly batches = new Map<number, LayerBatches>();
+  private readonly edges: Contour[];
+  // The parts of the profile that only one of two boards has.
+  readonly profileLines: { added: number[][]; removed: number[][] };
+  private ownInterior: Interior | null = null;
   private itemsOfNets: Map<number, { layer: Layer; item: Item }[]> | null = null;
 
   constructor(readonly board: Board) {
     this.shapes = new Shapes(board);
     this.boardBox = emptyBox();
-    for (const { points } of contoursOf(board.profile)) {
+    this.edges = contoursOf(board.profile);
+    for (const { points } of this.edges) {
       addBox(this.boardBox, boxOf(points));
     }
+    const oldEdges = contoursOf(board.oldProfile ?? []);
+    this.profileLines = board.oldProfile
+      ? { added: linesBeyond(this.edges, oldEdges), removed: linesBeyond(oldEdges, this.edges) }
+      : { added: [], removed: [] };
     this.partBoxes = board.parts.map((part) => this.boxOfPart(part));
     for (const part of board.parts) {
       this.parts.set(part.name, part);
@@ -68,8 +80,12 @@ export class Scene {
 
   profile(): Batch {
     const batch = new Batch();
-    batch.addAreas(contoursOf(this.board.profile));
+    batch.addAreas(this.edges);
     return batch;
+  }
+
+  get interior(): Interior {
+    return (this.ownInterior ??= new Interior(this.edges, this.boardBox));
   }
 
   // What is not board within the box round it.
@@ -80,7 +96,7 @@ export class Scene {
       const margin = 0.001 * Math.max(maxX - minX, maxY - minY);
       const [left, low, right, top] = [minX - margin, minY - margin, maxX + margin, maxY + margin];
       const frame = [left, low, right, low, right, top, left, top];
-      batch.addAreas([{ points: frame, isClosed: true }, ...contoursOf(this.board.profile)]);
+      batch.addAreas([{ points: frame, isClosed: true }, ...this.edges]);
     }
     return batch;
   }
@@ -103,7 +119,8 @@ export class Scene {
 
   outerCopper(side: Side): Layer | null {
     const wanted = side === 'front' ? 'top' : 'bottom';
-    return this.board.layers.find((layer) => layer.role === 'copper' && layer.side === wanted) ?? null;
+    const isOuter = (layer: Layer): boolean => layer.role === 'copper' && layer.side === wanted && !layer.isRemoved;
+    return this.board.layers.find(isOuter) ?? null;
   }
 
   bodies(side: Side): Batch {
@@ -181,6 +198,7 @@ export class Scene {
   private allBounds(): Box {
     const bounds = { ...this.boardBox };
     this.partBoxes.forEach((box) => addBox(bounds, box.bounds));
+    this.profileLines.removed.forEach((line) => addBox(bounds, boxOf(line)));
     if (isEmpty(this.boardBox)) {
       for (const layer of this.board.layers) {
         layer.content.forEach((item) => addBox(bounds, this.shapes.boxOf(item)));

@@ -121,6 +121,7 @@ export const texts = {
   compared: (before: string, after: string) => `${before} compared with ${after}`,
   state: { added: 'added', removed: 'removed', moved: 'moved', changed: 'changed' },
   stateMark: { added: '+', removed: '−', moved: '→', changed: '≠' },
+  removedLayer: (name: string) => `− ${name}`,
   legend: 'Colours of the comparison',
   noDifferences: 'The boards do not differ.',
   licences: 'Licences',

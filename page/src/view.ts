@@ -1,7 +1,7 @@
 // The board on its canvas: one or both sides, drawn anew for each frame.
 import { applied, Camera, inverse } from './camera.js';
 import { css, dark, light, mixed, Palette, rgba, visibleOn } from './colors.js';
-import { Comparison, Ends, Item, Layer, Part, Side, State } from './data.js';
+import { Comparison, Ends, HoleChange, Item, Layer, Part, Side, State } from './data.js';
 import { element } from './dom.js';
 import { addBox, addPoint, emptyBox, isEmpty, Point } from './geometry.js';
 import { Drawable, Graphics, MOST_QUICK, Rgba, Transform, Viewport } from './gl.js';
@@ -41,8 +41,11 @@ const OF_ROLE: Partial<Record<Layer['role'], Shown>> = { legend: 'silkscreen', a
 const SLOW_FRAME = 28;
 const FIRST_SHOWN: Layer['role'][] = ['copper', 'legend'];
 
+// What is drawn goes no further beyond its own size, in pixels, than this.
+const BEYOND = 3;
+
 export function isFirstShown(layer: Layer): boolean {
-  return FIRST_SHOWN.includes(layer.role) && layer.side !== 'inside';
+  return layer.isRemoved || (FIRST_SHOWN.includes(layer.role) && layer.side !== 'inside');
 }
 
 export class BoardView {
@@ -154,8 +157,8 @@ export class BoardView {
     this.isInMotion = false;
     this.draw();
     const image = element('canvas');
-    image.width = this.canvas.width;
-    image.height = this.canvas.height;
+    image.width = this.overlay.width;
+    image.height = this.overlay.height;
     const context = image.getContext('2d')!;
     context.drawImage(this.canvas, 0, 0);
     context.drawImage(this.overlay, 0, 0);
@@ -190,9 +193,9 @@ export class BoardView {
     const took = this.lastFrame > 0 ? now - this.lastFrame : 0;
     this.lastFrame = this.isInMotion ? now : 0;
     if (took > 0 && took < 1000) {
-      this.pace = took > SLOW_FRAME ? Math.max(this.pace, 0) + 1 : Math.min(this.pace, 0) - 1;
+      this.pace = took > SLOW_FRAME ? Math.max(this.pace, 0) + took / SLOW_FRAME : Math.min(this.pace, 0) - 1;
     }
-    // Some slow pictures in a row ask for less detail, and many fast ones for more again.
+    // A very slow picture or some slow ones in a row ask for less detail, and many fast ones for more again.
     if (this.pace > 2) {
       this.quick = Math.min(this.quick + 1, MOST_QUICK);
       this.pace = 0;
@@ -297,10 +300,8 @@ export class BoardView {
 
   private resize(): void {
     this.pixels = window.devicePixelRatio || 1;
-    for (const canvas of [this.canvas, this.overlay]) {
-      canvas.width = Math.max(Math.round(this.node.clientWidth * this.pixels), 1);
-      canvas.height = Math.max(Math.round(this.node.clientHeight * this.pixels), 1);
-    }
+    this.overlay.width = Math.max(Math.round(this.node.clientWidth * this.pixels), 1);
+    this.overlay.height = Math.max(Math.round(this.node.clientHeight * this.pixels), 1);
     // A canvas is empty once its size has changed.
     this.draw();
   }
@@ -325,7 +326,7 @@ export class BoardView {
   }
 
   private draw(): void {
-    const { width, height } = this.canvas;
+    const { width, height } = this.overlay;
     if (width <= 1 || height <= 1) {
       return;
     }
@@ -334,7 +335,7 @@ export class BoardView {
     const context = this.overlay.getContext('2d')!;
     context.clearRect(0, 0, width, height);
     const { share } = this.graphics;
-    this.canvas.style.transform = share === 1 ? '' : `scale(${1 / share})`;
+    this.graphics.resize(Math.round(width * share), Math.round(height * share));
     this.graphics.clear(this.palette.desk);
     const around = this.node.getBoundingClientRect();
     for (const side of this.sides) {
@@ -375,7 +376,7 @@ export class BoardView {
     } else {
       this.graphics.draw(this.kept('profile', () => this.scene.profile()), palette.board);
     }
-    this.layersOf(side).forEach((layer) => this.drawLayer(layer, side));
+    this.drawLayers(side, transform.scale * share);
     this.graphics.draw(this.kept(`pads ${side}`, () => this.scene.padsOfParts(side)), palette.pad);
     if (values.show.holes) {
       this.graphics.draw(this.kept(`holes ${side}`, () => this.scene.holes(side)), palette.hole);
@@ -417,16 +418,28 @@ export class BoardView {
     return drawable;
   }
 
-  private drawLayer(layer: Layer, side: Side): void {
+  // A negative layer covers the whole board, so that of those below it only what lies beyond the edge is seen.
+  private drawLayers(side: Side, scale: number): void {
+    const layers = this.layersOf(side);
+    const cover = layers.map((layer) => layer.isNegative).lastIndexOf(true);
+    const isHiding = cover > 0 && this.scene.interior.margin * scale > BEYOND;
+    layers.forEach((layer, i) => this.drawLayer(layer, side, isHiding && i < cover));
+  }
+
+  private drawLayer(layer: Layer, side: Side, isCovered: boolean): void {
     const { show } = this.settings.values;
     const palette = this.palette;
     const isCopper = layer.role === 'copper';
     const isOuter = layer.side === (side === 'front' ? 'top' : 'bottom');
     const color = visibleOn(this.colorOf(layer), palette.board);
-    const part = (kind: 'zones' | 'tracks' | 'pads'): Drawable =>
-      this.kept(`${layer.place} ${kind}`, () => this.scene.layerBatches(layer)[kind]);
+    const { scene } = this;
+    const part = (kind: 'zones' | 'tracks' | 'pads'): Drawable => (isCovered
+      ? this.kept(`${layer.place} ${kind} beyond`, () => scene.interior.beyond(scene.layerBatches(layer)[kind]))
+      : this.kept(`${layer.place} ${kind}`, () => scene.layerBatches(layer)[kind]));
     if (layer.isNegative) {
-      this.graphics.draw(this.kept('profile', () => this.scene.profile()), mixed(color, palette.board, 0.45));
+      const shade = mixed(color, palette.board, 0.45);
+      this.graphics.draw(isCovered ? this.kept('edge', () => this.edge())
+        : this.kept('profile', () => this.scene.profile()), shade);
       (['zones', 'tracks', 'pads'] as const).forEach((kind) => this.graphics.draw(part(kind), palette.board));
       return;
     }
@@ -594,7 +607,36 @@ export class BoardView {
       });
       return batch;
     }), palette.added);
-    this.drawPassing(`changed ${side}`, () => this.drawChangedParts(side, comparison));
+    this.drawPassing(`changed ${side}`, () => {
+      this.drawChangedParts(side, comparison);
+      this.drawChangedProfile();
+      this.drawChangedHoles(side, comparison);
+    });
+  }
+
+  private drawChangedProfile(): void {
+    for (const state of ['removed', 'added'] as const) {
+      const batch = new Batch();
+      for (const [x0, y0, x1, y1] of this.scene.profileLines[state]) {
+        batch.addLine(x0!, y0!, x1!, y1!, 0.25, Ends.Round);
+      }
+      this.add(batch, this.palette[state]);
+    }
+  }
+
+  private drawChangedHoles(side: Side, comparison: Comparison): void {
+    if (!this.settings.values.show.holes) {
+      return;
+    }
+    for (const state of ['removed', 'changed', 'added'] as const) {
+      const batch = new Batch();
+      for (const hole of comparison.holes) {
+        if (hole.state === state && isOnSide(hole, side)) {
+          batch.addDisc(hole.x, hole.y, hole.diameter);
+        }
+      }
+      this.add(batch, this.palette[state]);
+    }
   }
 
   private drawChangedParts(side: Side, comparison: Comparison): void {
@@ -626,16 +668,29 @@ export class BoardView {
     context.textBaseline = 'middle';
     context.lineWidth = 3 * this.pixels;
     context.strokeStyle = palette.labelEdge;
+    const sign = (state: State, place: Point, color = css(palette[state])): void => {
+      const at = applied(transform, place.x, place.y);
+      context.strokeText(texts.stateMark[state], at.x, at.y);
+      context.fillStyle = color;
+      context.fillText(texts.stateMark[state], at.x, at.y);
+    };
     for (const change of comparison?.parts ?? []) {
       const box = this.scene.boxOf(change.name);
       const place = box ? box.middle : { x: change.fromX ?? NaN, y: change.fromY ?? NaN };
-      if ((change.side === 'bottom') !== (side === 'back') || Number.isNaN(place.x)) {
-        continue;
+      if ((change.side === 'bottom') === (side === 'back') && !Number.isNaN(place.x)) {
+        sign(change.state, place);
       }
-      const at = applied(transform, place.x, place.y);
-      context.strokeText(texts.stateMark[change.state], at.x, at.y);
-      context.fillStyle = css(palette[change.state]);
-      context.fillText(texts.stateMark[change.state], at.x, at.y);
+    }
+    // Where there is room for the sign, which lies on its own colour here.
+    const smallest = (8 * this.pixels) / transform.scale;
+    for (const hole of this.settings.values.show.holes ? comparison?.holes ?? [] : []) {
+      if (hole.diameter >= smallest && isOnSide(hole, side)) {
+        sign(hole.state, hole, palette.label);
+      }
+    }
+    for (const state of ['added', 'removed'] as const) {
+      const place = middleOfLongest(this.scene.profileLines[state]);
+      place && sign(state, place, palette.label);
     }
     if (this.selection.place) {
       const at = applied(transform, this.selection.place.x, this.selection.place.y);
@@ -824,6 +879,16 @@ function oncePerPlace(): (item: Item) => boolean {
     places.add(place);
     return isNew;
   };
+}
+
+function isOnSide(hole: HoleChange, side: Side): boolean {
+  return side === 'front' ? hole.isOnFront : hole.isOnBack;
+}
+
+function middleOfLongest(lines: number[][]): Point | null {
+  const lengthOf = ([x0, y0, x1, y1]: number[]): number => Math.hypot(x1! - x0!, y1! - y0!);
+  const [longest] = [...lines].sort((one, other) => lengthOf(other) - lengthOf(one));
+  return longest ? { x: (longest[0]! + longest[2]!) / 2, y: (longest[1]! + longest[3]!) / 2 } : null;
 }
 
 function fromMiddle(node: HTMLElement, event: { clientX: number; clientY: number }): Point {

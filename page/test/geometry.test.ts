@@ -2,7 +2,7 @@ import assert from 'node:assert/strict';
 import { test } from 'node:test';
 import { applied, Camera, inverse } from '../src/camera.js';
 import { Path, StepKind } from '../src/data.js';
-import { areaOf, areasOf, contoursOf, isInContours, placed, roundBoxOf, within } from '../src/geometry.js';
+import { areaOf, areasOf, contoursOf, isInContours, linesBeyond, placed, roundBoxOf, within } from '../src/geometry.js';
 
 const near = (found: number, expected: number, within = 1e-6): void => {
   assert.ok(Math.abs(found - expected) <= within, `${found} is not ${expected}`);
@@ -87,4 +87,14 @@ test('zooming keeps what lies under the pointer', () => {
   const after = inverse(camera.transform(0, 0, 1), 40, -30);
   near(before.x, after.x);
   near(before.y, after.y);
+});
+
+test('lines that only one of two outlines has are found, from whichever end they are drawn', () => {
+  const narrow = contoursOf(rectangle(0, 0, 10, 5));
+  const wide = contoursOf(rectangle(0, 0, 12, 5));
+  const turned = [{ points: [0, 5, 10, 5, 10, 0, 0, 0], isClosed: true }];
+  assert.deepEqual(linesBeyond(narrow, turned), []);
+  assert.deepEqual(linesBeyond(narrow, wide), [[0, 0, 10, 0], [10, 0, 10, 5], [10, 5, 0, 5]]);
+  assert.equal(linesBeyond(wide, narrow).length, 3);
+  assert.deepEqual(linesBeyond([{ points: [0, 0, 1, 0], isClosed: false }], []), [[0, 0, 1, 0]]);
 });

@@ -1,6 +1,7 @@
 #include "hosts/ipc2581/html/PageComparison.h"
 
 #include <cmath>
+#include <functional>
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
@@ -87,6 +88,67 @@ const DrawnLayer * LayerNamed(const Drawing & drawing, const std::string & name)
     return nullptr;
 }
 
+// The place of a hole.
+std::string PlaceOf(const DrillHole & hole, const Quantum & quantum)
+{
+    Key key(quantum);
+    key.AddLength(hole.center.X);
+    key.AddLength(hole.center.Y);
+    return key.Take();
+}
+
+// All that is compared of a hole.
+std::string KeyOf(const DrillHole & hole, const Drawing & drawing, const Quantum & quantum)
+{
+    Key key(quantum);
+    key.AddText(PlaceOf(hole, quantum));
+    key.AddLength(hole.diameter);
+    key.AddText(drawing.layers[hole.firstLayer].name);
+    key.AddText(drawing.layers[hole.lastLayer].name);
+    return key.Take();
+}
+
+std::string KeyOf(const Path & path, const Quantum & quantum)
+{
+    Key key(quantum);
+    key.Add(path);
+    return key.Take();
+}
+
+using Holes = std::vector<const DrillHole *>;
+using HoleKey = std::function<std::string(const DrillHole &)>;
+
+Holes HolesOf(const Drawing & drawing)
+{
+    Holes holes;
+    for (const DrillHole & hole : drawing.holes) {
+        holes.push_back(&hole);
+    }
+    return holes;
+}
+
+// Takes away the holes that have one of the same key on the other side, and tells of each two.
+void TakePairs(Holes & before, const HoleKey & keyBefore, Holes & after, const HoleKey & keyAfter,
+               const std::function<void(const DrillHole & before, const DrillHole & after)> & tell)
+{
+    std::unordered_map<std::string, Holes> old;
+    for (const DrillHole * const hole : before) {
+        old[keyBefore(*hole)].push_back(hole);
+    }
+    std::unordered_set<const DrillHole *> paired;
+    std::erase_if(after, [&](const DrillHole * hole) {
+        const auto found = old.find(keyAfter(*hole));
+        if (found == old.end() || found->second.empty()) {
+            return false;
+        }
+        tell(*found->second.back(), *hole);
+        paired.insert(found->second.back());
+        found->second.pop_back();
+        return true;
+    });
+    std::erase_if(before, [&](const DrillHole * hole) { return paired.contains(hole); });
+}
+
 class Comparer {
 public:
     Comparer(const Drawing & before, const Drawing & after)
@@ -99,6 +161,14 @@ public:
         for (std::size_t i = 0; i < m_after.layers.size(); ++i) {
             CompareLayer(i);
         }
+        for (std::size_t i = 0; i < m_before.layers.size(); ++i) {
+            if (!m_before.layers[i].items.empty() && LayerNamed(m_after, m_before.layers[i].name) == nullptr) {
+                m_comparison.removedLayers.push_back(i);
+            }
+        }
+        m_comparison.hasOtherProfile =
+            KeyOf(m_before.profile, m_quantumBefore) != KeyOf(m_after.profile, m_quantumAfter);
+        CompareHoles();
         CompareParts();
         return std::move(m_comparison);
     }
@@ -133,6 +203,29 @@ private:
         }
     }
 
+    void CompareHoles()
+    {
+        Holes before = HolesOf(m_before);
+        Holes after = HolesOf(m_after);
+        TakePairs(
+            before, [&](const DrillHole & hole) { return KeyOf(hole, m_before, m_quantumBefore); }, after,
+            [&](const DrillHole & hole) { return KeyOf(hole, m_after, m_quantumAfter); },
+            [](const DrillHole &, const DrillHole &) {});
+        TakePairs(
+            before, [&](const DrillHole & hole) { return PlaceOf(hole, m_quantumBefore); }, after,
+            [&](const DrillHole & hole) { return PlaceOf(hole, m_quantumAfter); },
+            [&](const DrillHole & old, const DrillHole & now) {
+                m_comparison.holes.push_back({ChangeState::Changed, &old, &now, now.center, now.diameter});
+            });
+        for (const DrillHole * const hole : after) {
+            m_comparison.holes.push_back({ChangeState::Added, nullptr, hole, hole->center, hole->diameter});
+        }
+        for (const DrillHole * const hole : before) {
+            m_comparison.holes.push_back(
+                {ChangeState::Removed, hole, nullptr, Scaled(hole->center), Scaled({hole->diameter, 0.0}).X});
+        }
+    }
+
     void CompareParts()
     {
         std::unordered_map<std::string_view, const PlacedPart *> old;
@@ -143,7 +236,7 @@ private:
             const std::string & name = m_after.names[part.refDes];
             const auto found = old.find(name);
             if (found == old.end()) {
-                m_comparison.parts.push_back({name, PartChange::State::Added, part.side});
+                m_comparison.parts.push_back({name, ChangeState::Added, part.side});
                 continue;
             }
             AddMoved(name, *found->second, part);
@@ -151,8 +244,8 @@ private:
         }
         for (const PlacedPart & part : m_before.parts) {
             if (old.contains(m_before.names[part.refDes])) {
-                m_comparison.parts.push_back({m_before.names[part.refDes], PartChange::State::Removed, part.side,
-                                              Scaled(part.placement.location)});
+                m_comparison.parts.push_back(
+                    {m_before.names[part.refDes], ChangeState::Removed, part.side, Scaled(part.placement.location)});
             }
         }
     }
@@ -164,8 +257,7 @@ private:
         keyBefore.Add(before.placement);
         keyAfter.Add(after.placement);
         if (keyBefore.Take() != keyAfter.Take() || before.side != after.side) {
-            m_comparison.parts.push_back(
-                {name, PartChange::State::Moved, after.side, Scaled(before.placement.location)});
+            m_comparison.parts.push_back({name, ChangeState::Moved, after.side, Scaled(before.placement.location)});
         }
     }
 

@@ -10,14 +10,23 @@
 
 namespace ipc2581::host {
 
+enum class ChangeState { Added, Removed, Moved, Changed };
+
 // A part that is not as it was.
 struct PartChange {
-    enum class State { Added, Removed, Moved, Changed };
-
     std::string name;
-    State state = State::Changed;
+    ChangeState state = ChangeState::Changed;
     Side side = Side::Top;
     Vertex from = {};  // of a part that was moved or removed, in the unit of the newer drawing
+};
+
+// A hole that only one of the drawings has, or one with another diameter or through other layers than before.
+struct HoleChange {
+    ChangeState state = ChangeState::Changed;
+    const DrillHole * before = nullptr;  // of the older drawing
+    const DrillHole * after = nullptr;   // of the newer one
+    Vertex center = {};                  // in the unit of the newer drawing
+    double diameter = 0.0;               // as it is now, or else as it was
 };
 
 // What a page shows of two drawings.
@@ -29,6 +38,9 @@ struct DrawingComparison {
 
     std::vector<Added> added;                        // of the newer drawing
     std::vector<std::vector<const Item *>> removed;  // of the older one, by the layers of the newer
+    std::vector<std::size_t> removedLayers;          // those of the older one with items that the newer lacks
+    bool hasOtherProfile = false;
+    std::vector<HoleChange> holes;
     std::vector<PartChange> parts;
 };
 

@@ -151,12 +151,14 @@ public:
         }
         carried.paths.clear();
         for (const Path & path : PathsOf(m_from, item)) {
-            carried.paths.push_back(Placed(Placed(path, item.placement), {.scale = m_scale}));
+            carried.paths.push_back(Carried(Placed(path, item.placement)));
         }
         carried.shape = Item::OwnPaths;
         carried.placement = {};
         return carried;
     }
+
+    [[nodiscard]] Path Carried(const Path & path) const { return Placed(path, {.scale = m_scale}); }
 
 private:
     NameIndex NameOf(NameIndex place)
@@ -175,7 +177,7 @@ private:
     std::unordered_map<std::string, NameIndex> m_places;
 };
 
-const char * WordOf(PartChange::State state)
+const char * WordOf(ChangeState state)
 {
     constexpr std::array<const char *, 4> words = {"added", "removed", "moved", "changed"};
     return words.at(static_cast<std::size_t>(state));
@@ -191,15 +193,74 @@ void AddChangedParts(const Table & differences, DrawingComparison & comparison)
     differences.ForEachRow([&](const Row & row) {
         const std::string name = row[1].Text();
         if (row[0].Text() == "component" && known.insert(name).second) {
-            comparison.parts.push_back({name, PartChange::State::Changed});
+            comparison.parts.push_back({name, ChangeState::Changed});
         }
     });
+}
+
+// Whether a hole comes out on this side, or nobody knows.
+bool IsSeen(const Drawing & drawing, const DrillHole & hole, Side side)
+{
+    for (std::size_t i = 0; i < drawing.layers.size(); ++i) {
+        if (drawing.layers[i].role == LayerRole::Copper && drawing.layers[i].side == side) {
+            return hole.GoesThrough(i);
+        }
+    }
+    return true;
+}
+
+// The two drawings that a page compares, and the units of their lengths.
+struct ComparedDrawing {
+    const Drawing & drawing;
+    const Lengths & lengths;
+};
+
+std::string LayersOf(const DrillHole & hole, const Drawing & drawing)
+{
+    return drawing.layers[hole.firstLayer].name + " to " + drawing.layers[hole.lastLayer].name;
+}
+
+// A hole has no name; it is told by its place.
+void AddHoles(const ComparedDrawing & before, const ComparedDrawing & after, const DrawingComparison & comparison,
+              Table & differences)
+{
+    for (const HoleChange & hole : comparison.holes) {
+        const std::string place =
+            "at " + Cell(after.lengths.Of(hole.center.X)).Text() + "," + Cell(after.lengths.Of(hole.center.Y)).Text();
+        const Cell old = hole.before == nullptr ? Cell() : Cell(before.lengths.Of(hole.before->diameter));
+        const Cell now = hole.after == nullptr ? Cell() : Cell(after.lengths.Of(hole.after->diameter));
+        if (hole.state != ChangeState::Changed ||
+            Quantum(before.drawing).Of(hole.before->diameter) != Quantum(after.drawing).Of(hole.after->diameter)) {
+            differences.Add({"hole", place, WordOf(hole.state), "diameter", old, now});
+        }
+        if (hole.state != ChangeState::Changed) {
+            continue;
+        }
+        const std::string oldLayers = LayersOf(*hole.before, before.drawing);
+        const std::string newLayers = LayersOf(*hole.after, after.drawing);
+        if (oldLayers != newLayers) {
+            differences.Add({"hole", place, WordOf(hole.state), "layers", oldLayers, newLayers});
+        }
+    }
+}
+
+json HeadOfHole(const HoleChange & hole, const Drawing & before, const Drawing & after)
+{
+    const double scale = after.millimetres > 0 ? after.millimetres : 1.0;
+    const Drawing & own = hole.after == nullptr ? before : after;
+    const DrillHole & drilled = hole.after == nullptr ? *hole.before : *hole.after;
+    return {{"state", WordOf(hole.state)},
+            {"x", hole.center.X * scale},
+            {"y", hole.center.Y * scale},
+            {"diameter", hole.diameter * scale},
+            {"isOnFront", IsSeen(own, drilled, Side::Top)},
+            {"isOnBack", IsSeen(own, drilled, Side::Bottom)}};
 }
 
 json HeadOfPart(const PartChange & part, double millimetres)
 {
     json head = {{"name", part.name}, {"state", WordOf(part.state)}, {"side", WordOf(part.side)}};
-    if (part.state == PartChange::State::Moved || part.state == PartChange::State::Removed) {
+    if (part.state == ChangeState::Moved || part.state == ChangeState::Removed) {
         const double scale = millimetres > 0 ? millimetres : 1.0;
         head["fromX"] = part.from.X * scale;
         head["fromY"] = part.from.Y * scale;
@@ -230,9 +291,10 @@ std::string PageDataOf(Board & before, Board & after, const PageChoice & choice)
     const Drawing old = DrawingOf(before);
     Drawing drawing = DrawingOf(after);
     const Lengths oldLengths(before, choice.unit);
-    const Table differences = DifferencesOf({before, oldLengths}, {after, lengths}).Rows();
+    Table differences = DifferencesOf({before, oldLengths}, {after, lengths}).Rows();
     DrawingComparison comparison = Compare(old, drawing);
     AddChangedParts(differences, comparison);
+    AddHoles({old, oldLengths}, {drawing, lengths}, comparison, differences);
 
     DrawingColumns columns = ColumnsOf(drawing);
     json addedLayers = json::array();
@@ -248,6 +310,20 @@ std::string PageDataOf(Board & before, Board & after, const PageChoice & choice)
             columns.Add(carrier.Carried(*item));
         }
     }
+    json removedLayers = json::array();
+    for (const std::size_t layer : comparison.removedLayers) {
+        removedLayers.push_back(HeadOfLayer(old, layer));
+        for (const Item & item : old.layers[layer].items) {
+            columns.Add(carrier.Carried(item));
+        }
+    }
+    if (comparison.hasOtherProfile) {
+        columns.Add(carrier.Carried(old.profile));
+    }
+    json holes = json::array();
+    for (const HoleChange & hole : comparison.holes) {
+        holes.push_back(HeadOfHole(hole, old, drawing));
+    }
     json parts = json::array();
     for (const PartChange & part : comparison.parts) {
         parts.push_back(HeadOfPart(part, drawing.millimetres));
@@ -258,6 +334,9 @@ std::string PageDataOf(Board & before, Board & after, const PageChoice & choice)
                           {"added", comparison.added.size()},
                           {"addedLayers", std::move(addedLayers)},
                           {"removed", std::move(removed)},
+                          {"removedLayers", std::move(removedLayers)},
+                          {"hasOtherProfile", comparison.hasOtherProfile},
+                          {"holes", std::move(holes)},
                           {"parts", std::move(parts)},
                           {"differences", PageTable(differences)}};
     head["columns"] = HeadsOf(columns.All());

@@ -1,5 +1,6 @@
 #include "hosts/ipc2581/html/PageData.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <map>
@@ -200,6 +201,126 @@ TEST(PageData, TellsWhatDiffersBetweenTwoBoards)
     EXPECT_EQ(data.head["drawing"]["layers"][layer]["name"], "TOP");
     EXPECT_EQ(comparison["removed"][layer], 1);
     EXPECT_EQ(comparison["differences"]["rows"].size(), 3U);
+}
+
+// What a page tells of the example board and a changed one.
+PageData Compared(const std::string & before, const std::string & after, const PageChoice & choice = {})
+{
+    Board old{BoardFile(before)};
+    Board now{BoardFile(after)};
+    return Decoded(PageDataOf(old, now, choice));
+}
+
+// Without what stands between two texts, which goes with them.
+std::string Without(const TempFolder & folder, const std::string & from, const std::string & to)
+{
+    std::string text = Bytes(ExampleBoard);
+    const std::size_t begin = text.find(from);
+    text.erase(begin, text.find(to, begin) + to.size() - begin);
+    return folder.Save("less.cvg", text);
+}
+
+json RowsOf(const PageData & data, const std::string & kind)
+{
+    json rows = json::array();
+    for (const json & row : data.head["comparison"]["differences"]["rows"]) {
+        if (row[0] == kind) {
+            rows.push_back(row);
+        }
+    }
+    return rows;
+}
+
+json HolesOf(const PageData & data)
+{
+    return data.head["comparison"]["holes"];
+}
+
+TEST(PageData, TellsAHoleWithAnotherDiameter)
+{
+    const TempFolder folder;
+    const std::string wide = Changed(folder, "diameter=\"2.0\"", "diameter=\"2.5\"");
+    const PageData data = Compared(ExampleBoard, wide);
+    EXPECT_EQ(HolesOf(data), json::parse(R"([{"state": "changed", "x": 29.0, "y": 5.5, "diameter": 2.5,
+                                              "isOnFront": true, "isOnBack": true}])"));
+    EXPECT_EQ(RowsOf(data, "hole"), json::parse(R"([["hole", "at 29,5.5", "changed", "diameter", 2, 2.5]])"));
+    EXPECT_EQ(RowsOf(Compared(wide, ExampleBoard, {.unit = "um"}), "hole"),
+              json::parse(R"([["hole", "at 29000,5500", "changed", "diameter", 2500, 2000]])"));
+}
+
+TEST(PageData, TellsHolesThatOnlyOneBoardHas)
+{
+    const TempFolder folder;
+    const std::string less = Without(folder, "<Hole name=\"TOOL\"", "/>");
+    const json there = json::parse(R"([{"state": "removed", "x": 29.0, "y": 5.5, "diameter": 2.0,
+                                        "isOnFront": true, "isOnBack": true}])");
+    EXPECT_EQ(HolesOf(Compared(ExampleBoard, less)), there);
+    EXPECT_EQ(RowsOf(Compared(ExampleBoard, less), "hole"),
+              json::parse(R"([["hole", "at 29,5.5", "removed", "diameter", 2, null]])"));
+    json added = there;
+    added[0]["state"] = "added";
+    EXPECT_EQ(HolesOf(Compared(less, ExampleBoard)), added);
+    EXPECT_EQ(RowsOf(Compared(less, ExampleBoard), "hole"),
+              json::parse(R"([["hole", "at 29,5.5", "added", "diameter", null, 2]])"));
+}
+
+// A via is a hole of a pad stack and one of a layer, and goes from the upper layer to the lower.
+TEST(PageData, TellsAHoleThroughOtherLayers)
+{
+    const TempFolder folder;
+    std::string text = Bytes(ExampleBoard);
+    const std::string span = "<Span fromLayer=\"TOP\" toLayer=\"BOTTOM\" />";
+    text.replace(text.find(span), span.size(), "<Span fromLayer=\"TOP\" toLayer=\"CORE\" />");
+    const PageData data = Compared(ExampleBoard, folder.Save("blind.cvg", text));
+    EXPECT_EQ(HolesOf(data), json::parse(R"([{"state": "changed", "x": 27.0, "y": 11.3, "diameter": 0.4,
+                                              "isOnFront": true, "isOnBack": false}])"));
+    EXPECT_EQ(RowsOf(data, "hole"),
+              json::parse(R"([["hole", "at 27,11.3", "changed", "layers", "TOP to BOTTOM", "TOP to CORE"]])"));
+}
+
+TEST(PageData, HasTheProfileOfTheOlderBoardWhereItIsAnotherOne)
+{
+    const TempFolder folder;
+    const std::string longer = Changed(folder, "x=\"40.000000\"", "x=\"45.000000\"");
+    const PageData data = Compared(longer, ExampleBoard);
+    EXPECT_EQ(data.head["comparison"]["hasOtherProfile"], true);
+    const std::vector<std::int64_t> & x = data.columns.at("stepX");
+    EXPECT_EQ(std::count(x.end() - 20, x.end(), 45000), 2);
+    EXPECT_EQ(RowsOf(data, "board"), json::parse(R"([["board", null, "changed", "profile", null, null]])"));
+
+    const PageData same = Compared(ExampleBoard, Changed(folder, "RES-47K", "RES-48K"));
+    EXPECT_EQ(same.head["comparison"]["hasOtherProfile"], false);
+    EXPECT_EQ(HolesOf(same), json::array());
+}
+
+TEST(PageData, HasTheLayersThatOnlyTheOlderBoardHas)
+{
+    const TempFolder folder;
+    const std::string renamed = Changed(folder, "\"SILK_BOTTOM\"", "\"LEGEND_BOTTOM\"");
+    const PageData data = Compared(ExampleBoard, renamed);
+    const json & layers = data.head["comparison"]["removedLayers"];
+    ASSERT_EQ(layers.size(), 1U);
+    EXPECT_EQ(layers[0]["name"], "SILK_BOTTOM");
+    EXPECT_EQ(layers[0]["side"], "bottom");
+    EXPECT_GT(layers[0]["items"], 0);
+    EXPECT_EQ(data.head["comparison"]["added"], layers[0]["items"]);
+    // Each item of the board, the added ones, and those of the layer.
+    std::size_t items = layers[0]["items"];
+    items += DecodedBoard(renamed).columns.at("itemKind").size() + data.head["comparison"]["added"].get<std::size_t>();
+    EXPECT_EQ(data.columns.at("itemKind").size(), items);
+}
+
+TEST(PageData, ComparesBoardsInUnitsOfTheirOwn)
+{
+    const TempFolder folder;
+    const std::string inch = Changed(folder, "units=\"MILLIMETER\"", "units=\"INCH\"");
+    const json holes = HolesOf(Compared(ExampleBoard, inch));
+    ASSERT_FALSE(holes.empty());
+    const auto hole = std::find_if(holes.begin(), holes.end(), [](const json & one) {
+        return one["state"] == "removed" && std::abs(one["diameter"].get<double>() - 2.0) < 1e-9;
+    });
+    ASSERT_NE(hole, holes.end());
+    EXPECT_NEAR((*hole)["x"], 29.0, 1e-9);
 }
 
 TEST(PageData, TellsPartsThatWereAddedMovedAndChanged)

@@ -78,11 +78,11 @@ class PageTest(unittest.TestCase):
 
     def open(self, path, forget=True):
         self.browser.get(path.as_uri())
-        self.wait("return !!window.page")
+        self.wait("return !!window.page?.board")
         if forget:
             self.run_js("localStorage.clear()")
             self.browser.get(path.as_uri())
-            self.wait("return !!window.page")
+            self.wait("return !!window.page?.board")
         self.wait("return page.view.frames > 0")
 
     def setUp(self):
@@ -283,6 +283,34 @@ class PageTest(unittest.TestCase):
                     "page.settings.show('fabrication', false); page.settings.show('references', false)")
         self.assertNotEqual(self.color(x, y), shown)
 
+    # What is left out
+
+    def picture(self):
+        return self.run_js("const image = page.view.image();"
+                           "return image.getContext('2d').getImageData(0, 0, image.width, image.height).data.join()")
+
+    def test_what_a_negative_layer_covers_is_left_out_and_looks_the_same(self):
+        self.run_js("page.settings.change({seeThrough: true});"
+                    "for (const layer of page.board.layers) page.settings.setLayer(layer.name, {isVisible: true})")
+        left = self.picture()
+        beyond = self.run_js("return [...page.view.drawables].filter(([name]) => name.endsWith(' beyond'))"
+                             ".map(([name, drawn]) => [name, drawn.marks?.chunks.order.length ?? 0])")
+        bottom = self.run_js("return page.board.layers.find(layer => layer.name === 'BOTTOM').place")
+        tracks = dict(beyond)[f"{bottom} tracks beyond"]
+        self.run_js("page.scene.interior.margin = 0")
+        self.assertEqual(self.picture(), left)
+        self.assertLess(tracks, self.run_js("return page.view.drawables.get(`${arguments[0]} tracks`).marks.chunks.order"
+                                            ".length", bottom))
+
+    def test_a_picture_at_rest_is_whole_again(self):
+        whole = self.picture()
+        size = self.run_js("return page.view.canvas.width")
+        moving = self.run_js("page.view.quick = 4; page.view.refreshInMotion(); page.view.draw();"
+                             "return page.view.canvas.width")
+        self.assertAlmostEqual(moving, size / 2, delta=1)
+        self.wait("return page.view.canvas.width === arguments[0]", size)
+        self.assertEqual(self.picture(), whole)
+
     # Keys
 
     def test_keys(self):
@@ -451,6 +479,74 @@ class PageTest(unittest.TestCase):
         green = self.color(17.4, 15.635)
         self.assertGreater(green[1], green[0] + 40)
 
+    def compared(self, name, *changes):
+        """Opens the page of the example board against one in which texts are replaced by others."""
+        text = self.board.read_text()
+        for before, after in changes:
+            self.assertIn(before, text)
+            text = text.replace(before, after)
+        new = Path(self.folder.name) / f"{name}.cvg"
+        new.write_text(text)
+        self.open(self.make(self.board, "--against", new, name=name))
+        self.wait("return document.querySelectorAll('#panel-differences .tabulator-row').length > 0")
+
+    def difference(self, begin):
+        rows = self.browser.find_elements(By.CSS_SELECTOR, "#panel-differences .tabulator-row")
+        found = [row for row in rows if row.text.startswith(begin)]
+        self.assertEqual(len(found), 1, [row.text for row in rows])
+        return found[0]
+
+    def state_at(self, x, y, side="front"):
+        """The state whose colour a place of the board has, nearly; None for another colour."""
+        color = self.color(x, y, side)
+        palette = self.run_js("return page.view.palette")
+        for state in ("added", "removed", "moved", "changed"):
+            if all(abs(255 * palette[state][part] - own) < 30 for part, own in zip("rgb", color)):
+                return state
+        return None
+
+    def test_changed_holes_are_listed_and_coloured(self):
+        self.compared("holes", ('diameter="2.0"', 'diameter="2.5"'), ('x="4.000000" y="26.000000" />', 'x="5" y="24" />'))
+        self.assertIn("diameter", self.difference("holeat 29,5.5changed").text)
+        self.difference("holeat 4,26removed")
+        # Beside the sign in the middle.
+        self.assertEqual(self.state_at(30, 5.5), "changed")
+        self.assertEqual(self.state_at(4, 27.3), "removed")
+        self.assertEqual(self.state_at(5.2, 22.8), "added")
+        self.difference("holeat 5,24added").click()
+        self.assertEqual(self.run_js("return page.selection.place"), {"x": 5, "y": 24})
+        self.run_js("page.settings.show('holes', false)")
+        self.assertIsNone(self.state_at(30, 5.5))
+
+    def test_a_changed_edge_is_listed_and_coloured(self):
+        self.compared("edge", ('x="40.000000" y="3.000000"', 'x="43.000000" y="3.000000"'),
+                      ('x="40.000000" y="27.000000"', 'x="43.000000" y="27.000000"'))
+        self.assertEqual(self.state_at(40, 10), "removed")
+        self.assertEqual(self.state_at(43, 10), "added")
+        self.assertIsNone(self.state_at(0, 10))
+        self.run_js("page.view.zoomBy(8)")
+        self.difference("boardchangedprofile").click()
+        self.wait("return page.view.panes.front.isFitted")
+        self.assertEqual(self.state_at(43, 10), "added")
+
+    def test_layers_that_only_the_older_board_has_are_drawn(self):
+        self.compared("layers", ('"SILK_BOTTOM"', '"LEGEND_BOTTOM"'))
+        self.run_js("page.settings.change({sides: 'back'});"
+                    "page.settings.setLayer('LEGEND_BOTTOM', {isVisible: false})")
+        place = self.run_js(
+            "const layer = page.board.layers.find(one => one.isRemoved), item = page.board.removed.get(layer.place)"
+            ".find(one => one.kind === 1 && one.width > 0.1), [from, to] = item.paths[0];"
+            "return [(from.x + to.x) / 2, (from.y + to.y) / 2]")
+        self.run_js("page.view.panes.back.camera.zoomBy(8, 0, 0);"
+                    "page.view.show({x: arguments[0], y: arguments[1]}, 'back')", *place)
+        red, green, _, _ = self.color(*place, "back")
+        self.assertGreater(red, green + 80)
+        self.tab("layers")
+        self.browser.find_element(By.CSS_SELECTOR, "input[aria-label='Show SILK_BOTTOM']").click()
+        red, green, _, _ = self.color(*place, "back")
+        self.assertLess(red, green + 20)
+        self.assertIn("\u2212 SILK_BOTTOM", self.browser.find_element(By.ID, "panel-layers").text)
+
     def test_nothing_in_a_board_runs_as_script(self):
         text = self.board.read_text()
         for name in ("\"R1\"", "\"DIS\"", "\"RES-47K\"", "\"TOP\"", "\"blinker\""):
@@ -460,7 +556,7 @@ class PageTest(unittest.TestCase):
         board.write_text(text)
         page = self.make(board, name="hostile")
         self.browser.get(page.as_uri())
-        self.wait("return !!window.page")
+        self.wait("return !!window.page?.board")
         self.run_js("window.hits = 0; window.hit = () => ++window.hits; window.broken = 0;"
                     "document.addEventListener('securitypolicyviolation', () => ++window.broken)")
         for tab in ("groups", "parts", "nets", "layers", "stackup", "drills", "report", "settings"):
