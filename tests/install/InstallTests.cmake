@@ -1,5 +1,5 @@
 # Both kinds of the library are installed and used from outside: the kind of this build from this build, with the
-# programs, the other one from a build of its own, without them.
+# programs, the other one as an outside project builds it of the sources, without them.
 set(install_scripts ${CMAKE_CURRENT_LIST_DIR})
 
 file(GLOB programs RELATIVE ${PROJECT_SOURCE_DIR}/hosts CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/hosts/*/CMakeLists.txt)
@@ -45,7 +45,14 @@ foreach(kind IN ITEMS static shared)
 
     add_test(NAME install.${kind}.package COMMAND ${CMAKE_COMMAND} ${arguments} -P ${install_scripts}/Package.cmake)
     set_tests_properties(install.${kind}.package PROPERTIES FIXTURES_SETUP install.${kind} PROCESSORS 2)
-    foreach(step IN ITEMS Manifest CMake PkgConfig)
+    set(steps Manifest CMake PkgConfig)
+    if(NOT kind STREQUAL own_kind)
+        list(APPEND steps Subdirectory)
+    endif()
+    if(kind STREQUAL "shared" AND CMAKE_SYSTEM_NAME STREQUAL Linux)
+        list(APPEND steps Symbols)
+    endif()
+    foreach(step IN LISTS steps)
         string(TOLOWER ${step} name)
         add_test(NAME install.${kind}.${name} COMMAND ${CMAKE_COMMAND} ${arguments} -P ${install_scripts}/${step}.cmake)
         set_tests_properties(install.${kind}.${name} PROPERTIES FIXTURES_REQUIRED install.${kind})

@@ -1,5 +1,8 @@
-# Installs the library under PREFIX, with the PROGRAMS: out of the build BUILT, or out of a build made for it here.
+# Installs the library under PREFIX, with the PROGRAMS: out of the build BUILT, or out of one that the outside project makes
+# here of the sources, by FetchContent.
 cmake_minimum_required(VERSION 3.25)
+
+include(${CMAKE_CURRENT_LIST_DIR}/Use.cmake)
 
 if(NOT DEFINED BUILT)
     set(BUILT ${FOLDER}/build)
@@ -7,13 +10,8 @@ if(NOT DEFINED BUILT)
     if(KIND STREQUAL "shared")
         set(shared ON)
     endif()
-    execute_process(
-        COMMAND ${CMAKE_COMMAND} -S ${SOURCE} -B ${BUILT} -G ${GENERATOR}
-            -D CMAKE_CXX_COMPILER=${COMPILER} -D CMAKE_CXX_COMPILER_LAUNCHER=${LAUNCHER}
-            -D CMAKE_BUILD_TYPE=${CONFIG} -D CMAKE_INSTALL_LIBDIR=${LIBDIR}
-            -D BUILD_SHARED_LIBS=${shared} -D IPC2581_BUILD_IMPORT=${IMPORT}
-        COMMAND_ERROR_IS_FATAL ANY)
-    execute_process(COMMAND ${CMAKE_COMMAND} --build ${BUILT} --parallel 2 COMMAND_ERROR_IS_FATAL ANY)
+    build_consumer(${BUILT} -D WAY=FetchContent -D SOURCE=${SOURCE} -D IPC2581_INSTALL=ON
+        -D CMAKE_INSTALL_LIBDIR=${LIBDIR} -D BUILD_SHARED_LIBS=${shared} -D IPC2581_BUILD_IMPORT=${IMPORT})
 endif()
 file(REMOVE_RECURSE ${PREFIX})
 execute_process(COMMAND ${CMAKE_COMMAND} --install ${BUILT} --prefix ${PREFIX} COMMAND_ERROR_IS_FATAL ANY)

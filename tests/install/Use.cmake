@@ -1,3 +1,13 @@
+# Configures and builds the outside project in the folder, with more arguments for CMake.
+function(build_consumer build)
+    execute_process(
+        COMMAND ${CMAKE_COMMAND} -S ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/consumer -B ${build} -G ${GENERATOR}
+            -D CMAKE_CXX_COMPILER=${COMPILER} -D CMAKE_CXX_COMPILER_LAUNCHER=${LAUNCHER} -D CMAKE_BUILD_TYPE=${CONFIG}
+            -D IMPORT=${IMPORT} ${ARGN}
+        COMMAND_ERROR_IS_FATAL ANY)
+    execute_process(COMMAND ${CMAKE_COMMAND} --build ${build} --parallel 2 COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+
 # Runs the outside project's program on a board and looks at what it says and writes.
 function(run_consumer program)
     set(board ${FOLDER}/board.cvg)
