@@ -70,9 +70,10 @@ public:
     [[nodiscard]] LostFact Lost(std::size_t index) const;
     // The facts of elements at a path, in the order of the file.
     [[nodiscard]] std::vector<LostFact> LostAt(std::string_view path) const;
-    // Shows each fact, or each of elements at a path, in the order of the file, at less cost than one by one: the fact
-    // that is shown is valid until the next one.
+    // Shows each fact, in the order of the file, at less cost than one by one. The fact that is shown is valid until
+    // the next one.
     void ForEachLost(const std::function<void(const LostFact &)> & show) const;
+    // The same of the facts of elements at a path.
     void ForEachLostAt(std::string_view path, const std::function<void(const LostFact &)> & show) const;
     // Remarks of sets, NonstandardAttribute elements, which are counted instead of listed.
     [[nodiscard]] std::size_t RemarkCount() const { return m_remarks; }

@@ -114,6 +114,29 @@ TEST(ImportReport, FindsFactsByTheirPath)
     EXPECT_TRUE(report.LostAt("/z").empty());
 }
 
+TEST(ImportReport, ShowsEachFactAsItTellsIt)
+{
+    const ImportReport report =
+        ImportText("<IPC-2581 a='0'><x a='1'><y b='2'>text</y></x><z/><x c='3' d='4'/></IPC-2581>").report;
+    std::size_t place = 0;
+    report.ForEachLost([&](const LostFact & shown) {
+        const LostFact told = report.Lost(place++);
+        EXPECT_EQ(shown.path, told.path);
+        EXPECT_EQ(shown.line, told.line);
+        EXPECT_EQ(shown.owner, told.owner);
+        EXPECT_EQ(shown.attributes, told.attributes);
+    });
+    EXPECT_EQ(place, report.LostCount());
+    EXPECT_EQ(place, 6U);
+
+    std::vector<std::string> values;
+    report.ForEachLostAt("x", [&](const LostFact & shown) {
+        EXPECT_EQ(shown.path, "x");
+        values.emplace_back(shown.attributes.front().second);
+    });
+    EXPECT_EQ(values, (std::vector<std::string>{"1", "3"}));
+}
+
 TEST(ImportReport, RefusesAnIndexThatIsNotThere)
 {
     const ImportReport report = ImportText("<IPC-2581><z/></IPC-2581>").report;

@@ -312,6 +312,11 @@ TEST(Svg, DesignatorsStandOnceAndFitTheirParts)
         labels(two + OnLayer("SILK", CircleAt("10", "geometryUsage=\"TEXT\" componentRef=\"R1\"")));
     EXPECT_EQ(Count(named, ">R1</text>"), 0U);
     EXPECT_EQ(Count(named, ">LONG_1</text>"), 1U);
+    // As far behind in a file as the legend may stand, on lines as long as they may be.
+    const std::string longLine = "<!--" + std::string(1'500'000, 'x') + "-->";
+    const std::string farBehind = OnLayer("TOP", longLine + CircleAt("10") + std::string(1'500'000, '\n')) + longLine +
+                                  OnLayer("SILK", CircleAt("10", "geometryUsage=\"TEXT\" componentRef=\"R1\""));
+    EXPECT_EQ(Count(labels(two + farBehind), ">R1</text>"), 0U);
     // Notes are not in this picture.
     EXPECT_EQ(Count(labels(two + OnLayer("NOTES", CircleAt("10", "geometryUsage=\"TEXT\" componentRef=\"R1\""))),
                     ">R1</text>"),
