@@ -100,6 +100,8 @@ void UseQuickNames(xmlParserCtxt & context)
     if (others == nullptr || names == nullptr) {
         return;
     }
+    // As the parser bounds its own, so that a file cannot fill the memory with names.
+    xmlDictSetLimit(names.get(), XML_MAX_DICTIONARY_LIMIT);
     for (const std::string_view name : KnownWords) {
         if (!IsFrequent(name)) {
             AddName(*others, name);

@@ -372,6 +372,17 @@ TEST(ImportError, OfAValueThatIsTooLongInBoundedTimeAndMemory)
     EXPECT_NE(ErrorOf("<" + std::string(length, 'x') + "/>").Cause(), "");
 }
 
+TEST(ImportError, OfNamesThatAreTooLongTogetherInBoundedTimeAndMemory)
+{
+    const Bounds bounds;
+    const std::string name(49'000, 'x');
+    std::string text = "<IPC-2581>";
+    for (int i = 0; i < 700; ++i) {
+        text += "<n" + std::to_string(i) + name + "/>";
+    }
+    EXPECT_NE(ErrorOf(text + "</IPC-2581>").Cause(), "");
+}
+
 TEST(ImportError, OfMoreNamesThanADocumentHas)
 {
     const Bounds bounds;
