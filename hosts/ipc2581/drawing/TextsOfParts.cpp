@@ -42,12 +42,15 @@ std::string LayerOf(std::string_view tag)
 // The layers by the lines on which their features begin; on one line only the first.
 class LayerLines {
 public:
-    void Read(const std::string & path)
+    // As far as the last line that is asked for.
+    void Read(const std::string & path, std::size_t last)
     {
         const OpenedFile file = OpenFile(path);
         std::string kept;
         std::vector<char> block(std::size_t(1) << 20);
-        while (const std::size_t count = ReadBlock(path, file.get(), block)) {
+        std::size_t count = 1;
+        while (count != 0 && m_line <= last) {
+            count = ReadBlock(path, file.get(), block);
             const std::string_view read(block.data(), count);
             const std::size_t whole = read.rfind('\n') + 1;
             kept.append(read.substr(0, whole));
@@ -106,7 +109,7 @@ std::set<std::pair<std::string, std::string>> TextsOfParts(const Board & board)
         return texts;
     }
     LayerLines layers;
-    layers.Read(board.File().PlainPath());
+    layers.Read(board.File().PlainPath(), sets.rbegin()->first);
     for (const auto & [line, part] : sets) {
         texts.emplace(layers.At(line), part);
     }
