@@ -5,7 +5,7 @@ cmake_minimum_required(VERSION 3.25)
 include(${CMAKE_CURRENT_LIST_DIR}/Use.cmake)
 
 if(NOT DEFINED BUILT)
-    set(BUILT ${FOLDER}/build)
+    set(BUILT ${FOLDER}/by-sources)
     set(shared OFF)
     if(KIND STREQUAL "shared")
         set(shared ON)

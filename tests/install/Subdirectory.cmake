@@ -4,7 +4,7 @@ cmake_minimum_required(VERSION 3.25)
 
 include(${CMAKE_CURRENT_LIST_DIR}/Use.cmake)
 
-set(build ${FOLDER}/build)
+set(build ${FOLDER}/by-sources)
 run_consumer(${build}/consumer)
 if(IMPORT)
     run_importer(${build}/importer)
