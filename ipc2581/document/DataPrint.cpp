@@ -1,11 +1,13 @@
 #include "ipc2581/document/DataPrint.h"
 
+#include "ipc2581/base/lines/LineFile.h"
+
 namespace {
 
 // With its zero bytes, at which WriteString would stop.
 void Print(CStdioFile & file, const CString & text)
 {
-    file.Write(text.GetString(), static_cast<std::size_t>(text.GetLength()));
+    file.Lines().Write(text.GetString(), static_cast<std::size_t>(text.GetLength()));
 }
 
 void PrintList(CStdioFile & file, const char * label, const CStringArray & names)

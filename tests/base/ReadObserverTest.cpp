@@ -38,6 +38,7 @@ using ipc2581::tests::TempFolder;
 using ipc2581::tests::Tokens;
 using ipc2581::tests::WholeBoard;
 using ipc2581::tests::WholeBoardBytes;
+using ipc2581::tests::WrittenText;
 
 namespace fs = std::filesystem;
 
@@ -592,9 +593,9 @@ Outcome OutcomeOf(const std::string & board, ReadObserver * observer)
     outcome.model = ModelText(root);
     CString written(folder.Path("written.cvg"));
     outcome.end += std::to_string(CIPC2581_XmlLiteReader().WriteFilePath(written, root));
-    outcome.written = Bytes(folder.Path("written.cvg"));
+    outcome.written = WrittenText(folder.Path("written.cvg"));
     CIPC2581_DataPrint().DataPrint(written, root);
-    outcome.report = Bytes(Str(written));
+    outcome.report = WrittenText(Str(written));
     return outcome;
 }
 

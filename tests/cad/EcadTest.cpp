@@ -366,7 +366,7 @@ TEST(Ecad, WritesItsHeaderAlone)
     EXPECT_EQ(ecad.Export_CadHeader(file, 0), 1);
     EXPECT_EQ(ecad.Export_CadHeader(file, 2), 1);
     file.Close();
-    EXPECT_EQ(ipc2581::tests::Bytes(folder.Path("x")), Below(R"(
+    EXPECT_EQ(ipc2581::tests::WrittenText(folder.Path("x")), Below(R"(
    <CadHeader units="INCH">
    </CadHeader>
          <CadHeader units="INCH">
@@ -382,7 +382,8 @@ TEST(Ecad, WritesItsDataAtTheGivenLevel)
     file.Open(folder.Path("x").c_str(), CStdioFile::modeCreate | CStdioFile::modeWrite, nullptr);
     EXPECT_EQ(ecad.Export_CadData(file, 0), 1);
     file.Close();
-    EXPECT_EQ(ipc2581::tests::Bytes(folder.Path("x")), "   <CadData>\n" + StepLines("      ") + "   </CadData>\n");
+    EXPECT_EQ(ipc2581::tests::WrittenText(folder.Path("x")),
+              "   <CadData>\n" + StepLines("      ") + "   </CadData>\n");
 }
 
 // A host's section that says what it was asked for.

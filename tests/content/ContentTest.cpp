@@ -109,7 +109,7 @@ public:
     {
         CString path(m_folder.Path("written.cvg"));
         EXPECT_EQ(CIPC2581_XmlLiteReader().WriteFilePath(path, m_root), 1);
-        return Bytes(Str(path));
+        return WrittenText(Str(path));
     }
     Content & operator*() { return m_root.m_Content; }
     Content * operator->() { return &m_root.m_Content; }

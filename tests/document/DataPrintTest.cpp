@@ -54,7 +54,7 @@ TEST(DataPrint, PutsTheReportBesideTheDesignFile)
     for (const char * name : {"board.cvg", "board.cvg.bak", "board.cvg.cvg", "board.cvgx"}) {
         fs::remove(folder.Path("board.txt"));
         EXPECT_EQ(Print(folder.Path(name), root), folder.Path("board.txt")) << name;
-        EXPECT_EQ(Bytes(folder.Path("board.txt")), Empty) << name;
+        EXPECT_EQ(WrittenText(folder.Path("board.txt")), Empty) << name;
     }
 }
 
@@ -63,7 +63,7 @@ TEST(DataPrint, CutsAtTheFirstEndingAlsoInAFolder)
     const TempFolder folder;
     CIPC2581_Parser root;
     EXPECT_EQ(Print(folder.Path("my.cvg.d/board.cvg"), root), folder.Path("my.txt"));
-    EXPECT_EQ(Bytes(folder.Path("my.txt")), Empty);
+    EXPECT_EQ(WrittenText(folder.Path("my.txt")), Empty);
 }
 
 TEST(DataPrint, NamesTheReportByItsEndingAloneWithoutTheEndingOfADesignFile)
@@ -74,7 +74,7 @@ TEST(DataPrint, NamesTheReportByItsEndingAloneWithoutTheEndingOfADesignFile)
     for (const char * name : {"board.CVG", "board.xml", "board", "board.cv", "", ".cvg", ".cvgboard"}) {
         fs::remove(".txt");
         EXPECT_EQ(Print(name, root), ".txt") << name;
-        EXPECT_EQ(Bytes(".txt"), Empty) << name;
+        EXPECT_EQ(WrittenText(".txt"), Empty) << name;
     }
 }
 
@@ -90,11 +90,11 @@ TEST(DataPrint, TellsModeReferencesAndUnit)
     Append(content.StepRef, "board");
     Append(content.LayerRef, "TOP");
     const std::string path = Print(folder.Path("board.cvg"), root);
-    EXPECT_EQ(Bytes(path), "SOMEMODE 2\n"
-                           "\n"
-                           "SetpRef: board\n"
-                           "LayerRef: TOP\n"
-                           "DictionaryStandard Units: INCH\n");
+    EXPECT_EQ(WrittenText(path), "SOMEMODE 2\n"
+                                 "\n"
+                                 "SetpRef: board\n"
+                                 "LayerRef: TOP\n"
+                                 "DictionaryStandard Units: INCH\n");
 }
 
 TEST(DataPrint, TellsTheListsInOrderAndTheTextsAsTheyStand)
@@ -113,15 +113,15 @@ TEST(DataPrint, TellsTheListsInOrderAndTheTextsAsTheyStand)
     Append(content.LayerRef, "l2");
     Append(content.SpareRef, "spare");
     const std::string path = Print(folder.Path("board.cvg"), root);
-    EXPECT_EQ(Bytes(path), "%s %d 1 &amp; 2\n"
-                           "a comment\n"
-                           "SetpRef: s2\n"
-                           "SetpRef: s1\n"
-                           "LayerRef: l1%f\n"
-                           "LayerRef: l2\n"
-                           "BomRef: b1\n"
-                           "BomRef: \n"
-                           "DictionaryStandard Units: \n");
+    EXPECT_EQ(WrittenText(path), "%s %d 1 &amp; 2\n"
+                                 "a comment\n"
+                                 "SetpRef: s2\n"
+                                 "SetpRef: s1\n"
+                                 "LayerRef: l1%f\n"
+                                 "LayerRef: l2\n"
+                                 "BomRef: b1\n"
+                                 "BomRef: \n"
+                                 "DictionaryStandard Units: \n");
 }
 
 TEST(DataPrint, RewritesAnEarlierReport)
@@ -129,7 +129,7 @@ TEST(DataPrint, RewritesAnEarlierReport)
     const TempFolder folder;
     CIPC2581_Parser root;
     folder.Save("board.txt", std::string(1000, 'x'));
-    EXPECT_EQ(Bytes(Print(folder.Path("board.cvg"), root)), Empty);
+    EXPECT_EQ(WrittenText(Print(folder.Path("board.cvg"), root)), Empty);
 }
 
 TEST(DataPrint, PrintsOneDocumentAfterAnother)
@@ -141,7 +141,7 @@ TEST(DataPrint, PrintsOneDocumentAfterAnother)
         root.m_Content.FunctionMode = mode;
         CString path(folder.Path("board.cvg"));
         report.DataPrint(path, root);
-        EXPECT_EQ(Bytes(Str(path)), mode + Empty);
+        EXPECT_EQ(WrittenText(Str(path)), mode + Empty);
     }
     CIPC2581_DataPrint other;
     EXPECT_EQ(&(other = report), &other);
@@ -175,11 +175,12 @@ TEST(DataPrint, ShowsNoMessageOtherwise)
 
 TEST(DataPrint, ThrowsOnAFullDisk)
 {
-    if (!fs::exists("/dev/full")) {
-        GTEST_SKIP() << "no device that is always full";
-    }
     const TempFolder folder;
-    fs::create_symlink("/dev/full", folder.Path("board.txt"));
+    std::error_code error;
+    fs::create_symlink(FullDevice, folder.Path("board.txt"), error);
+    if (error || !HasFullDevice()) {
+        GTEST_SKIP() << NoFullDevice;
+    }
     CIPC2581_Parser root;
     const MessageBoxes boxes;
     CString path(folder.Path("board.cvg"));

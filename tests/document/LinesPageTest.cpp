@@ -182,7 +182,7 @@ Outcome Read(const Example & example)
         outcome.values.emplace_back("throws CInvalidArgException");
     }
     CIPC2581_XmlLiteReader().WriteFilePath(to, root);
-    for (const std::string & line : Split(Bytes(Str(to)))) {
+    for (const std::string & line : Split(WrittenText(Str(to)))) {
         outcome.written.push_back(line.substr(std::min(line.find_first_not_of(' '), line.size())));
     }
     return outcome;

@@ -165,9 +165,9 @@ TEST_F(NoMemory, LetsAWriteFail)
     CIPC2581_XmlLiteReader().OpenPath(path, root);
     CString to(folder.Path("written.cvg"));
     FailEachAllocation([&root, &to] { CIPC2581_XmlLiteReader().WriteFilePath(to, root); });
-    const std::string written = Bytes(static_cast<const char *>(to));
+    const std::string written = WrittenText(static_cast<const char *>(to));
     EXPECT_EQ(CIPC2581_XmlLiteReader().WriteFilePath(to, root), 1);
-    EXPECT_EQ(Bytes(static_cast<const char *>(to)), written);
+    EXPECT_EQ(WrittenText(static_cast<const char *>(to)), written);
 }
 
 TEST_F(NoMemory, LetsACopyFail)

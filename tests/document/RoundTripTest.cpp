@@ -29,7 +29,7 @@ std::string ReadAndWritten(std::string_view bytes)
     CIPC2581_Parser root;
     EXPECT_EQ(CIPC2581_XmlLiteReader().OpenPath(from, root), 1);
     EXPECT_EQ(CIPC2581_XmlLiteReader().WriteFilePath(to, root), 1);
-    return Bytes(static_cast<const char *>(to));
+    return WrittenText(static_cast<const char *>(to));
 }
 
 // Where in a board the lines of a row stand.
@@ -811,6 +811,23 @@ TEST(RoundTripOfTheExample, LeavesTheSameModelButForWhatIsOnlyRead)
     EXPECT_EQ(Grown(files.Read(third).sizes, files.Read(ReadAndWritten(third)).sizes), (ModelSizes{{"sets", 6}}));
 }
 
+// A number that other bytes would hardly have.
+std::uint64_t Digest(std::string_view bytes)
+{
+    std::uint64_t digest = 0xcbf29ce484222325;
+    for (const char ch : bytes) {
+        digest = (digest ^ static_cast<unsigned char>(ch)) * 0x100000001b3;
+    }
+    return digest;
+}
+
+TEST(RoundTripOfTheExample, GivesTheSameTextOnEverySystem)
+{
+    const std::string written = ReadAndWritten(Example());
+    EXPECT_EQ(written.size(), 76609U);
+    EXPECT_EQ(Digest(written), 4623639492905474979U);
+}
+
 TEST(RoundTripOfTheExample, IsTheSameForAModelThatIsWrittenTwice)
 {
     const TempFolder folder;
@@ -820,9 +837,9 @@ TEST(RoundTripOfTheExample, IsTheSameForAModelThatIsWrittenTwice)
     CIPC2581_XmlLiteReader reader;
     ASSERT_EQ(reader.OpenPath(from, root), 1);
     ASSERT_EQ(reader.WriteFilePath(to, root), 1);
-    const std::string once = Bytes(static_cast<const char *>(to));
+    const std::string once = WrittenText(static_cast<const char *>(to));
     ASSERT_EQ(reader.WriteFilePath(to, root), 1);
-    EXPECT_TRUE(Bytes(static_cast<const char *>(to)) == once);
+    EXPECT_TRUE(WrittenText(static_cast<const char *>(to)) == once);
     EXPECT_TRUE(ReadAndWritten(Example()) == once);
 }
 

@@ -53,9 +53,9 @@ Said SaidBy(CIPC2581_Parser & root)
     said.sizes = ModelCounter(root).sizes;
     CString path(folder.Path("written.cvg"));
     said.written = CIPC2581_XmlLiteReader().WriteFilePath(path, root);
-    said.file = Bytes(static_cast<const char *>(path));
+    said.file = WrittenText(static_cast<const char *>(path));
     CIPC2581_DataPrint().DataPrint(path, root);
-    said.report = Bytes(static_cast<const char *>(path));
+    said.report = WrittenText(static_cast<const char *>(path));
 
     CIPC2581_Content content(root.m_Content);
     said.copies.push_back(Exported(content));

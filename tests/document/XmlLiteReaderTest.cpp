@@ -596,10 +596,13 @@ TEST(XmlLiteReader, AFileThatIsNotThereShowsAMessageAndGivesOne)
 
 TEST(XmlLiteReader, AFileThatCannotBeWrittenIsNotRead)
 {
+    const std::string program = ipc2581::tests::RunningProgram();
+    if (ipc2581::tests::MayBeWritten(program)) {
+        GTEST_SKIP() << "this system lets a running program be written";
+    }
     const MessageBoxes boxes;
     Document document;
-    // A program that runs cannot be opened for writing by anybody.
-    CString path("/proc/self/exe");
+    CString path(program);
     EXPECT_EQ(document.reader.OpenPath(path, document.root), 1);
     EXPECT_EQ(MessageBoxes::Texts(), Texts{"file read error!"});
     EXPECT_FALSE(document.reader.m_File.IsOpen());

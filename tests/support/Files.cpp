@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 
 #include <gtest/gtest.h>
 
@@ -15,11 +16,19 @@ namespace fs = std::filesystem;
 
 std::string MakeFolder()
 {
-    std::string pattern = (fs::temp_directory_path() / "ipc2581-test-XXXXXX").string();
-    if (mkdtemp(pattern.data()) == nullptr) {
-        ADD_FAILURE() << "no folder " << pattern;
+    std::random_device random;
+    const fs::path folder = fs::temp_directory_path() / ("ipc2581-test-" + std::to_string(random()));
+    std::error_code error;
+    if (!fs::create_directory(folder, error)) {
+        ADD_FAILURE() << "no folder " << folder;
     }
-    return pattern;
+    return folder.string();
+}
+
+// From UTF-8, which the tests and the library have their paths in on every system.
+fs::path SystemPath(std::string_view path)
+{
+    return {std::u8string(path.begin(), path.end())};
 }
 
 std::vector<std::string> g_messages;
@@ -42,13 +51,14 @@ TempFolder::~TempFolder()
 
 std::string TempFolder::Path(std::string_view name) const
 {
-    return (fs::path(m_path) / name).string();
+    const std::u8string path = (SystemPath(m_path) / SystemPath(name)).u8string();
+    return {path.begin(), path.end()};
 }
 
 std::string TempFolder::Save(std::string_view name, std::string_view bytes) const
 {
     std::string path = Path(name);
-    std::ofstream out(path, std::ios::binary);
+    std::ofstream out(SystemPath(path), std::ios::binary);
     out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     EXPECT_TRUE(out.good()) << path;
     return path;
@@ -56,9 +66,40 @@ std::string TempFolder::Save(std::string_view name, std::string_view bytes) cons
 
 std::string Bytes(const std::string & path)
 {
-    std::ifstream in(path, std::ios::binary);
+    std::ifstream in(SystemPath(path), std::ios::binary);
     EXPECT_TRUE(in.good()) << path;
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+bool HasFullDevice()
+{
+    std::ofstream device(FullDevice, std::ios::in);
+    return device.is_open() && !(device << std::flush << "text" << std::flush);
+}
+
+bool MayBeWritten(const std::string & path)
+{
+    return std::fstream(SystemPath(path), std::ios::in | std::ios::out).is_open();
+}
+
+std::string RunningProgram()
+{
+#if defined(_WIN32)
+    return fs::path(_wpgmptr).string();
+#else
+    return "/proc/self/exe";
+#endif
+}
+
+std::string WrittenText(const std::string & path)
+{
+    std::string text = Bytes(path);
+#if defined(_WIN32)
+    for (std::size_t at = 0; (at = text.find("\r\n", at)) != std::string::npos; ++at) {
+        text.erase(at, 1);
+    }
+#endif
+    return text;
 }
 
 Lines::Lines(std::initializer_list<std::string_view> lines)

@@ -33,6 +33,20 @@ private:
 // The bytes of a file; a test failure and an empty text if it cannot be read.
 std::string Bytes(const std::string & path);
 
+// A device that is always full, where there is one.
+inline constexpr const char * FullDevice = "/dev/full";
+inline constexpr const char * NoFullDevice = "no device that is always full";
+bool HasFullDevice();
+
+// Whether this user may write to the file.
+bool MayBeWritten(const std::string & path);
+
+// The path of this program, which nobody can write while it runs, but for programs that an emulator runs.
+std::string RunningProgram();
+
+// The text of a file that the library has written: its bytes, with line feeds for the line ends of the system.
+std::string WrittenText(const std::string & path);
+
 // A file open for reading that holds these lines, each with a line feed behind it. What a reader left is
 // got with Rest.
 class Lines {
@@ -64,7 +78,7 @@ private:
     CArray<CString, CString> m_list;
 };
 
-// What Export gave, and the bytes that it wrote.
+// What Export gave, and the text that it wrote.
 struct Export {
     int result;
     std::string text;
@@ -80,7 +94,7 @@ namespace detail {
 CStdioFile & OpenForWriting(CStdioFile & file, const std::string & path);
 }  // namespace detail
 
-// Exports an object of the model and gives the result with the written bytes.
+// Exports an object of the model and gives the result with the written text.
 template <typename Model>
 Export Exported(Model & model, int level = 0)
 {
@@ -89,10 +103,10 @@ Export Exported(Model & model, int level = 0)
     CStdioFile file;
     const int result = model.Export(detail::OpenForWriting(file, path), level);
     file.Close();
-    return {result, Bytes(path)};
+    return {result, WrittenText(path)};
 }
 
-// The bytes that Export wrote.
+// The text that Export wrote.
 template <typename Model>
 std::string Written(Model & model, int level = 0)
 {

@@ -10,6 +10,26 @@ namespace ipc2581::tests {
 
 // What C prints and reads on this thread while it lives is that of the C locale, whatever the process has: the truth
 // that numbers are compared with.
+#if defined(_WIN32)
+class PlainLocale {
+public:
+    PlainLocale() : m_kind(_configthreadlocale(_ENABLE_PER_THREAD_LOCALE)), m_before(std::setlocale(LC_ALL, nullptr))
+    {
+        std::setlocale(LC_ALL, "C");
+    }
+    PlainLocale(const PlainLocale &) = delete;
+    PlainLocale & operator=(const PlainLocale &) = delete;
+    ~PlainLocale()
+    {
+        std::setlocale(LC_ALL, m_before.c_str());
+        _configthreadlocale(m_kind);
+    }
+
+private:
+    int m_kind;
+    std::string m_before;
+};
+#else
 class PlainLocale {
 public:
     PlainLocale() : m_plain(newlocale(LC_ALL_MASK, "C", nullptr)), m_before(uselocale(m_plain)) {}
@@ -25,6 +45,7 @@ private:
     locale_t m_plain;
     locale_t m_before;
 };
+#endif
 
 // Sets a German locale of C for the time of a test, if the system has one.
 class GermanLocale {

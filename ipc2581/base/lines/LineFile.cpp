@@ -34,7 +34,7 @@ LineFile::~LineFile()
 
 bool LineFile::Open(const char * path, const char * mode)
 {
-    m_file = std::fopen(path, mode);
+    m_file = OpenFile(path, mode);
     if (m_file == nullptr) {
         return false;
     }
@@ -134,13 +134,33 @@ char * LineFile::ReserveElsewhere(std::size_t count)
     return m_buffer + m_end;
 }
 
-void LineFile::Write(const char * bytes, std::size_t count)
+// The text moves back by its line ends, beyond the room that was reserved for it.
+void LineFile::CommitWithReturns(const char * end)
+{
+    const std::string_view text(m_buffer + m_end, static_cast<std::size_t>(end - m_buffer) - m_end);
+    std::string written;
+    for (const char ch : text) {
+        written += ch == '\n' ? std::string_view("\r\n") : std::string_view(&ch, 1);
+    }
+    WriteBytes(written.data(), written.size());
+}
+
+void LineFile::Write(const char * text, std::size_t count)
+{
+    char * const out = Reserve(count);
+    if (count != 0) {
+        std::memcpy(out, text, count);
+    }
+    Commit(out + count);
+}
+
+void LineFile::WriteBytes(const char * bytes, std::size_t count)
 {
     char * const out = Reserve(count);
     if (count != 0) {
         std::memcpy(out, bytes, count);
     }
-    Commit(out + count);
+    m_end += count;
 }
 
 bool LineFile::Fill()
@@ -172,7 +192,7 @@ std::size_t LineFile::ReadBlock()
     for (;;) {
         errno = 0;
         const std::size_t count = std::fread(m_buffer + m_end, 1, m_size - m_end, m_file);
-        if (std::ferror(m_file) == 0) {
+        if (!HasReadFailed(m_file, count)) {
             return count;
         }
         const int cause = errno;
@@ -210,7 +230,7 @@ void LineFile::BeginWriting()
     if (!m_isWriting) {
         if (m_hasRead) {
             // What was read ahead has not been read yet as far as the caller knows.
-            Seek(-static_cast<long>(m_end - m_begin));
+            Seek(-static_cast<std::int64_t>(m_end - m_begin));
         }
         m_hasRead = false;
         m_begin = 0;
@@ -248,9 +268,9 @@ void LineFile::WriteOut()
 }
 
 // What lies between reading and writing one file in turn, and cannot be done in every file.
-void LineFile::Seek(long offset)
+void LineFile::Seek(std::int64_t offset)
 {
-    if (std::fseek(m_file, offset, SEEK_CUR) != 0) {
+    if (SeekFile(m_file, offset) != 0) {
         Fail("change between reading and writing", errno);
     }
 }

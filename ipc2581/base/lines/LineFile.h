@@ -16,6 +16,7 @@
 #include "ipc2581/base/lines/TokenList.h"
 #include "ipc2581/base/platform/CStdioFile.h"
 #include "ipc2581/base/platform/ObjectBlocks.h"
+#include "ipc2581/base/platform/SystemFile.h"
 
 namespace ipc2581::detail {
 
@@ -88,13 +89,24 @@ public:
     }
     std::size_t Read(char * bytes, std::size_t count);
 
-    // Room for count bytes at the end of what is written; Commit tells how far they were used.
+    // Room for count bytes at the end of what is written; Commit tells how far they were used. A line feed in them is a
+    // line end, to be written as that of the system.
     char * Reserve(std::size_t count)
     {
         return m_isWriting && m_size - m_end >= count ? m_buffer + m_end : ReserveElsewhere(count);
     }
-    void Commit(const char * end) { m_end = static_cast<std::size_t>(end - m_buffer); }
-    void Write(const char * bytes, std::size_t count);
+    void Commit(const char * end)
+    {
+        if constexpr (WritesReturns) {
+            CommitWithReturns(end);
+        }
+        else {
+            m_end = static_cast<std::size_t>(end - m_buffer);
+        }
+    }
+    void Write(const char * text, std::size_t count);
+    // As they stand.
+    void WriteBytes(const char * bytes, std::size_t count);
 
     // What a model that is read from the file may take. A line may be a sixteenth of that long, or as long as the
     // buffer.
@@ -139,9 +151,10 @@ private:
     void BeginReading();
     void BeginWriting();
     char * ReserveElsewhere(std::size_t count);
+    void CommitWithReturns(const char * end);
     void GrowBuffer(std::size_t size);
     void WriteOut();
-    void Seek(long offset);
+    void Seek(std::int64_t offset);
     [[noreturn]] void Fail(const char * what, int cause);
     [[noreturn]] void FailForLimit();
 

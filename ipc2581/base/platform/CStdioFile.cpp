@@ -1,10 +1,9 @@
 #include "ipc2581/base/platform/CStdioFile.h"
 
-#include <filesystem>
 #include <string_view>
-#include <system_error>
 
 #include "ipc2581/base/lines/LineFile.h"
+#include "ipc2581/base/platform/SystemFile.h"
 
 using ipc2581::detail::LineFile;
 
@@ -23,8 +22,7 @@ const char * ModeOf(unsigned flags)
 // to. Writing to one, or to a device, is fine.
 bool IsPipeToRead(const char * path, unsigned flags)
 {
-    std::error_code ignored;
-    return (flags & (CStdioFile::modeCreate | CStdioFile::modeWrite)) == 0 && std::filesystem::is_fifo(path, ignored);
+    return (flags & (CStdioFile::modeCreate | CStdioFile::modeWrite)) == 0 && ipc2581::detail::IsNamedPipe(path);
 }
 
 }  // namespace
@@ -79,5 +77,5 @@ std::size_t CStdioFile::Read(void * bytes, std::size_t count)
 
 void CStdioFile::Write(const void * bytes, std::size_t count)
 {
-    m_lines->Write(static_cast<const char *>(bytes), count);
+    m_lines->WriteBytes(static_cast<const char *>(bytes), count);
 }

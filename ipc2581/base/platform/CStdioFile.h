@@ -26,13 +26,14 @@ public:
 
     // Opens the file and returns 1, or 0 if that fails, with nothing thrown. modeCreate makes the file or empties it;
     // without it the file must exist and allow what the mode asks for. A named pipe is not opened for reading. A file
-    // that was open is closed first.
+    // that was open is closed first. On Windows the path is in UTF-8.
     virtual int Open(const char * path, unsigned flags, CFileException * error);
     // Reads the next line, of any length, without its line end; a carriage return in front of the line feed belongs
     // to the line end. Returns 1 if anything was read, and 0 with the empty text at the end of the file and on a file
     // that is not open. A last line without a line end counts.
     virtual int ReadString(CString & line);
-    // Writes the text as it stands, up to its zero byte, and adds no line end.
+    // Writes the text as it stands, up to its zero byte, and adds no line end. On Windows each line feed in it is
+    // written as a carriage return and a line feed.
     virtual void WriteString(const char * text);
     // Writes what is buffered and closes the file. It is closed even if that throws.
     virtual void Close();
@@ -42,9 +43,9 @@ public:
     bool IsOpen() const;
     // Hands what is buffered to the system.
     void Flush();
-    // Reads up to count bytes and returns how many there were.
+    // Reads up to count bytes, with line ends as they stand, and returns how many there were.
     std::size_t Read(void * bytes, std::size_t count);
-    // Writes the bytes as they are, zero bytes too.
+    // Writes the bytes as they stand on every system, zero bytes too.
     void Write(const void * bytes, std::size_t count);
 
     // The buffer, for the reading and writing vocabulary of the library alone.

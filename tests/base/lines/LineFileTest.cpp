@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstddef>
-#include <filesystem>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -19,7 +18,11 @@ namespace {
 
 using ipc2581::detail::ReadAhead;
 using ipc2581::tests::Bytes;
+using ipc2581::tests::FullDevice;
+using ipc2581::tests::HasFullDevice;
+using ipc2581::tests::NoFullDevice;
 using ipc2581::tests::TempFolder;
+using ipc2581::tests::WrittenText;
 
 using Texts = std::vector<std::string>;
 
@@ -50,7 +53,9 @@ protected:
         EXPECT_TRUE(line.empty());
         return rest;
     }
-    void Write(std::string_view bytes) { lines.Write(bytes.data(), bytes.size()); }
+    void Write(std::string_view text) { lines.Write(text.data(), text.size()); }
+    // In the place of as many bytes.
+    void Overwrite(std::string_view bytes) { lines.WriteBytes(bytes.data(), bytes.size()); }
 
     TempFolder folder;
     std::string path;
@@ -192,9 +197,9 @@ TEST_F(LineFile, WritesBehindTheLastLineRead)
 {
     Open("one\ntwo\nthree\nfour\n");
     EXPECT_EQ(Next(), "one");
-    Write("TWO\n");
+    Overwrite("TWO\n");
     EXPECT_EQ(Next(), "three");
-    Write("FOUR\nfive\n");
+    Overwrite("FOUR\nfive\n");
     EXPECT_EQ(Next(), "no line");
     lines.Close();
     EXPECT_EQ(Bytes(path), "one\nTWO\nthree\nFOUR\nfive\n");
@@ -203,7 +208,7 @@ TEST_F(LineFile, WritesBehindTheLastLineRead)
 TEST_F(LineFile, ReadsBehindWhatWasWritten)
 {
     Open("one\ntwo\nthree\n");
-    Write("ONE\n");
+    Overwrite("ONE\n");
     EXPECT_EQ(Rest(), (Texts{"two", "three"}));
     Write("four");
     lines.Flush();
@@ -217,9 +222,9 @@ TEST_F(LineFile, WritesAndReadsInTurnAcrossBlocks)
     EXPECT_EQ(Next() + "\n", line);
     std::string other = line;
     std::reverse(other.begin(), other.end() - 1);
-    Write(other);
+    Overwrite(other);
     EXPECT_EQ(Next() + "\n", line);
-    Write(other);
+    Overwrite(other);
     lines.Close();
     EXPECT_TRUE(Bytes(path) == line + other + line + other);
 }
@@ -257,7 +262,7 @@ TEST_F(LineFile, WritesPiecesOfEveryLengthAroundABlock)
         expected += piece + "x\n";
     }
     lines.Close();
-    EXPECT_TRUE(Bytes(path) == expected);
+    EXPECT_TRUE(WrittenText(path) == expected);
 }
 
 TEST_F(LineFile, WritesWhatWasCommittedOfItsRoom)
@@ -281,33 +286,40 @@ TEST_F(LineFile, WritesWhatIsBufferedWhenItGoes)
         file.Write("one\n", 4);
         EXPECT_EQ(Bytes(path), "");
     }
-    EXPECT_EQ(Bytes(path), "one\n");
+    EXPECT_EQ(WrittenText(path), "one\n");
 }
 
 TEST_F(LineFile, TellsTheFileAndTheCauseOfAFailedWrite)
 {
-    if (!std::filesystem::exists("/dev/full")) {
-        GTEST_SKIP() << "no full device";
+    if (!HasFullDevice()) {
+        GTEST_SKIP() << NoFullDevice;
     }
-    ASSERT_TRUE(lines.Open("/dev/full", "r+b"));
+    ASSERT_TRUE(lines.Open(FullDevice, "r+b"));
     Write("one\n");
     try {
         lines.Flush();
         ADD_FAILURE() << "nothing was thrown";
     }
     catch (const CFileException & exception) {
-        EXPECT_EQ(std::string(exception.what()), "cannot write /dev/full: " + std::generic_category().message(ENOSPC));
+        EXPECT_EQ(std::string(exception.what()),
+                  "cannot write " + std::string(FullDevice) + ": " + std::generic_category().message(ENOSPC));
     }
-    EXPECT_NO_THROW(lines.Close());
+    try {
+        lines.Close();
+    }
+    catch (const CFileException &) {
+        // The C library of Windows may try once more.
+        EXPECT_TRUE(ipc2581::detail::WritesReturns);
+    }
     EXPECT_FALSE(lines.IsOpen());
 }
 
 TEST_F(LineFile, IsClosedAlsoWhenThatFails)
 {
-    if (!std::filesystem::exists("/dev/full")) {
-        GTEST_SKIP() << "no full device";
+    if (!HasFullDevice()) {
+        GTEST_SKIP() << NoFullDevice;
     }
-    ASSERT_TRUE(lines.Open("/dev/full", "r+b"));
+    ASSERT_TRUE(lines.Open(FullDevice, "r+b"));
     Write("one\n");
     EXPECT_THROW(lines.Close(), CFileException);
     EXPECT_FALSE(lines.IsOpen());
@@ -316,7 +328,9 @@ TEST_F(LineFile, IsClosedAlsoWhenThatFails)
 
 TEST_F(LineFile, TellsAFailedRead)
 {
-    ASSERT_TRUE(lines.Open(folder.Path(".").c_str(), "rb"));
+    if (!lines.Open(folder.Path(".").c_str(), "rb")) {
+        GTEST_SKIP() << "this system opens no folder";
+    }
     std::string_view line;
     EXPECT_THROW(lines.NextLine(line), CFileException);
 }

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <cstring>
-#include <filesystem>
 #include <initializer_list>
 #include <limits>
 #include <stdexcept>
@@ -376,11 +375,11 @@ TEST(CArchive, LeavesTheFileOpenAfterAShortRead)
 
 TEST(CArchive, RaisesForAFullDisk)
 {
-    if (!std::filesystem::exists("/dev/full")) {
-        GTEST_SKIP() << "no device that is always full";
+    if (!HasFullDevice()) {
+        GTEST_SKIP() << NoFullDevice;
     }
     CStdioFile file;
-    ASSERT_NE(file.Open("/dev/full", CStdioFile::modeReadWrite, nullptr), 0);
+    ASSERT_NE(file.Open(FullDevice, CStdioFile::modeReadWrite, nullptr), 0);
     Integers integers;
     integers.SetSize(1'000'000);
     CArchive archive(&file, CArchive::store);

@@ -1,6 +1,11 @@
 #include "ipc2581/base/platform/CStdioFile.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -8,9 +13,10 @@
 
 #include <gtest/gtest.h>
 
-#include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
+#if defined(_WIN32)
+#include <windows.h>
+#endif
 
 #include "ipc2581/base/platform/Afx.h"
 #include "ipc2581/base/platform/CString.h"
@@ -21,10 +27,18 @@ namespace {
 
 using namespace ipc2581::tests;
 
+namespace fs = std::filesystem;
+
 constexpr unsigned kRead = CStdioFile::modeRead;
 constexpr unsigned kReadWrite = CStdioFile::modeReadWrite;
 constexpr unsigned kWrite = CStdioFile::modeCreate | CStdioFile::modeWrite;
-const char * const kFullDisk = "/dev/full";
+
+// The cause that the system tells of a read in memory that is not there.
+#if defined(_WIN32)
+constexpr int FailedRead = EINVAL;
+#else
+constexpr int FailedRead = EIO;
+#endif
 
 bool Opens(const std::string & path, unsigned flags)
 {
@@ -84,7 +98,7 @@ TEST(CStdioFile, MissingFileFailsToOpenAndIsNotMade)
     const std::string path = folder.Path("missing.xml");
     EXPECT_FALSE(Opens(path, kReadWrite));
     EXPECT_FALSE(Opens(path, kRead));
-    EXPECT_NE(access(path.c_str(), F_OK), 0);
+    EXPECT_FALSE(fs::exists(path));
 }
 
 TEST(CStdioFile, EmptyPathFailsToOpen)
@@ -125,24 +139,24 @@ TEST(CStdioFile, FailedOpenRaisesNothing)
 
 TEST(CStdioFile, ReadOnlyFileFailsForReadingAndWriting)
 {
-    if (geteuid() == 0) {
-        GTEST_SKIP() << "root may write to every file";
-    }
     const TempFolder folder;
     const std::string path = folder.Save("file.xml", "line\n");
-    ASSERT_EQ(chmod(path.c_str(), S_IRUSR), 0);
+    fs::permissions(path, fs::perms::owner_read);
+    if (MayBeWritten(path)) {
+        GTEST_SKIP() << "root may write to every file";
+    }
     EXPECT_FALSE(Opens(path, kReadWrite));
     EXPECT_FALSE(Opens(path, kWrite));
     EXPECT_TRUE(Opens(path, kRead));
+    // Some systems do not remove what nobody may write.
+    fs::permissions(path, fs::perms::owner_all);
 }
 
 // A program that runs cannot be opened for writing, not even by root.
 TEST(CStdioFile, RunningProgramFailsForReadingAndWriting)
 {
-    const char * const program = "/proc/self/exe";
-    const int descriptor = open(program, O_RDWR | O_CLOEXEC);
-    if (descriptor >= 0) {
-        close(descriptor);
+    const std::string program = RunningProgram();
+    if (MayBeWritten(program)) {
         GTEST_SKIP() << "this system lets a running program be written";
     }
     EXPECT_FALSE(Opens(program, kReadWrite));
@@ -205,11 +219,11 @@ TEST(CStdioFile, SecondOpenClosesTheFirstFile)
     ASSERT_NE(file.Open(folder.Path("first.xml").c_str(), kWrite, nullptr), 0);
     file.WriteString("first\n");
     ASSERT_NE(file.Open(folder.Path("second.xml").c_str(), kWrite, nullptr), 0);
-    EXPECT_EQ(Bytes(folder.Path("first.xml")), "first\n");
+    EXPECT_EQ(WrittenText(folder.Path("first.xml")), "first\n");
     file.WriteString("second\n");
     file.Close();
-    EXPECT_EQ(Bytes(folder.Path("first.xml")), "first\n");
-    EXPECT_EQ(Bytes(folder.Path("second.xml")), "second\n");
+    EXPECT_EQ(WrittenText(folder.Path("first.xml")), "first\n");
+    EXPECT_EQ(WrittenText(folder.Path("second.xml")), "second\n");
 }
 
 TEST(CStdioFile, SecondOpenReadsFromTheStart)
@@ -266,7 +280,7 @@ TEST(CStdioFile, DestructorWritesAndCloses)
         ASSERT_NE(file.Open(path.c_str(), kWrite, nullptr), 0);
         file.WriteString("line\n");
     }
-    EXPECT_EQ(Bytes(path), "line\n");
+    EXPECT_EQ(WrittenText(path), "line\n");
 }
 
 TEST(CStdioFile, DestructorGivesTheDescriptorBack)
@@ -428,12 +442,140 @@ TEST(CStdioFile, WritesTextExactly)
 
 TEST(CStdioFile, WrittenLineEndIsThePlatforms)
 {
-#ifdef _WIN32
-    EXPECT_EQ(WrittenBytes({"one\ntwo\n"}), "one\r\ntwo\r\n");
+#if defined(_WIN32)
+    const std::string end = "\r\n";
 #else
-    EXPECT_EQ(WrittenBytes({"one\ntwo\n"}), "one\ntwo\n");
+    const std::string end = "\n";
 #endif
+    EXPECT_EQ(WrittenBytes({"one\ntwo\n"}), "one" + end + "two" + end);
+    EXPECT_EQ(WrittenBytes({"\n", "\n\n", "one", "\n"}), end + end + end + "one" + end);
+    EXPECT_EQ(WrittenBytes({"one\r\n"}), "one\r" + end);
+
+    Texts texts;
+    std::string expected;
+    for (std::size_t length = 0; length < 2000; ++length) {
+        texts.push_back(std::string(length, 'x') + "\n");
+        expected += std::string(length, 'x') + end;
+    }
+    EXPECT_TRUE(WrittenBytes(texts) == expected);
+    EXPECT_TRUE(WrittenBytes({std::string(300'000, '\n')}).size() == 300'000 * end.size());
 }
+
+TEST(CStdioFile, BytesAreWrittenAsTheyStand)
+{
+    const TempFolder folder;
+    const std::string path = folder.Path("bytes");
+    CStdioFile file;
+    ASSERT_NE(file.Open(path.c_str(), kWrite, nullptr), 0);
+    const std::string bytes("a\n\0\r\n\n", 6);
+    file.Write(bytes.data(), bytes.size());
+    file.WriteString("text");
+    file.Write(bytes.data(), bytes.size());
+    file.Close();
+    EXPECT_EQ(Bytes(path), bytes + "text" + bytes);
+}
+
+TEST(CStdioFile, PathsAreInUtf8)
+{
+    const TempFolder folder;
+    const std::string path = folder.Path("Leiterplatte \xc3\xa4\xc3\x96 \xe5\x9f\xba\xe6\x9d\xbf \xf0\x9f\x94\xa7.xml");
+    CStdioFile file;
+    ASSERT_NE(file.Open(path.c_str(), kWrite, nullptr), 0);
+    file.WriteString("line\n");
+    file.Close();
+    EXPECT_EQ(WrittenText(path), "line\n");
+    CString line;
+    ASSERT_NE(file.Open(path.c_str(), kReadWrite, nullptr), 0);
+    EXPECT_NE(file.ReadString(line), 0);
+    EXPECT_EQ(line, "line");
+}
+
+TEST(CStdioFile, PathsMayBeLong)
+{
+    const TempFolder folder;
+#if defined(_WIN32)
+    // The library of the tests takes such a path in this form alone.
+    const std::string mark = "\\\\?\\";
+#else
+    const std::string mark;
+#endif
+    std::string path = folder.Path(std::string(100, 'a'));
+    for (const char letter : {'b', 'c', 'd'}) {
+        fs::create_directory(mark + path);
+        path = (fs::path(path) / std::string(100, letter)).string();
+    }
+    CStdioFile file;
+    ASSERT_NE(file.Open(path.c_str(), kWrite, nullptr), 0) << path;
+    file.WriteString("line\n");
+    file.Close();
+    EXPECT_EQ(WrittenText(mark + path), "line\n");
+    CString line;
+    ASSERT_NE(file.Open(path.c_str(), kReadWrite, nullptr), 0);
+    EXPECT_NE(file.ReadString(line), 0);
+    EXPECT_EQ(line, "line");
+    file.Close();
+    fs::path made = mark + path;
+    for (int level = 0; level < 4; ++level) {
+        fs::remove(made);
+        made = made.parent_path();
+    }
+}
+
+// What nothing was written to takes no room on the disk of most systems.
+TEST(CStdioFile, FilesMayBeLargerThanTwoGigabytes)
+{
+    const TempFolder folder;
+    const std::string path = folder.Path("large.xml");
+    constexpr std::int64_t start = (std::int64_t(1) << 31) + 1000;
+    {
+        std::ofstream out(fs::path(path), std::ios::binary);
+        out.seekp(start);
+        out << "one\ntwo\nthree\n";
+        if (!out.flush()) {
+            GTEST_SKIP() << "the disk is too small";
+        }
+    }
+    CStdioFile file;
+    CString line;
+    ASSERT_NE(file.Open(path.c_str(), kReadWrite, nullptr), 0);
+    std::string bytes(1U << 20, '\0');
+    for (std::int64_t left = start; left > 0;) {
+        const auto piece = static_cast<std::size_t>(std::min<std::int64_t>(left, std::int64_t(1) << 20));
+        ASSERT_EQ(file.Read(bytes.data(), piece), piece);
+        left -= static_cast<std::int64_t>(piece);
+    }
+    ASSERT_NE(file.ReadString(line), 0);
+    EXPECT_EQ(line, "one");
+    file.WriteString("TW");
+    EXPECT_NE(file.ReadString(line), 0);
+    EXPECT_EQ(line, "o");
+    EXPECT_NE(file.ReadString(line), 0);
+    EXPECT_EQ(line, "three");
+    EXPECT_EQ(file.ReadString(line), 0);
+    file.Close();
+    std::ifstream in(fs::path(path), std::ios::binary);
+    in.seekg(start);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}), "one\nTWo\nthree\n");
+}
+
+#if defined(_WIN32)
+TEST(CStdioFile, PathThatIsNoUtf8FailsToOpen)
+{
+    const TempFolder folder;
+    EXPECT_FALSE(Opens(folder.Path("") + "\xe4.xml", kWrite));
+}
+
+TEST(CStdioFile, NamedPipeIsNotOpenedForReading)
+{
+    const std::string path = "\\\\.\\pipe\\ipc2581-test";
+    const HANDLE pipe = CreateNamedPipeA(path.c_str(), PIPE_ACCESS_DUPLEX, PIPE_TYPE_BYTE, 1, 0, 0, 0, nullptr);
+    ASSERT_NE(pipe, INVALID_HANDLE_VALUE);
+    EXPECT_FALSE(Opens(path, kRead));
+    EXPECT_FALSE(Opens(path, kReadWrite));
+    EXPECT_FALSE(Opens("//./PIPE/ipc2581-test", kRead));
+    CloseHandle(pipe);
+}
+#endif
 
 TEST(CStdioFile, TextsOfAnyLengthAreWritten)
 {
@@ -466,10 +608,10 @@ TEST(CStdioFile, FlushBringsTheTextToTheFile)
     ASSERT_NE(file.Open(path.c_str(), kWrite, nullptr), 0);
     file.WriteString("one\n");
     file.Flush();
-    EXPECT_EQ(Bytes(path), "one\n");
+    EXPECT_EQ(WrittenText(path), "one\n");
     file.WriteString("two\n");
     file.Close();
-    EXPECT_EQ(Bytes(path), "one\ntwo\n");
+    EXPECT_EQ(WrittenText(path), "one\ntwo\n");
 }
 
 TEST(CStdioFile, WriteOnlyFileCannotBeRead)
@@ -510,61 +652,79 @@ TEST(CStdioFile, FailedReadRaisesTheFileException)
     if (file.Open("/proc/self/mem", kRead, nullptr) == 0) {
         GTEST_SKIP() << "no file at hand that fails to be read";
     }
-    ExpectTells(Failure([&] { file.ReadString(line); }), "/proc/self/mem", EIO);
+    ExpectTells(Failure([&] { file.ReadString(line); }), "/proc/self/mem", FailedRead);
 }
 
 TEST(CStdioFile, FullDiskIsToldByClose)
 {
+    if (!HasFullDevice()) {
+        GTEST_SKIP() << NoFullDevice;
+    }
     CStdioFile file;
-    ASSERT_NE(file.Open(kFullDisk, kWrite, nullptr), 0);
+    ASSERT_NE(file.Open(FullDevice, kWrite, nullptr), 0);
     file.WriteString("text");
-    ExpectTells(Failure([&file] { file.Close(); }), kFullDisk, ENOSPC);
+    ExpectTells(Failure([&file] { file.Close(); }), FullDevice, ENOSPC);
 }
 
 TEST(CStdioFile, FullDiskIsToldByFlush)
 {
+    if (!HasFullDevice()) {
+        GTEST_SKIP() << NoFullDevice;
+    }
     CStdioFile file;
-    ASSERT_NE(file.Open(kFullDisk, kWrite, nullptr), 0);
+    ASSERT_NE(file.Open(FullDevice, kWrite, nullptr), 0);
     file.WriteString("text");
-    ExpectTells(Failure([&file] { file.Flush(); }), kFullDisk, ENOSPC);
+    ExpectTells(Failure([&file] { file.Flush(); }), FullDevice, ENOSPC);
 }
 
 TEST(CStdioFile, FullDiskIsToldByTheSecondOpen)
 {
+    if (!HasFullDevice()) {
+        GTEST_SKIP() << NoFullDevice;
+    }
     const TempFolder folder;
     CStdioFile file;
-    ASSERT_NE(file.Open(kFullDisk, kWrite, nullptr), 0);
+    ASSERT_NE(file.Open(FullDevice, kWrite, nullptr), 0);
     file.WriteString("text");
     const auto open = [&] { file.Open(folder.Path("file.xml").c_str(), kWrite, nullptr); };
-    ExpectTells(Failure(open), kFullDisk, ENOSPC);
+    ExpectTells(Failure(open), FullDevice, ENOSPC);
 }
 
 TEST(CStdioFile, FullDiskIsToldWhateverTheLength)
 {
+    if (!HasFullDevice()) {
+        GTEST_SKIP() << NoFullDevice;
+    }
     for (const std::size_t length : {1U, 4096U, 65'536U, 65'537U, 3'000'000U}) {
         const std::string text(length, 'x');
         CStdioFile file;
-        ASSERT_NE(file.Open(kFullDisk, kWrite, nullptr), 0);
+        ASSERT_NE(file.Open(FullDevice, kWrite, nullptr), 0);
         const auto write = [&] {
             file.WriteString(text.c_str());
             file.Close();
         };
-        ExpectTells(Failure(write), kFullDisk, ENOSPC);
+        ExpectTells(Failure(write), FullDevice, ENOSPC);
     }
 }
 
 TEST(CStdioFile, FullDiskIsToldOnAFileForReadingAndWriting)
 {
+    if (!HasFullDevice()) {
+        GTEST_SKIP() << NoFullDevice;
+    }
     CStdioFile file;
-    ASSERT_NE(file.Open(kFullDisk, kReadWrite, nullptr), 0);
+    ASSERT_NE(file.Open(FullDevice, kReadWrite, nullptr), 0);
     file.WriteString("text");
-    ExpectTells(Failure([&file] { file.Close(); }), kFullDisk, ENOSPC);
+    ExpectTells(Failure([&file] { file.Close(); }), FullDevice, ENOSPC);
 }
 
 TEST(CStdioFile, FileIsClosedAfterAFailedClose)
 {
+    if (!HasFullDevice()) {
+        GTEST_SKIP() << NoFullDevice;
+    }
     CStdioFile file;
-    ASSERT_NE(file.Open(kFullDisk, kWrite, nullptr), 0);
+    ASSERT_NE(file.Open(FullDevice, kWrite, nullptr), 0);
     file.WriteString("text");
     EXPECT_THROW(file.Close(), CFileException);
     EXPECT_NO_THROW(file.Close());
@@ -572,8 +732,11 @@ TEST(CStdioFile, FileIsClosedAfterAFailedClose)
 
 TEST(CStdioFile, DestructionIsQuietAfterAFailure)
 {
+    if (!HasFullDevice()) {
+        GTEST_SKIP() << NoFullDevice;
+    }
     auto file = std::make_unique<CStdioFile>();
-    ASSERT_NE(file->Open(kFullDisk, kWrite, nullptr), 0);
+    ASSERT_NE(file->Open(FullDevice, kWrite, nullptr), 0);
     file->WriteString("text");
     EXPECT_THROW(file->Flush(), CFileException);
     EXPECT_NO_THROW(file.reset());
@@ -581,16 +744,22 @@ TEST(CStdioFile, DestructionIsQuietAfterAFailure)
 
 TEST(CStdioFile, DestructionIsQuietOnAFullDisk)
 {
+    if (!HasFullDevice()) {
+        GTEST_SKIP() << NoFullDevice;
+    }
     auto file = std::make_unique<CStdioFile>();
-    ASSERT_NE(file->Open(kFullDisk, kWrite, nullptr), 0);
+    ASSERT_NE(file->Open(FullDevice, kWrite, nullptr), 0);
     file->WriteString("text");
     EXPECT_NO_THROW(file.reset());
 }
 
 TEST(CStdioFile, FailureIsTheFileExceptionByValue)
 {
+    if (!HasFullDevice()) {
+        GTEST_SKIP() << NoFullDevice;
+    }
     CStdioFile file;
-    ASSERT_NE(file.Open(kFullDisk, kWrite, nullptr), 0);
+    ASSERT_NE(file.Open(FullDevice, kWrite, nullptr), 0);
     file.WriteString("text");
     EXPECT_THROW(file.Close(), std::runtime_error);
 }

@@ -95,6 +95,16 @@ void CompareIntegers(const std::string & length, unsigned seed)
     }
 }
 
+// The C library of mingw-w64 fills a hexadecimal number with zeros also where a "-" wants blanks.
+std::string ForNumbers(const std::string & format)
+{
+#if defined(_WIN32)
+    return format.find_first_of("aA") != std::string::npos ? Without(format, "-") : format;
+#else
+    return format;
+#endif
+}
+
 void CompareNumbers()
 {
     AnyConversion any(3);
@@ -102,9 +112,9 @@ void CompareNumbers()
         const double wild = std::bit_cast<double>(any.Bits());
         const double usual = static_cast<double>(static_cast<std::int64_t>(any.Bits() % 20000001) - 10000000) / 1e4;
         const double value = i % 3 == 0 ? wild : usual;
-        const std::string format = any.Of("", "fFeEgGaA");
+        const std::string format = ForNumbers(any.Of("", "fFeEgGaA"));
         ASSERT_EQ(Formatted(format, value), PrintedByC(format, value)) << format;
-        const std::string longFormat = any.Of("L", "fFeEgGaA");
+        const std::string longFormat = ForNumbers(any.Of("L", "fFeEgGaA"));
         const long double longValue = static_cast<long double>(value) / 3;
         ASSERT_EQ(Formatted(longFormat, longValue), PrintedByC(longFormat, longValue)) << longFormat;
     }
@@ -168,7 +178,10 @@ TEST(FormatString, TakesWidthAndPrecisionFromArguments)
 TEST(FormatString, PrintsPointersAsCDoes)
 {
     const int here = 0;
-    EXPECT_EQ(Formatted("%p|%20p|%-20p|", &here, &here, &here), PrintedByC("%p|%20p|%-20p|", &here, &here, &here));
+    const std::string pointer = PrintedByC("%p", &here);
+    const std::string blanks(20 - pointer.size(), ' ');
+    EXPECT_EQ(Formatted("%p|%20p|%-20p|", &here, &here, &here),
+              pointer + "|" + blanks + pointer + "|" + pointer + blanks + "|");
     EXPECT_EQ(Formatted("%p", nullptr), PrintedByC("%p", static_cast<void *>(nullptr)));
 }
 

@@ -40,11 +40,18 @@ std::string Fixed(double value)
 double Read(const std::string & text)
 {
     const PlainLocale plain;
-    return std::strtod(text.c_str(), nullptr);
+    char * rest = nullptr;
+    const double value = std::strtod(text.c_str(), &rest);
+    // Some libraries give a negative 0 where there is a sign and no number.
+    return rest == text.c_str() ? 0.0 : value;
 }
 
 std::string Printed(const char * format, double value)
 {
+    // Some libraries tell less of it, or more.
+    if (std::isnan(value)) {
+        return std::signbit(value) ? "-nan" : "nan";
+    }
     const PlainLocale plain;
     const int length = std::snprintf(nullptr, 0, format, value);
     std::string text(static_cast<std::size_t>(length) + 1, '\0');

@@ -15,6 +15,12 @@
 
 #include <gtest/gtest.h>
 
+#if defined(_WIN32)
+#include <windows.h>
+// Behind what it needs.
+#include <psapi.h>
+#endif
+
 #include "ipc2581/base/PointD.h"
 #include "ipc2581/draw/LineDesc.h"
 #include "ipc2581/draw/Point.h"
@@ -61,7 +67,7 @@ public:
     }
     bool IsWhole() const override
     {
-        return std::all_of(m_bytes.begin(), m_bytes.end(), [this](unsigned char byte) { return byte == m_mark; });
+        return std::all_of(m_bytes.begin(), m_bytes.end(), [this](unsigned char ch) { return ch == m_mark; });
     }
 
 private:
@@ -235,6 +241,14 @@ TEST(ObjectBlocks, DeletesNeighboursOnSeveralThreadsWhileOneTakesMore)
 }
 
 // What the process holds of the machine's memory, in bytes; 0 where nobody tells.
+#if defined(_WIN32)
+std::size_t ResidentBytes()
+{
+    PROCESS_MEMORY_COUNTERS counters = {};
+    counters.cb = sizeof(counters);
+    return K32GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof(counters)) != 0 ? counters.WorkingSetSize : 0;
+}
+#else
 std::size_t ResidentBytes()
 {
     std::size_t size = 0;
@@ -242,6 +256,7 @@ std::size_t ResidentBytes()
     std::ifstream("/proc/self/statm") >> size >> resident;
     return resident * 4096;
 }
+#endif
 
 TEST(ObjectBlocks, GivesTheMemoryBack)
 {

@@ -1,0 +1,6 @@
+# 64-bit ARM, by a compiler of another processor: cmake --toolchain cmake/aarch64.cmake
+# The Debian package g++-aarch64-linux-gnu has the compiler.
+set(CMAKE_SYSTEM_NAME Linux)
+set(CMAKE_SYSTEM_PROCESSOR aarch64)
+set(CMAKE_C_COMPILER aarch64-linux-gnu-gcc)
+set(CMAKE_CXX_COMPILER aarch64-linux-gnu-g++)
