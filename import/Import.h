@@ -25,8 +25,8 @@ struct ImportOptions {
     // Is told now and then how much of the file is behind, from 0 to 1 where its size is known, and may end the import
     // with false.
     std::function<bool(double part)> progress;
-    // A large file is parsed in a thread of its own, ahead of the caller's, where the model is made and progress is
-    // called. True keeps all in the caller's; what comes of it is the same.
+    // A large file is read and parsed in threads of their own, ahead of the caller's, where the model is made and
+    // progress is called. True keeps all in the caller's; what comes of it is the same.
     bool inOneThread = false;
     // In bytes, of objects, texts and lists; 0 for none.
     std::uint64_t memoryLimit = 0;

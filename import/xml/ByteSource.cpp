@@ -29,7 +29,7 @@ FileSource::FileSource(const std::filesystem::path & path)
         ThrowErrno();
     }
     // The buffer is given, since some libraries take no notice of a size alone.
-    m_buffer = std::make_unique<char[]>(FileBufferSize);
+    m_buffer.reset(new char[FileBufferSize]);
     std::setvbuf(m_file.get(), m_buffer.get(), _IOFBF, FileBufferSize);
     std::error_code error;
     const std::uintmax_t size = std::filesystem::file_size(path, error);

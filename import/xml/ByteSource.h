@@ -10,20 +10,28 @@
 
 namespace ipc2581::detail {
 
-// Where the bytes of a document come from.
-class ByteSource {
+// Gives the bytes of a document, once.
+class ByteReader {
 public:
-    ByteSource() = default;
-    ByteSource(const ByteSource &) = delete;
-    ByteSource & operator=(const ByteSource &) = delete;
-    virtual ~ByteSource() = default;
+    ByteReader() = default;
+    ByteReader(const ByteReader &) = delete;
+    ByteReader & operator=(const ByteReader &) = delete;
+    virtual ~ByteReader() = default;
 
     // Gives at most as many bytes as there is room for, and 0 at the end. Throws std::system_error.
     virtual std::size_t Read(std::span<char> room) = 0;
+};
+
+// Where the bytes of a document come from.
+class ByteSource : public ByteReader {
+public:
     // Begins anew. Throws std::system_error.
     virtual void Rewind() = 0;
     // 0 if it is not known.
     [[nodiscard]] virtual std::size_t Size() const = 0;
+    // Whether another thread may spend the time that reading takes: it neither waits for somebody else's bytes nor
+    // stands in memory.
+    [[nodiscard]] virtual bool IsWorthReadingAhead() const = 0;
 };
 
 class FileSource final : public ByteSource {
@@ -34,6 +42,7 @@ public:
     std::size_t Read(std::span<char> room) override;
     void Rewind() override;
     [[nodiscard]] std::size_t Size() const override { return m_size; }
+    [[nodiscard]] bool IsWorthReadingAhead() const override { return !m_isPipe; }
 
 private:
     struct Close {
@@ -57,6 +66,7 @@ public:
     std::size_t Read(std::span<char> room) override;
     void Rewind() override { m_left = m_bytes; }
     [[nodiscard]] std::size_t Size() const override { return m_bytes.size(); }
+    [[nodiscard]] bool IsWorthReadingAhead() const override { return false; }
 
 private:
     std::span<const std::byte> m_bytes;

@@ -1,26 +1,23 @@
 #include "import/xml/WatchedParse.h"
 
-#include <condition_variable>
 #include <csignal>
-#include <deque>
 #include <exception>
 #include <memory>
-#include <mutex>
-#include <optional>
 #include <system_error>
 #include <thread>
 #include <utility>
-#include <vector>
 
+#include "import/xml/AheadReader.h"
 #include "import/xml/EventBatch.h"
+#include "import/xml/Exchange.h"
 
 namespace ipc2581::detail {
 namespace {
 
-// A source that counts what is read of it.
-class CountedSource final : public ByteSource {
+// Counts what is read.
+class CountedReader final : public ByteReader {
 public:
-    CountedSource(ByteSource & source, Watch watch) : m_source(source), m_watch(std::move(watch)) {}
+    CountedReader(ByteReader & source, Watch watch) : m_source(source), m_watch(std::move(watch)) {}
 
     std::size_t Read(std::span<char> room) override
     {
@@ -29,15 +26,9 @@ public:
         m_watch(m_count);
         return count;
     }
-    void Rewind() override
-    {
-        m_source.Rewind();
-        m_count = 0;
-    }
-    [[nodiscard]] std::size_t Size() const override { return m_source.Size(); }
 
 private:
-    ByteSource & m_source;
+    ByteReader & m_source;
     Watch m_watch;
     std::size_t m_count = 0;
 };
@@ -49,73 +40,12 @@ struct Parcel {
 };
 using ParcelPtr = std::unique_ptr<Parcel>;
 
-// Hands parcels over. There are a few of them, which go round.
-class Exchange {
-public:
-    // For the parser: gives a full parcel away for an empty one. Null once the listener has gone.
-    ParcelPtr Give(ParcelPtr full)
-    {
-        std::unique_lock lock(m_mutex);
-        m_full.push_back(std::move(full));
-        m_changed.notify_all();
-        m_changed.wait(lock, [this] { return m_hasLeft || !m_empty.empty(); });
-        if (m_hasLeft) {
-            return nullptr;
-        }
-        ParcelPtr empty = std::move(m_empty.back());
-        m_empty.pop_back();
-        return empty;
-    }
-    void GiveLast(ParcelPtr last)
-    {
-        const std::lock_guard lock(m_mutex);
-        if (last != nullptr) {
-            m_full.push_back(std::move(last));
-        }
-        m_hasEnded = true;
-        m_changed.notify_all();
-    }
-
-    // For the listener: gives an empty parcel back for the next full one. Null at the end.
-    ParcelPtr Take(ParcelPtr empty)
-    {
-        std::unique_lock lock(m_mutex);
-        if (empty != nullptr) {
-            m_empty.push_back(std::move(empty));
-            m_changed.notify_all();
-        }
-        m_changed.wait(lock, [this] { return m_hasEnded || !m_full.empty(); });
-        if (m_full.empty()) {
-            return nullptr;
-        }
-        ParcelPtr full = std::move(m_full.front());
-        m_full.pop_front();
-        return full;
-    }
-    void Leave()
-    {
-        const std::lock_guard lock(m_mutex);
-        m_hasLeft = true;
-        m_changed.notify_all();
-    }
-
-    void Add(ParcelPtr empty) { m_empty.push_back(std::move(empty)); }
-
-private:
-    std::mutex m_mutex;
-    std::condition_variable m_changed;
-    std::deque<ParcelPtr> m_full;
-    std::vector<ParcelPtr> m_empty;
-    bool m_hasEnded = false;
-    bool m_hasLeft = false;
-};
-
 // The listener in the thread of the parser.
 class ParcelWriter final : public XmlListener {
 public:
     struct ListenerLeft {};
 
-    explicit ParcelWriter(Exchange & exchange) : m_exchange(exchange), m_parcel(std::make_unique<Parcel>()) {}
+    explicit ParcelWriter(Exchange<Parcel> & exchange) : m_exchange(exchange), m_parcel(std::make_unique<Parcel>()) {}
 
     // Hands on how much has been read even where there is little to tell of it.
     void WatchRead(std::size_t bytes)
@@ -159,10 +89,24 @@ private:
         m_parcel->read = m_given;
     }
 
-    Exchange & m_exchange;
+    Exchange<Parcel> & m_exchange;
     ParcelPtr m_parcel;
     std::size_t m_given = 0;
 };
+
+// Null where it is not worth it, or no thread can be had.
+std::unique_ptr<ByteReader> BeginAhead(ByteSource & source)
+{
+    if (!source.IsWorthReadingAhead()) {
+        return nullptr;
+    }
+    try {
+        return std::make_unique<AheadReader>(source);
+    }
+    catch (const std::system_error &) {
+        return nullptr;
+    }
+}
 
 // No signal is handled in a thread that is begun while it lives, since a host handles its signals in its own.
 class SignalsBlocked {
@@ -188,10 +132,10 @@ private:
 #endif
 };
 
-// The thread of the parser, which ends soon when the listener leaves.
+// The thread of the parser, which ends soon when the listener leaves. Those that it begins handle no signal either.
 class ParserThread {
 public:
-    ParserThread(ByteSource & source, WordTable & words, Exchange & exchange) : m_exchange(exchange)
+    ParserThread(ByteSource & source, WordTable & words, Exchange<Parcel> & exchange) : m_exchange(exchange)
     {
         const SignalsBlocked blocked;
         m_thread = std::thread([&source, &words, this] { Run(source, words); });
@@ -215,7 +159,9 @@ private:
         ParcelPtr last;
         try {
             ParcelWriter writer(m_exchange);
-            CountedSource counted(source, [&](std::size_t bytes) { writer.WatchRead(bytes); });
+            const std::unique_ptr<ByteReader> ahead = BeginAhead(source);
+            CountedReader counted(ahead == nullptr ? source : *ahead,
+                                  [&](std::size_t bytes) { writer.WatchRead(bytes); });
             try {
                 ParseXml(counted, words, writer);
             }
@@ -239,13 +185,13 @@ private:
         }
     }
 
-    Exchange & m_exchange;
+    Exchange<Parcel> & m_exchange;
     std::exception_ptr m_thrown;
     std::thread m_thread;
 };
 
 // The thread, if there is one to be had.
-std::unique_ptr<ParserThread> BeginThread(ByteSource & source, WordTable & words, Exchange & exchange)
+std::unique_ptr<ParserThread> BeginThread(ByteSource & source, WordTable & words, Exchange<Parcel> & exchange)
 {
     try {
         return std::make_unique<ParserThread>(source, words, exchange);
@@ -258,7 +204,7 @@ std::unique_ptr<ParserThread> BeginThread(ByteSource & source, WordTable & words
 bool ParseInTwoThreads(ByteSource & source, WordTable & words, XmlListener & listener, const Watch & watch)
 {
     constexpr int parcels = 2;
-    Exchange exchange;
+    Exchange<Parcel> exchange;
     for (int i = 0; i < parcels; ++i) {
         exchange.Add(std::make_unique<Parcel>());
     }
@@ -282,7 +228,7 @@ void ParseWatched(ByteSource & source, WordTable & words, XmlListener & listener
     if (threads == Threads::Two && ParseInTwoThreads(source, words, listener, watch)) {
         return;
     }
-    CountedSource counted(source, watch);
+    CountedReader counted(source, watch);
     ParseXml(counted, words, listener);
 }
 

@@ -136,7 +136,7 @@ private:
 // nothing more to read, and it is thrown again when the parser has returned.
 class Parse {
 public:
-    Parse(ByteSource & source, WordTable & words, XmlListener & listener)
+    Parse(ByteReader & source, WordTable & words, XmlListener & listener)
         : m_source(source), m_words(words), m_listener(listener)
     {
     }
@@ -185,7 +185,7 @@ private:
     [[nodiscard]] bool IsCutAt(const xmlParserInput & input, int fault) const;
     void CheckEnd(xmlParserCtxt * context);
 
-    ByteSource & m_source;
+    ByteReader & m_source;
     WordTable & m_words;
     XmlListener & m_listener;
     std::exception_ptr m_thrown;
@@ -508,7 +508,7 @@ void Parse::Run()
 
 }  // namespace
 
-void ParseXml(ByteSource & source, WordTable & words, XmlListener & listener)
+void ParseXml(ByteReader & source, WordTable & words, XmlListener & listener)
 {
     static const bool isReady = [] {
         xmlInitParser();

@@ -49,7 +49,7 @@ struct XmlFault : std::runtime_error {
 // Parses a document as a stream and names it by the words of the table. It reads nothing but the source: no external
 // entity, no grammar, no network. Depth, the length of a value and what entities may grow to are bounded. Throws
 // XmlFault for a document that is not well-formed, and whatever the source throws.
-void ParseXml(ByteSource & source, WordTable & words, XmlListener & listener);
+void ParseXml(ByteReader & source, WordTable & words, XmlListener & listener);
 
 }  // namespace ipc2581::detail
 

@@ -26,17 +26,23 @@ std::string LongDocument()
     return text + "</a>\n";
 }
 
-class WatchedParse : public testing::TestWithParam<Threads> {
+struct Way {
+    const char * name;
+    Threads threads;
+    bool isReadAhead;
+};
+
+class WatchedParse : public testing::TestWithParam<Way> {
 protected:
     // What a listener is told of a document, and by what it ends.
     Texts EventsOf(std::string_view text)
     {
-        PiecesSource source(text, 10'000);
+        PiecesSource source(text, 10'000, GetParam().isReadAhead);
         WordTable words;
         Writer writer(words);
         try {
             ParseWatched(
-                source, words, writer, [](std::size_t) {}, GetParam());
+                source, words, writer, [](std::size_t) {}, GetParam().threads);
         }
         catch (const XmlFault & fault) {
             writer.events.push_back("fault in line " + std::to_string(fault.line) + ": " + fault.what());
@@ -45,8 +51,10 @@ protected:
     }
 };
 
-INSTANTIATE_TEST_SUITE_P(Threads, WatchedParse, testing::Values(Threads::One, Threads::Two),
-                         [](const auto & own) { return own.param == Threads::One ? "One" : "Two"; });
+INSTANTIATE_TEST_SUITE_P(Threads, WatchedParse,
+                         testing::Values(Way{"One", Threads::One, false}, Way{"Two", Threads::Two, false},
+                                         Way{"TwoAndTheSourceAhead", Threads::Two, true}),
+                         [](const auto & own) { return own.param.name; });
 
 TEST_P(WatchedParse, TellsAllOfADocument)
 {
@@ -73,7 +81,7 @@ TEST_P(WatchedParse, TellsAllThatStandsInFrontOfAFault)
 TEST_P(WatchedParse, TellsHowMuchHasBeenRead)
 {
     const std::string text = LongDocument();
-    PiecesSource source(text, 10'000);
+    PiecesSource source(text, 10'000, GetParam().isReadAhead);
     WordTable words;
     Writer writer(words);
     std::vector<std::size_t> watched;
@@ -82,7 +90,7 @@ TEST_P(WatchedParse, TellsHowMuchHasBeenRead)
         EXPECT_EQ(std::this_thread::get_id(), own);
         watched.push_back(bytes);
     };
-    ParseWatched(source, words, writer, watch, GetParam());
+    ParseWatched(source, words, writer, watch, GetParam().threads);
     EXPECT_GT(watched.size(), 3U);
     EXPECT_TRUE(std::is_sorted(watched.begin(), watched.end()));
     EXPECT_EQ(watched.back(), text.size());
@@ -91,12 +99,12 @@ TEST_P(WatchedParse, TellsHowMuchHasBeenRead)
 TEST_P(WatchedParse, TellsHowMuchHasBeenReadWhereThereIsNothingToTell)
 {
     const std::string text = "<a><!--" + std::string(20'000'000, 'x') + "--></a>";
-    PiecesSource source(text, 100'000);
+    PiecesSource source(text, 100'000, GetParam().isReadAhead);
     WordTable words;
     Writer writer(words);
     std::size_t calls = 0;
     ParseWatched(
-        source, words, writer, [&](std::size_t /*bytes*/) { ++calls; }, GetParam());
+        source, words, writer, [&](std::size_t /*bytes*/) { ++calls; }, GetParam().threads);
     EXPECT_GT(calls, 10U);
     EXPECT_EQ(writer.events, (Texts{"1 <a", ">"}));
 }
@@ -131,11 +139,11 @@ TEST_P(WatchedParse, EndsWithWhatTheListenerThrows)
 {
     const std::string text = LongDocument();
     for (const int turn : {0, 1, 5'000, 60'001}) {
-        PiecesSource source(text, 1'000);
+        PiecesSource source(text, 1'000, GetParam().isReadAhead);
         WordTable words;
         Thrower thrower(turn);
         EXPECT_THROW(ParseWatched(
-                         source, words, thrower, [](std::size_t) {}, GetParam()),
+                         source, words, thrower, [](std::size_t) {}, GetParam().threads),
                      Thrower::Thrown)
             << turn;
     }
@@ -148,11 +156,11 @@ TEST_P(WatchedParse, ReadsNoMoreOnceTheListenerHasThrown)
     for (int i = 0; i < 1'000'000; ++i) {
         text += "<b/>";
     }
-    PiecesSource source(text, 1'000);
+    PiecesSource source(text, 1'000, GetParam().isReadAhead);
     WordTable words;
     Thrower thrower(10);
     EXPECT_THROW(ParseWatched(
-                     source, words, thrower, [](std::size_t) {}, GetParam()),
+                     source, words, thrower, [](std::size_t) {}, GetParam().threads),
                  Thrower::Thrown);
     EXPECT_GT(source.Left(), text.size() / 2);
 }
@@ -160,7 +168,7 @@ TEST_P(WatchedParse, ReadsNoMoreOnceTheListenerHasThrown)
 TEST_P(WatchedParse, EndsWithWhatTheWatchThrows)
 {
     const std::string text = LongDocument();
-    PiecesSource source(text, 1'000);
+    PiecesSource source(text, 1'000, GetParam().isReadAhead);
     WordTable words;
     Writer writer(words);
     const auto watch = [](std::size_t bytes) {
@@ -168,13 +176,13 @@ TEST_P(WatchedParse, EndsWithWhatTheWatchThrows)
             throw std::runtime_error("enough");
         }
     };
-    EXPECT_THROW(ParseWatched(source, words, writer, watch, GetParam()), std::runtime_error);
+    EXPECT_THROW(ParseWatched(source, words, writer, watch, GetParam().threads), std::runtime_error);
     EXPECT_LT(writer.events.size(), 40'000U);
 }
 
 class BrokenSource final : public ByteSource {
 public:
-    explicit BrokenSource(std::string_view text) : m_text(text, 1'000) {}
+    BrokenSource(std::string_view text, bool isWorthReadingAhead) : m_text(text, 1'000, isWorthReadingAhead) {}
 
     std::size_t Read(std::span<char> room) override
     {
@@ -183,6 +191,7 @@ public:
     }
     void Rewind() override {}
     [[nodiscard]] std::size_t Size() const override { return 0; }
+    [[nodiscard]] bool IsWorthReadingAhead() const override { return m_text.IsWorthReadingAhead(); }
 
 private:
     PiecesSource m_text;
@@ -191,11 +200,11 @@ private:
 TEST_P(WatchedParse, EndsWithWhatTheSourceThrows)
 {
     const std::string text = LongDocument();
-    BrokenSource source(std::string_view(text).substr(0, text.size() / 2));
+    BrokenSource source(std::string_view(text).substr(0, text.size() / 2), GetParam().isReadAhead);
     WordTable words;
     Writer writer(words);
     EXPECT_THROW(ParseWatched(
-                     source, words, writer, [](std::size_t) {}, GetParam()),
+                     source, words, writer, [](std::size_t) {}, GetParam().threads),
                  std::system_error);
     EXPECT_GT(writer.events.size(), 20'000U);
 }

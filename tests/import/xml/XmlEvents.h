@@ -18,7 +18,10 @@ namespace ipc2581::tests {
 // Gives the bytes in pieces of one size.
 class PiecesSource final : public detail::ByteSource {
 public:
-    PiecesSource(std::string_view bytes, std::size_t size) : m_left(bytes), m_piece(size) {}
+    PiecesSource(std::string_view bytes, std::size_t size, bool isWorthReadingAhead = false)
+        : m_left(bytes), m_piece(size), m_isWorthReadingAhead(isWorthReadingAhead)
+    {
+    }
 
     std::size_t Read(std::span<char> room) override
     {
@@ -29,6 +32,7 @@ public:
     }
     void Rewind() override {}
     [[nodiscard]] std::size_t Size() const override { return 0; }
+    [[nodiscard]] bool IsWorthReadingAhead() const override { return m_isWorthReadingAhead; }
 
     // What nobody has read.
     [[nodiscard]] std::size_t Left() const { return m_left.size(); }
@@ -36,6 +40,7 @@ public:
 private:
     std::string_view m_left;
     std::size_t m_piece;
+    bool m_isWorthReadingAhead;
 };
 
 // Writes down what it is told: "2 <Layer name=TOP", "text" and ">". A name of a foreign namespace has a "?".

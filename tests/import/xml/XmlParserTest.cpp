@@ -19,7 +19,7 @@ using tests::PiecesSource;
 using tests::Texts;
 using tests::Writer;
 
-Texts EventsOf(ByteSource & source)
+Texts EventsOf(ByteReader & source)
 {
     WordTable words;
     Writer writer(words);
@@ -239,7 +239,7 @@ TEST(XmlParser, LetsThroughWhatAListenerThrowsAndCallsItNoMore)
 }
 
 // Fails behind some bytes.
-class BrokenSource final : public ByteSource {
+class BrokenSource final : public ByteReader {
 public:
     explicit BrokenSource(int calls) : m_calls(calls) {}
 
@@ -253,8 +253,6 @@ public:
         std::memcpy(room.data(), text.data(), count);
         return count;
     }
-    void Rewind() override {}
-    [[nodiscard]] std::size_t Size() const override { return 0; }
 
 private:
     int m_calls;
@@ -290,6 +288,7 @@ TEST(ByteSource, ReadsAFileFromItsBeginToItsEnd)
     const std::string bytes = std::string("one\0two", 7);
     FileSource source(folder.Save("file", bytes));
     EXPECT_EQ(source.Size(), 7U);
+    EXPECT_TRUE(source.IsWorthReadingAhead());
     std::string room(5, '?');
     EXPECT_EQ(source.Read(room), 5U);
     EXPECT_EQ(room, bytes.substr(0, 5));
@@ -322,6 +321,7 @@ TEST(ByteSource, ReadsBytesInMemory)
     const std::string bytes = "abc";
     MemorySource source(std::as_bytes(std::span(bytes)));
     EXPECT_EQ(source.Size(), 3U);
+    EXPECT_FALSE(source.IsWorthReadingAhead());
     std::string room(2, '?');
     EXPECT_EQ(source.Read(room), 2U);
     EXPECT_EQ(room, "ab");
