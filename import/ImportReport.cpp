@@ -1,6 +1,7 @@
 #include "import/ImportReport.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "import/FactValues.h"
 
@@ -91,6 +92,12 @@ std::vector<LostFact> ImportReport::LostAt(std::string_view path) const
     std::vector<LostFact> lost;
     ForEachLostAt(path, [&](const LostFact & fact) { lost.push_back(fact); });
     return lost;
+}
+
+std::string_view ImportReport::LayerAt(std::size_t line) const
+{
+    const auto next = m_layers.upper_bound(line);
+    return next == m_layers.begin() ? std::string_view() : std::string_view(std::prev(next)->second);
 }
 
 std::vector<std::pair<std::string, std::size_t>> ImportReport::LostPaths() const

@@ -75,6 +75,10 @@ public:
     void ForEachLost(const std::function<void(const LostFact &)> & show) const;
     // The same of the facts of elements at a path.
     void ForEachLostAt(std::string_view path, const std::function<void(const LostFact &)> & show) const;
+    // The layer that a fact on a line belongs to, if it stands in the features of one: what the LayerFeature that has
+    // begun last up to the line names, of several that begin on one line the first, with nothing escaped. Empty if none
+    // has begun.
+    [[nodiscard]] std::string_view LayerAt(std::size_t line) const;
     // Remarks of sets, NonstandardAttribute elements, which are counted instead of listed.
     [[nodiscard]] std::size_t RemarkCount() const { return m_remarks; }
     // Each path that has lost something, with the number of its facts, in the order of the file.
@@ -110,6 +114,8 @@ private:
     std::vector<std::string> m_names;
     std::vector<Fact> m_facts;
     std::string m_values;
+    // By the lines of their LayerFeature elements.
+    std::map<std::size_t, std::string> m_layers;
     std::size_t m_remarks = 0;
     std::vector<Note> m_notes;
     std::map<std::string, ElementCount, std::less<>> m_elements;

@@ -29,6 +29,8 @@ public:
     void AddAttribute(Word name, std::string_view value, bool isHeld = false);
     void AddText(std::string_view text) { AddAttribute(W(""), text); }
     void AddRemark() { ++m_report.m_remarks; }
+    // The features of a layer begin on a line.
+    void BeginLayer(std::size_t line, std::string_view name) { m_report.m_layers.emplace(line, name); }
     void AddNote(NoteKind kind, std::size_t line, std::string text);
     // Tells of a reference that leads nowhere.
     void AddDangling(std::size_t line, std::string_view what, std::string_view name);

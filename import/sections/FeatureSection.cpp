@@ -12,6 +12,7 @@ void FeatureSection::BeginLayer(const XmlElement & layerFeature)
     m_layer = &AddTo(Step().LayerFeatureArray, m_context.Make<LayerFeature>());
     TakeFields<Fields<LayerFeature>::LayerFeature>(layerFeature, *m_layer, m_context.blocks);
     m_layerName = layerFeature.Value(W("layerRef"));
+    m_context.losses.BeginLayer(layerFeature.Line(), m_layerName);
     if (!m_context.references.Has(NameKind::Layer, m_layerName)) {
         m_context.TellDangling(layerFeature.Line(), "layer", m_layerName);
     }

@@ -182,6 +182,28 @@ TEST(ImportReport, OfNothingIsEmpty)
     EXPECT_TRUE(report.Elements().empty());
 }
 
+TEST(ImportReport, TellsWhichLayerALineBelongsTo)
+{
+    const ImportReport report = ImportText("<IPC-2581><Ecad><CadHeader units='INCH'/><CadData>\n"
+                                           "<Step name='s'>\n"
+                                           "<LayerFeature layerRef='A&amp;B'>\n"
+                                           "<Set geometryUsage='TEXT'/>\n"
+                                           "</LayerFeature>\n"
+                                           "<LayerFeature layerRef='C'/><LayerFeature layerRef='D'/>\n"
+                                           "<LayerFeature\n"
+                                           "layerRef='E'/>\n"
+                                           "</Step></CadData></Ecad></IPC-2581>")
+                                    .report;
+    EXPECT_EQ(report.LayerAt(0), "");
+    EXPECT_EQ(report.LayerAt(2), "");
+    EXPECT_EQ(report.LayerAt(3), "A&B");
+    EXPECT_EQ(report.LayerAt(5), "A&B");
+    EXPECT_EQ(report.LayerAt(6), "C");
+    EXPECT_EQ(report.LayerAt(7), "E");
+    EXPECT_EQ(report.LayerAt(1000), "E");
+    EXPECT_EQ(ImportReport().LayerAt(1), "");
+}
+
 TEST(ImportReport, TellsTheLinesOfNotes)
 {
     const ImportReport report =
