@@ -1,12 +1,15 @@
+#include <array>
+#include <cstddef>
 #include <filesystem>
-#include <fstream>
 #include <memory>
+#include <string>
 #include <system_error>
 
 #include "hosts/ipc2581/board/ReadWrite.h"
 #include "hosts/ipc2581/commands/Command.h"
 #include "hosts/ipc2581/commands/Commands.h"
 #include "hosts/ipc2581/files/Error.h"
+#include "hosts/ipc2581/files/OpenFile.h"
 #include "hosts/ipc2581/output/ScratchFolder.h"
 
 namespace ipc2581::host {
@@ -36,9 +39,16 @@ std::string WithoutEnding(const std::string & name)
 // board without a name of its own is the standard output.
 std::string ReportPath(const std::string & board)
 {
+    if (IsStandardInput(board)) {
+        return "-";
+    }
     const fs::path path(board);
-    std::error_code ignored;
-    if (IsStandardInput(board) || !fs::is_regular_file(path, ignored)) {
+    std::error_code error;
+    const fs::file_type type = fs::status(path, error).type();
+    if (type == fs::file_type::none) {
+        throw Error(board, error.message());
+    }
+    if (type != fs::file_type::regular) {
         return "-";
     }
     return (path.parent_path() / (WithoutEnding(path.filename().string()) + ".txt")).string();
@@ -54,8 +64,13 @@ std::string ReportText(const std::string & told, CIPC2581_Parser & root)
         throw Error(made, "the folder for temporary files must not have \".cvg\" in its name");
     }
     WriteReport(design, told, root);
-    std::ifstream in(made, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    const OpenedFile file = OpenFile(made);
+    std::string text;
+    std::array<char, 1 << 16> block;
+    while (const std::size_t count = ReadBlock(made, file.get(), block)) {
+        text.append(block.data(), count);
+    }
+    return text;
 }
 
 struct Options {
