@@ -1,9 +1,12 @@
 #include "import/ForWriting.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <type_traits>
 #include <utility>
 
+#include "import/shapes/AddTo.h"
 #include "import/shapes/PlacedShape.h"
 #include "import/shapes/ShapePaths.h"
 #include "ipc2581/each.h"
@@ -11,6 +14,8 @@
 
 namespace ipc2581 {
 namespace {
+
+using detail::AddTo;
 
 template <typename Rect>
 bool HasAllCorners(const Rect & rect)
@@ -48,18 +53,18 @@ void DropCorners(Rect & rect)
 }
 
 // The shape in a form that is written rightly, as one or several.
-void AddForWriting(CIPC2581_DrawObj * shape, CIPC2581_DrawObjArray & shapes)
+void AddForWriting(std::unique_ptr<CIPC2581_DrawObj> shape, CIPC2581_DrawObjArray & shapes)
 {
     bool isRight = true;
     VisitShape(*shape, [&](const auto & own) { isRight = IsWrittenRightly(own); });
     if (isRight) {
-        if (auto * const rounded = dynamic_cast<CIPC2581_DicDraw_RectRound *>(shape)) {
+        if (auto * const rounded = dynamic_cast<CIPC2581_DicDraw_RectRound *>(shape.get())) {
             DropCorners(*rounded);
         }
-        else if (auto * const chamfered = dynamic_cast<CIPC2581_DicDraw_RectCham *>(shape)) {
+        else if (auto * const chamfered = dynamic_cast<CIPC2581_DicDraw_RectCham *>(shape.get())) {
             DropCorners(*chamfered);
         }
-        shapes.Add(shape);
+        AddTo(shapes, std::move(shape));
         return;
     }
     Shapes contours;
@@ -67,17 +72,20 @@ void AddForWriting(CIPC2581_DrawObj * shape, CIPC2581_DrawObjArray & shapes)
         AddContours(path, contours);
     }
     for (auto & contour : contours) {
-        shapes.Add(contour.release());
+        AddTo(shapes, std::move(contour));
     }
-    delete shape;
 }
 
 void Prepare(CIPC2581_DrawObjArray & shapes)
 {
-    const std::vector<CIPC2581_DrawObj *> before(Each(shapes).begin(), Each(shapes).end());
+    Shapes before;
+    before.reserve(static_cast<std::size_t>(shapes.GetSize()));
+    for (CIPC2581_DrawObj * const shape : Each(shapes)) {
+        before.emplace_back(shape);
+    }
     shapes.RemoveAll();
-    for (CIPC2581_DrawObj * const shape : before) {
-        AddForWriting(shape, shapes);
+    for (auto & shape : before) {
+        AddForWriting(std::move(shape), shapes);
     }
 }
 

@@ -13,7 +13,7 @@ namespace ipc2581 {
 // written file gives the same shapes again. The writer turns curves round: each is turned once here. Primitives that it
 // writes with less than they have, or with other words than those of the standard, become contours.
 //
-// The board is for writing alone then.
+// The board is for writing alone then, and for nothing any more if std::bad_alloc is thrown.
 IPC2581_API void PrepareForWriting(CIPC2581_Parser & board);
 
 // Something that a board has and the writer never writes.

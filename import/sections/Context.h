@@ -12,7 +12,7 @@
 #include "import/elements/Tree.h"
 #include "import/sections/Names.h"
 #include "import/sections/References.h"
-#include "ipc2581/base/OwnedPart.h"
+#include "import/shapes/AddTo.h"
 #include "ipc2581/base/platform/ObjectBlocks.h"
 #include "ipc2581/ipc2581.h"
 
@@ -80,14 +80,6 @@ struct Context {
         }
     }
 };
-
-// Appends an object to a list of the model, which owns it.
-template <typename List, typename Object>
-Object & AddTo(List & list, std::unique_ptr<Object> object)
-{
-    PartOf(list).Add(object.get());
-    return *object.release();
-}
 
 }  // namespace ipc2581::detail
 

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "ipc2581/base/OwnedPart.h"
 #include "ipc2581/each.h"
 
 namespace ipc2581::detail {

@@ -6,12 +6,15 @@
 #include <cstddef>
 #include <utility>
 
+#include "import/shapes/AddTo.h"
 #include "import/shapes/ShapePaths.h"
 #include "ipc2581/each.h"
 #include "ipc2581/fields.h"
 
 namespace ipc2581 {
 namespace {
+
+using detail::AddTo;
 
 void Set(CIPC2581_Point & point, const Vertex & to)
 {
@@ -365,7 +368,7 @@ void AddStep(CIPC2581_PolyStepArray & steps, const Vertex & end)
 {
     auto step = std::make_unique<CIPC2581_PolyStep>();
     Set(*step->EndPoint, end);
-    steps.Add(step.release());
+    AddTo(steps, std::move(step));
 }
 
 void AddCurve(CIPC2581_PolyStepArray & steps, const Vertex & end, const Vertex & center, bool isClockwise)
@@ -375,7 +378,7 @@ void AddCurve(CIPC2581_PolyStepArray & steps, const Vertex & end, const Vertex &
     Set(*step->EndPoint, end);
     Set(*step->CenterPoint, center);
     step->ClockWise = isClockwise ? 0 : 1;
-    steps.Add(step.release());
+    AddTo(steps, std::move(step));
 }
 
 // A circle as two halves; an ellipse, which no curve is, as a polygon.
@@ -444,12 +447,12 @@ void CopyValue(const Value & from, Value & to)
         for (const auto * const element : Each(from)) {
             using Element = std::remove_cvref_t<decltype(*element)>;
             if constexpr (std::is_same_v<Element, CIPC2581_DrawObj>) {
-                to.Add(CopyOf(*element).release());
+                AddTo(to, CopyOf(*element));
             }
             else {
                 auto copy = std::make_unique<Element>();
                 CopyMembers(*element, *copy);
-                to.Add(copy.release());
+                AddTo(to, std::move(copy));
             }
         }
     }
@@ -548,10 +551,10 @@ void AddContours(const Path & path, Shapes & contours)
             continue;
         }
         auto contour = std::make_unique<CIPC2581_DicDraw_Contour>();
-        contour->DicDrawObjArray->Add(ContourShapeOf<CIPC2581_Polygon>(parts[i]).release());
+        AddTo(contour->DicDrawObjArray, ContourShapeOf<CIPC2581_Polygon>(parts[i]));
         for (std::size_t inner = 0; inner < parts.size(); ++inner) {
             if (boxes[i].Holds(boxes[inner]) && depthOf(boxes[inner]) == depth + 1) {
-                contour->DicDrawObjArray->Add(ContourShapeOf<CIPC2581_Cutout>(parts[inner]).release());
+                AddTo(contour->DicDrawObjArray, ContourShapeOf<CIPC2581_Cutout>(parts[inner]));
             }
         }
         contours.push_back(std::move(contour));

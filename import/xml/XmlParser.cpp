@@ -157,6 +157,7 @@ private:
                               const xmlChar * systemId, xmlChar * content);
     static xmlEntityPtr GetEntity(void * context, const xmlChar * name);
     static void TakeError(void * context, xmlErrorPtr error);
+    void TakeFault(const xmlParserInput * input, const xmlError & error);
 
     // Does what may throw, if nothing has been thrown yet. The parser ends when it next wants to read; told to stop, it
     // would free what it may have in hand.
@@ -435,25 +436,30 @@ xmlEntityPtr Parse::GetEntity(void * context, const xmlChar * name)
     if (entity == nullptr || self.IsOver()) {
         return entity;
     }
-    self.CountMade(static_cast<xmlParserCtxt *>(context), static_cast<std::size_t>(std::max(0, entity->length)));
+    self.Guard([&] {
+        self.CountMade(static_cast<xmlParserCtxt *>(context), static_cast<std::size_t>(std::max(0, entity->length)));
+    });
     return self.IsOver() ? nullptr : entity;
 }
 
 void Parse::TakeError(void * context, xmlErrorPtr error)
 {
     Parse & self = Of(context);
-    if (error->level < XML_ERR_ERROR || self.m_fault != nullptr) {
-        return;
+    if (error->level >= XML_ERR_ERROR) {
+        self.Guard([&] { self.TakeFault(static_cast<const xmlParserCtxt *>(context)->input, *error); });
     }
-    std::string cause = error->message == nullptr ? "not well-formed" : error->message;
+}
+
+void Parse::TakeFault(const xmlParserInput * input, const xmlError & error)
+{
+    std::string cause = error.message == nullptr ? "not well-formed" : error.message;
     cause.erase(cause.find_last_not_of(" \n") + 1);
     std::replace(cause.begin(), cause.end(), '\n', ' ');
-    const xmlParserInput * const input = static_cast<xmlParserCtxt *>(context)->input;
-    if (input != nullptr && self.IsCutAt(*input, error->code)) {
+    if (input != nullptr && IsCutAt(*input, error.code)) {
         cause = "the file ends here and is not whole: " + cause;
     }
-    self.m_fault = std::make_unique<XmlFault>(cause, static_cast<std::size_t>(std::max(0, error->line)),
-                                              static_cast<std::size_t>(std::max(0, error->int2)));
+    m_fault = std::make_unique<XmlFault>(cause, static_cast<std::size_t>(std::max(0, error.line)),
+                                         static_cast<std::size_t>(std::max(0, error.int2)));
 }
 
 // What the parser misses at the end of a file it tells of in many ways, sometimes a character or two ahead. Two tags
