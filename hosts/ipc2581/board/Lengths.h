@@ -27,6 +27,8 @@ public:
     [[nodiscard]] Cell Of(const CString & text) const;
     // A column of lengths, or the name of one.
     [[nodiscard]] Column Named(const std::string & title) const;
+    // The short name of the unit; empty if nobody knows it.
+    [[nodiscard]] const std::string & ShortName() const { return m_unit; }
     // The unit as files say it, in lower case; empty if nobody knows it: "millimeter".
     [[nodiscard]] const std::string & Word() const { return m_word; }
 

@@ -290,7 +290,9 @@ std::string PageDataOf(Board & before, Board & after, const PageChoice & choice)
     const Lengths lengths(after, choice.unit);
     const Drawing old = DrawingOf(before);
     Drawing drawing = DrawingOf(after);
-    const Lengths oldLengths(before, choice.unit);
+    // The page has one unit for both.
+    const bool areKnown = old.millimetres > 0 && drawing.millimetres > 0;
+    const Lengths oldLengths(before, areKnown ? lengths.ShortName() : choice.unit);
     Table differences = DifferencesOf({before, oldLengths}, {after, lengths}).Rows();
     DrawingComparison comparison = Compare(old, drawing);
     AddChangedParts(differences, comparison);

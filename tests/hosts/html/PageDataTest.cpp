@@ -323,6 +323,21 @@ TEST(PageData, ComparesBoardsInUnitsOfTheirOwn)
     EXPECT_NEAR((*hole)["x"], 29.0, 1e-9);
 }
 
+// A click on a row goes to its place, which is read in the unit of the page.
+TEST(PageData, TellsPlacesOfBothBoardsInTheUnitOfTheNewerOne)
+{
+    const TempFolder folder;
+    const std::string inch = Changed(folder, "units=\"MILLIMETER\"", "units=\"INCH\"");
+    const json rows = RowsOf(Compared(inch, ExampleBoard), "hole");
+    const auto has = [&](const char * place, const char * state) {
+        return std::any_of(rows.begin(), rows.end(),
+                           [&](const json & row) { return row[1] == place && row[2] == state; });
+    };
+    EXPECT_TRUE(has("at 29,5.5", "added"));
+    EXPECT_TRUE(has("at 736.6,139.7", "removed"));
+    EXPECT_FALSE(has("at 29,5.5", "removed"));
+}
+
 TEST(PageData, TellsPartsThatWereAddedMovedAndChanged)
 {
     const TempFolder folder;
