@@ -111,6 +111,9 @@ export class App {
   // Another board takes its place.
   stop(): void {
     this.ended.abort();
+    this.splits.forEach((split) => split.destroy());
+    Object.values(this.lists).forEach((list) => list.stop());
+    this.comparisons?.stop();
     this.view?.stop();
   }
 

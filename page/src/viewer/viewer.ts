@@ -37,6 +37,9 @@ export class Viewer {
   private readonly listing = element('select', { 'aria-label': texts.listing });
 
   constructor(private readonly module: WebAssembly.Module, private readonly boardOf: (data: ArrayBuffer) => Board) {
+    // Until there is a board, whose settings may say otherwise.
+    const isLight = window.matchMedia('(prefers-color-scheme: light)').matches;
+    document.documentElement.dataset['theme'] = isLight ? 'light' : 'dark';
     this.bars.max = 100;
     this.input.multiple = true;
     this.input.hidden = true;
@@ -79,8 +82,11 @@ export class Viewer {
 
   private show(files: File[]): void {
     this.begin(files, { kind: 'page' }, (bytes) => {
-      const app = new App(this.boardOf(bytes));
+      // The old board goes first, since there may be no memory for both.
       this.app?.stop();
+      this.app = null;
+      this.shown.replaceChildren();
+      const app = new App(this.boardOf(bytes));
       this.app = app;
       this.files = files;
       this.shown.replaceChildren(app.node);
