@@ -1,7 +1,7 @@
 import tseslint from 'typescript-eslint';
 
 export default tseslint.config(
-  { ignores: ['dist', 'node_modules', 'eslint.config.js', 'build.mjs'] },
+  { ignores: ['dist', 'node_modules', 'eslint.config.js', '*.mjs'] },
   ...tseslint.configs.strict,
   ...tseslint.configs.stylistic,
   {

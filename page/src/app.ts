@@ -57,6 +57,7 @@ export class App {
   private layoutKey = '';
   private checksKey = '';
   private unitsKey = '';
+  private readonly ended = new AbortController();
 
   constructor(readonly board: Board) {
     this.settings = new Settings(unitOfWord(board.units), board.hash);
@@ -99,10 +100,21 @@ export class App {
     this.openTab(this.tab);
     this.settings.onChange(() => this.applySettings());
     this.selection.onChange(() => this.tellSelection());
-    document.addEventListener('keydown', (event) => this.key(event));
-    window.addEventListener('beforeprint', () => this.preparePrint());
-    window.matchMedia('(prefers-color-scheme: light)').addEventListener('change', () => this.applySettings());
+    const { signal } = this.ended;
+    document.addEventListener('keydown', (event) => this.key(event), { signal });
+    window.addEventListener('beforeprint', () => this.preparePrint(), { signal });
+    window.matchMedia('(prefers-color-scheme: light)')
+      .addEventListener('change', () => this.applySettings(), { signal });
     this.tellSelection();
+  }
+
+  // Another board takes its place.
+  stop(): void {
+    this.ended.abort();
+    this.splits.forEach((split) => split.destroy());
+    Object.values(this.lists).forEach((list) => list.stop());
+    this.comparisons?.stop();
+    this.view?.stop();
   }
 
   selectParts(names: string[]): void {

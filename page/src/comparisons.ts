@@ -45,6 +45,10 @@ export class Comparisons {
     this.list.open();
   }
 
+  stop(): void {
+    this.list.stop();
+  }
+
   private stateOf(row: DifferenceRow): string {
     const part = this.app.board.comparison?.parts.find((one) => one.name === row.name);
     return row.kind === 'component' && part ? part.state : row.change === 'added' ? 'added'

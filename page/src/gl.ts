@@ -106,6 +106,10 @@ export class Graphics {
     gl.enable(gl.SCISSOR_TEST);
   }
 
+  stop(): void {
+    this.gl.getExtension('WEBGL_lose_context')?.loseContext();
+  }
+
   // Where there are fewer pixels than on the page, the browser makes them larger.
   resize(width: number, height: number): void {
     if (this.canvas.width !== width || this.canvas.height !== height) {

@@ -59,6 +59,12 @@ export class List<Row extends { id: string }> {
     }
   }
 
+  // Its table listens to the window, which would keep all of the board.
+  stop(): void {
+    this.table?.destroy();
+    this.table = null;
+  }
+
   setColumns(columns: ListColumn<Row>[]): void {
     this.columns = columns;
     if (this.table) {

@@ -93,6 +93,11 @@ export class BoardView {
     return sides === 'both' ? ['front', 'back'] : [sides];
   }
 
+  // Gives back what the graphics card has of it, of which a browser has only so much.
+  stop(): void {
+    this.graphics.stop();
+  }
+
   fit(): void {
     for (const pane of Object.values(this.panes)) {
       pane.isFitted = false;

@@ -42,7 +42,12 @@ std::uint64_t MemoryForABoard()
 std::launch ReadingAtOnce()
 {
     constexpr std::uint64_t little = 1'000'000'000;
-    return MemoryForABoard() < little ? std::launch::deferred : std::launch::async | std::launch::deferred;
+    return MemoryForABoard() < little ? std::launch::deferred : WorkingAtOnce();
+}
+
+std::launch WorkingAtOnce()
+{
+    return std::launch::async | std::launch::deferred;
 }
 
 }  // namespace ipc2581::host

@@ -14,6 +14,9 @@ std::uint64_t MemoryForABoard();
 // is to be had, or the process has little memory, of which each thread sets some aside.
 std::launch ReadingAtOnce();
 
+// The same for what takes little memory.
+std::launch WorkingAtOnce();
+
 }  // namespace ipc2581::host
 
 #endif

@@ -14,6 +14,7 @@
 #include <utility>
 #include <vector>
 
+#include "hosts/ipc2581/board/MemoryBound.h"
 #include "hosts/ipc2581/board/ReportedFacts.h"
 #include "hosts/ipc2581/diff/MemberText.h"
 #include "hosts/ipc2581/diff/NetRenames.h"
@@ -129,7 +130,7 @@ void CompareFeatures(const Compared & before, const Compared & after, const NetR
                      const DiffOptions & options, Differences & differences)
 {
     // Nearly all of the work of a comparison, each board by itself.
-    auto ofBefore = std::async([&] { return SetsOfLayers(before, renames); });
+    auto ofBefore = std::async(WorkingAtOnce(), [&] { return SetsOfLayers(before, renames); });
     const auto now = SetsOfLayers(after, {});
     const auto old = ofBefore.get();
     std::set<std::string> layers;
@@ -409,7 +410,7 @@ Differences DifferencesOf(const Compared & before, const Compared & after, const
     differences.Compare("physical net", PhysicalNets(before.board, before.lengths, renames),
                         PhysicalNets(after.board, after.lengths, none));
     differences.Compare("BOM item", Items(before.board), Items(after.board));
-    auto oldFacts = std::async([&] { return Facts(before.board); });
+    auto oldFacts = std::async(WorkingAtOnce(), [&] { return Facts(before.board); });
     const std::vector<Record> newFacts = Facts(after.board);
     differences.Compare("without a place", oldFacts.get(), newFacts);
     return differences;

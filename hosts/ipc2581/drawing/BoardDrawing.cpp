@@ -341,7 +341,10 @@ private:
     {
         for (const CIPC2581_Ecad_CadData_Step_LogicalNet * const net : Each(m_step.LogicalNetArray)) {
             for (const auto * const pin : Each(net->LogicalNetPinArray)) {
-                m_netsOfPins.try_emplace(PinKey(NameOf(pin->ComponentRef), NameOf(pin->Pin)), NameOf(net->Name));
+                // Names are numbered as they come, which must not be left to the compiler.
+                const NameIndex netName = NameOf(net->Name);
+                const NameIndex pinName = NameOf(pin->Pin);
+                m_netsOfPins.try_emplace(PinKey(NameOf(pin->ComponentRef), pinName), netName);
             }
         }
     }

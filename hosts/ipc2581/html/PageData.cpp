@@ -13,6 +13,7 @@
 #include <nlohmann/json.hpp>
 
 #include "hosts/ipc2581/board/Lengths.h"
+#include "hosts/ipc2581/board/MemoryBound.h"
 #include "hosts/ipc2581/diff/BoardDifferences.h"
 #include "hosts/ipc2581/drawing/BoardDrawing.h"
 #include "hosts/ipc2581/files/Sha256.h"
@@ -78,7 +79,7 @@ json HeadOfDrawing(const Drawing & drawing)
 // The hash takes as long as the rest of the page does, and asks nothing of the model.
 std::future<std::string> BeginHash(const Board & board)
 {
-    return std::async(Sha256OfFile, board.File().PlainPath());
+    return std::async(WorkingAtOnce(), Sha256OfFile, board.File().PlainPath());
 }
 
 json HeadsOf(const std::vector<IntegerColumn> & columns)
@@ -276,7 +277,7 @@ std::string PageDataOf(Board & board, const PageChoice & choice)
     const Lengths lengths(board, choice.unit);
     const Drawing drawing = DrawingOf(board);
     // These ask nothing of the model either.
-    auto columns = std::async([&drawing] { return ColumnsOf(drawing); });
+    auto columns = std::async(WorkingAtOnce(), [&drawing] { return ColumnsOf(drawing); });
     json head = HeadOfBoard(board, lengths, drawing);
     head["hash"] = hash.get();
     const DrawingColumns drawn = columns.get();

@@ -8,6 +8,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "hosts/ipc2581/board/MemoryBound.h"
 #include "hosts/ipc2581/svg/SvgColors.h"
 #include "hosts/ipc2581/svg/SvgPath.h"
 #include "hosts/ipc2581/svg/SvgWriter.h"
@@ -347,7 +348,7 @@ std::vector<Extents> BoxesOfLayers(const Drawing & drawing)
             boxes[i] = BoxOfLayer(drawing, drawing.layers[i]);
         }
     };
-    auto others = std::async(measureEachOther, std::size_t(1));
+    auto others = std::async(WorkingAtOnce(), measureEachOther, std::size_t(1));
     measureEachOther(0);
     others.get();
     return boxes;
