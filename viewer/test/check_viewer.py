@@ -16,33 +16,11 @@ import unittest
 import zipfile
 from pathlib import Path
 
-try:
-    from selenium import webdriver
-    from selenium.webdriver.chrome.options import Options
-    from selenium.webdriver.chrome.service import Service
-except ImportError:
-    print("Skipped: no python3-selenium")
-    sys.exit(77)
-
-CHROMIUM, DRIVER = shutil.which("chromium"), shutil.which("chromedriver")
-if CHROMIUM is None or DRIVER is None:
-    print("Skipped: no chromium or no chromium-driver")
-    sys.exit(77)
+sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tests" / "support"))
+from browser import drop, new_browser
 
 VIEWER, PROGRAM, BOARDS = Path(), Path(), []
 HOSTILE = "<img src=x onerror=hit()>&quot;'`${hit()}.xml"
-
-
-def new_browser(downloads):
-    options = Options()
-    options.binary_location = CHROMIUM
-    for argument in ("--headless=new", "--no-sandbox", "--disable-gpu", "--enable-unsafe-swiftshader",
-                     "--window-size=1400,900", "--force-device-scale-factor=1"):
-        options.add_argument(argument)
-    options.add_experimental_option("prefs", {"download.default_directory": str(downloads),
-                                              "profile.default_content_setting_values.automatic_downloads": 1})
-    options.set_capability("goog:loggingPrefs", {"browser": "ALL", "performance": "ALL"})
-    return webdriver.Chrome(service=Service(DRIVER), options=options)
 
 
 class ViewerTest(unittest.TestCase):
@@ -54,7 +32,9 @@ class ViewerTest(unittest.TestCase):
         cls.folder = Path(cls.temporary.name)
         cls.downloads = cls.folder / "downloads"
         cls.downloads.mkdir()
-        cls.browser = new_browser(cls.downloads)
+        cls.browser = new_browser(("browser", "performance"),
+                                  {"download.default_directory": str(cls.downloads),
+                                   "profile.default_content_setting_values.automatic_downloads": 1})
         cls.board = next(path for path in BOARDS if path.suffix == ".cvg")
 
     @classmethod
@@ -80,10 +60,7 @@ class ViewerTest(unittest.TestCase):
         self.fail(f"never true: {script}; the page says {self.message()!r}")
 
     def drop(self, *files):
-        """As from a file manager."""
-        data = {"items": [], "files": [str(Path(file).resolve()) for file in files], "dragOperationsMask": 1}
-        for kind in ("dragEnter", "dragOver", "drop"):
-            self.browser.execute_cdp_cmd("Input.dispatchDragEvent", {"type": kind, "x": 700, "y": 500, "data": data})
+        drop(self.browser, *(Path(file).resolve() for file in files))
 
     def message(self):
         return self.run_js("const m = document.querySelector('.message'); return m.hidden ? '' : "

@@ -8,7 +8,6 @@ lists. Ends with 77 where there is no browser, or no board.
 import csv
 import io
 import json
-import shutil
 import subprocess
 import sys
 import tempfile
@@ -16,21 +15,12 @@ import time
 import unittest
 from pathlib import Path
 
-try:
-    from selenium import webdriver
-    from selenium.webdriver.chrome.options import Options
-    from selenium.webdriver.chrome.service import Service
-    from selenium.webdriver.common.action_chains import ActionChains
-    from selenium.webdriver.common.by import By
-    from selenium.webdriver.common.keys import Keys
-except ImportError:
-    print("Skipped: no python3-selenium")
-    sys.exit(77)
+sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "support"))
+from browser import new_browser
 
-CHROMIUM, DRIVER = shutil.which("chromium"), shutil.which("chromedriver")
-if CHROMIUM is None or DRIVER is None:
-    print("Skipped: no chromium or no chromium-driver")
-    sys.exit(77)
+from selenium.webdriver.common.action_chains import ActionChains
+from selenium.webdriver.common.by import By
+from selenium.webdriver.common.keys import Keys
 
 PROGRAM = ""
 FOLDER = Path()
@@ -43,16 +33,6 @@ def xml(text):
 
 def boards():
     return [path for path in sorted(FOLDER.iterdir()) if path.suffix in (".cvg", ".xml", ".zst")]
-
-
-def new_browser():
-    options = Options()
-    options.binary_location = CHROMIUM
-    for argument in ("--headless=new", "--no-sandbox", "--disable-gpu", "--enable-unsafe-swiftshader",
-                     "--window-size=1400,900", "--force-device-scale-factor=1"):
-        options.add_argument(argument)
-    options.set_capability("goog:loggingPrefs", {"browser": "ALL"})
-    return webdriver.Chrome(service=Service(DRIVER), options=options)
 
 
 class PageTest(unittest.TestCase):
